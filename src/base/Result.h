@@ -1,0 +1,68 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <system_error>
+#include <utility>
+#include <variant>
+
+namespace vexmoor {
+
+/// Why an operation failed: the system's code or one of ours (each domain has its
+/// std::error_category), what was being done ("open", "move to the Bin"), and to what.
+struct Error {
+    std::error_code code;
+    std::string operation;
+    std::filesystem::path path;
+
+    /// An error of the operating system.
+    static Error fromErrno(int number, std::string operation, std::filesystem::path path = {}) {
+        return {std::error_code(number, std::generic_category()), std::move(operation),
+                std::move(path)};
+    }
+
+    /// The code's own sentence, e.g. "Permission denied".
+    [[nodiscard]] std::string message() const { return code.message(); }
+
+    bool operator==(const Error&) const = default;
+};
+
+/// Either a value or the Error that prevented it. Reading the wrong one is a programmer's error.
+template <typename T>
+class [[nodiscard]] Result {
+  public:
+    Result(T value) : m_state(std::in_place_index<0>, std::move(value)) {}
+    Result(Error error) : m_state(std::in_place_index<1>, std::move(error)) {}
+
+    [[nodiscard]] bool ok() const { return m_state.index() == 0; }
+    explicit operator bool() const { return ok(); }
+
+    T& value() & { return *std::get_if<0>(&m_state); }
+    const T& value() const& { return *std::get_if<0>(&m_state); }
+    T&& value() && { return std::move(*std::get_if<0>(&m_state)); }
+    T& operator*() & { return value(); }
+    const T& operator*() const& { return value(); }
+    T&& operator*() && { return std::move(*this).value(); }
+    T* operator->() { return &value(); }
+    const T* operator->() const { return &value(); }
+
+    const Error& error() const& { return *std::get_if<1>(&m_state); }
+    Error&& error() && { return std::move(*std::get_if<1>(&m_state)); }
+
+  private:
+    std::variant<T, Error> m_state;
+};
+
+/// Success without a value.
+struct Done {
+    bool operator==(const Done&) const = default;
+};
+
+template <>
+class [[nodiscard]] Result<void> : public Result<Done> {
+  public:
+    Result() : Result<Done>(Done{}) {}
+    Result(Error error) : Result<Done>(std::move(error)) {}
+};
+
+} // namespace vexmoor
