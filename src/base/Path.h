@@ -1,0 +1,45 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace vexmoor {
+
+using Path = std::filesystem::path;
+
+/// The path made absolute, without ".", doubled or trailing slashes. Where ".." occurs, what stands
+/// before it is resolved as the kernel does; a final symbolic link is never followed. A prefix that
+/// cannot be resolved stays as it is, for the operation on the path to fail with its own error.
+Path standardized(const Path& path);
+
+/// Whether the last component, trailing slashes aside, is "." or "..".
+bool endsInDots(const Path& path);
+
+/// The last component as bytes; "/" for the root.
+std::string lastComponent(const Path& path);
+
+/// "file://" and the path's bytes, percent-encoded but for RFC 2396 unreserved characters and "/".
+std::string fileUri(const Path& path);
+
+/// The local absolute path of a "file:" URI (RFC 8089: no host, or "localhost"); nothing for
+/// anything else, a malformed escape or a NUL byte.
+std::optional<Path> pathFromFileUri(std::string_view uri);
+
+/// Percent-encoding of all bytes but RFC 2396 unreserved characters and "/".
+std::string percentEncoded(std::string_view bytes);
+
+/// Decodes %XX and nothing else; nothing where an escape is malformed or yields a NUL byte.
+std::optional<std::string> percentDecoded(std::string_view text);
+
+bool isValidUtf8(std::string_view bytes);
+
+/// Text to show: bytes that are not UTF-8 become U+FFFD.
+std::string displayText(std::string_view bytes);
+
+/// A path as JSON holds it: its text where that is UTF-8, its file URI where not.
+std::string pathToJsonText(const Path& path);
+Path pathFromJsonText(const std::string& text);
+
+} // namespace vexmoor

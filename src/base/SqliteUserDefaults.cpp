@@ -1,0 +1,277 @@
+#include "SqliteUserDefaults.h"
+
+#include <sqlite3.h>
+
+namespace vexmoor {
+
+namespace {
+
+constexpr int kBusyMilliseconds = 5000;
+constexpr int kFormatVersion = 1;
+constexpr const char* kPrepare = "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL;";
+constexpr const char* kCreate = "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL;"
+                                "BEGIN IMMEDIATE;"
+                                "CREATE TABLE IF NOT EXISTS defaults ("
+                                "  key TEXT PRIMARY KEY NOT NULL,"
+                                "  kind TEXT NOT NULL"
+                                "    CHECK (kind IN ('bool', 'integer', 'string', 'data')),"
+                                "  value NOT NULL"
+                                ") WITHOUT ROWID;"
+                                "PRAGMA user_version=1;"
+                                "COMMIT;";
+constexpr const char* kKinds[] = {"bool", "integer", "string", "data"};
+
+class SqliteCategory : public std::error_category {
+  public:
+    [[nodiscard]] const char* name() const noexcept override { return "sqlite"; }
+    [[nodiscard]] std::string message(int code) const override {
+        switch (code & 0xff) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return "The database is in use by another program";
+        case SQLITE_READONLY:
+        case SQLITE_PERM:
+            return "The database cannot be written";
+        case SQLITE_FULL:
+            return "No space left on device";
+        case SQLITE_MISMATCH:
+            return "The database was written by a newer version of this program";
+        default:
+            return sqlite3_errstr(code);
+        }
+    }
+};
+
+bool isCorrupt(const Error& error) {
+    const int primary = error.code.value() & 0xff;
+    return error.code.category() == sqliteCategory() &&
+           (primary == SQLITE_CORRUPT || primary == SQLITE_NOTADB);
+}
+
+struct StatementCloser {
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using Statement = std::unique_ptr<sqlite3_stmt, StatementCloser>;
+
+std::string blob(sqlite3_stmt* row, int column) {
+    const auto size = static_cast<std::size_t>(sqlite3_column_bytes(row, column));
+    const auto* const bytes = static_cast<const char*>(sqlite3_column_blob(row, column));
+    return bytes == nullptr ? std::string() : std::string(bytes, size);
+}
+
+/// The value of a row (key, kind, value); nothing where kind and value do not agree.
+std::optional<UserDefaults::Value> valueOf(sqlite3_stmt* row) {
+    const std::string kind = blob(row, 1);
+    const int type = sqlite3_column_type(row, 2);
+    if (kind == "bool" && type == SQLITE_INTEGER)
+        return sqlite3_column_int64(row, 2) != 0;
+    if (kind == "integer" && type == SQLITE_INTEGER)
+        return std::int64_t{sqlite3_column_int64(row, 2)};
+    if (kind == "string" && type == SQLITE_TEXT)
+        return blob(row, 2);
+    if (kind == "data" && type == SQLITE_BLOB)
+        return UserDefaults::Data{blob(row, 2)};
+    return std::nullopt;
+}
+
+void bind(sqlite3_stmt* statement, int index, const UserDefaults::Value& value) {
+    if (const auto* const flag = std::get_if<bool>(&value))
+        sqlite3_bind_int64(statement, index, *flag ? 1 : 0);
+    else if (const auto* const number = std::get_if<std::int64_t>(&value))
+        sqlite3_bind_int64(statement, index, *number);
+    else if (const auto* const text = std::get_if<std::string>(&value))
+        sqlite3_bind_text64(statement, index, text->data(), text->size(), SQLITE_STATIC,
+                            SQLITE_UTF8);
+    else {
+        const auto& bytes = std::get<UserDefaults::Data>(value).bytes;
+        sqlite3_bind_blob64(statement, index, bytes.data(), bytes.size(), SQLITE_STATIC);
+    }
+}
+
+/// Renames the database and what SQLite keeps beside it; the first free number is taken. The caller
+/// holds the writer's lock, so nobody else takes the name in between.
+Result<std::filesystem::path> moveAside(const std::filesystem::path& file) {
+    std::error_code code;
+    auto aside = file;
+    int number = 0;
+    do {
+        aside = file;
+        aside += ".corrupt-" + std::to_string(++number);
+    } while (std::filesystem::exists(aside, code));
+    for (const char* suffix : {"-wal", "-shm", ""}) {
+        auto from = file;
+        auto to = aside;
+        from += suffix;
+        to += suffix;
+        std::filesystem::rename(from, to, code);
+        if (code && code != std::errc::no_such_file_or_directory)
+            return Error{code, "set the corrupt database aside", from};
+    }
+    return aside;
+}
+
+} // namespace
+
+const std::error_category& sqliteCategory() {
+    static const SqliteCategory category;
+    return category;
+}
+
+void SqliteUserDefaults::Closer::operator()(sqlite3* database) const {
+    sqlite3_close(database);
+}
+
+SqliteUserDefaults::SqliteUserDefaults(std::filesystem::path file, FailureHandler onFailure)
+    : m_file(std::move(file)), m_onFailure(std::move(onFailure)) {}
+
+SqliteUserDefaults::~SqliteUserDefaults() = default;
+
+Result<std::unique_ptr<SqliteUserDefaults>>
+SqliteUserDefaults::open(const std::filesystem::path& file, Access access,
+                         FailureHandler onFailure) {
+    std::error_code code;
+    if (access == Access::readWrite) {
+        std::filesystem::create_directories(file.parent_path(), code);
+        if (code)
+            return Error{code, "make the folder of the database", file.parent_path()};
+    }
+    std::unique_ptr<SqliteUserDefaults> store(new SqliteUserDefaults(file, std::move(onFailure)));
+    if (access == Access::readOnly && !std::filesystem::exists(file, code))
+        return code ? Result<std::unique_ptr<SqliteUserDefaults>>(Error{code, "open", file})
+                    : std::move(store);
+    auto opened = store->connect(access);
+    if (!opened && isCorrupt(opened.error()) && access == Access::readWrite) {
+        store->m_database.reset();
+        store->m_values.clear();
+        auto aside = moveAside(file);
+        if (!aside)
+            return std::move(aside).error();
+        store->m_setAside = *std::move(aside);
+        opened = store->connect(access);
+    }
+    if (!opened)
+        return std::move(opened).error();
+    return store;
+}
+
+Result<void> SqliteUserDefaults::connect(Access access) {
+    sqlite3* raw = nullptr;
+    const int flags = access == Access::readOnly ? SQLITE_OPEN_READONLY
+                                                 : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+    const int opened = sqlite3_open_v2(m_file.c_str(), &raw, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+    m_database.reset(raw);
+    if (opened != SQLITE_OK)
+        return lastError("open the database");
+    sqlite3_extended_result_codes(raw, 1);
+    sqlite3_busy_timeout(raw, kBusyMilliseconds);
+    // The log stays for the next command: making, checkpointing and deleting it at each end would
+    // cost more than the whole rest of a small batch.
+    sqlite3_db_config(raw, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    int keepLog = 1;
+    sqlite3_file_control(raw, "main", SQLITE_FCNTL_PERSIST_WAL, &keepLog);
+    auto version = formatVersion();
+    if (!version)
+        return std::move(version).error();
+    if (*version > kFormatVersion)
+        return Error{{SQLITE_MISMATCH, sqliteCategory()}, "open the database", m_file};
+    if (access == Access::readWrite)
+        if (auto done = execute(*version == 0 ? kCreate : kPrepare, "open the database"); !done)
+            return done;
+    return *version == 0 ? Result<void>() : load();
+}
+
+Result<int> SqliteUserDefaults::formatVersion() {
+    sqlite3_stmt* raw = nullptr;
+    if (sqlite3_prepare_v2(m_database.get(), "PRAGMA user_version", -1, &raw, nullptr) != SQLITE_OK)
+        return lastError("open the database");
+    const Statement statement(raw);
+    if (sqlite3_step(raw) != SQLITE_ROW)
+        return lastError("open the database");
+    return sqlite3_column_int(raw, 0);
+}
+
+Result<void> SqliteUserDefaults::load() {
+    sqlite3_stmt* raw = nullptr;
+    if (sqlite3_prepare_v2(m_database.get(), "SELECT key, kind, value FROM defaults", -1, &raw,
+                           nullptr) != SQLITE_OK)
+        return lastError("read the database");
+    const Statement statement(raw);
+    int step = SQLITE_ROW;
+    while ((step = sqlite3_step(raw)) == SQLITE_ROW)
+        if (auto stored = valueOf(raw))
+            m_values.insert_or_assign(blob(raw, 0), *std::move(stored));
+    if (step != SQLITE_DONE)
+        return lastError("read the database");
+    return {};
+}
+
+std::optional<UserDefaults::Value> SqliteUserDefaults::value(std::string_view key) const {
+    const auto found = m_values.find(key);
+    return found == m_values.end() ? std::nullopt : std::optional(found->second);
+}
+
+void SqliteUserDefaults::assign(std::string_view key, std::optional<Value> value) {
+    const auto stored =
+        m_transactionFailure ? Result<void>(*m_transactionFailure) : store(key, value);
+    if (value)
+        m_values.insert_or_assign(std::string(key), *std::move(value));
+    else if (const auto found = m_values.find(key); found != m_values.end())
+        m_values.erase(found);
+    if (stored)
+        return;
+    if (m_inTransaction)
+        m_transactionFailure = stored.error();
+    else
+        m_onFailure(stored.error());
+}
+
+Result<void> SqliteUserDefaults::store(std::string_view key, const std::optional<Value>& value) {
+    if (!m_database)
+        return Error::fromErrno(EROFS, "write the database", m_file);
+    const char* const sql = value ? "INSERT OR REPLACE INTO defaults VALUES (?, ?, ?)"
+                                  : "DELETE FROM defaults WHERE key = ?";
+    sqlite3_stmt* raw = nullptr;
+    if (sqlite3_prepare_v2(m_database.get(), sql, -1, &raw, nullptr) != SQLITE_OK)
+        return lastError("write the database");
+    const Statement statement(raw);
+    sqlite3_bind_text64(raw, 1, key.data(), key.size(), SQLITE_STATIC, SQLITE_UTF8);
+    if (value) {
+        sqlite3_bind_text(raw, 2, kKinds[value->index()], -1, SQLITE_STATIC);
+        bind(raw, 3, *value);
+    }
+    if (sqlite3_step(raw) != SQLITE_DONE)
+        return lastError("write the database");
+    return {};
+}
+
+Result<void> SqliteUserDefaults::transaction(const std::function<void()>& body) {
+    if (m_inTransaction) {
+        body();
+        return {};
+    }
+    if (auto begun = execute("BEGIN IMMEDIATE", "write the database"); !begun)
+        m_transactionFailure = std::move(begun).error();
+    m_inTransaction = true;
+    body();
+    m_inTransaction = false;
+    const auto failure = std::exchange(m_transactionFailure, std::nullopt);
+    auto committed = failure ? Result<void>(*failure) : execute("COMMIT", "write the database");
+    if (!committed && m_database && sqlite3_get_autocommit(m_database.get()) == 0)
+        sqlite3_exec(m_database.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+    return committed;
+}
+
+Result<void> SqliteUserDefaults::execute(const char* statement, const char* operation) {
+    if (!m_database)
+        return Error::fromErrno(EROFS, operation, m_file);
+    if (sqlite3_exec(m_database.get(), statement, nullptr, nullptr, nullptr) != SQLITE_OK)
+        return lastError(operation);
+    return {};
+}
+
+Error SqliteUserDefaults::lastError(const char* operation) const {
+    const int code = m_database ? sqlite3_extended_errcode(m_database.get()) : SQLITE_NOMEM;
+    return {std::error_code(code, sqliteCategory()), operation, m_file};
+}
+
+} // namespace vexmoor

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "base/UserDefaults.h"
+
+#include <map>
+#include <memory>
+
+struct sqlite3;
+
+namespace vexmoor {
+
+/// UserDefaults in one SQLite database (docs/defaults-database.md). The values are read when it is
+/// opened; the owner is the only writer while it is open. One thread.
+class SqliteUserDefaults : public UserDefaults {
+  public:
+    enum class Access { readWrite, readOnly };
+    using FailureHandler = std::function<void(const Error&)>;
+
+    /// Opens the database, made when it is missing (with readOnly: taken as empty). A corrupt one
+    /// is renamed to "<name>.corrupt-<n>" and replaced by a fresh one (with readOnly: an error).
+    /// Fails where the folder or file cannot be read or written, or is locked by another program
+    /// for over five seconds.
+    static Result<std::unique_ptr<SqliteUserDefaults>>
+    open(const std::filesystem::path& file, Access access, FailureHandler onFailure);
+
+    ~SqliteUserDefaults() override;
+
+    [[nodiscard]] std::optional<Value> value(std::string_view key) const override;
+    void assign(std::string_view key, std::optional<Value> value) override;
+    Result<void> transaction(const std::function<void()>& body) override;
+
+    /// Where the corrupt database that was found at opening lies now.
+    [[nodiscard]] const std::optional<std::filesystem::path>& setAside() const {
+        return m_setAside;
+    }
+
+  private:
+    struct Closer {
+        void operator()(sqlite3* database) const;
+    };
+
+    SqliteUserDefaults(std::filesystem::path file, FailureHandler onFailure);
+    Result<void> connect(Access access);
+    Result<int> formatVersion();
+    Result<void> load();
+    Result<void> execute(const char* statement, const char* operation);
+    Result<void> store(std::string_view key, const std::optional<Value>& value);
+    [[nodiscard]] Error lastError(const char* operation) const;
+
+    std::filesystem::path m_file;
+    FailureHandler m_onFailure;
+    std::unique_ptr<sqlite3, Closer> m_database;
+    std::map<std::string, Value, std::less<>> m_values;
+    std::optional<std::filesystem::path> m_setAside;
+    bool m_inTransaction = false;
+    std::optional<Error> m_transactionFailure;
+};
+
+/// The codes of SQLite's errors.
+const std::error_category& sqliteCategory();
+
+} // namespace vexmoor

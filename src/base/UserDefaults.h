@@ -1,0 +1,57 @@
+#pragma once
+
+#include "base/Result.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace vexmoor {
+
+/// The user's key-value store (port). The four kinds are told apart: a value is read only as the
+/// kind that was stored. One thread.
+class UserDefaults {
+  public:
+    struct Data {
+        std::string bytes;
+        bool operator==(const Data&) const = default;
+    };
+    using Value = std::variant<bool, std::int64_t, std::string, Data>;
+
+    virtual ~UserDefaults() = default;
+
+    /// The value under the key, if there is one.
+    [[nodiscard]] virtual std::optional<Value> value(std::string_view key) const = 0;
+
+    /// Stores the value, or removes the key where there is none. Outside transaction() this is one
+    /// committed transaction; a failure goes to the store's failure handler.
+    virtual void assign(std::string_view key, std::optional<Value> value) = 0;
+
+    /// Runs `body` and commits all that it assigned as one transaction, synchronously: when this
+    /// returns success, it is on the disk. A failure to store is returned, and nothing of the
+    /// body's assignments is stored; what was assigned can still be read from this object.
+    virtual Result<void> transaction(const std::function<void()>& body) = 0;
+
+    [[nodiscard]] std::optional<bool> boolean(std::string_view key) const { return as<bool>(key); }
+    [[nodiscard]] std::optional<std::int64_t> integer(std::string_view key) const {
+        return as<std::int64_t>(key);
+    }
+    [[nodiscard]] std::optional<std::string> string(std::string_view key) const {
+        return as<std::string>(key);
+    }
+    [[nodiscard]] std::optional<Data> data(std::string_view key) const { return as<Data>(key); }
+
+  private:
+    template <typename T>
+    std::optional<T> as(std::string_view key) const {
+        auto stored = value(key);
+        if (T* const wanted = stored ? std::get_if<T>(&*stored) : nullptr)
+            return std::move(*wanted);
+        return std::nullopt;
+    }
+};
+
+} // namespace vexmoor

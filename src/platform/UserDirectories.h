@@ -1,0 +1,22 @@
+#pragma once
+
+#include "base/Path.h"
+
+#include <sys/types.h>
+
+namespace vexmoor {
+
+/// Where the user's things lie.
+struct UserDirectories {
+    Path home;
+    Path dataHome; ///< for the user's own data, shared by programs
+    uid_t user = 0;
+
+    /// Of the running process.
+    static UserDirectories ofProcess();
+
+    /// Where this program keeps its own.
+    [[nodiscard]] Path ownData() const { return dataHome / "vexmoor"; }
+};
+
+} // namespace vexmoor
