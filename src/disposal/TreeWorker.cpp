@@ -1,0 +1,274 @@
+#include "disposal/TreeWorker.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <memory>
+
+namespace vexmoor {
+
+namespace {
+
+// With two workers, the folder that each began at and what is just being opened: below 64 in all.
+constexpr std::size_t kHandlesHeld = 24;
+// How often a name is tried that is a folder at one moment and none at the next.
+constexpr int kAttempts = 8;
+// Less work than this is done before a second thread has got going.
+constexpr std::int64_t kStepsWorthAThread = 400;
+constexpr std::int64_t kEntriesPerCount = 64;
+// Names that wait may take this much memory before batches get smaller with every level.
+constexpr std::size_t kWaitingBytes = std::size_t{1024} * 1024;
+constexpr std::size_t kLeastBatchBytes = 512;
+
+int descriptorOf(const SharedFolder& handle) {
+    return handle ? handle->get() : -1;
+}
+
+} // namespace
+
+std::size_t TreeLevel::lastNameStart() const {
+    const std::size_t lastNul = waiting.size() - 1;
+    const std::size_t nulBefore =
+        lastNul == 0 ? std::string::npos : waiting.rfind('\0', lastNul - 1);
+    return nulBefore == std::string::npos ? 0 : nulBefore + 1;
+}
+
+std::string TreeLevel::takeWaiting() {
+    const std::size_t start = lastNameStart();
+    std::string name = waiting.substr(start, waiting.size() - 1 - start);
+    if (start == 0)
+        waiting = std::string(); // gives the memory back, too
+    else
+        waiting.resize(start);
+    return name;
+}
+
+std::string TreeLevel::takeHalfOfWaiting(bool mayTakeLast) {
+    if (waiting.empty())
+        return {};
+    std::size_t end = waiting.find('\0', waiting.size() / 2) + 1;
+    if (end == waiting.size() && !mayTakeLast)
+        end = lastNameStart();
+    std::string half = waiting.substr(0, end);
+    waiting.erase(0, end);
+    return half;
+}
+
+void TreeLevel::abandon() {
+    waiting = std::string();
+    isRead = true;
+}
+
+void TreeWorker::work(TreeLevel level) {
+    do {
+        m_waitingBytes = level.waiting.size();
+        push(std::move(level));
+        while (!m_levels.empty())
+            step();
+        report();
+    } while (m_walk.waitForWork(level));
+}
+
+void TreeWorker::work() {
+    TreeLevel level;
+    if (m_walk.waitForWork(level))
+        work(std::move(level));
+}
+
+void TreeWorker::step() {
+    TreeLevel& level = m_levels.back();
+    if (m_walk.isStopped())
+        level.abandon();
+    shareIfWanted();
+    if (!level.waiting.empty())
+        enterWaiting();
+    else if (!level.isRead)
+        readBatch(level);
+    else
+        leave();
+}
+
+/// Visits what is no folder at once, so that only names of subfolders are kept for later.
+void TreeWorker::readBatch(TreeLevel& level) {
+    const std::size_t bytes = batchBytes();
+    const auto size = m_reader.read(level.handle->get(), bytes);
+    if (!size && size.error().code.value() != ENOENT) // it is gone: nothing is in it
+        level.folder->readError = size.error().code.value();
+    level.isRead = !size || *size == 0;
+    if (level.isRead)
+        return;
+    level.hasMoreToRead = *size > bytes / 2;
+    const TreePlace place{*level.folder, level.handle->get()};
+    while (const FolderEntry* entry = m_reader.next()) {
+        if (m_walk.isStopped())
+            return level.abandon();
+        if (entry->isFolder || m_walk.m_visitor.visitEntry(place, entry->name, m_tally) ==
+                                   TreeVisitor::Entry::isFolder)
+            level.waiting.append(entry->name).push_back('\0');
+        countStep();
+        shareIfWanted();
+    }
+    level.position = m_reader.position();
+    m_waitingBytes += level.waiting.size();
+    if (m_tally.entries >= kEntriesPerCount)
+        report();
+}
+
+void TreeWorker::enterWaiting() {
+    TreeLevel& level = m_levels.back();
+    const std::string name = level.takeWaiting();
+    m_waitingBytes -= std::min(m_waitingBytes, name.size() + 1);
+    countStep();
+    const SharedFolder handle = level.handle; // the level may be closed or moved below
+    const TreePlace place{*level.folder, handle->get()};
+    TreeVisitor& visitor = m_walk.m_visitor;
+    int error = 0;
+    for (int attempt = 0; attempt < kAttempts; ++attempt) {
+        FileDescriptor descriptor = TreeWalk::openToRead(place.descriptor, name.c_str());
+        error = descriptor ? 0 : errno;
+        if (error == EACCES) {
+            descriptor = visitor.openDenied(place, name.c_str());
+            if (descriptor)
+                error = 0;
+        }
+        if (error == 0)
+            return enter(place, name, std::move(descriptor));
+        if (error == ENOENT)
+            return;
+        if (error != ENOTDIR && error != ELOOP)
+            break;
+        if (visitor.visitEntry(place, name.c_str(), m_tally) == TreeVisitor::Entry::visited)
+            return;
+    }
+    visitor.notEntered(place, name.c_str(), error, m_tally);
+}
+
+void TreeWorker::enter(const TreePlace& place, const std::string& name, FileDescriptor descriptor) {
+    const auto status = fileStatus(descriptor.get(), "");
+    if (!status || status->mountId != m_walk.m_mountId) {
+        const int error = status ? EXDEV : status.error().code.value();
+        return m_walk.m_visitor.notEntered(place, name.c_str(), error, m_tally);
+    }
+    place.folder.holders.fetch_add(1, std::memory_order_relaxed);
+    auto folder = std::make_unique<TreeFolder>(&place.folder, name, status->identity);
+    TreeLevel level;
+    level.handle = std::make_shared<const FileDescriptor>(std::move(descriptor));
+    level.folder = folder.release(); // leave() takes it back
+    push(std::move(level));
+}
+
+/// The lowest level stays open: the other worker may have reached it by another way than "..".
+void TreeWorker::push(TreeLevel level) {
+    m_levels.push_back(std::move(level));
+    if (m_levels.size() > kHandlesHeld + 1)
+        m_levels[m_levels.size() - 1 - kHandlesHeld].handle.reset();
+}
+
+/// Lets go of the top level's folder, and leaves it, and those above, as far as nobody else holds
+/// them.
+void TreeWorker::leave() {
+    TreeLevel level = std::move(m_levels.back());
+    m_levels.pop_back();
+    if (!m_levels.empty())
+        restore(m_levels.back(), level.handle);
+    while (level.folder->holders.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+        TreeFolder* const parent = level.folder->parent;
+        if (!parent)
+            return;
+        SharedFolder parentHandle;
+        if (!m_walk.isStopped()) {
+            parentHandle =
+                m_levels.empty() ? openParent(*parent, level.handle) : m_levels.back().handle;
+            if (finish(level, {*parent, descriptorOf(parentHandle)}) ==
+                TreeVisitor::Folder::readAgain)
+                return;
+        }
+        delete level.folder; // it was made in enter() and nobody holds it any more
+        level = {parent, std::move(parentHandle)};
+    }
+}
+
+TreeVisitor::Folder TreeWorker::finish(const TreeLevel& level, const TreePlace& parent) {
+    const auto outcome =
+        m_walk.m_visitor.leaveFolder(*level.folder, descriptorOf(level.handle), parent, m_tally);
+    if (outcome == TreeVisitor::Folder::readAgain) {
+        level.folder->holders = 1;
+        ::lseek(level.handle->get(), 0, SEEK_SET);
+        push({level.folder, level.handle});
+    }
+    return outcome;
+}
+
+/// Opens the level again on the way up, where it had been closed on the way down.
+void TreeWorker::restore(TreeLevel& level, const SharedFolder& child) {
+    if (level.handle || m_walk.isStopped())
+        return;
+    level.handle = openParent(*level.folder, child);
+    if (!level.handle)
+        return level.abandon();
+    if (level.isReadByBoth)
+        level.isRead = true; // the other one reads on to the end
+    else
+        ::lseek(level.handle->get(), level.position, SEEK_SET);
+}
+
+/// The folder by way of its child, or by all the names where the child has been moved meanwhile.
+SharedFolder TreeWorker::openParent(const TreeFolder& folder, const SharedFolder& child) const {
+    if (child && folder.parent) {
+        SharedFolder opened = m_walk.openSame(child, "..", folder);
+        if (opened)
+            return opened;
+    }
+    return m_walk.openByNames(folder);
+}
+
+/// Offers what lies highest, as that is likely the most: half of the subfolders that wait, or
+/// reading on in a folder of very many entries.
+void TreeWorker::shareIfWanted() {
+    if (!m_walk.isWorkWanted())
+        return;
+    const std::size_t levels = m_levels.size();
+    const std::size_t firstHeld = levels > kHandlesHeld ? levels - kHandlesHeld : 1;
+    bool shared = share(m_levels.front());
+    for (std::size_t i = firstHeld; i < levels && !shared; ++i)
+        shared = share(m_levels[i]);
+}
+
+bool TreeWorker::share(TreeLevel& level) {
+    if (!level.handle)
+        return false;
+    TreeLevel gift{level.folder, level.handle};
+    const bool isTop = &level == &m_levels.back();
+    gift.waiting = level.takeHalfOfWaiting(!isTop);
+    m_waitingBytes -= std::min(m_waitingBytes, gift.waiting.size());
+    if (!gift.waiting.empty()) {
+        gift.isRead = true;
+    } else if (level.hasMoreToRead && !level.isRead) {
+        level.hasMoreToRead = false;
+        level.isReadByBoth = gift.isReadByBoth = true;
+    } else {
+        return false;
+    }
+    level.folder->holders.fetch_add(1, std::memory_order_relaxed);
+    m_walk.give(std::move(gift));
+    return true;
+}
+
+std::size_t TreeWorker::batchBytes() const {
+    const std::size_t free = kWaitingBytes - std::min(kWaitingBytes, m_waitingBytes);
+    return std::clamp(free / 8, kLeastBatchBytes, FolderReader::kMostBytes);
+}
+
+void TreeWorker::countStep() {
+    if (++m_steps == kStepsWorthAThread)
+        m_walk.startSecondWorker();
+}
+
+void TreeWorker::report() {
+    m_walk.count(m_tally);
+    m_tally = {};
+}
+
+} // namespace vexmoor

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "base/Result.h"
+
+#include <sys/types.h>
+
+#include <cstddef>
+#include <memory>
+
+namespace vexmoor {
+
+/// One entry of a folder, valid until the reader reads again.
+struct FolderEntry {
+    const char* name = nullptr;
+    bool isFolder = false; ///< false too where the file system does not tell
+};
+
+/// Reads the entries of open folders in bulk, "." and ".." left out. One reader serves any number
+/// of folders, one batch at a time. Two readers may read on from the same descriptor at once: each
+/// entry comes to one of them. One thread a reader.
+class FolderReader {
+  public:
+    static constexpr std::size_t kMostBytes = std::size_t{64} * 1024;
+
+    FolderReader();
+
+    /// Fetches a batch at the descriptor's position, of at most `bytes` (up to kMostBytes; more
+    /// where not a single entry would fit). The number of bytes fetched: 0 at the end.
+    Result<std::size_t> read(int folder, std::size_t bytes = kMostBytes);
+
+    /// The batch's next entry, null behind its last.
+    const FolderEntry* next();
+
+    /// Where the descriptor must be set (lseek) to read on behind this batch.
+    [[nodiscard]] off_t position() const { return m_position; }
+
+  private:
+    std::unique_ptr<char[]> m_buffer;
+    std::size_t m_size = 0;
+    std::size_t m_next = 0;
+    off_t m_position = 0;
+    FolderEntry m_entry;
+};
+
+} // namespace vexmoor
