@@ -26,9 +26,10 @@ std::optional<std::chrono::sys_days> localDay(Date date) {
     return localDay(static_cast<std::time_t>(seconds));
 }
 
-/// The first second whose local day is `day`. A zone's offset changes by hours at most, so the
-/// day's moments lie within two days of its midnight in UTC, and at a change of the clock a date
-/// begins once or, where the clock goes back over midnight, twice: the first beginning counts.
+/// The first second whose local day is `day` or, where a zone left that date out, a later one. A
+/// zone's offset changes by hours at most, so the day's moments lie within two days of its midnight
+/// in UTC, and at a change of the clock a date begins once or, where the clock goes back over
+/// midnight, twice: the first beginning counts.
 std::time_t firstSecond(std::chrono::sys_days day) {
     const std::time_t utcMidnight = day.time_since_epoch().count() * kDaySeconds;
     constexpr std::time_t kStep = 900;
@@ -40,15 +41,15 @@ std::time_t firstSecond(std::chrono::sys_days day) {
     guess.tm_mday = int(unsigned(ymd.day()));
     guess.tm_isdst = -1;
     const std::time_t midnight = std::mktime(&guess);
-    if (midnight != -1)
+    if (midnight != -1 && localDay(midnight - 8 * kStep) < day)
         before = midnight - 8 * kStep;
     std::time_t inside = before;
-    while (localDay(inside) != day && inside < utcMidnight + 3 * kDaySeconds)
+    while (localDay(inside) < day && inside < utcMidnight + 3 * kDaySeconds)
         inside += kStep;
     std::time_t outside = inside - kStep;
     while (inside - outside > 1) {
         const std::time_t middle = outside + (inside - outside) / 2;
-        (localDay(middle) == day ? inside : outside) = middle;
+        (localDay(middle) < day ? outside : inside) = middle;
     }
     return inside;
 }
@@ -60,6 +61,7 @@ Date Calendar::startOfDay(Date date) const {
 }
 
 Date Calendar::startOfDay(Date date, int days) const {
+    ::tzset(); // the zone may have changed since the last call
     const auto day = localDay(date);
     if (!day)
         return date;
@@ -67,6 +69,7 @@ Date Calendar::startOfDay(Date date, int days) const {
 }
 
 std::optional<int> Calendar::daysBetween(Date from, Date to) const {
+    ::tzset();
     const auto first = localDay(from);
     const auto last = localDay(to);
     if (!first || !last)
