@@ -1,5 +1,6 @@
 #include "Path.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 
@@ -49,6 +50,15 @@ int hexDigit(char c) {
     return -1;
 }
 
+/// Removes the prefix, in either letter case; false where `text` starts otherwise.
+bool removePrefix(std::string_view& text, std::string_view prefix) {
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; };
+    if (!std::ranges::equal(text.substr(0, prefix.size()), prefix, {}, lower, lower))
+        return false;
+    text.remove_prefix(prefix.size());
+    return true;
+}
+
 std::string resolved(const std::string& path) {
     const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr),
                                                            &std::free);
@@ -67,7 +77,10 @@ Path standardized(const Path& path) {
     std::string input = path.native();
     if (input.empty() || input.front() != '/') {
         std::error_code code;
-        input = std::filesystem::current_path(code).native() + "/" + input;
+        const Path folder = std::filesystem::current_path(code);
+        if (code)
+            return path; // taking it from the root instead would name another file
+        input = folder.native() + "/" + input;
     }
     std::string result;
     std::string_view rest = input;
@@ -78,9 +91,9 @@ Path standardized(const Path& path) {
         if (component.empty() || component == ".")
             continue;
         if (component == ".." && !result.empty()) {
-            const std::string parent = resolved(result);
+            const std::string parent = resolved(result + "/..");
             if (!parent.empty()) {
-                result = parent.substr(0, parent.rfind('/'));
+                result = parent == "/" ? "" : parent;
                 continue;
             }
         } else if (component == "..") {
@@ -118,6 +131,8 @@ std::string percentEncoded(std::string_view bytes) {
 }
 
 std::optional<std::string> percentDecoded(std::string_view text) {
+    if (text.find('\0') != std::string_view::npos)
+        return std::nullopt;
     std::string result;
     result.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -142,15 +157,10 @@ std::string fileUri(const Path& path) {
 }
 
 std::optional<Path> pathFromFileUri(std::string_view uri) {
-    constexpr std::string_view kScheme = "file:";
-    if (uri.substr(0, kScheme.size()) != kScheme)
+    if (!removePrefix(uri, "file:"))
         return std::nullopt;
-    uri.remove_prefix(kScheme.size());
-    if (uri.starts_with("//")) {
-        uri.remove_prefix(2);
-        if (uri.starts_with("localhost/"))
-            uri.remove_prefix(std::string_view("localhost").size());
-    }
+    if (removePrefix(uri, "//"))
+        removePrefix(uri, "localhost");
     if (!uri.starts_with("/"))
         return std::nullopt;
     auto bytes = percentDecoded(uri);

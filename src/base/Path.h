@@ -11,7 +11,8 @@ using Path = std::filesystem::path;
 
 /// The path made absolute, without ".", doubled or trailing slashes. Where ".." occurs, what stands
 /// before it is resolved as the kernel does; a final symbolic link is never followed. A prefix that
-/// cannot be resolved stays as it is, for the operation on the path to fail with its own error.
+/// cannot be resolved stays as it is, for the operation on the path to fail with its own error; so
+/// does a relative path where the current folder is gone.
 Path standardized(const Path& path);
 
 /// Whether the last component, trailing slashes aside, is "." or "..".
@@ -30,7 +31,7 @@ std::optional<Path> pathFromFileUri(std::string_view uri);
 /// Percent-encoding of all bytes but RFC 2396 unreserved characters and "/".
 std::string percentEncoded(std::string_view bytes);
 
-/// Decodes %XX and nothing else; nothing where an escape is malformed or yields a NUL byte.
+/// Decodes %XX and nothing else; nothing where an escape is malformed or there is a NUL byte.
 std::optional<std::string> percentDecoded(std::string_view text);
 
 bool isValidUtf8(std::string_view bytes);
