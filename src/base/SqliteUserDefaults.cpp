@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
+
 namespace vexmoor {
 
 namespace {
@@ -42,10 +44,28 @@ class SqliteCategory : public std::error_category {
     }
 };
 
+/// SQLITE_ERROR is the answer to a database of our version without our table.
 bool isCorrupt(const Error& error) {
     const int primary = error.code.value() & 0xff;
     return error.code.category() == sqliteCategory() &&
-           (primary == SQLITE_CORRUPT || primary == SQLITE_NOTADB);
+           (primary == SQLITE_CORRUPT || primary == SQLITE_NOTADB || primary == SQLITE_ERROR);
+}
+
+constexpr const char* kCompanions[] = {"-wal", "-shm", ""};
+
+std::filesystem::path companion(std::filesystem::path file, const char* suffix) {
+    return file += suffix;
+}
+
+/// Whether the database is gone or empty while its log holds something. SQLite would take it as new
+/// and delete the log, though it makes one only after the first page of the database.
+bool hasLostItsPages(const std::filesystem::path& file) {
+    std::error_code code;
+    const auto log = std::filesystem::file_size(companion(file, "-wal"), code);
+    if (code || log == 0)
+        return false;
+    const auto size = std::filesystem::file_size(file, code);
+    return code ? code == std::errc::no_such_file_or_directory : size == 0;
 }
 
 struct StatementCloser {
@@ -92,22 +112,30 @@ void bind(sqlite3_stmt* statement, int index, const UserDefaults::Value& value) 
 /// holds the writer's lock, so nobody else takes the name in between.
 Result<std::filesystem::path> moveAside(const std::filesystem::path& file) {
     std::error_code code;
-    auto aside = file;
+    std::filesystem::path aside;
     int number = 0;
+    const auto taken = [&](const char* suffix) {
+        return std::filesystem::exists(companion(aside, suffix), code);
+    };
     do {
-        aside = file;
-        aside += ".corrupt-" + std::to_string(++number);
-    } while (std::filesystem::exists(aside, code));
-    for (const char* suffix : {"-wal", "-shm", ""}) {
-        auto from = file;
-        auto to = aside;
-        from += suffix;
-        to += suffix;
-        std::filesystem::rename(from, to, code);
+        aside = companion(file, (".corrupt-" + std::to_string(++number)).c_str());
+    } while (std::ranges::any_of(kCompanions, taken));
+    for (const char* suffix : kCompanions) {
+        const auto from = companion(file, suffix);
+        std::filesystem::rename(from, companion(aside, suffix), code);
         if (code && code != std::errc::no_such_file_or_directory)
             return Error{code, "set the corrupt database aside", from};
     }
     return aside;
+}
+
+/// The folder tells what the user has deleted, which is nobody else's business.
+Result<void> makePrivateFolder(const std::filesystem::path& folder) {
+    std::error_code code;
+    if (std::filesystem::create_directories(folder, code) && !code)
+        std::filesystem::permissions(folder, std::filesystem::perms::owner_all, code);
+    return code ? Result<void>(Error{code, "make the folder of the database", folder})
+                : Result<void>();
 }
 
 } // namespace
@@ -129,16 +157,10 @@ SqliteUserDefaults::~SqliteUserDefaults() = default;
 Result<std::unique_ptr<SqliteUserDefaults>>
 SqliteUserDefaults::open(const std::filesystem::path& file, Access access,
                          FailureHandler onFailure) {
-    std::error_code code;
-    if (access == Access::readWrite) {
-        std::filesystem::create_directories(file.parent_path(), code);
-        if (code)
-            return Error{code, "make the folder of the database", file.parent_path()};
-    }
+    if (access == Access::readWrite)
+        if (auto made = makePrivateFolder(file.parent_path()); !made)
+            return std::move(made).error();
     std::unique_ptr<SqliteUserDefaults> store(new SqliteUserDefaults(file, std::move(onFailure)));
-    if (access == Access::readOnly && !std::filesystem::exists(file, code))
-        return code ? Result<std::unique_ptr<SqliteUserDefaults>>(Error{code, "open", file})
-                    : std::move(store);
     auto opened = store->connect(access);
     if (!opened && isCorrupt(opened.error()) && access == Access::readWrite) {
         store->m_database.reset();
@@ -155,6 +177,11 @@ SqliteUserDefaults::open(const std::filesystem::path& file, Access access,
 }
 
 Result<void> SqliteUserDefaults::connect(Access access) {
+    std::error_code code;
+    if (hasLostItsPages(m_file))
+        return Error{{SQLITE_CORRUPT, sqliteCategory()}, "open the database", m_file};
+    if (access == Access::readOnly && !std::filesystem::exists(m_file, code))
+        return code ? Result<void>(Error{code, "open the database", m_file}) : Result<void>();
     sqlite3* raw = nullptr;
     const int flags = access == Access::readOnly ? SQLITE_OPEN_READONLY
                                                  : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
@@ -162,6 +189,8 @@ Result<void> SqliteUserDefaults::connect(Access access) {
     m_database.reset(raw);
     if (opened != SQLITE_OK)
         return lastError("open the database");
+    if (access == Access::readWrite && sqlite3_db_readonly(raw, "main") == 1)
+        return Error{{SQLITE_READONLY, sqliteCategory()}, "open the database", m_file};
     sqlite3_extended_result_codes(raw, 1);
     sqlite3_busy_timeout(raw, kBusyMilliseconds);
     // The log stays for the next command: making, checkpointing and deleting it at each end would
