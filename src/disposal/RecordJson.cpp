@@ -1,5 +1,7 @@
 #include "RecordJson.h"
 
+#include "base/JsonReader.h"
+
 #include <nlohmann/json.hpp>
 
 namespace vexmoor {
@@ -12,66 +14,9 @@ Json dateJson(Date date) {
     return date.secondsSinceReference;
 }
 
-/// Reads the keys of one object and remembers whether all had their types.
-class Reader {
-  public:
-    explicit Reader(const Json& json) : m_json(json), m_ok(json.is_object()) {}
-
-    [[nodiscard]] bool ok() const { return m_ok; }
-
-    std::optional<std::string> string(const char* key, bool required) {
-        const Json* const found = find(key, required);
-        return found != nullptr && check(found->is_string())
-                   ? std::optional(found->get<std::string>())
-                   : std::nullopt;
-    }
-
-    std::optional<Path> path(const char* key) {
-        const auto text = string(key, false);
-        return text ? std::optional(pathFromJsonText(*text)) : std::nullopt;
-    }
-
-    std::optional<Date> date(const char* key, bool required) {
-        const Json* const found = find(key, required);
-        return found != nullptr && check(found->is_number())
-                   ? std::optional(Date{found->get<double>()})
-                   : std::nullopt;
-    }
-
-    std::optional<bool> boolean(const char* key) {
-        const Json* const found = find(key, false);
-        return found != nullptr && check(found->is_boolean()) ? std::optional(found->get<bool>())
-                                                              : std::nullopt;
-    }
-
-    std::optional<std::int64_t> integer(const char* key) {
-        const Json* const found = find(key, true);
-        return found != nullptr && check(found->is_number_integer())
-                   ? std::optional(found->get<std::int64_t>())
-                   : std::nullopt;
-    }
-
-    bool check(bool condition) {
-        m_ok = m_ok && condition;
-        return condition;
-    }
-
-  private:
-    const Json* find(const char* key, bool required) {
-        if (!m_json.is_object())
-            return nullptr;
-        const auto found = m_json.find(key);
-        const bool present = found != m_json.end() && !found->is_null();
-        check(present || !required);
-        return present ? &*found : nullptr;
-    }
-
-    const Json& m_json;
-    bool m_ok;
-};
-
-Json parsed(const std::string& text) {
-    return Json::parse(text, nullptr, false);
+std::optional<Path> readPath(JsonReader& reader, const char* key) {
+    const auto text = reader.string(key, JsonReader::Key::optional);
+    return text ? std::optional(pathFromJsonText(*text)) : std::nullopt;
 }
 
 } // namespace
@@ -96,18 +41,19 @@ Json toJson(const Sacrifice& sacrifice) {
 }
 
 std::optional<Sacrifice> sacrificeFromJson(const Json& json) {
-    Reader reader(json);
+    using Key = JsonReader::Key;
+    JsonReader reader(json);
     Sacrifice sacrifice;
-    const auto id = Uuid::fromString(reader.string("id", true).value_or(""));
-    const auto mode = disposeModeFromRawValue(reader.string("mode", true).value_or(""));
-    sacrifice.name = reader.string("name", true).value_or("");
+    const auto id = Uuid::fromString(reader.string("id").value_or(""));
+    const auto mode = disposeModeFromRawValue(reader.string("mode").value_or(""));
+    sacrifice.name = reader.string("name").value_or("");
     sacrifice.bytes = reader.integer("bytes").value_or(0);
-    sacrifice.date = reader.date("date", true).value_or(Date{});
-    sacrifice.original = reader.path("original");
-    sacrifice.trashed = reader.path("trashed");
-    sacrifice.restored = reader.date("restored", false);
-    sacrifice.lost = reader.boolean("lost");
-    sacrifice.deleted = reader.date("deleted", false);
+    sacrifice.date = reader.date("date").value_or(Date{});
+    sacrifice.original = readPath(reader, "original");
+    sacrifice.trashed = readPath(reader, "trashed");
+    sacrifice.restored = reader.date("restored", Key::optional);
+    sacrifice.lost = reader.boolean("lost", Key::optional);
+    sacrifice.deleted = reader.date("deleted", Key::optional);
     if (!reader.ok() || !id || !mode)
         return std::nullopt;
     sacrifice.id = *id;
@@ -119,11 +65,11 @@ std::string encode(const std::vector<Sacrifice>& sacrifices) {
     Json array = Json::array();
     for (const auto& sacrifice : sacrifices)
         array.push_back(toJson(sacrifice));
-    return array.dump();
+    return jsonText(array);
 }
 
 std::optional<std::vector<Sacrifice>> decodeSacrifices(const std::string& text) {
-    const Json array = parsed(text);
+    const Json array = parsedJson(text);
     if (!array.is_array())
         return std::nullopt;
     std::vector<Sacrifice> result;
@@ -142,16 +88,16 @@ std::string encode(const std::map<Date, DayTally>& days) {
         array.push_back(dateJson(day));
         array.push_back({{"count", tally.count}, {"bytes", tally.bytes}});
     }
-    return array.dump();
+    return jsonText(array);
 }
 
 std::optional<std::map<Date, DayTally>> decodeDays(const std::string& text) {
-    const Json array = parsed(text);
+    const Json array = parsedJson(text);
     if (!array.is_array() || array.size() % 2 != 0)
         return std::nullopt;
     std::map<Date, DayTally> days;
     for (std::size_t i = 0; i < array.size(); i += 2) {
-        Reader reader(array[i + 1]);
+        JsonReader reader(array[i + 1]);
         const auto count = reader.integer("count");
         const auto bytes = reader.integer("bytes");
         if (!array[i].is_number() || !count || !bytes)
