@@ -1,5 +1,7 @@
 #include "SqliteUserDefaults.h"
 
+#include "base/Path.h"
+
 #include <sqlite3.h>
 
 #include <algorithm>
@@ -66,6 +68,12 @@ bool hasLostItsPages(const std::filesystem::path& file) {
         return false;
     const auto size = std::filesystem::file_size(file, code);
     return code ? code == std::errc::no_such_file_or_directory : size == 0;
+}
+
+bool isUnopenable(const Error& error) {
+    const int primary = error.code.value() & 0xff;
+    return error.code.category() == sqliteCategory() &&
+           (primary == SQLITE_CANTOPEN || primary == SQLITE_READONLY);
 }
 
 struct StatementCloser {
@@ -162,6 +170,11 @@ SqliteUserDefaults::open(const std::filesystem::path& file, Access access,
             return std::move(made).error();
     std::unique_ptr<SqliteUserDefaults> store(new SqliteUserDefaults(file, std::move(onFailure)));
     auto opened = store->connect(access);
+    if (!opened && access == Access::readOnly && isUnopenable(opened.error())) {
+        // A log that cannot be shared in a folder that cannot be written: nobody else writes either.
+        store->m_immutable = true;
+        opened = store->connect(access);
+    }
     if (!opened && isCorrupt(opened.error()) && access == Access::readWrite) {
         store->m_database.reset();
         store->m_values.clear();
@@ -185,7 +198,11 @@ Result<void> SqliteUserDefaults::connect(Access access) {
     sqlite3* raw = nullptr;
     const int flags = access == Access::readOnly ? SQLITE_OPEN_READONLY
                                                  : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
-    const int opened = sqlite3_open_v2(m_file.c_str(), &raw, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+    const std::string name =
+        m_immutable ? fileUri(m_file) + "?immutable=1" : std::string(m_file.native());
+    const int opened = sqlite3_open_v2(
+        name.c_str(), &raw,
+        flags | SQLITE_OPEN_NOMUTEX | (m_immutable ? SQLITE_OPEN_URI : 0), nullptr);
     m_database.reset(raw);
     if (opened != SQLITE_OK)
         return lastError("open the database");

@@ -52,6 +52,7 @@ class SqliteUserDefaults : public UserDefaults {
     std::unique_ptr<sqlite3, Closer> m_database;
     std::map<std::string, Value, std::less<>> m_values;
     std::optional<std::filesystem::path> m_setAside;
+    bool m_immutable = false; ///< read without a lock or a log
     bool m_inTransaction = false;
     std::optional<Error> m_transactionFailure;
 };

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "disposal/BinGuard.h"
+#include "disposal/TrashDirectory.h"
+
+#include <map>
+
+namespace vexmoor {
+
+/// The user's Bin: the FreeDesktop.org Trash of each volume (docs/bin.md). It keeps what it opened,
+/// so one serves one batch; flush() at the batch's end. One thread.
+class Bin {
+  public:
+    using PlaceObserver = TrashDirectory::PlaceObserver;
+
+    Bin(const UserDirectories& directories, MountTable& mounts, BinGuard& guard);
+
+    /// Moves the item into the Bin of its volume and answers its place there. It is never copied:
+    /// without a Bin that it can be renamed into it stays where it is.
+    Result<Path> put(const HeldItem& item, std::int64_t bytes, Date date,
+                     const PlaceObserver& willTake);
+
+    /// Moves a binned item to the path, or beside it under a numbered name where that is taken;
+    /// missing folders are made. Answers where it landed. `willLand` is told each place before it
+    /// is tried. Fails with goneFromBin where the Bin no longer holds it.
+    Result<Path> putBack(const Path& place, const Path& destination, const PlaceObserver& willLand);
+
+    /// Deletes a binned item beyond recovery.
+    Result<void> erase(const Path& place, WorkMeter* meter);
+
+    /// Removes the info file that an interrupted move left behind: only where the Bin holds no such
+    /// item and the file is the one that was written for `original`.
+    void removeLeftInfo(const Path& place, const Path& original);
+
+    /// Writes what is gathered about folders' sizes.
+    void flush();
+
+  private:
+    Result<TrashDirectory*> binFor(const HeldItem& item);
+    Result<TrashDirectory*> homeBin();
+    Result<TrashDirectory*> volumeBin(std::uint64_t mountId);
+    Result<TrashDirectory*> binOf(const Path& place);
+    Result<TrashDirectory*> keep(Result<TrashDirectory> opened);
+    Result<Path> take(TrashDirectory& bin, const HeldItem& item, std::int64_t bytes, Date date,
+                      const PlaceObserver& willTake);
+    std::uint64_t homeMount();
+
+    UserDirectories m_directories;
+    MountTable& m_mounts;
+    BinGuard& m_guard;
+    std::map<Path, TrashDirectory> m_open;
+    std::map<std::uint64_t, TrashDirectory*> m_byMount;
+    FolderKeeper m_destinations;
+    std::optional<std::uint64_t> m_homeMount;
+};
+
+} // namespace vexmoor

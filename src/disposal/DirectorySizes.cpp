@@ -1,0 +1,86 @@
+#include "DirectorySizes.h"
+
+#include "base/FileDescriptor.h"
+#include "base/Path.h"
+
+#include <fcntl.h>
+
+#include <charconv>
+#include <cstdio>
+#include <string_view>
+
+namespace vexmoor {
+
+namespace {
+
+constexpr const char* kFileName = "directorysizes";
+
+std::optional<std::int64_t> takeNumber(std::string_view& line) {
+    std::int64_t number = 0;
+    const auto [end, code] = std::from_chars(line.data(), line.data() + line.size(), number);
+    if (code != std::errc() || end == line.data() + line.size() || *end != ' ')
+        return std::nullopt;
+    line.remove_prefix(static_cast<std::size_t>(end - line.data()) + 1);
+    return number;
+}
+
+std::string readFile(int folder) {
+    std::string text;
+    const FileDescriptor file(::openat(folder, kFileName, O_RDONLY | O_CLOEXEC | O_NOFOLLOW));
+    char buffer[16384];
+    for (ssize_t count = 0; file && (count = ::read(file.get(), buffer, sizeof buffer)) > 0;)
+        text.append(buffer, static_cast<std::size_t>(count));
+    return text;
+}
+
+bool writeFile(int folder, const char* name, const std::string& text) {
+    FileDescriptor file(
+        ::openat(folder, name, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600));
+    return file && ::write(file.get(), text.data(), text.size()) == ssize_t(text.size()) &&
+           file.close();
+}
+
+} // namespace
+
+std::map<std::string, DirectorySizes::Entry> DirectorySizes::parse(const std::string& text) {
+    std::map<std::string, Entry> entries;
+    std::string_view rest = text;
+    while (!rest.empty()) {
+        const auto end = std::min(rest.find('\n'), rest.size());
+        auto line = rest.substr(0, end);
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+        const auto bytes = takeNumber(line);
+        const auto modified = bytes ? takeNumber(line) : std::nullopt;
+        auto name = modified ? percentDecoded(line) : std::nullopt;
+        if (name && !name->empty())
+            entries[*std::move(name)] = {*bytes, *modified};
+    }
+    return entries;
+}
+
+void DirectorySizes::flush(int binFolder) {
+    if (m_changes.empty())
+        return;
+    auto entries = parse(readFile(binFolder));
+    const auto before = entries;
+    for (const auto& [name, change] : m_changes) {
+        if (change)
+            entries[name] = *change;
+        else
+            entries.erase(name);
+    }
+    m_changes.clear();
+    if (entries == before)
+        return;
+    std::string text;
+    for (const auto& [name, entry] : entries)
+        text += std::to_string(entry.bytes) + " " + std::to_string(entry.infoModifiedSeconds) +
+                " " + percentEncoded(name) + "\n";
+    const std::string temporary = "directorysizes." + std::to_string(::getpid());
+    ::unlinkat(binFolder, temporary.c_str(), 0); // left by a process of the same number that died
+    if (!writeFile(binFolder, temporary.c_str(), text) ||
+        ::renameat(binFolder, temporary.c_str(), binFolder, kFileName) != 0)
+        ::unlinkat(binFolder, temporary.c_str(), 0);
+}
+
+} // namespace vexmoor

@@ -1,0 +1,75 @@
+#include "DisposalError.h"
+
+#include "base/Path.h"
+
+namespace vexmoor {
+
+namespace {
+
+class DisposalCategory : public std::error_category {
+  public:
+    [[nodiscard]] const char* name() const noexcept override { return "disposal"; }
+    [[nodiscard]] std::string message(int code) const override {
+        switch (static_cast<DisposalError>(code)) {
+        case DisposalError::goneFromBin:
+            return "It is no longer in the Bin.";
+        case DisposalError::isRoot:
+            return "The root of the file system can't be thrown away.";
+        case DisposalError::isHome:
+            return "The home folder can't be thrown away.";
+        case DisposalError::isDots:
+            return "“.” and “..” name the folder you are in or the one above. Name it itself.";
+        case DisposalError::isMountPoint:
+            return "A volume is mounted here. Unmount it first.";
+        case DisposalError::holdsMountPoint:
+            return "A volume is mounted inside this folder. Unmount it first.";
+        case DisposalError::isBin:
+            return "This is the Bin itself.";
+        case DisposalError::isInsideBin:
+            return "It is in the Bin already.";
+        case DisposalError::holdsBin:
+            return "The Bin lies inside this folder.";
+        case DisposalError::noBinOnVolume:
+            return "There is no Bin on its volume, and none could be made.";
+        case DisposalError::otherVolume:
+            return "It can't be moved: the other place is on another volume.";
+        case DisposalError::notInBin:
+            return "Its recorded place is not in a Bin.";
+        case DisposalError::invalidDestination:
+            return "Its recorded place can't be used.";
+        case DisposalError::noFreeName:
+            return "No free name was found for it.";
+        case DisposalError::partlyRemoved:
+            return "Not all of it could be removed";
+        case DisposalError::stopped:
+            return "It was stopped.";
+        }
+        return "Unknown error";
+    }
+};
+
+} // namespace
+
+const std::error_category& disposalCategory() {
+    static const DisposalCategory category;
+    return category;
+}
+
+std::error_code make_error_code(DisposalError error) {
+    return {static_cast<int>(error), disposalCategory()};
+}
+
+std::string describe(const Error& error) {
+    if (error.code == DisposalError::goneFromBin)
+        return displayText(lastComponent(error.path)) + " is no longer in the Bin.";
+    if (error.code == DisposalError::partlyRemoved)
+        return error.message() + ": " + error.operation + ".";
+    if (error.code.category() == disposalCategory())
+        return error.message();
+    std::string sentence = error.message();
+    if (!error.path.empty())
+        sentence += " (" + error.operation + " " + displayText(error.path.native()) + ")";
+    return sentence + ".";
+}
+
+} // namespace vexmoor

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "base/Result.h"
+
+namespace vexmoor {
+
+/// What only disposing and putting back can fail with; the system's own errors stay as they are.
+enum class DisposalError {
+    goneFromBin = 1,
+    isRoot,
+    isHome,
+    isDots,
+    isMountPoint,
+    holdsMountPoint,
+    isBin,
+    isInsideBin,
+    holdsBin,
+    noBinOnVolume,
+    otherVolume,
+    notInBin,
+    invalidDestination,
+    noFreeName,
+    partlyRemoved, ///< Error::operation tells what remains
+    stopped,
+};
+
+const std::error_category& disposalCategory();
+std::error_code make_error_code(DisposalError error);
+
+inline Error disposalError(DisposalError error, std::filesystem::path path = {},
+                           std::string operation = {}) {
+    return {make_error_code(error), std::move(operation), std::move(path)};
+}
+
+/// The sentence that the user reads. It does not name the item, which stands beside it, but any
+/// other file that is at fault.
+std::string describe(const Error& error);
+
+} // namespace vexmoor
+
+template <>
+struct std::is_error_code_enum<vexmoor::DisposalError> : std::true_type {};

@@ -1,0 +1,62 @@
+#include "Disposer.h"
+
+#include "disposal/TreeSize.h"
+#include "disposal/WholeRemoval.h"
+
+namespace vexmoor {
+
+Disposer::Disposer(const UserDirectories& directories, WorkMeter* meter)
+    : m_meter(meter), m_guard(directories, m_mounts), m_bin(directories, m_mounts, m_guard) {}
+
+Disposer::~Disposer() {
+    m_bin.flush();
+}
+
+Result<HeldItem> Disposer::hold(const Path& path) {
+    if (!path.has_relative_path())
+        return disposalError(DisposalError::isRoot);
+    auto item = m_folders.hold(path);
+    if (!item)
+        return item;
+    if (const auto refused = m_guard.refusal(*item))
+        return disposalError(*refused);
+    return item;
+}
+
+std::int64_t Disposer::size(const HeldItem& item) const {
+    if (item.status.isFolder())
+        return treeSize(item.folder(), item.name.c_str(), m_meter);
+    if (m_meter != nullptr) {
+        m_meter->entries.fetch_add(1, std::memory_order_relaxed);
+        m_meter->bytes.fetch_add(item.status.allocatedBytes, std::memory_order_relaxed);
+    }
+    return item.status.allocatedBytes;
+}
+
+Result<std::optional<Path>> Disposer::dispose(const HeldItem& item, DisposeMode mode,
+                                              std::int64_t bytes, Date date,
+                                              const PlaceObserver& willTake) {
+    if (mode == DisposeMode::dissolve) {
+        if (auto removed = removeWhole(item.folder(), item.name, m_meter); !removed)
+            return std::move(removed).error();
+        return std::optional<Path>();
+    }
+    auto place = m_bin.put(item, bytes, date, willTake);
+    if (!place)
+        return std::move(place).error();
+    return std::optional<Path>(*std::move(place));
+}
+
+Result<Path> Disposer::restore(const Path& from, const Path& to, const PlaceObserver& willLand) {
+    return m_bin.putBack(from, to, willLand);
+}
+
+Result<void> Disposer::erase(const Path& place) {
+    return m_bin.erase(place, m_meter);
+}
+
+void Disposer::removeLeftInfo(const Path& place, const Path& original) {
+    m_bin.removeLeftInfo(place, original);
+}
+
+} // namespace vexmoor

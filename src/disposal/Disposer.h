@@ -1,0 +1,53 @@
+#pragma once
+
+#include "disposal/Bin.h"
+#include "disposal/DisposeMode.h"
+
+#include <optional>
+
+namespace vexmoor {
+
+/// Measures items, disposes of them, puts them back: the only place where the user's files are
+/// moved or deleted. It keeps folders open from one item to the next, so one serves one batch; what
+/// the Bin gathers is written when it goes. One thread.
+class Disposer {
+  public:
+    using PlaceObserver = Bin::PlaceObserver;
+
+    /// The meter (optional, outlives this) counts the entries that are measured and dissolved, and
+    /// stops both.
+    Disposer(const UserDirectories& directories, WorkMeter* meter);
+    ~Disposer();
+    Disposer(const Disposer&) = delete;
+    Disposer& operator=(const Disposer&) = delete;
+
+    /// Opens the item at a standardized path for what follows; refuses what must never be disposed
+    /// of (BinGuard), before anything is touched.
+    Result<HeldItem> hold(const Path& path);
+
+    /// Bytes that the item occupies on the disk; what cannot be read counts as 0.
+    [[nodiscard]] std::int64_t size(const HeldItem& item) const;
+
+    /// Moves the item to the Bin and answers its place there, or deletes it. `bytes` is its size;
+    /// `willTake` is told each place in the Bin before it is tried.
+    Result<std::optional<Path>> dispose(const HeldItem& item, DisposeMode mode, std::int64_t bytes,
+                                        Date date, const PlaceObserver& willTake);
+
+    /// Moves a binned item back to `to`, or beside it under a free name; answers where it landed.
+    Result<Path> restore(const Path& from, const Path& to, const PlaceObserver& willLand);
+
+    /// Deletes a binned item.
+    Result<void> erase(const Path& place);
+
+    /// See Bin::removeLeftInfo.
+    void removeLeftInfo(const Path& place, const Path& original);
+
+  private:
+    WorkMeter* m_meter;
+    MountTable m_mounts;
+    FolderKeeper m_folders;
+    BinGuard m_guard;
+    Bin m_bin;
+};
+
+} // namespace vexmoor

@@ -1,0 +1,228 @@
+#include "Journal.h"
+
+#include "disposal/RecordJson.h"
+#include "platform/FileManager.h"
+
+#include <nlohmann/json.hpp>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <charconv>
+#include <fstream>
+#include <map>
+
+namespace vexmoor {
+
+using Json = nlohmann::ordered_json;
+
+namespace {
+
+constexpr int kFormatVersion = 1;
+constexpr std::string_view kOpenEnding = ".open";
+constexpr std::string_view kClosedEnding = ".closed";
+constexpr const char* kKindNames[] = {"feed", "put-back", "delete"};
+
+std::optional<JournalKind> kindNamed(const std::string& name) {
+    for (const auto kind : {JournalKind::feed, JournalKind::putBack, JournalKind::erase})
+        if (kKindNames[static_cast<int>(kind)] == name)
+            return kind;
+    return std::nullopt;
+}
+
+Json entryJson(const JournalEntry& entry) {
+    Json json = {
+        {"intent", toJson(entry.sacrifice)}, {"folder", entry.isFolder}, {"inode", entry.inode}};
+    if (entry.destination)
+        json["destination"] = pathToJsonText(*entry.destination);
+    return json;
+}
+
+std::optional<JournalEntry> entryFromJson(const Json& json) {
+    auto sacrifice = sacrificeFromJson(json["intent"]);
+    if (!sacrifice)
+        return std::nullopt;
+    JournalEntry entry;
+    entry.sacrifice = *std::move(sacrifice);
+    entry.isFolder = json.value("folder", false);
+    entry.inode = json.value("inode", std::uint64_t{0});
+    if (const auto found = json.find("destination"); found != json.end())
+        entry.destination = pathFromJsonText(found->get<std::string>());
+    return entry;
+}
+
+/// Gathers a journal's lines into its entries.
+class Gatherer {
+  public:
+    explicit Gatherer(JournalBatch& batch) : m_batch(batch) {}
+
+    void take(const Json& line) {
+        if (line.contains("intent")) {
+            auto entry = entryFromJson(line);
+            if (!entry)
+                return;
+            const auto [found, isNew] =
+                m_places.emplace(entry->sacrifice.id, m_batch.entries.size());
+            if (isNew)
+                m_batch.entries.push_back(*std::move(entry));
+            else
+                m_batch.entries[found->second] = *std::move(entry);
+            return;
+        }
+        for (const auto& [key, outcome] : {std::pair("done", JournalEntry::Outcome::done),
+                                           std::pair("failed", JournalEntry::Outcome::failed)}) {
+            const auto found = line.find(key);
+            const auto id =
+                found != line.end() ? Uuid::fromString(found->get<std::string>()) : std::nullopt;
+            const auto place = id ? m_places.find(*id) : m_places.end();
+            if (place != m_places.end())
+                m_batch.entries[place->second].outcome = outcome;
+        }
+    }
+
+  private:
+    JournalBatch& m_batch;
+    std::map<Uuid, std::size_t> m_places;
+};
+
+bool readHeader(const Json& line, JournalBatch& batch) {
+    if (!line.is_object() || line.value("journal", 0) != kFormatVersion)
+        return false;
+    const auto kind = kindNamed(line.value("kind", ""));
+    const auto mode = disposeModeFromRawValue(line.value("mode", ""));
+    if (!kind || !mode)
+        return false;
+    batch.kind = *kind;
+    batch.mode = *mode;
+    return true;
+}
+
+} // namespace
+
+JournalWriter::JournalWriter(Path file, FileDescriptor descriptor, std::int64_t number,
+                             std::string header)
+    : m_file(std::move(file)), m_descriptor(std::move(descriptor)), m_number(number),
+      m_buffer(std::move(header)) {}
+
+Result<void> JournalWriter::intend(const JournalEntry& entry) {
+    m_buffer += entryJson(entry).dump() + "\n";
+    return flush();
+}
+
+void JournalWriter::conclude(const Uuid& id, bool done) {
+    m_buffer +=
+        R"({")" + std::string(done ? "done" : "failed") + R"(":")" + id.toString() + "\"}\n";
+}
+
+Result<void> JournalWriter::flush() {
+    std::string_view rest = m_buffer;
+    while (!rest.empty()) {
+        const ssize_t written = ::write(m_descriptor.get(), rest.data(), rest.size());
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0) {
+            const Error error = Error::fromErrno(written == 0 ? ENOSPC : errno, "write", m_file);
+            m_buffer = "\n" + m_buffer.substr(m_buffer.size() - rest.size()); // ends a torn line
+            return error;
+        }
+        rest.remove_prefix(static_cast<std::size_t>(written));
+    }
+    m_buffer.clear();
+    return {};
+}
+
+Result<std::unique_ptr<JournalWriter>> Journal::begin(JournalKind kind, DisposeMode mode,
+                                                      std::int64_t lastRecorded) {
+    if (auto made = makeFolders(m_folder, 0700); !made)
+        return std::move(made).error();
+    std::int64_t number = std::max(lastRecorded, m_last);
+    for (const auto& existing : {open(), closed()})
+        for (const auto other : existing)
+            number = std::max(number, other);
+    m_last = ++number;
+    const Path file = fileOf(number, kOpenEnding);
+    FileDescriptor descriptor(
+        ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0600));
+    if (!descriptor)
+        return Error::fromErrno(errno, "write", file);
+    const Json header = {{"journal", kFormatVersion},
+                         {"kind", kKindNames[static_cast<int>(kind)]},
+                         {"mode", toRawValue(mode)}};
+    return std::make_unique<JournalWriter>(file, std::move(descriptor), number,
+                                           header.dump() + "\n");
+}
+
+Result<void> Journal::close(std::int64_t number, JournalKind kind, DisposeMode mode) {
+    const Path file = fileOf(number, kOpenEnding);
+    const bool isKept = kind == JournalKind::feed && mode == DisposeMode::bin;
+    const int ended = isKept ? ::rename(file.c_str(), fileOf(number, kClosedEnding).c_str())
+                             : ::unlink(file.c_str());
+    if (ended != 0 && errno != ENOENT)
+        return Error::fromErrno(errno, "close", file);
+    const auto all = closed();
+    for (std::size_t i = kKept; i < all.size(); ++i)
+        ::unlink(fileOf(all[i], kClosedEnding).c_str());
+    return {};
+}
+
+std::vector<std::int64_t> Journal::open() const {
+    auto result = numbers(kOpenEnding);
+    std::ranges::sort(result);
+    return result;
+}
+
+std::vector<std::int64_t> Journal::closed() const {
+    auto result = numbers(kClosedEnding);
+    std::ranges::sort(result, std::greater());
+    return result;
+}
+
+std::vector<std::int64_t> Journal::numbers(std::string_view ending) const {
+    std::vector<std::int64_t> result;
+    std::error_code code;
+    for (std::filesystem::directory_iterator entry(m_folder, code), end; !code && entry != end;
+         entry.increment(code)) {
+        const std::string name = entry->path().filename();
+        std::int64_t number = 0;
+        const auto [rest, parsed] = std::from_chars(name.data(), name.data() + name.size(), number);
+        if (parsed == std::errc() &&
+            std::string_view(rest, static_cast<std::size_t>(name.data() + name.size() - rest)) ==
+                ending)
+            result.push_back(number);
+    }
+    return result;
+}
+
+Path Journal::fileOf(std::int64_t number, std::string_view ending) const {
+    return m_folder / (std::to_string(number) + std::string(ending));
+}
+
+Result<JournalBatch> Journal::read(std::int64_t number) const {
+    Path file = fileOf(number, kOpenEnding);
+    std::ifstream stream(file);
+    if (!stream) {
+        file = fileOf(number, kClosedEnding);
+        stream.open(file);
+    }
+    if (!stream)
+        return Error::fromErrno(errno, "read", file);
+    JournalBatch batch;
+    batch.number = number;
+    Gatherer gatherer(batch);
+    std::string text;
+    for (bool isFirst = true; std::getline(stream, text); isFirst = false) {
+        const Json line = Json::parse(text, nullptr, false);
+        try {
+            if (isFirst && !readHeader(line, batch))
+                return Error::fromErrno(EBADMSG, "read", file);
+            if (line.is_object() && !isFirst)
+                gatherer.take(line);
+        } catch (const Json::exception&) {
+            return Error::fromErrno(EBADMSG, "read", file);
+        }
+    }
+    return batch;
+}
+
+} // namespace vexmoor
