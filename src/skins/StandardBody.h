@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Skin.h"
+
+namespace vexmoor {
+
+// clang-format off
+inline constexpr std::string_view kStandardRows[] = {
+    "........KKKKKKKKKKKKKKKK........",
+    "......KKHHHHHHHHHHHHHHHHKK......",
+    ".....KHHDDDDDDDDDDDDDDDDHHK.....",
+    "....KHHDggGGGGGGGGGGGGggDHHK....",
+    "...KHHDgGGGLLGGGGGGGGGGGgDHHK...",
+    "...KHHDgGGGGGGGGGGGGGGGGgDHHK...",
+    "...KHHDDggGGGGGGGGGGGGggDDHHK...",
+    "...KBHHHDDggggggggggggDDHHHBK...",
+    "...KBBBHHHHHHHHHHHHHHHHHHBBBK...",
+    "..KDBBBBBBBBBBBBBBBBBBBBBBBBDK..",
+    "..KDDBBBBBBBBBBBBBBBBBBBBBBDDK..",
+    ".KDDDDDDDDDDDDDDDDDDDDDDDDDDDDK.",
+    ".KDBBBWWBBBBBBBBBBBBBBBBBBBBBDK.",
+    ".KDBBWWWBBBBBBBBBBBBBBBBBBBBBDK.",
+    ".KDBBBWWBBBBBBBBBBBBBBBBBBBBBDK.",
+    ".KDBBBBHBBBBBBBBBBBBBBBBBBBBDDK.",
+    ".KDBBBBHBBBBBBBBBBBBBBBBBBBBDDK.",
+    ".KDBBBBBBBBBBBBBBBBBBBBBBBBDDDK.",
+    ".KDBBBBBBBBBBBBBBBBBBBBBBBBDDDK.",
+    ".KDBBBBBBBBBBBBBBBBBBBBBBBDDDDK.",
+    ".KDBBBBBBBBBBBBBBBBBBBBBBBDDDDK.",
+    ".KDDBBBBBBBBBBBBBBBBBBBBBDDDDDK.",
+    ".KDDBBBBBBBBBBBBBBBBBBBBBDDDDDK.",
+    "..KDDBBBBBBBBBBBBBBBBBBBDDDDDK..",
+    "..KDDDBBBBBBBBBBBBBBBBDDDDDDDK..",
+    "...KDDDDBBBBBBBBBBBBDDDDDDDDK...",
+    "....KDDDDDDDDDDDDDDDDDDDDDDK....",
+    ".....KKDDDDDDDDDDDDDDDDDDKK.....",
+    "......KKKKKKKKKKKKKKKKKKKK......",
+    ".....KDDK..............KDDK.....",
+    "....SKKKKSSSSSSSSSSSSSSKKKKS....",
+};
+static_assert(isSized(kStandardRows, 32, 31));
+// clang-format on
+
+inline constexpr Skin::Body kStandardBody{.rows = kStandardRows, .dx = 0, .dy = 0, .hoverRows = 0};
+
+} // namespace vexmoor
