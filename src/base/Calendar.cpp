@@ -20,8 +20,9 @@ std::optional<std::chrono::sys_days> localDay(std::time_t time) {
 }
 
 std::optional<std::chrono::sys_days> localDay(Date date) {
+    constexpr double kEnd = 9e11; // std::chrono::year goes no further
     const double seconds = std::floor(date.unixSeconds());
-    if (!(std::abs(seconds) < 1e15))
+    if (!(std::abs(seconds) < kEnd))
         return std::nullopt;
     return localDay(static_cast<std::time_t>(seconds));
 }

@@ -115,6 +115,16 @@ std::string lastComponent(const Path& path) {
     return std::string(trimmed == "/" ? trimmed : trimmed.substr(trimmed.rfind('/') + 1));
 }
 
+std::string_view pathExtension(const Path& path) {
+    auto name = withoutTrailingSlashes(path.native());
+    name.remove_prefix(name.rfind('/') + 1);
+    const auto dot = name.rfind('.');
+    if (dot == std::string_view::npos || name.substr(0, dot).find_first_not_of('.') == name.npos)
+        return {};
+    const auto extension = name.substr(dot + 1);
+    return extension.find(' ') == std::string_view::npos ? extension : std::string_view();
+}
+
 std::string percentEncoded(std::string_view bytes) {
     constexpr std::string_view kDigits = "0123456789ABCDEF";
     std::string result;

@@ -21,6 +21,11 @@ bool endsInDots(const Path& path);
 /// The last component as bytes; "/" for the root.
 std::string lastComponent(const Path& path);
 
+/// What stands after the last dot of the last component, trailing slashes aside. None (empty) where
+/// only a dot or nothing stands before it, where nothing stands after it, or where it has a space
+/// and so is rather part of a sentence. A view of the path's bytes.
+std::string_view pathExtension(const Path& path);
+
 /// "file://" and the path's bytes, percent-encoded but for RFC 2396 unreserved characters and "/".
 std::string fileUri(const Path& path);
 

@@ -69,6 +69,22 @@ TEST(Path, KnowsItsLastComponent) {
     }
 }
 
+TEST(Path, HasTheExtensionThatAUserWouldName) {
+    const struct {
+        const char* path;
+        const char* extension;
+    } cases[] = {
+        {"/a/photo.JPG", "JPG"},  {"/a/archive.tar.gz", "gz"},
+        {"/a/Some.app//", "app"}, {"/a.b/name", ""},
+        {"/a/name.", ""},         {"/a/.bashrc", ""},
+        {"/a/..hidden", ""},      {"/a/.config.yml", "yml"},
+        {"/a/Dr. Jekyll", ""},    {"/a/x.\xFF", "\xFF"},
+        {"/a/a b.c", "c"},        {"/", ""},
+    };
+    for (const auto& test : cases)
+        EXPECT_EQ(pathExtension(test.path), test.extension) << test.path;
+}
+
 TEST(Path, SurvivesTheWayThroughAnUri) {
     std::string everyByte = "/";
     for (int byte = 1; byte < 256; ++byte)
