@@ -120,19 +120,25 @@ void RemovalVisitor::notEntered(const TreePlace& place, const char* name, int er
 
 TreeVisitor::Folder RemovalVisitor::leaveFolder(TreeFolder& folder, int descriptor,
                                                 const TreePlace& parent, TreeTally& tally) {
-    const bool mayReadAgain = descriptor >= 0 && folder.readings < kMaxReadings;
     int error = ENOTEMPTY;
     if (folder.stayingHere == 0) {
         error = unlink(parent, folder.name.c_str(), AT_REMOVEDIR);
         if (error == ENOTDIR) // something else has taken its place
             error = unlink(parent, folder.name.c_str(), 0);
     }
-    if (error == ENOTEMPTY && mayReadAgain && countEntries(descriptor) != folder.stayingHere) {
-        ++folder.readings;
-        folder.stayingHere = folder.stayingInAll = 0;
-        return Folder::readAgain;
+    if (error == ENOTEMPTY && descriptor >= 0) {
+        const std::int64_t found = countEntries(descriptor);
+        if (found != folder.stayingHere && folder.readings < kMaxReadings) {
+            ++folder.readings;
+            folder.stayingHere = folder.stayingInAll = 0;
+            return Folder::readAgain;
+        }
+        // Another folder has taken its place: the parent, not being empty, is read again.
+        if (found == 0 && folder.readError == 0 && parent.folder.parent &&
+            parent.folder.readings < kMaxReadings)
+            return Folder::left;
     }
-    if (error == ENOTEMPTY && folder.stayingHere > 0) {
+    if (folder.stayingHere > 0) {
         parent.folder.stayingHere.fetch_add(1, std::memory_order_relaxed);
         parent.folder.stayingInAll.fetch_add(folder.stayingInAll + 1, std::memory_order_relaxed);
         return Folder::left;
