@@ -1,0 +1,16 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+namespace vexmoor::arttool {
+
+// Each adds one subcommand. A failure is thrown as CLI::Error with its sentence and exit code.
+
+/// `frame`: one picture of the pot.
+void addFrameCommand(CLI::App& app);
+/// `frames`: an animation as numbered pictures.
+void addFramesCommand(CLI::App& app);
+/// `sheet`: many pictures side by side.
+void addSheetCommand(CLI::App& app);
+
+} // namespace vexmoor::arttool

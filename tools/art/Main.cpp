@@ -1,0 +1,24 @@
+#include "Commands.h"
+
+#include <iostream>
+
+int main(int count, char** arguments) {
+    using namespace vexmoor::arttool;
+    CLI::App app("Renders Vexmoor's pixel art to PNG files.", "vexmoor-art");
+    app.require_subcommand(1);
+    addFrameCommand(app);
+    addFramesCommand(app);
+    addSheetCommand(app);
+    try {
+        app.parse(count, arguments);
+    } catch (const CLI::Success& asked) {
+        return app.exit(asked);
+    } catch (const CLI::FileError& failure) {
+        std::cerr << "vexmoor-art: " << failure.what() << '\n';
+        return 1;
+    } catch (const CLI::Error& misuse) {
+        std::cerr << "vexmoor-art: " << misuse.what() << '\n';
+        return 2;
+    }
+    return 0;
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "skins/Skin.h"
+
+#include <QImage>
+
+#include <CLI/CLI.hpp>
+
+#include <filesystem>
+#include <string>
+
+namespace vexmoor::arttool {
+
+/// What every subcommand asks for.
+struct Options {
+    std::string skin = "iron";
+    int scale = 4;
+    std::filesystem::path output;
+};
+
+/// Adds --skin (checked against the known ids), --scale (1 to 64) and -o.
+void addOptions(CLI::App& command, Options& options);
+
+/// Writes a PNG; throws CLI::FileError with a sentence when that fails.
+void writePng(const QImage& image, const std::filesystem::path& path);
+
+} // namespace vexmoor::arttool

@@ -1,0 +1,58 @@
+#include "Commands.h"
+#include "Output.h"
+#include "Sheet.h"
+#include "Show.h"
+
+#include "art/CauldronArt.h"
+
+#include <memory>
+
+namespace vexmoor::arttool {
+namespace {
+
+std::vector<QImage> skinPictures(int scale) {
+    std::vector<QImage> pictures;
+    for (const Skin& skin : Skin::all())
+        pictures.push_back(CauldronArt::idle(0, true, 0, skin).crop(0, 20, 34, 34).nsImage(scale));
+    return pictures;
+}
+
+std::vector<QImage> showPictures(const Options& options, const std::string& show, int every) {
+    std::vector<QImage> pictures;
+    for (int frame = 0; frame < frameCount(show); frame += every)
+        pictures.push_back(
+            showFrame(show, frame, Skin::named(options.skin)).nsImage(options.scale));
+    return pictures;
+}
+
+} // namespace
+
+void addSheetCommand(CLI::App& app) {
+    struct Arguments : Options {
+        std::string kind;
+        int columns = 5;
+        int every = 1;
+    };
+    auto arguments = std::make_shared<Arguments>();
+    CLI::App* command =
+        app.add_subcommand("sheet", "Write many pictures side by side, on light and on dark");
+    command->add_option("kind", arguments->kind, "skins, idle, burn or swarm")
+        ->required()
+        ->check(CLI::IsMember({"skins", "idle", "burn", "swarm"}));
+    command->add_option("--columns", arguments->columns, "Pictures in a row (default: 5)")
+        ->type_name("N")
+        ->check(CLI::Range(1, 100));
+    command->add_option("--every", arguments->every, "Take each N-th frame (default: 1)")
+        ->type_name("N")
+        ->check(CLI::Range(1, 100));
+    addOptions(*command, *arguments);
+    command->callback([arguments] {
+        const std::vector<QImage> pictures =
+            arguments->kind == "skins"
+                ? skinPictures(arguments->scale)
+                : showPictures(*arguments, arguments->kind, arguments->every);
+        writePng(sheetOf(pictures, arguments->columns), arguments->output);
+    });
+}
+
+} // namespace vexmoor::arttool
