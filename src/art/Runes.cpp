@@ -33,6 +33,11 @@ bool isBare(const PixelCanvas& pot, LetterRows rune, Place place, const Skin& sk
     return true;
 }
 
+/// The acid's colour that stands out against the belly.
+Pixel inkOf(const Skin& skin) {
+    return skin.bodyColour.g > 0x90 ? skin.acidDark : skin.acid;
+}
+
 } // namespace
 
 std::span<const LetterRows> CauldronArt::runes() {
@@ -43,12 +48,15 @@ std::span<const LetterRows> CauldronArt::runes() {
 void paintRunes(PixelCanvas& pot, const Skin& skin, double lit) {
     const auto runes = CauldronArt::runes();
     for (std::size_t i = 0; i < runes.size(); ++i) {
+        if (!isBare(pot, runes[i], kPlaces[i], skin))
+            return;
+    }
+    for (std::size_t i = 0; i < runes.size(); ++i) {
         const double share =
             std::clamp(lit * static_cast<double>(runes.size()) - static_cast<double>(i), 0.0, 1.0);
-        if (share == 0 || !isBare(pot, runes[i], kPlaces[i], skin))
-            continue;
         Palette palette;
-        palette.set('#', skin.acid.withAlpha(static_cast<std::uint8_t>(std::lround(share * 255))));
+        palette.set('#',
+                    inkOf(skin).withAlpha(static_cast<std::uint8_t>(std::lround(share * 255))));
         drawLetters(pot, runes[i], palette, kPlaces[i].x, kPlaces[i].y);
     }
 }

@@ -8,9 +8,8 @@ namespace vexmoor {
 namespace {
 
 constexpr double kPoolRow = 28;
-constexpr double kTilt = 0.3;       ///< how flat the pool's ellipse lies
-constexpr double kOpening = 9;      ///< the pool's half width
-constexpr double kGolden = 2.39996; ///< spreads the sides from which items come
+constexpr double kTilt = 0.3;  ///< how flat the pool's ellipse lies
+constexpr double kOpening = 9; ///< the pool's half width
 
 double eased(double value) {
     return value * value * (3 - 2 * value);
@@ -19,11 +18,11 @@ double eased(double value) {
 } // namespace
 
 SwarmItem::SwarmItem(std::uint64_t seed, std::size_t number) {
-    const bool clockwise = (SeededRNG::mixed(seed).next() & 1) != 0;
+    const std::uint64_t coin = SeededRNG::mixed(seed).next();
+    const double direction = (coin & 1) != 0 ? 1 : -1;
+    const bool fromLeft = ((coin >> 1 ^ number) & 1) != 0;
     SeededRNG rng = SeededRNG::mixed(seed + 1 + number);
-    const double direction = clockwise ? 1 : -1;
-    m_start = SeededRNG::noise(seed, 0, 0) * 6.28 + static_cast<double>(number) * kGolden +
-              rng.uniform() * 0.5;
+    m_start = (fromLeft ? std::numbers::pi : 0) + (rng.uniform() - 0.5) * 1.0;
     m_turns = direction * (3.6 + rng.uniform() * 1.4);
     m_distance = 23 + rng.uniform() * 5;
     m_rise = 11 + rng.uniform() * 4;

@@ -6,7 +6,8 @@
 
 namespace vexmoor::arttool {
 
-QImage sheetOf(const std::vector<QImage>& pictures, int columns) {
+QImage sheetOf(const std::vector<QImage>& pictures, int columns,
+               const std::vector<QColor>& grounds) {
     constexpr int kGap = 8;
     if (pictures.empty())
         return {};
@@ -15,10 +16,12 @@ QImage sheetOf(const std::vector<QImage>& pictures, int columns) {
     const int down = (count + across - 1) / across;
     const QSize cell = pictures.front().size() + QSize(kGap, kGap);
     const QSize half(across * cell.width() + kGap, down * cell.height() + kGap);
-    QImage sheet(half.width(), half.height() * 2, QImage::Format_ARGB32_Premultiplied);
+    QImage sheet(half.width(), half.height() * static_cast<int>(grounds.size()),
+                 QImage::Format_ARGB32_Premultiplied);
+    sheet.fill(Qt::transparent);
     QPainter painter(&sheet);
     int top = 0;
-    for (const QColor ground : {QColor(0xF5F5F7), QColor(0x1E1D22)}) {
+    for (const QColor& ground : grounds) {
         painter.fillRect(QRect(QPoint(0, top), half), ground);
         for (int i = 0; i < count; ++i)
             painter.drawImage(kGap + i % across * cell.width(),
@@ -27,6 +30,10 @@ QImage sheetOf(const std::vector<QImage>& pictures, int columns) {
         top += half.height();
     }
     return sheet;
+}
+
+std::vector<QColor> windowGrounds() {
+    return {QColor(0xF5F5F7), QColor(0x1E1D22)};
 }
 
 } // namespace vexmoor::arttool

@@ -32,6 +32,7 @@ void addSheetCommand(CLI::App& app) {
         std::string kind;
         int columns = 5;
         int every = 1;
+        bool clear = false;
     };
     auto arguments = std::make_shared<Arguments>();
     CLI::App* command =
@@ -45,13 +46,16 @@ void addSheetCommand(CLI::App& app) {
     command->add_option("--every", arguments->every, "Take each N-th frame (default: 1)")
         ->type_name("N")
         ->check(CLI::Range(1, 100));
+    command->add_flag("--clear", arguments->clear, "Once, on a transparent ground");
     addOptions(*command, *arguments);
     command->callback([arguments] {
         const std::vector<QImage> pictures =
             arguments->kind == "skins"
                 ? skinPictures(arguments->scale)
                 : showPictures(*arguments, arguments->kind, arguments->every);
-        writePng(sheetOf(pictures, arguments->columns), arguments->output);
+        const std::vector<QColor> grounds =
+            arguments->clear ? std::vector<QColor>{Qt::transparent} : windowGrounds();
+        writePng(sheetOf(pictures, arguments->columns, grounds), arguments->output);
     });
 }
 
