@@ -1,0 +1,138 @@
+#include "art/AchievementArt.h"
+
+#include "art/LetterArt.h"
+#include "skins/PixelPrinter.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace vexmoor {
+
+namespace {
+
+/// The candle's colours, told apart from the palette that painted it.
+const std::map<std::uint32_t, char> kCandleLetters{
+    {0x15151B, 'K'}, {0x33333D, 'D'}, {0x4C4C58, 'B'}, {0x7C7C8A, 'H'}, {0xC9C9D6, 'W'},
+    {0x2A8F48, 'g'}, {0x4FD46F, 'G'}, {0xB9F7C4, 'L'}, {0xC9BEA2, 'O'}, {0xF1EAD8, 'X'},
+};
+
+char letterOf(Pixel pixel) {
+    if (pixel == Pixel{})
+        return '.';
+    const auto found = kCandleLetters.find(static_cast<std::uint32_t>(pixel.r) << 16 |
+                                           static_cast<std::uint32_t>(pixel.g) << 8 | pixel.b);
+    return pixel.a == 255 && found != kCandleLetters.end() ? found->second : '?';
+}
+
+std::string candleLetters(const PixelCanvas& canvas) {
+    std::string text;
+    for (int y = 0; y < canvas.height(); ++y) {
+        for (int x = 0; x < canvas.width(); ++x)
+            text += letterOf(canvas.at(x, y));
+        text += '\n';
+    }
+    return text;
+}
+
+/// Where a coloured pixel lies against a see-through one, without the dark line between them.
+std::string unlinedPixels(const PixelCanvas& icon) {
+    const Pixel line = *AchievementArt::palette().find('K');
+    const auto isOpen = [&](int x, int y) {
+        const bool inside = x >= 0 && y >= 0 && x < icon.width() && y < icon.height();
+        return inside && icon.at(x, y).a < 255;
+    };
+    std::string places;
+    for (int y = 0; y < icon.height(); ++y) {
+        for (int x = 0; x < icon.width(); ++x) {
+            const Pixel pixel = icon.at(x, y);
+            const bool isColoured = pixel.a == 255 && pixel != line;
+            if (isColoured &&
+                (isOpen(x - 1, y) || isOpen(x + 1, y) || isOpen(x, y - 1) || isOpen(x, y + 1)))
+                places += '(' + std::to_string(x) + ' ' + std::to_string(y) + ')';
+        }
+    }
+    return places;
+}
+
+TEST(AchievementArtTest, PaintsEveryPixelOfTheCandle) {
+    EXPECT_EQ(candleLetters(AchievementArt::render("streak7", 1)), "........K.......\n"
+                                                                   ".......KGK......\n"
+                                                                   "......KGGK......\n"
+                                                                   ".....KgGLGK.....\n"
+                                                                   ".....KGLLGgK....\n"
+                                                                   "....KgGLLLGK....\n"
+                                                                   ".....KgGLGgK....\n"
+                                                                   "......KggKK.....\n"
+                                                                   ".....KXXKXXK....\n"
+                                                                   ".....KXXXXOK....\n"
+                                                                   ".....KXOXXOK....\n"
+                                                                   ".....KXOXXOK....\n"
+                                                                   "....KKXXXXOKK...\n"
+                                                                   "...KWHHHHHHHBK..\n"
+                                                                   "....KBBBBBBDK...\n"
+                                                                   ".....KKKKKKK....\n");
+}
+
+TEST(AchievementArtTest, EveryAchievementHasAnIconOfItsOwn) {
+    const std::vector<std::string_view> catalogue{
+        "first",       "items10", "items100", "items1k",   "items10k",   "gb1",       "gb100",
+        "tb1",         "big1gb",  "big50gb",  "folders10", "folders100", "folders1k", "dissolve1",
+        "dissolve100", "streak7", "streak30", "streak365", "omnivore",
+    };
+    std::vector<std::string_view> ids;
+    std::vector<PixelCanvas> seen{AchievementArt::render("locked", 1)};
+    for (const AchievementIcon& icon : AchievementArt::icons()) {
+        ids.push_back(icon.id);
+        const PixelCanvas canvas = AchievementArt::render(icon.id, 1);
+        EXPECT_THAT(seen, testing::Not(testing::Contains(canvas))) << icon.id;
+        seen.push_back(canvas);
+    }
+    EXPECT_EQ(ids, catalogue);
+}
+
+TEST(AchievementArtTest, NoColourTouchesTheGroundWithoutADarkLineBetween) {
+    for (const AchievementIcon& icon : AchievementArt::icons()) {
+        // The first offering's pot is cut off by the edge of the picture.
+        const std::string_view expected = icon.id == "first" ? "(15 8)" : "";
+        EXPECT_EQ(unlinedPixels(AchievementArt::render(icon.id, 1)), expected) << icon.id;
+    }
+}
+
+TEST(AchievementArtTest, UnknownIdsShowThePadlock) {
+    const PixelCanvas padlock = AchievementArt::render("locked", 1);
+    EXPECT_EQ(padlock.at(7, 8), Pixel::fromHex(0x15151B)) << "the keyhole";
+    EXPECT_EQ(padlock.at(4, 8), Pixel::fromHex(0xF5D04A)) << "the brass";
+    for (const std::string_view id : {"", "First", "first ", "items", "streak3650"})
+        EXPECT_EQ(AchievementArt::render(id, 1), padlock) << id;
+}
+
+TEST(AchievementArtTest, EnlargesEachPixelToABlockFromScaleTwoOn) {
+    const PixelCanvas icon = AchievementArt::render("omnivore", 1);
+    for (const int scale : {-3, 0})
+        EXPECT_EQ(AchievementArt::render("omnivore", scale), icon) << scale;
+    for (const int scale : {2, 5}) {
+        const PixelCanvas large = AchievementArt::render("omnivore", scale);
+        ASSERT_EQ(large.width(), 16 * scale);
+        ASSERT_EQ(large.height(), 16 * scale);
+        for (int y = 0; y < large.height(); ++y) {
+            for (int x = 0; x < large.width(); ++x)
+                ASSERT_EQ(large.at(x, y), icon.at(x / scale, y / scale)) << x << ' ' << y;
+        }
+    }
+}
+
+TEST(AchievementArtTest, GlowStaysTranslucentAndTheDotLeavesTheGroundClear) {
+    PixelCanvas canvas(2, 1);
+    const std::string_view rows[] = {"h."};
+    drawLetters(canvas, rows, AchievementArt::palette(), 0, 0);
+    EXPECT_EQ(canvas.at(0, 0), (Pixel{0x4F, 0xD4, 0x6F, 90}));
+    EXPECT_EQ(canvas.at(1, 0), Pixel{});
+}
+
+} // namespace
+
+} // namespace vexmoor
