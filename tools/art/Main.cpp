@@ -8,6 +8,7 @@ int main(int count, char** arguments) {
     app.require_subcommand(1);
     addFrameCommand(app);
     addFramesCommand(app);
+    addIconCommand(app);
     addSheetCommand(app);
     try {
         app.parse(count, arguments);

@@ -7,6 +7,15 @@
 
 namespace vexmoor::arttool {
 
+void addOutputOptions(CLI::App& command, OutputOptions& options) {
+    command.add_option("--scale", options.scale, "Output pixels a canvas pixel (default: 4)")
+        ->type_name("N")
+        ->check(CLI::Range(1, 64));
+    command.add_option("-o,--output", options.output, "Where to write")
+        ->type_name("PATH")
+        ->required();
+}
+
 void addOptions(CLI::App& command, Options& options) {
     const auto isSkin = [](const std::string& id) {
         if (Skin::named(id).id == id)
@@ -19,12 +28,7 @@ void addOptions(CLI::App& command, Options& options) {
     command.add_option("--skin", options.skin, "Id of the skin (default: iron)")
         ->type_name("ID")
         ->check(CLI::Validator(isSkin, ""));
-    command.add_option("--scale", options.scale, "Output pixels a canvas pixel (default: 4)")
-        ->type_name("N")
-        ->check(CLI::Range(1, 64));
-    command.add_option("-o,--output", options.output, "Where to write")
-        ->type_name("PATH")
-        ->required();
+    addOutputOptions(command, options);
 }
 
 void writePng(const QImage& image, const std::filesystem::path& path) {

@@ -3,6 +3,7 @@
 #include "Sheet.h"
 #include "Show.h"
 
+#include "art/AchievementArt.h"
 #include "art/CauldronArt.h"
 
 #include <memory>
@@ -17,12 +18,28 @@ std::vector<QImage> skinPictures(int scale) {
     return pictures;
 }
 
+std::vector<QImage> iconPictures(int scale) {
+    std::vector<QImage> pictures;
+    for (const AchievementIcon& icon : AchievementArt::icons())
+        pictures.push_back(AchievementArt::render(icon.id, scale).bitmapRep());
+    pictures.push_back(AchievementArt::render("locked", scale).bitmapRep());
+    return pictures;
+}
+
 std::vector<QImage> showPictures(const Options& options, const std::string& show, int every) {
     std::vector<QImage> pictures;
     for (int frame = 0; frame < frameCount(show); frame += every)
         pictures.push_back(
             showFrame(show, frame, Skin::named(options.skin)).nsImage(options.scale));
     return pictures;
+}
+
+std::vector<QImage> picturesOf(const std::string& kind, const Options& options, int every) {
+    if (kind == "skins")
+        return skinPictures(options.scale);
+    if (kind == "icons")
+        return iconPictures(options.scale);
+    return showPictures(options, kind, every);
 }
 
 } // namespace
@@ -37,9 +54,9 @@ void addSheetCommand(CLI::App& app) {
     auto arguments = std::make_shared<Arguments>();
     CLI::App* command =
         app.add_subcommand("sheet", "Write many pictures side by side, on light and on dark");
-    command->add_option("kind", arguments->kind, "skins, idle, burn or swarm")
+    command->add_option("kind", arguments->kind, "skins, icons, idle, burn or swarm")
         ->required()
-        ->check(CLI::IsMember({"skins", "idle", "burn", "swarm"}));
+        ->check(CLI::IsMember({"skins", "icons", "idle", "burn", "swarm"}));
     command->add_option("--columns", arguments->columns, "Pictures in a row (default: 5)")
         ->type_name("N")
         ->check(CLI::Range(1, 100));
@@ -50,9 +67,7 @@ void addSheetCommand(CLI::App& app) {
     addOptions(*command, *arguments);
     command->callback([arguments] {
         const std::vector<QImage> pictures =
-            arguments->kind == "skins"
-                ? skinPictures(arguments->scale)
-                : showPictures(*arguments, arguments->kind, arguments->every);
+            picturesOf(arguments->kind, *arguments, arguments->every);
         const std::vector<QColor> grounds =
             arguments->clear ? std::vector<QColor>{Qt::transparent} : windowGrounds();
         writePng(sheetOf(pictures, arguments->columns, grounds), arguments->output);
