@@ -1,0 +1,119 @@
+#include "CommandLine.h"
+
+#include "cli/ExitStatus.h"
+
+#include <CLI/CLI.hpp>
+
+#include <sstream>
+
+namespace vexmoor {
+
+namespace {
+
+using Command = Invocation::Command;
+
+CLI::App* addCommand(CLI::App& app, Invocation& invocation, const char* name, Command command,
+                     const char* description) {
+    CLI::App* const added = app.add_subcommand(name, description);
+    added->callback([&invocation, command] { invocation.command = command; });
+    return added;
+}
+
+void addJson(CLI::App& command, Invocation& invocation) {
+    command.add_flag("--json", invocation.json, "Print one JSON document");
+}
+
+void addFeed(CLI::App& app, Invocation& invocation) {
+    auto& feed = *addCommand(app, invocation, "feed", Command::feed,
+                             "Feed files and folders to the cauldron");
+    feed.add_option(
+            "--mode", invocation.mode,
+            "Move them to the Bin, or dissolve them forever; without it as the settings say")
+        ->check(CLI::IsMember({"bin", "dissolve"}))
+        ->type_name("MODE");
+    feed.add_flag("--yes", invocation.yes, "Dissolve without asking");
+    addJson(feed, invocation);
+    feed.add_option("PATH", invocation.items, "What to feed")->required()->type_name("PATH");
+}
+
+void addBinCommands(CLI::App& app, Invocation& invocation) {
+    auto& putBack = *addCommand(app, invocation, "put-back", Command::putBack,
+                                "Put sacrifices back where they were; without arguments the whole "
+                                "last batch");
+    auto* const last = putBack.add_option("--last", invocation.last, "The newest N items")
+                           ->check(CLI::PositiveNumber)
+                           ->type_name("N");
+    addJson(putBack, invocation);
+    putBack.add_option("ITEM", invocation.items, "Ids or names, as the history shows them")
+        ->type_name("ITEM")
+        ->excludes(last);
+    auto& erase = *addCommand(app, invocation, "delete", Command::erase,
+                              "Delete sacrifices from the Bin, forever");
+    erase.add_flag("--yes", invocation.yes, "Do not ask");
+    addJson(erase, invocation);
+    erase.add_option("ITEM", invocation.items, "Ids or names, as the history shows them")
+        ->type_name("ITEM")
+        ->required();
+}
+
+void addViews(CLI::App& app, Invocation& invocation) {
+    auto& history = *addCommand(app, invocation, "history", Command::history,
+                                "Show the recent sacrifices, newest first, and their fate");
+    history.add_option("-n", invocation.number, "How many at most")
+        ->check(CLI::PositiveNumber)
+        ->type_name("N");
+    addJson(history, invocation);
+    addJson(*addCommand(app, invocation, "stats", Command::stats,
+                        "Show totals, the week, the streak, achievements and the cauldron"),
+            invocation);
+    auto& settings = *addCommand(app, invocation, "settings", Command::settings,
+                                 "List the settings, read one or set it");
+    addJson(settings, invocation);
+    settings
+        .add_option("NAME", invocation.name,
+                    "mode, confirmDissolve, sound, escapeDock, captureFinderDelete, "
+                    "showMenuBarIcon or skin")
+        ->type_name("NAME");
+    settings.add_option("VALUE", invocation.value, "The new value")->type_name("VALUE");
+}
+
+} // namespace
+
+std::unique_ptr<CLI::App> describeCommands(Invocation& invocation) {
+    auto app = std::make_unique<CLI::App>(
+        "Throws files away with a little ceremony. Without a command it opens the window.",
+        "vexmoor");
+    app->set_version_flag("--version", "vexmoor " VEXMOOR_VERSION, "Print the version");
+    app->add_flag_callback(
+        "--probe", [&invocation] { invocation.command = Command::probe; },
+        "Print what the desktop application sees of the desktop");
+    app->set_help_flag("--help,-h", "Print this help");
+    app->require_subcommand(0, 1);
+    app->failure_message([](const CLI::App* failed, const CLI::Error& error) {
+        return "vexmoor: " + std::string(error.what()) + "\nTry '" + failed->get_display_name() +
+               " --help'.\n";
+    });
+    addFeed(*app, invocation);
+    addBinCommands(*app, invocation);
+    addViews(*app, invocation);
+    return app;
+}
+
+ParsedCommandLine parseCommandLine(int argc, const char* const* argv) {
+    ParsedCommandLine parsed;
+    Invocation invocation;
+    const auto app = describeCommands(invocation);
+    try {
+        app->parse(argc, argv);
+        parsed.invocation = std::move(invocation);
+    } catch (const CLI::ParseError& error) {
+        std::ostringstream output;
+        std::ostringstream complaint;
+        parsed.status = app->exit(error, output, complaint) == 0 ? kAllDone : kUsage;
+        parsed.output = output.str();
+        parsed.error = complaint.str();
+    }
+    return parsed;
+}
+
+} // namespace vexmoor

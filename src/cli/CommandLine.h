@@ -1,0 +1,43 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace vexmoor {
+
+/// What the user asked for on the command line.
+struct Invocation {
+    enum class Command { open, feed, putBack, erase, history, stats, settings, probe };
+
+    Command command = Command::open;
+    bool json = false;
+    bool yes = false;
+    std::vector<std::string> items; ///< paths, or ids and names
+    std::string mode;               ///< empty: that of the settings
+    std::size_t last = 0;           ///< 0: not given
+    std::size_t number = 40;
+    std::string name;
+    std::string value;
+};
+
+/// The one description of the commands: parsing, help, completions and the manual come from it. The
+/// invocation must outlive the description.
+std::unique_ptr<CLI::App> describeCommands(Invocation& invocation);
+
+/// Either an invocation, or what to print and the status to end with (help, version, usage errors).
+struct ParsedCommandLine {
+    std::optional<Invocation> invocation;
+    std::string output;
+    std::string error;
+    int status = 0;
+};
+
+ParsedCommandLine parseCommandLine(int argc, const char* const* argv);
+
+} // namespace vexmoor

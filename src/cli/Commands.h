@@ -1,0 +1,19 @@
+#pragma once
+
+#include "cli/CommandLine.h"
+
+namespace vexmoor {
+
+// One function a command; each prints its result and answers the exit status.
+
+int runFeed(const Invocation& invocation);
+int runPutBack(const Invocation& invocation);
+int runDelete(const Invocation& invocation);
+int runHistory(const Invocation& invocation);
+int runStats(const Invocation& invocation);
+int runSettings(const Invocation& invocation);
+
+/// Starts the desktop application in place of this process; returns only where that fails.
+int runDesktop(const Invocation& invocation);
+
+} // namespace vexmoor

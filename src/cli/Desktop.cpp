@@ -1,0 +1,42 @@
+#include "Desktop.h"
+
+#include "cli/Commands.h"
+#include "cli/ExitStatus.h"
+#include "cli/Terminal.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <system_error>
+
+namespace vexmoor {
+
+namespace {
+
+constexpr const char* kProgram = "vexmoor-desktop";
+
+/// The program that was installed beside this one, whatever the search path says.
+Path programBeside() {
+    std::error_code code;
+    const Path self = std::filesystem::read_symlink("/proc/self/exe", code);
+    return code ? Path(kProgram) : self.parent_path() / kProgram;
+}
+
+} // namespace
+
+int handOver(const Invocation&) {
+    complain("The desktop application is running and does not take commands. Quit it first.");
+    return kRefused;
+}
+
+int runDesktop(const Invocation& invocation) {
+    const char* const option =
+        invocation.command == Invocation::Command::probe ? "--probe" : nullptr;
+    ::execl(programBeside().c_str(), kProgram, option, nullptr);
+    ::execlp(kProgram, kProgram, option, nullptr);
+    complain("The desktop application can't be started: " +
+             std::error_code(errno, std::generic_category()).message() + ".");
+    return kRefused;
+}
+
+} // namespace vexmoor

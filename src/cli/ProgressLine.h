@@ -1,0 +1,30 @@
+#pragma once
+
+#include "disposal/WorkMeter.h"
+
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+namespace vexmoor {
+
+/// While it lives, shows on a terminal what a meter counts: items, bytes, rate. Short work shows
+/// nothing, and where stderr is no terminal no thread is started.
+class ProgressLine {
+  public:
+    explicit ProgressLine(const WorkMeter& meter);
+    ~ProgressLine();
+    ProgressLine(const ProgressLine&) = delete;
+    ProgressLine& operator=(const ProgressLine&) = delete;
+
+  private:
+    void run();
+
+    const WorkMeter& m_meter;
+    std::mutex m_mutex;
+    std::condition_variable m_ended;
+    bool m_isEnding = false;
+    std::thread m_thread;
+};
+
+} // namespace vexmoor

@@ -1,0 +1,117 @@
+#include "Session.h"
+
+#include "cli/Interrupt.h"
+#include "cli/ProgressLine.h"
+#include "intake/Recovery.h"
+
+#include <iostream>
+
+namespace vexmoor {
+
+/// No pictures, no flames, no sound on a terminal.
+class Session::Silence : public BatchAnimation,
+                         public SizzlePlayer,
+                         public Thumbnails,
+                         public UndoKey {
+  public:
+    void play(std::vector<PicturePointer>) override {}
+    void play() override {}
+    void load(const Path&, std::function<void(PicturePointer)> completion) override {
+        completion(nullptr);
+    }
+    PicturePointer loadNow(const Path&) override { return nullptr; }
+    void disarm() override {}
+};
+
+/// Earned achievements become lines on stderr, which leaves stdout to the command's result.
+class Session::Announcer : public NotificationPort {
+  public:
+    void requestAuthorization(std::function<void(bool)> completion) override { completion(true); }
+    void post(const Notification& notification) override {
+        std::cerr << notification.title << "\n  " << notification.body << "\n";
+    }
+};
+
+Session::Session(bool assumeYes)
+    : m_directories(UserDirectories::ofProcess()), m_journal(m_directories.ownData() / "journal"),
+      m_dialogs(assumeYes), m_announcer(std::make_unique<Announcer>()),
+      m_silence(std::make_unique<Silence>()) {}
+
+Session::~Session() = default;
+
+Result<std::unique_ptr<Session>> Session::openForWriting(bool assumeYes, bool& desktopRuns) {
+    std::unique_ptr<Session> session(new Session(assumeYes));
+    WorkMeter waiting;
+    const Interrupt interrupt(waiting);
+    auto lock = WriterLock::take(session->m_directories.ownData() / "lock",
+                                 WriterLock::Role::command, [&] { return waiting.stop.load(); });
+    if (!lock)
+        return std::move(lock).error();
+    if (!*lock) {
+        desktopRuns = !waiting.stop;
+        return Error::fromErrno(EINTR, "wait for another command");
+    }
+    session->m_lock = *std::move(lock);
+    if (auto opened = session->openStores(SqliteUserDefaults::Access::readWrite); !opened)
+        return std::move(opened).error();
+    session->recoverJournals();
+    return session;
+}
+
+Result<std::unique_ptr<Session>> Session::openForReading() {
+    std::unique_ptr<Session> session(new Session(false));
+    if (!session->m_journal.open().empty()) {
+        auto lock = WriterLock::tryTake(session->m_directories.ownData() / "lock",
+                                        WriterLock::Role::command);
+        if (lock && *lock && session->openStores(SqliteUserDefaults::Access::readWrite)) {
+            session->m_lock = *std::move(lock);
+            session->recoverJournals();
+            return session;
+        }
+    }
+    if (auto opened = session->openStores(SqliteUserDefaults::Access::readOnly); !opened)
+        return std::move(opened).error();
+    return session;
+}
+
+Result<void> Session::openStores(SqliteUserDefaults::Access access) {
+    auto defaults = SqliteUserDefaults::open(m_directories.ownData() / "defaults.db", access,
+                                             [this](const Error& error) { m_storeError = error; });
+    if (!defaults)
+        return std::move(defaults).error();
+    m_defaults = *std::move(defaults);
+    if (const auto& aside = m_defaults->setAside())
+        complain("The database was damaged. It was set aside as " + printable(aside->native()) +
+                 " and a fresh one was begun.");
+    m_ledger = std::make_unique<Ledger>(*m_defaults, &Date::now);
+    m_settings = std::make_unique<Settings>(*m_defaults);
+    m_progression = std::make_unique<Progression>(*m_defaults, m_ledger.get(), &Date::now,
+                                                  *m_announcer, [](const Skin&) {});
+    m_intake = std::make_unique<Intake>(Intake::Parts{
+        m_directories, *m_defaults, *m_ledger, *m_settings, *m_progression, m_journal, m_undoStack,
+        m_queue, m_queue, m_dialogs, *m_silence, *m_silence, *m_silence, *m_silence, &Date::now});
+    return {};
+}
+
+void Session::recoverJournals() {
+    const auto report = recover(m_journal, *m_defaults, *m_ledger, *m_progression, m_directories);
+    if (report.disposed + report.putBack + report.deleted > 0)
+        complain("An earlier batch was cut off. What it had done is recorded now: " +
+                 std::to_string(report.disposed) + " disposed of, " +
+                 std::to_string(report.putBack) + " put back, " + std::to_string(report.deleted) +
+                 " deleted.");
+    for (const auto& problem : report.problems)
+        complain("A journal could not be settled: " + printable(describe(problem)));
+}
+
+void Session::run() {
+    const Interrupt interrupt(m_intake->meter());
+    const ProgressLine progress(m_intake->meter());
+    m_queue.runUntilEmpty();
+}
+
+bool Session::wasInterrupted() const {
+    return m_intake->meter().stop;
+}
+
+} // namespace vexmoor

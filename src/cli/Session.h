@@ -1,0 +1,68 @@
+#pragma once
+
+#include "base/PlainQueue.h"
+#include "base/SqliteUserDefaults.h"
+#include "cli/Terminal.h"
+#include "intake/BinnedItems.h"
+#include "intake/Intake.h"
+#include "intake/WriterLock.h"
+
+#include <memory>
+#include <optional>
+
+namespace vexmoor {
+
+/// The command line's composition root: the stores and the intake of one command.
+class Session {
+  public:
+    /// For commands that change something. Holds the writer's lock; waits for other commands to
+    /// end. Nothing is touched where the stores cannot be written. `desktopRuns` is set, and there
+    /// is no session, where the desktop application holds the lock.
+    static Result<std::unique_ptr<Session>> openForWriting(bool assumeYes, bool& desktopRuns);
+
+    /// For commands that only show. Where a batch was cut off and nobody works, it is recorded
+    /// first.
+    static Result<std::unique_ptr<Session>> openForReading();
+
+    ~Session();
+
+    /// Runs what the intake posted, showing how far it is; Ctrl-C ends it between two items.
+    void run();
+
+    [[nodiscard]] bool wasInterrupted() const;
+
+    Ledger& ledger() { return *m_ledger; }
+    Settings& settings() { return *m_settings; }
+    Progression& progression() { return *m_progression; }
+    Intake& intake() { return *m_intake; }
+    TerminalDialogs& dialogs() { return m_dialogs; }
+    BinnedItems binnedItems() { return {*m_ledger, m_journal}; }
+
+    /// The last failure to store an assignment, if there was one.
+    [[nodiscard]] const std::optional<Error>& storeError() const { return m_storeError; }
+
+  private:
+    explicit Session(bool assumeYes);
+    Result<void> openStores(SqliteUserDefaults::Access access);
+    void recoverJournals();
+
+    class Silence;
+    class Announcer;
+
+    UserDirectories m_directories;
+    Journal m_journal;
+    TerminalDialogs m_dialogs;
+    std::optional<WriterLock> m_lock;
+    std::optional<Error> m_storeError;
+    std::unique_ptr<SqliteUserDefaults> m_defaults;
+    std::unique_ptr<Announcer> m_announcer;
+    std::unique_ptr<Ledger> m_ledger;
+    std::unique_ptr<Settings> m_settings;
+    std::unique_ptr<Progression> m_progression;
+    UndoStack m_undoStack;
+    PlainQueue m_queue;
+    std::unique_ptr<Silence> m_silence;
+    std::unique_ptr<Intake> m_intake;
+};
+
+} // namespace vexmoor

@@ -1,0 +1,46 @@
+#include "Terminal.h"
+
+#include "base/Path.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <iostream>
+
+namespace vexmoor {
+
+std::string printable(std::string_view text) {
+    std::string result;
+    for (const char c : displayText(text)) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte >= 0x20 && byte != 0x7F) {
+            result += c;
+        } else {
+            char escaped[8];
+            std::snprintf(escaped, sizeof escaped, c == '\n' ? "\\n" : "\\x%02x", byte);
+            result += escaped;
+        }
+    }
+    return result;
+}
+
+void complain(const std::string& sentence) {
+    std::cerr << "vexmoor: " << sentence << "\n";
+}
+
+Answer TerminalDialogs::ask(const Question& question) {
+    if (m_assumeYes)
+        return {true, false};
+    if (::isatty(STDIN_FILENO) == 0) {
+        m_lackedTerminal = true;
+        return {};
+    }
+    std::cerr << printable(question.message) << "\n"
+              << question.informative << "\n"
+              << question.confirm << "? [y/N] " << std::flush;
+    std::string line;
+    std::getline(std::cin, line);
+    return {line == "y" || line == "Y" || line == "yes", false};
+}
+
+} // namespace vexmoor

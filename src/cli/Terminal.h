@@ -1,0 +1,35 @@
+#pragma once
+
+#include "intake/Ports.h"
+
+#include <string>
+#include <string_view>
+
+namespace vexmoor {
+
+/// Text that is safe to print: control characters, which could command the terminal, are escaped.
+std::string printable(std::string_view text);
+
+/// Prints "vexmoor: …" to stderr.
+void complain(const std::string& sentence);
+
+/// The command line's way of asking and telling. Failures are left to the command, which knows them
+/// from its result.
+class TerminalDialogs : public Dialogs {
+  public:
+    explicit TerminalDialogs(bool assumeYes) : m_assumeYes(assumeYes) {}
+
+    /// Asks on the terminal; without one only --yes confirms.
+    Answer ask(const Question& question) override;
+    void report(const FailureReport&) override {}
+    void beep() override {}
+
+    /// Whether a question could not be asked.
+    [[nodiscard]] bool lackedTerminal() const { return m_lackedTerminal; }
+
+  private:
+    bool m_assumeYes;
+    bool m_lackedTerminal = false;
+};
+
+} // namespace vexmoor

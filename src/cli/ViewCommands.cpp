@@ -1,0 +1,130 @@
+#include "Commands.h"
+
+#include "base/ByteCount.h"
+#include "cli/ExitStatus.h"
+#include "cli/Session.h"
+#include "disposal/RecordJson.h"
+
+#include <nlohmann/json.hpp>
+
+#include <ctime>
+#include <iomanip>
+#include <iostream>
+
+namespace vexmoor {
+
+using Json = nlohmann::ordered_json;
+
+namespace {
+
+constexpr std::size_t kShownIdCharacters = 8;
+
+Result<std::unique_ptr<Session>> openOrComplain() {
+    auto session = Session::openForReading();
+    if (!session)
+        complain("The history can't be read: " + printable(describe(session.error())));
+    return session;
+}
+
+std::string localTime(Date date, const char* format) {
+    const auto seconds = static_cast<std::time_t>(date.unixSeconds());
+    std::tm local{};
+    localtime_r(&seconds, &local);
+    char text[64];
+    std::strftime(text, sizeof text, format, &local);
+    return text;
+}
+
+const char* fate(const Sacrifice& item) {
+    if (item.restored)
+        return "Put back";
+    if (item.deleted)
+        return "Deleted immediately";
+    if (item.lost.value_or(false))
+        return "No longer in the Bin";
+    if (item.mode == DisposeMode::dissolve)
+        return "Dissolved";
+    return "In the Bin";
+}
+
+Json weekJson(const std::vector<Ledger::DayOfWeek>& week) {
+    Json days = Json::array();
+    for (const auto& [day, tally] : week)
+        days.push_back(
+            {{"date", localTime(day, "%F")}, {"count", tally.count}, {"bytes", tally.bytes}});
+    return days;
+}
+
+void printWeek(const std::vector<Ledger::DayOfWeek>& week) {
+    std::cout << "\nThis week\n";
+    for (const auto& [day, tally] : week)
+        std::cout << "  " << localTime(day, "%a %F") << "  " << std::setw(8)
+                  << countText(tally.count) << " items  " << byteCountText(tally.bytes) << "\n";
+}
+
+} // namespace
+
+int runHistory(const Invocation& invocation) {
+    const auto session = openOrComplain();
+    if (!session)
+        return kRefused;
+    auto items = (*session)->ledger().recent.get();
+    items.resize(std::min(items.size(), invocation.number));
+    if (invocation.json) {
+        Json array = Json::array();
+        for (const auto& item : items)
+            array.push_back(toJson(item));
+        std::cout << array.dump(2) << "\n";
+        return kAllDone;
+    }
+    if (items.empty())
+        std::cout << "The cauldron is hungry: nothing has been sacrificed yet.\n";
+    for (const auto& item : items)
+        std::cout << item.id.toString().substr(0, kShownIdCharacters) << "  "
+                  << localTime(item.date, "%F %H:%M") << "  " << std::left << std::setw(20)
+                  << fate(item) << "  " << std::right << std::setw(9) << byteCountText(item.bytes)
+                  << "  " << printable(item.name) << "\n";
+    return kAllDone;
+}
+
+int runStats(const Invocation& invocation) {
+    const auto session = openOrComplain();
+    if (!session)
+        return kRefused;
+    const auto& ledger = (*session)->ledger();
+    const auto& progress = (*session)->progression().progress();
+    const auto week = ledger.week(Date::now());
+    const auto& today = week.back().tally;
+    const auto skin = Skin::named(progress.skin);
+    if (invocation.json) {
+        Json unlocked = progress.unlocked;
+        const Json json = {
+            {"count", ledger.count.get()},
+            {"bytes", ledger.bytes.get()},
+            {"today", {{"count", today.count}, {"bytes", today.bytes}}},
+            {"week", weekJson(week)},
+            {"streak", progress.streak},
+            {"bestStreak", progress.bestStreak},
+            {"achievements", {{"unlocked", unlocked}, {"of", Achievement::all().size()}}},
+            {"skin", progress.skin}};
+        std::cout << json.dump(2) << "\n";
+        return kAllDone;
+    }
+    std::cout << countText(ledger.count.get()) << " sacrifices, "
+              << byteCountText(ledger.bytes.get()) << " consumed\n"
+              << "Today: " << countText(today.count) << " items, " << byteCountText(today.bytes)
+              << "\n"
+              << "Streak: " << progress.streak << (progress.streak == 1 ? " day" : " days")
+              << " (best " << progress.bestStreak << ")\n"
+              << "Cauldron: " << skin.name << "\n";
+    printWeek(week);
+    std::cout << "\n"
+              << progress.unlocked.size() << " of " << Achievement::all().size()
+              << " achievements\n";
+    for (const auto& achievement : Achievement::all())
+        if (std::ranges::count(progress.unlocked, achievement.id) > 0)
+            std::cout << "  " << achievement.title << "\n    " << achievement.flavour << "\n";
+    return kAllDone;
+}
+
+} // namespace vexmoor

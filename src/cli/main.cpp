@@ -1,0 +1,38 @@
+#include "cli/CommandLine.h"
+#include "cli/Commands.h"
+
+#include <iostream>
+
+namespace {
+
+int run(const vexmoor::Invocation& invocation) {
+    using Command = vexmoor::Invocation::Command;
+    switch (invocation.command) {
+    case Command::open:
+    case Command::probe:
+        return vexmoor::runDesktop(invocation);
+    case Command::feed:
+        return vexmoor::runFeed(invocation);
+    case Command::putBack:
+        return vexmoor::runPutBack(invocation);
+    case Command::erase:
+        return vexmoor::runDelete(invocation);
+    case Command::history:
+        return vexmoor::runHistory(invocation);
+    case Command::stats:
+        return vexmoor::runStats(invocation);
+    case Command::settings:
+        return vexmoor::runSettings(invocation);
+    }
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    std::ios::sync_with_stdio(false);
+    const auto parsed = vexmoor::parseCommandLine(argc, argv);
+    std::cout << parsed.output;
+    std::cerr << parsed.error;
+    return parsed.invocation ? run(*parsed.invocation) : parsed.status;
+}

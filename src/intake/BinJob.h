@@ -1,0 +1,41 @@
+#pragma once
+
+#include "disposal/Disposer.h"
+#include "disposal/Journal.h"
+#include "intake/BatchResult.h"
+
+#include <set>
+
+namespace vexmoor {
+
+/// The work-queue side of putting binned items back or deleting them from the Bin. One failure does
+/// not stop the rest.
+class BinJob {
+  public:
+    struct Output {
+        BatchResult result;
+        std::set<Uuid> done;
+        std::set<Uuid> lost; ///< found gone from the Bin
+        std::optional<std::int64_t> journalNumber;
+    };
+
+    BinJob(JournalKind kind, const UserDirectories& directories, Journal& journal, WorkMeter& meter,
+           std::int64_t lastRecorded);
+
+    Output run(const std::vector<Sacrifice>& items);
+
+  private:
+    void handle(const Sacrifice& item);
+    Result<Path> act(JournalEntry& entry);
+    Result<void> intend(const JournalEntry& entry);
+
+    JournalKind m_kind;
+    Journal& m_journal;
+    WorkMeter& m_meter;
+    std::int64_t m_lastRecorded;
+    Disposer m_disposer;
+    std::unique_ptr<JournalWriter> m_writer;
+    Output m_output;
+};
+
+} // namespace vexmoor

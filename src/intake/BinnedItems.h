@@ -1,0 +1,35 @@
+#pragma once
+
+#include "disposal/Journal.h"
+#include "disposal/Ledger.h"
+
+#include <string>
+#include <vector>
+
+namespace vexmoor {
+
+/// Finds items that can still be put back or deleted: in the ledger's recent records and, for what
+/// has left these, in the journals of the newest batches.
+class BinnedItems {
+  public:
+    BinnedItems(const Ledger& ledger, const Journal& journal)
+        : m_ledger(ledger), m_journal(journal) {}
+
+    /// The whole newest batch that has something left in the Bin.
+    [[nodiscard]] std::vector<Sacrifice> lastBatch() const;
+
+    /// The newest `count` items.
+    [[nodiscard]] std::vector<Sacrifice> newest(std::size_t count) const;
+
+    /// The newest item of that id or name.
+    [[nodiscard]] std::optional<Sacrifice> find(const std::string& idOrName) const;
+
+  private:
+    [[nodiscard]] std::vector<Sacrifice> ofJournal(std::int64_t number) const;
+    [[nodiscard]] std::vector<Sacrifice> recent() const;
+
+    const Ledger& m_ledger;
+    const Journal& m_journal;
+};
+
+} // namespace vexmoor

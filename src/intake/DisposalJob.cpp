@@ -1,0 +1,107 @@
+#include "DisposalJob.h"
+
+namespace vexmoor {
+
+DisposalJob::DisposalJob(Input input, Surroundings surroundings)
+    : m_input(std::move(input)), m_surroundings(std::move(surroundings)),
+      m_disposer(m_surroundings.directories, &m_surroundings.meter) {}
+
+DisposalJob::Output DisposalJob::run() {
+    for (const auto& path : m_input.items) {
+        if (m_surroundings.meter.stop)
+            m_output.result.untouched.push_back(path);
+        else
+            handle(path);
+    }
+    if (m_writer) {
+        m_output.journalNumber = m_writer->number();
+        // The last outcome only saves a look at the disk, should this process die before the
+        // commit.
+        (void)m_writer->flush();
+    }
+    return std::move(m_output);
+}
+
+void DisposalJob::handle(const Path& path) {
+    auto picture = pictureOf(path);
+    auto item = m_disposer.hold(path);
+    if (!item) {
+        m_output.result.failures.push_back(
+            {displayText(lastComponent(path)), std::move(item).error()});
+        return;
+    }
+    const std::int64_t bytes = m_disposer.size(*item);
+    if (m_surroundings.meter.stop) {
+        m_output.result.untouched.push_back(path);
+        return;
+    }
+    auto sacrifice = disposeOf(*item, bytes);
+    if (!sacrifice) {
+        m_output.result.failures.push_back({displayText(item->name), std::move(sacrifice).error()});
+        return;
+    }
+    m_output.result.done.push_back(*std::move(sacrifice));
+    m_output.offerings.push_back({path, bytes, item->status.isFolder()});
+    addPicture(std::move(picture));
+}
+
+Result<Sacrifice> DisposalJob::disposeOf(const HeldItem& item, std::int64_t bytes) {
+    JournalEntry entry;
+    entry.isFolder = item.status.isFolder();
+    entry.inode = item.status.identity.inode;
+    auto& sacrifice = entry.sacrifice;
+    sacrifice.id = Uuid::generate();
+    sacrifice.name = displayText(item.name);
+    sacrifice.bytes = bytes;
+    sacrifice.mode = m_input.mode;
+    sacrifice.date = m_surroundings.clock();
+    sacrifice.original = item.path;
+    if (m_input.mode == DisposeMode::dissolve)
+        if (auto intended = intend(entry); !intended)
+            return std::move(intended).error();
+    auto place =
+        m_disposer.dispose(item, m_input.mode, bytes, sacrifice.date, [&](const Path& wanted) {
+            entry.sacrifice.trashed = wanted;
+            return intend(entry);
+        });
+    if (m_writer)
+        m_writer->conclude(sacrifice.id, place.ok());
+    if (!place)
+        return std::move(place).error();
+    sacrifice.trashed = *std::move(place);
+    if (!sacrifice.trashed)
+        sacrifice.original.reset();
+    return std::move(sacrifice);
+}
+
+Result<void> DisposalJob::intend(const JournalEntry& entry) {
+    if (!m_writer) {
+        auto begun =
+            m_surroundings.journal.begin(JournalKind::feed, m_input.mode, m_input.lastRecorded);
+        if (!begun)
+            return std::move(begun).error();
+        m_writer = *std::move(begun);
+    }
+    return m_writer->intend(entry);
+}
+
+PicturePointer DisposalJob::pictureOf(const Path& path) {
+    if (const auto found = m_input.thumbnails.find(path); found != m_input.thumbnails.end())
+        return found->second;
+    if (m_output.pictures.size() >= kPictured || m_picturesLoaded >= kPictured || !fileStatus(path))
+        return nullptr;
+    ++m_picturesLoaded;
+    return m_surroundings.thumbnails.loadNow(path);
+}
+
+void DisposalJob::addPicture(PicturePointer picture) {
+    if (m_output.pictures.size() >= kPictured)
+        return;
+    m_output.pictures.push_back(std::move(picture));
+    if (m_output.pictures.size() == kPictured) {
+        m_output.animationStarted = true;
+        m_surroundings.startAnimation(m_output.pictures);
+    }
+}
+
+} // namespace vexmoor

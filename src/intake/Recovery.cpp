@@ -1,0 +1,131 @@
+#include "Recovery.h"
+
+#include "disposal/Disposer.h"
+#include "intake/Intake.h"
+
+namespace vexmoor {
+
+namespace {
+
+using Outcome = JournalEntry::Outcome;
+
+bool liesAt(const Path& path, std::uint64_t inode) {
+    const auto status = fileStatus(path);
+    return status && status->identity.inode == inode;
+}
+
+bool isGone(const Path& path) {
+    const auto status = fileStatus(path);
+    return !status && status.error().code == std::errc::no_such_file_or_directory;
+}
+
+/// Whether what was intended for the item took place.
+bool happened(const JournalBatch& batch, const JournalEntry& entry) {
+    if (entry.outcome != Outcome::unknown)
+        return entry.outcome == Outcome::done;
+    const auto& sacrifice = entry.sacrifice;
+    switch (batch.kind) {
+    case JournalKind::feed:
+        if (batch.mode == DisposeMode::dissolve)
+            return sacrifice.original && isGone(*sacrifice.original);
+        return sacrifice.trashed && liesAt(*sacrifice.trashed, entry.inode);
+    case JournalKind::putBack:
+        return entry.destination && liesAt(*entry.destination, entry.inode) &&
+               isGone(*sacrifice.trashed);
+    case JournalKind::erase:
+        return sacrifice.trashed && isGone(*sacrifice.trashed);
+    }
+    return false;
+}
+
+class Recoverer {
+  public:
+    Recoverer(Journal& journal, UserDefaults& defaults, Ledger& ledger, Progression& progression,
+              const UserDirectories& directories)
+        : m_journal(journal), m_defaults(defaults), m_ledger(ledger), m_progression(progression),
+          m_disposer(directories, nullptr) {}
+
+    RecoveryReport run() {
+        for (const auto number : m_journal.open()) {
+            auto batch = m_journal.read(number);
+            if (!batch)
+                m_report.problems.push_back(std::move(batch).error());
+            else
+                settle(*batch);
+        }
+        return std::move(m_report);
+    }
+
+  private:
+    void settle(const JournalBatch& batch) {
+        if (batch.number > m_defaults.integer(Intake::kRecordedKey).value_or(0)) {
+            if (const auto recorded = record(batch); !recorded) {
+                m_report.problems.push_back(recorded.error());
+                return;
+            }
+        }
+        if (const auto closed = m_journal.close(batch.number, batch.kind, batch.mode); !closed)
+            m_report.problems.push_back(closed.error());
+    }
+
+    Result<void> record(const JournalBatch& batch) {
+        std::vector<Sacrifice> sacrifices;
+        std::vector<Progression::Offering> offerings;
+        std::set<Uuid> ids;
+        for (const auto& entry : batch.entries) {
+            const bool didHappen = happened(batch, entry);
+            if (entry.outcome == Outcome::unknown)
+                removeLeftInfo(batch, entry);
+            if (!didHappen)
+                continue;
+            ids.insert(entry.sacrifice.id);
+            sacrifices.push_back(entry.sacrifice);
+            offerings.push_back({entry.sacrifice.original.value_or(entry.sacrifice.name),
+                                 entry.sacrifice.bytes, entry.isFolder});
+            if (batch.mode == DisposeMode::dissolve)
+                sacrifices.back().original.reset();
+        }
+        return m_defaults.transaction([&] {
+            const auto count = static_cast<std::int64_t>(ids.size());
+            switch (batch.kind) {
+            case JournalKind::feed:
+                m_ledger.record(sacrifices);
+                m_progression.record(offerings, batch.mode);
+                m_report.disposed += count;
+                break;
+            case JournalKind::putBack:
+                m_ledger.mark(ids, {}, {});
+                m_report.putBack += count;
+                break;
+            case JournalKind::erase:
+                m_ledger.mark({}, {}, ids);
+                m_report.deleted += count;
+                break;
+            }
+            m_defaults.assign(Intake::kRecordedKey, batch.number);
+        });
+    }
+
+    /// An item that was on its way when the batch was cut off may have left an info file alone.
+    void removeLeftInfo(const JournalBatch& batch, const JournalEntry& entry) {
+        const auto& sacrifice = entry.sacrifice;
+        if (batch.mode == DisposeMode::bin && sacrifice.trashed && sacrifice.original)
+            m_disposer.removeLeftInfo(*sacrifice.trashed, *sacrifice.original);
+    }
+
+    Journal& m_journal;
+    UserDefaults& m_defaults;
+    Ledger& m_ledger;
+    Progression& m_progression;
+    Disposer m_disposer;
+    RecoveryReport m_report;
+};
+
+} // namespace
+
+RecoveryReport recover(Journal& journal, UserDefaults& defaults, Ledger& ledger,
+                       Progression& progression, const UserDirectories& directories) {
+    return Recoverer(journal, defaults, ledger, progression, directories).run();
+}
+
+} // namespace vexmoor

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <string>
+
+namespace vexmoor {
+
+/// Named actions that undo what was done, newest on top. Nothing registers a redo, so there is
+/// never one. Main thread only.
+class UndoStack {
+  public:
+    static constexpr std::size_t kDeepest = 100;
+
+    void push(std::string name, std::function<void()> action);
+
+    /// Takes the newest action off and runs it; nothing where there is none.
+    void undo();
+    void redo() {}
+
+    [[nodiscard]] bool canUndo() const { return !m_actions.empty(); }
+    [[nodiscard]] bool canRedo() const { return false; }
+
+    /// "Undo", with the action's name where there is one.
+    [[nodiscard]] std::string undoMenuItemTitle() const;
+    [[nodiscard]] std::string redoMenuItemTitle() const { return "Redo"; }
+
+  private:
+    struct Action {
+        std::string name;
+        std::function<void()> run;
+    };
+
+    std::deque<Action> m_actions;
+};
+
+} // namespace vexmoor
