@@ -2,14 +2,20 @@ find_package(PkgConfig REQUIRED)
 find_package(Threads REQUIRED)
 find_package(nlohmann_json REQUIRED)
 find_package(CLI11 REQUIRED)
-pkg_check_modules(UUID REQUIRED IMPORTED_TARGET uuid)
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui)
 if(VEXMOOR_TESTS)
   find_package(GTest REQUIRED)
   include(GoogleTest)
 endif()
 
-# SQLite is linked statically: loading a shared one costs a command a third of its start-up time.
+# SQLite and libuuid are linked statically: loading shared ones costs a command a third of its
+# start-up time.
+find_path(UUID_INCLUDE_DIR uuid.h PATH_SUFFIXES uuid REQUIRED)
+find_library(UUID_LIBRARY NAMES libuuid.a uuid REQUIRED)
+add_library(vexmoor_uuid INTERFACE)
+target_include_directories(vexmoor_uuid SYSTEM INTERFACE ${UUID_INCLUDE_DIR})
+target_link_libraries(vexmoor_uuid INTERFACE ${UUID_LIBRARY})
+
 find_path(SQLITE_INCLUDE_DIR sqlite3.h REQUIRED)
 find_library(SQLITE_LIBRARY NAMES libsqlite3.a sqlite3 REQUIRED)
 add_library(vexmoor_sqlite INTERFACE)

@@ -2,6 +2,8 @@
 
 #include "disposal/NumberedName.h"
 
+#include <algorithm>
+
 namespace vexmoor {
 
 namespace {
@@ -11,6 +13,13 @@ constexpr mode_t kOrdinaryRights = 0777; // less the umask
 
 bool is(const Error& error, int number) {
     return error.code == std::error_code(number, std::generic_category());
+}
+
+/// A record is data: what it names must be a plain absolute path, or nothing is moved there.
+bool isUsable(const Path& destination) {
+    return destination.is_absolute() && destination.has_relative_path() &&
+           destination == standardized(destination) &&
+           std::ranges::none_of(destination, [](const Path& part) { return part == ".."; });
 }
 
 } // namespace
@@ -116,8 +125,7 @@ Result<Path> Bin::putBack(const Path& place, const Path& destination,
     if (const auto status = fileStatus((*bin)->files(), stored.c_str()); !status)
         return is(status.error(), ENOENT) ? disposalError(DisposalError::goneFromBin, place)
                                           : status.error();
-    if (!destination.is_absolute() || destination != standardized(destination) ||
-        !destination.has_relative_path())
+    if (!isUsable(destination))
         return disposalError(DisposalError::invalidDestination, destination);
     if (auto made = makeFolders(destination.parent_path(), kOrdinaryRights); !made)
         return std::move(made).error();

@@ -26,10 +26,12 @@ void BinGuard::learnBin(const Path& bin) {
         if (const auto status = fileStatus(bin / part / "."))
             m_bins.insert(status->identity);
     for (Path holder = bin.parent_path();; holder = holder.parent_path()) {
-        if (const auto status = fileStatus(holder / "."))
+        const auto status = fileStatus(holder);
+        if (status)
             m_holders.insert(status->identity);
-        if (const auto itself = fileStatus(holder))
-            m_holders.insert(itself->identity);
+        if (status && status->isLink())
+            if (const auto target = fileStatus(holder / "."))
+                m_holders.insert(target->identity);
         if (!holder.has_relative_path())
             break;
     }

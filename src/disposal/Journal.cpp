@@ -137,9 +137,12 @@ Result<std::unique_ptr<JournalWriter>> Journal::begin(JournalKind kind, DisposeM
     if (auto made = makeFolders(m_folder, 0700); !made)
         return std::move(made).error();
     std::int64_t number = std::max(lastRecorded, m_last);
-    for (const auto& existing : {open(), closed()})
-        for (const auto other : existing)
+    const auto [opened, kept] = list();
+    for (const auto* numbers : {&opened, &kept})
+        for (const auto other : *numbers)
             number = std::max(number, other);
+    for (std::size_t i = kKept; i < kept.size(); ++i)
+        ::unlink(fileOf(kept[i], kClosedEnding).c_str());
     m_last = ++number;
     const Path file = fileOf(number, kOpenEnding);
     FileDescriptor descriptor(
@@ -160,38 +163,35 @@ Result<void> Journal::close(std::int64_t number, JournalKind kind, DisposeMode m
                              : ::unlink(file.c_str());
     if (ended != 0 && errno != ENOENT)
         return Error::fromErrno(errno, "close", file);
-    const auto all = closed();
-    for (std::size_t i = kKept; i < all.size(); ++i)
-        ::unlink(fileOf(all[i], kClosedEnding).c_str());
     return {};
 }
 
 std::vector<std::int64_t> Journal::open() const {
-    auto result = numbers(kOpenEnding);
-    std::ranges::sort(result);
-    return result;
+    return list().open;
 }
 
 std::vector<std::int64_t> Journal::closed() const {
-    auto result = numbers(kClosedEnding);
-    std::ranges::sort(result, std::greater());
-    return result;
+    return list().closed;
 }
 
-std::vector<std::int64_t> Journal::numbers(std::string_view ending) const {
-    std::vector<std::int64_t> result;
+Journal::Numbers Journal::list() const {
+    Numbers numbers;
     std::error_code code;
     for (std::filesystem::directory_iterator entry(m_folder, code), end; !code && entry != end;
          entry.increment(code)) {
         const std::string name = entry->path().filename();
         std::int64_t number = 0;
         const auto [rest, parsed] = std::from_chars(name.data(), name.data() + name.size(), number);
-        if (parsed == std::errc() &&
-            std::string_view(rest, static_cast<std::size_t>(name.data() + name.size() - rest)) ==
-                ending)
-            result.push_back(number);
+        const std::string_view ending(rest,
+                                      static_cast<std::size_t>(name.data() + name.size() - rest));
+        if (parsed == std::errc() && ending == kOpenEnding)
+            numbers.open.push_back(number);
+        else if (parsed == std::errc() && ending == kClosedEnding)
+            numbers.closed.push_back(number);
     }
-    return result;
+    std::ranges::sort(numbers.open);
+    std::ranges::sort(numbers.closed, std::greater());
+    return numbers;
 }
 
 Path Journal::fileOf(std::int64_t number, std::string_view ending) const {

@@ -71,7 +71,7 @@ class Journal {
                                                  std::int64_t lastRecorded);
 
     /// Ends a batch that is committed: the journal is closed, or removed where nothing could be put
-    /// back from it, and the oldest closed ones are removed.
+    /// back from it.
     Result<void> close(std::int64_t number, JournalKind kind, DisposeMode mode);
 
     /// Numbers of the journals whose batches were not ended, oldest first.
@@ -84,7 +84,12 @@ class Journal {
     [[nodiscard]] Result<JournalBatch> read(std::int64_t number) const;
 
   private:
-    [[nodiscard]] std::vector<std::int64_t> numbers(std::string_view ending) const;
+    struct Numbers {
+        std::vector<std::int64_t> open;   ///< oldest first
+        std::vector<std::int64_t> closed; ///< newest first
+    };
+
+    [[nodiscard]] Numbers list() const;
     [[nodiscard]] Path fileOf(std::int64_t number, std::string_view ending) const;
 
     Path m_folder;

@@ -125,6 +125,8 @@ class Recoverer {
 
 RecoveryReport recover(Journal& journal, UserDefaults& defaults, Ledger& ledger,
                        Progression& progression, const UserDirectories& directories) {
+    if (journal.open().empty())
+        return {};
     return Recoverer(journal, defaults, ledger, progression, directories).run();
 }
 

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "TreeFixture.h"
+
+#include "disposal/DisposalError.h"
+#include "disposal/Disposer.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace vexmoor::test {
+
+/// A scratch home with a Bin, in the test's own folder.
+class BinTest : public TreeTest {
+  protected:
+    [[nodiscard]] UserDirectories directories() const {
+        return {path(), path() / ".local/share", geteuid()};
+    }
+    [[nodiscard]] Path binPath() const { return path() / ".local/share/Trash"; }
+
+    /// Disposes of one item in a batch of its own.
+    [[nodiscard]] Result<std::optional<Path>> dispose(const Path& item,
+                                                      DisposeMode mode = DisposeMode::bin) const {
+        Disposer disposer(directories(), nullptr);
+        auto held = disposer.hold(standardized(item));
+        if (!held)
+            return std::move(held).error();
+        return disposer.dispose(*held, mode, disposer.size(*held), Date::now(), kUnobserved);
+    }
+    /// The same, with the place in the Bin.
+    [[nodiscard]] Path bin(const Path& item) const {
+        auto place = dispose(item);
+        EXPECT_TRUE(place.ok()) << item << ": " << describe(place.error());
+        return place.ok() && *place ? **place : Path();
+    }
+    [[nodiscard]] Result<Path> putBack(const Path& place, const Path& to) const {
+        return Disposer(directories(), nullptr).restore(place, to, kUnobserved);
+    }
+    [[nodiscard]] Result<void> erase(const Path& place) const {
+        return Disposer(directories(), nullptr).erase(place);
+    }
+
+    static std::string read(const Path& file) {
+        std::ifstream stream(file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), {}};
+    }
+    void write(const Path& name, const std::string& bytes) const {
+        std::filesystem::create_directories((path() / name).parent_path());
+        std::ofstream(path() / name, std::ios::binary) << bytes;
+    }
+    static Path infoOf(const Path& place) {
+        return place.parent_path().parent_path() / "info" /
+               (place.filename().native() + ".trashinfo");
+    }
+
+    static inline const Disposer::PlaceObserver kUnobserved = [](const Path&) {
+        return Result<void>();
+    };
+};
+
+} // namespace vexmoor::test
