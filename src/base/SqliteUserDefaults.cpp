@@ -59,13 +59,19 @@ std::filesystem::path companion(std::filesystem::path file, const char* suffix) 
     return file += suffix;
 }
 
+/// Whether something may stand in the log that does not stand in the database.
+bool hasLog(const std::filesystem::path& file) {
+    std::error_code code;
+    const auto size = std::filesystem::file_size(companion(file, "-wal"), code);
+    return code ? code != std::errc::no_such_file_or_directory : size > 0;
+}
+
 /// Whether the database is gone or empty while its log holds something. SQLite would take it as new
 /// and delete the log, though it makes one only after the first page of the database.
 bool hasLostItsPages(const std::filesystem::path& file) {
-    std::error_code code;
-    const auto log = std::filesystem::file_size(companion(file, "-wal"), code);
-    if (code || log == 0)
+    if (!hasLog(file))
         return false;
+    std::error_code code;
     const auto size = std::filesystem::file_size(file, code);
     return code ? code == std::errc::no_such_file_or_directory : size == 0;
 }
@@ -170,8 +176,9 @@ SqliteUserDefaults::open(const std::filesystem::path& file, Access access,
             return std::move(made).error();
     std::unique_ptr<SqliteUserDefaults> store(new SqliteUserDefaults(file, std::move(onFailure)));
     auto opened = store->connect(access);
-    if (!opened && access == Access::readOnly && isUnopenable(opened.error())) {
-        // A log that cannot be shared in a folder that cannot be written: nobody else writes either.
+    if (!opened && access == Access::readOnly && isUnopenable(opened.error()) && !hasLog(file)) {
+        // No log can be made in a folder that cannot be written: nobody else writes either. A log
+        // that is there would be passed over, and with it what was stored last.
         store->m_immutable = true;
         opened = store->connect(access);
     }
@@ -200,9 +207,9 @@ Result<void> SqliteUserDefaults::connect(Access access) {
                                                  : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
     const std::string name =
         m_immutable ? fileUri(m_file) + "?immutable=1" : std::string(m_file.native());
-    const int opened = sqlite3_open_v2(
-        name.c_str(), &raw,
-        flags | SQLITE_OPEN_NOMUTEX | (m_immutable ? SQLITE_OPEN_URI : 0), nullptr);
+    const int opened =
+        sqlite3_open_v2(name.c_str(), &raw,
+                        flags | SQLITE_OPEN_NOMUTEX | (m_immutable ? SQLITE_OPEN_URI : 0), nullptr);
     m_database.reset(raw);
     if (opened != SQLITE_OK)
         return lastError("open the database");

@@ -357,6 +357,42 @@ TEST_F(SqliteUserDefaultsTest, FailsWhereItCouldNotWrite) {
     EXPECT_FALSE(open());
 }
 
+TEST_F(SqliteUserDefaultsTest, ReadsAFolderThatNobodyMayWriteIncludingTheLog) {
+    const struct {
+        const char* what;
+        std::vector<const char*> removed;
+        bool readable;
+    } cases[] = {
+        {"all three files", {}, true},
+        {"a copy without the log's index", {"-shm"}, false},
+        {"a database whose log was taken in", {"-shm", "-wal"}, true},
+    };
+    ::chmod(m_directory.path().c_str(), 0755);
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.what);
+        {
+            const auto defaults = open();
+            ASSERT_TRUE(defaults);
+            (*defaults)->assign("kept", true);
+        }
+        if (test.readable && !test.removed.empty())
+            RawDatabase(m_file).run("PRAGMA wal_checkpoint(TRUNCATE)");
+        for (const char* suffix : test.removed)
+            fs::remove(beside(suffix));
+        ::chmod(m_file.parent_path().c_str(), 0555);
+        {
+            const OrdinaryRights ordinary;
+            const auto defaults = open(Access::readOnly);
+            ASSERT_EQ(defaults.ok(), test.readable);
+            if (defaults) {
+                EXPECT_EQ((*defaults)->boolean("kept"), true);
+            }
+        }
+        ::chmod(m_file.parent_path().c_str(), 0755);
+        fs::remove_all(m_file.parent_path());
+    }
+}
+
 TEST_F(SqliteUserDefaultsTest, KeepsItsFolderFromOtherUsers) {
     ASSERT_TRUE(open());
     EXPECT_EQ(fs::status(m_file.parent_path()).permissions(), fs::perms::owner_all);

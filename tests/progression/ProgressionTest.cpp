@@ -44,6 +44,7 @@ class FakeNotifications : public NotificationPort {
 template <typename Range>
 std::vector<std::string> idsOf(const Range& range) {
     std::vector<std::string> ids;
+    ids.reserve(std::size(range));
     for (const auto& element : range)
         ids.emplace_back(element.id);
     return ids;
