@@ -46,7 +46,7 @@ IconPlace placeOf(double height) {
 /// The item, until the fire has eaten it grain by grain.
 PixelCanvas::Overlay itemOverlay(const CauldronArt::Burn& moment, const IconPlace& place) {
     const double dissolved = moment.t < 0.6 ? 0 : std::min((moment.t - 0.6) * 4, 1.0);
-    return {.image = moment.icon,
+    return {.image = squared(moment.icon),
             .x = place.x,
             .y = place.y,
             .w = place.side,

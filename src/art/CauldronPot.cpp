@@ -30,8 +30,8 @@ void CauldronArt::drawPot(PixelCanvas& pot, PixelCanvas* ground, const Skin& ski
     const int left = kBodyLeft + body.dx;
     const int top = kBodyTop + body.dy - lift;
     if (ground != nullptr) {
-        const auto floating =
-            std::clamp<std::size_t>(static_cast<std::size_t>(body.hoverRows), 0, body.rows.size());
+        const std::size_t floating =
+            std::min(static_cast<std::size_t>(body.hoverRows), body.rows.size());
         drawLetters(pot, body.rows.first(floating), palette, left, top);
         drawLetters(*ground, body.rows.subspan(floating), palette, left,
                     top + static_cast<int>(floating));

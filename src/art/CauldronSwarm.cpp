@@ -110,7 +110,7 @@ void drawSplash(const Stage& stage, int column, double age) {
             stage.blend(x, 28, stage.skin.acidLight);
     }
     for (int drop = -2; drop <= 2; ++drop) {
-        const double up = (34 - 5 * std::abs(drop)) * age - 110 * age * age;
+        const double up = (60 - 9 * std::abs(drop)) * age - 190 * age * age;
         const int x = column + static_cast<int>(std::lround(drop * (1 + age * 9)));
         const int y = 27 - static_cast<int>(std::lround(up));
         if (y <= 28)
@@ -138,6 +138,42 @@ void drawFlameOf(const Stage& stage, const SwarmItem& item, double time, std::ui
                            .crisp = true});
 }
 
+/// The drawing of one item at its own time, and of its flame and splash in front of it.
+void addSteps(std::vector<Step>& steps, const Stage& stage, const SwarmItem& item, double time,
+              const QImage& icon, std::uint64_t seed) {
+    const SwarmItem::Pose pose = item.pose(time);
+    if (time < SwarmItem::kSunk)
+        steps.push_back({pose.depth, [&stage, &icon, item, pose, time] {
+                             if (time > SwarmItem::kAppear && time < SwarmItem::kSplash)
+                                 drawTrail(stage, item, time);
+                             drawItem(stage, icon.isNull() ? fireball(stage.skin) : squared(icon),
+                                      pose, time >= SwarmItem::kSplash);
+                         }});
+    steps.push_back({pose.depth + 1, [&stage, item, time, seed] {
+                         drawFlameOf(stage, item, time, seed);
+                         drawSplash(stage, item.poolColumn(), time - SwarmItem::kSplash);
+                     }});
+}
+
+/// Paints the items from the farthest to the nearest. Gives the heights of all flames together.
+double paintItems(const Stage& stage, double time, std::span<const QImage> icons,
+                  std::uint64_t seed) {
+    std::vector<Step> steps;
+    double fire = 0;
+    for (std::size_t i = 0; i < icons.size(); ++i) {
+        const double age = time - static_cast<double>(i) * SwarmItem::kInterval;
+        if (age < 0 || age >= SwarmItem::kEnd)
+            continue;
+        const SwarmItem item(seed, i);
+        fire += item.flameHeight(age);
+        addSteps(steps, stage, item, age, icons[i], seed + i);
+    }
+    std::ranges::stable_sort(steps, {}, &Step::z);
+    for (const Step& step : steps)
+        step.draw();
+    return fire;
+}
+
 } // namespace
 
 CauldronArt::SwarmFrame CauldronArt::swarm(double time, std::span<const QImage> icons,
@@ -148,35 +184,12 @@ CauldronArt::SwarmFrame CauldronArt::swarm(double time, std::span<const QImage> 
     PixelCanvas pot(kWidth, kHeight);
     drawPot(pot, skin.body.hoverRows > 0 ? &scene : nullptr, skin, 0);
     PixelCanvas show(kWidth + 2 * kMargin, kHeight);
-    const Stage stage{std::make_shared<const PixelCanvas>(pot), show, skin};
+    const double fire =
+        paintItems({std::make_shared<const PixelCanvas>(pot), show, skin}, time, icons, seed);
 
-    std::vector<Step> steps;
-    double fire = 0;
-    for (std::size_t i = 0; i < icons.size(); ++i) {
-        const double age = time - static_cast<double>(i) * SwarmItem::kInterval;
-        if (age < 0 || age >= SwarmItem::kEnd)
-            continue;
-        const SwarmItem item(seed, i);
-        const SwarmItem::Pose pose = item.pose(age);
-        fire += item.flameHeight(age) / 12;
-        if (age < SwarmItem::kSunk)
-            steps.push_back({pose.depth, [&stage, &icons, i, item, pose, age, &skin] {
-                                 if (age > SwarmItem::kAppear && age < SwarmItem::kSplash)
-                                     drawTrail(stage, item, age);
-                                 drawItem(stage, icons[i].isNull() ? fireball(skin) : icons[i],
-                                          pose, age >= SwarmItem::kSplash);
-                             }});
-        steps.push_back({pose.depth + 1, [&stage, item, age, seed, i] {
-                             drawFlameOf(stage, item, age, seed + i);
-                             drawSplash(stage, item.poolColumn(), age - SwarmItem::kSplash);
-                         }});
-    }
-    std::ranges::stable_sort(steps, {}, &Step::z);
-    for (const Step& step : steps)
-        step.draw();
-
-    PotGlow{.strength = std::min(fire, 1.0), .step = static_cast<int>(time * 8)}.paint(pot, skin);
-    paintRunes(pot, skin, std::min(fire, 1.0));
+    const double strength = std::min(fire / 12, 1.0);
+    PotGlow{.strength = strength, .step = static_cast<int>(time * 8)}.paint(pot, skin);
+    paintRunes(pot, skin, strength);
     scene.merge(pot, 0, -sink);
     scene.merge(show.crop(kMargin, 0, kWidth, kHeight), 0, 0);
     return {std::move(scene), std::move(show)};

@@ -111,4 +111,12 @@ void paintOverlay(QImage& target, const PixelCanvas::Overlay& overlay, int scale
     }
 }
 
+QImage squared(const QImage& picture) {
+    const int side = std::max(picture.width(), picture.height());
+    if (picture.width() == picture.height())
+        return picture;
+    return picture.convertToFormat(kFormat).copy((picture.width() - side) / 2,
+                                                 (picture.height() - side) / 2, side, side);
+}
+
 } // namespace vexmoor

@@ -13,4 +13,7 @@ QImage renderedOverlay(const PixelCanvas::Overlay& overlay);
 /// with hard edges, clipped to the picture.
 void paintOverlay(QImage& target, const PixelCanvas::Overlay& overlay, int scale);
 
+/// The picture in the middle of a transparent square, so that it is not distorted in one.
+QImage squared(const QImage& picture);
+
 } // namespace vexmoor

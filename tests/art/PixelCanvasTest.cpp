@@ -1,4 +1,5 @@
 #include "art/PixelCanvas.h"
+#include "art/OverlayRenderer.h"
 
 #include "skins/PixelPrinter.h"
 
@@ -195,6 +196,16 @@ TEST(PixelCanvasTest, MasksFadesAndShiftsOverlays) {
     EXPECT_EQ(painted, image);
 
     EXPECT_NE(canvas, PixelCanvas(canvas)) << "a mask cannot be compared";
+}
+
+TEST(PixelCanvasTest, KeepsTheProportionsOfPicturesPutIntoSquares) {
+    QImage wide(4, 2, QImage::Format_RGB32);
+    wide.fill(Qt::red);
+    const QImage square = squared(wide);
+    ASSERT_EQ(square.size(), QSize(4, 4));
+    for (int y = 0; y < 4; ++y)
+        EXPECT_EQ(square.pixel(3, y), y == 1 || y == 2 ? 0xFFFF0000U : 0U) << y;
+    EXPECT_EQ(squared(square), square);
 }
 
 } // namespace
