@@ -33,7 +33,7 @@ QImage tile(const PixelCanvas& scene) {
 
 void idleFrame(benchmark::State& state) {
     int tick = 0;
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(tile(CauldronArt::idle(++tick, false, 0, skinOf(state))));
     state.SetLabel(std::string(skinOf(state).id));
 }
@@ -42,7 +42,7 @@ BENCHMARK(idleFrame)->Arg(0)->Arg(12)->Arg(14)->Unit(benchmark::kMicrosecond);
 /// How an idle tile sees that it need not repaint.
 void unchangedIdleFrame(benchmark::State& state) {
     const PixelCanvas before = CauldronArt::idle(64, false, 0, skinOf(state));
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(CauldronArt::idle(65, false, 0, skinOf(state)) == before);
 }
 BENCHMARK(unchangedIdleFrame)->Arg(0)->Unit(benchmark::kMicrosecond);
@@ -50,7 +50,7 @@ BENCHMARK(unchangedIdleFrame)->Arg(0)->Unit(benchmark::kMicrosecond);
 void burnFrame(benchmark::State& state) {
     const QImage item = icon(static_cast<int>(state.range(1)), 20);
     int frame = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const double t = frame++ % 36 / 35.0;
         const CauldronArt::Frame burning =
             CauldronArt::burn({.t = t,
@@ -70,6 +70,7 @@ BENCHMARK(burnFrame)->Args({0, 64})->Args({0, 128})->Args({0, 256})->Args({12, 1
 
 std::vector<QImage> tenIcons(int side) {
     std::vector<QImage> icons;
+    icons.reserve(10);
     for (int i = 0; i < 10; ++i)
         icons.push_back(icon(side, i * 36));
     return icons;
@@ -85,7 +86,7 @@ void showSwarmFrame(int frame, const std::vector<QImage>& icons, const Skin& ski
 void swarmFrame(benchmark::State& state) {
     const std::vector<QImage> icons = tenIcons(static_cast<int>(state.range(1)));
     int frame = 0;
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         showSwarmFrame(frame++, icons, skinOf(state));
     state.SetLabel(std::string(skinOf(state).id));
 }
@@ -108,7 +109,7 @@ void heapAfterManyFrames(benchmark::State& state) {
             benchmark::DoNotOptimize(
                 CauldronArt::idle(frame, false, 0, skin).crop(0, 20, 34, 34).nsImage(3));
     };
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         for (int frame = 0; frame < 500; ++frame)
             paint(frame);
         const std::size_t before = mallinfo2().uordblks;

@@ -1,8 +1,12 @@
 #include "Commands.h"
 
+#include <cstdio>
+#include <exception>
 #include <iostream>
 
-int main(int count, char** arguments) {
+namespace {
+
+int run(int count, char** arguments) {
     using namespace vexmoor::arttool;
     CLI::App app("Renders Vexmoor's pixel art to PNG files.", "vexmoor-art");
     app.require_subcommand(1);
@@ -22,4 +26,15 @@ int main(int count, char** arguments) {
         return 2;
     }
     return 0;
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    try {
+        return run(count, arguments);
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "vexmoor-art: %s\n", failure.what());
+        return 1;
+    }
 }
