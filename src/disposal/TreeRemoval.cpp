@@ -44,6 +44,12 @@ std::int64_t countEntries(int folder) {
     return count;
 }
 
+/// One more entry of the folder stays.
+void stay(TreeFolder& folder) {
+    folder.stayingHere.fetch_add(1, std::memory_order_relaxed);
+    folder.stayingInAll.fetch_add(1, std::memory_order_relaxed);
+}
+
 class RemovalVisitor : public TreeVisitor {
   public:
     explicit RemovalVisitor(std::vector<Error>& failures) : m_failures(failures) {}
@@ -79,7 +85,7 @@ int RemovalVisitor::unlink(const TreePlace& place, const char* name, int flags) 
     int error = 0;
     do {
         error = ::unlinkat(place.descriptor, name, flags) == 0 ? 0 : errno;
-    } while (error == EACCES && grantInside(place));
+    } while (error == EINTR || (error == EACCES && grantInside(place)));
     return error;
 }
 
@@ -89,8 +95,7 @@ void RemovalVisitor::account(const TreePlace& place, const char* name, int error
         ++tally.entries;
     if (error == 0 || error == ENOENT)
         return;
-    place.folder.stayingHere.fetch_add(1, std::memory_order_relaxed);
-    place.folder.stayingInAll.fetch_add(1, std::memory_order_relaxed);
+    stay(place.folder);
     const std::lock_guard lock(m_mutex);
     if (m_failures.size() >= RemovalReport::kMaxFailures)
         return;
@@ -120,8 +125,8 @@ void RemovalVisitor::notEntered(const TreePlace& place, const char* name, int er
 
 TreeVisitor::Folder RemovalVisitor::leaveFolder(TreeFolder& folder, int descriptor,
                                                 const TreePlace& parent, TreeTally& tally) {
-    int error = ENOTEMPTY;
-    if (folder.stayingHere == 0) {
+    int error = parent.descriptor < 0 ? ESTALE : ENOTEMPTY; // not to be found again, or not empty
+    if (error == ENOTEMPTY && folder.stayingHere == 0) {
         error = unlink(parent, folder.name.c_str(), AT_REMOVEDIR);
         if (error == ENOTDIR) // something else has taken its place
             error = unlink(parent, folder.name.c_str(), 0);
@@ -138,13 +143,13 @@ TreeVisitor::Folder RemovalVisitor::leaveFolder(TreeFolder& folder, int descript
             parent.folder.readings < kMaxReadings)
             return Folder::left;
     }
-    if (folder.stayingHere > 0) {
-        parent.folder.stayingHere.fetch_add(1, std::memory_order_relaxed);
-        parent.folder.stayingInAll.fetch_add(folder.stayingInAll + 1, std::memory_order_relaxed);
+    parent.folder.stayingInAll.fetch_add(folder.stayingInAll, std::memory_order_relaxed);
+    if (error == ENOTEMPTY && folder.readError != 0) {
+        error = folder.readError;
+    } else if (folder.stayingHere > 0) { // which is no cause of its own
+        stay(parent.folder);
         return Folder::left;
     }
-    if (error == ENOTEMPTY && folder.readError != 0)
-        error = folder.readError;
     account(parent, folder.name.c_str(), error, tally);
     return Folder::left;
 }

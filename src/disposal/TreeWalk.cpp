@@ -4,6 +4,7 @@
 
 #include <fcntl.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <system_error>
@@ -30,11 +31,12 @@ class SignalsBlocked {
     sigset_t m_before{};
 };
 
-/// The folder and those it is in, without the directory in which the tree stands; innermost first.
-std::vector<const TreeFolder*> wayUp(const TreeFolder& folder) {
+/// The folders on the way to the folder and itself, without the directory in which the tree stands.
+std::vector<const TreeFolder*> wayDown(const TreeFolder& folder) {
     std::vector<const TreeFolder*> way;
     for (const TreeFolder* at = &folder; at->parent; at = at->parent)
         way.push_back(at);
+    std::reverse(way.begin(), way.end());
     return way;
 }
 
@@ -42,9 +44,8 @@ std::vector<const TreeFolder*> wayUp(const TreeFolder& folder) {
 
 Path TreeFolder::pathOf(const std::string& entry) const {
     std::string path;
-    const auto way = wayUp(*this);
-    for (auto folder = way.rbegin(); folder != way.rend(); ++folder)
-        path += (*folder)->name + '/';
+    for (const TreeFolder* folder : wayDown(*this))
+        path += folder->name + '/';
     return path + entry;
 }
 
@@ -141,9 +142,10 @@ SharedFolder TreeWalk::openSame(const SharedFolder& directory, const char* name,
 
 SharedFolder TreeWalk::openByNames(const TreeFolder& folder) const {
     SharedFolder at = m_directory;
-    const auto way = wayUp(folder);
-    for (auto next = way.rbegin(); at && next != way.rend(); ++next)
-        at = openSame(at, (*next)->name.c_str(), **next);
+    for (const TreeFolder* next : wayDown(folder)) {
+        if (at)
+            at = openSame(at, next->name.c_str(), *next);
+    }
     return at;
 }
 

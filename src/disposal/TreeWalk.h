@@ -35,7 +35,7 @@ struct TreeFolder {
     std::atomic<int> readError{0};             ///< why reading ended early
     std::atomic<std::int64_t> stayingHere{0};  ///< own entries that stay
     std::atomic<std::int64_t> stayingInAll{0}; ///< with all that stay in its subfolders
-    int readings = 1;                          ///< how often it has been read; when leaving only
+    int readings = 1;                          ///< how often it has been read; changed when leaving
 
     /// The entry's path, beginning with the name of the tree.
     [[nodiscard]] Path pathOf(const std::string& entry) const;

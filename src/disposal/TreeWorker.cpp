@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <memory>
 
 namespace vexmoor {
@@ -105,13 +106,14 @@ void TreeWorker::readBatch(TreeLevel& level) {
         if (m_walk.isStopped())
             return level.abandon();
         if (entry->isFolder || m_walk.m_visitor.visitEntry(place, entry->name, m_tally) ==
-                                   TreeVisitor::Entry::isFolder)
+                                   TreeVisitor::Entry::isFolder) {
             level.waiting.append(entry->name).push_back('\0');
+            m_waitingBytes += std::strlen(entry->name) + 1;
+        }
         countStep();
         shareIfWanted();
     }
     level.position = m_reader.position();
-    m_waitingBytes += level.waiting.size();
     if (m_tally.entries >= kEntriesPerCount)
         report();
 }
@@ -119,7 +121,7 @@ void TreeWorker::readBatch(TreeLevel& level) {
 void TreeWorker::enterWaiting() {
     TreeLevel& level = m_levels.back();
     const std::string name = level.takeWaiting();
-    m_waitingBytes -= std::min(m_waitingBytes, name.size() + 1);
+    m_waitingBytes -= name.size() + 1;
     countStep();
     const SharedFolder handle = level.handle; // the level may be closed or moved below
     const TreePlace place{*level.folder, handle->get()};
@@ -185,7 +187,7 @@ void TreeWorker::leave() {
                 TreeVisitor::Folder::readAgain)
                 return;
         }
-        delete level.folder; // it was made in enter() and nobody holds it any more
+        const std::unique_ptr<TreeFolder> left(level.folder); // enter() made it, nobody holds it
         level = {parent, std::move(parentHandle)};
     }
 }
@@ -206,12 +208,14 @@ void TreeWorker::restore(TreeLevel& level, const SharedFolder& child) {
     if (level.handle || m_walk.isStopped())
         return;
     level.handle = openParent(*level.folder, child);
-    if (!level.handle)
-        return level.abandon();
-    if (level.isReadByBoth)
+    if (!level.handle) {
+        m_waitingBytes -= level.waiting.size();
+        level.abandon();
+    } else if (level.isReadByBoth) {
         level.isRead = true; // the other one reads on to the end
-    else
+    } else {
         ::lseek(level.handle->get(), level.position, SEEK_SET);
+    }
 }
 
 /// The folder by way of its child, or by all the names where the child has been moved meanwhile.
@@ -242,7 +246,7 @@ bool TreeWorker::share(TreeLevel& level) {
     TreeLevel gift{level.folder, level.handle};
     const bool isTop = &level == &m_levels.back();
     gift.waiting = level.takeHalfOfWaiting(!isTop);
-    m_waitingBytes -= std::min(m_waitingBytes, gift.waiting.size());
+    m_waitingBytes -= gift.waiting.size();
     if (!gift.waiting.empty()) {
         gift.isRead = true;
     } else if (level.hasMoreToRead && !level.isRead) {
