@@ -171,8 +171,10 @@ void Bin::removeLeftInfo(const Path& place, const Path& original) {
     const auto status = fileStatus((*bin)->files(), stored.c_str());
     if (status || !is(status.error(), ENOENT))
         return;
-    const auto info = (*bin)->readInfo(stored);
-    if (info && (*bin)->top() / info->path == original)
+    const auto text = (*bin)->infoText(stored);
+    const auto info = TrashInfo::fromText(text.value_or(""));
+    const bool isCutShort = text && text->empty();
+    if (isCutShort || (info && (*bin)->top() / info->path == original))
         (void)(*bin)->removeInfo(stored); // left where it is, it is listed as empty, nothing worse
 }
 

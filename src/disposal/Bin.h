@@ -29,7 +29,7 @@ class Bin {
     Result<void> erase(const Path& place, WorkMeter* meter);
 
     /// Removes the info file that an interrupted move left behind: only where the Bin holds no such
-    /// item and the file is the one that was written for `original`.
+    /// item and the file is the one that was written for `original`, or was cut off before a byte.
     void removeLeftInfo(const Path& place, const Path& original);
 
     /// Writes what is gathered about folders' sizes.

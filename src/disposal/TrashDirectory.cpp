@@ -92,7 +92,8 @@ Result<TrashDirectory> TrashDirectory::openOfPlace(const Path& place) {
         return disposalError(DisposalError::notInBin, place);
     const auto folder = openFolder(bin);
     if (!folder)
-        return disposalError(DisposalError::goneFromBin, place);
+        return is(folder.error(), ENOENT) ? disposalError(DisposalError::goneFromBin, place)
+                                          : Error{folder.error().code, "open the Bin", bin};
     const Path parent = bin.parent_path();
     Path top;
     if (bin.filename().native().starts_with(".Trash-"))
@@ -204,15 +205,17 @@ Result<void> TrashDirectory::removeInfo(const std::string& name) {
     return {};
 }
 
-std::optional<TrashInfo> TrashDirectory::readInfo(const std::string& name) const {
+std::optional<std::string> TrashDirectory::infoText(const std::string& name) const {
     const FileDescriptor file(::openat(m_info.get(), infoName(name).c_str(),
                                        O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+    if (!file)
+        return std::nullopt;
     std::string text;
     char buffer[4096];
-    for (ssize_t count = 0; file && text.size() < kLongestInfo &&
-                            (count = ::read(file.get(), buffer, sizeof buffer)) > 0;)
+    ssize_t count = 0;
+    while (text.size() < kLongestInfo && (count = ::read(file.get(), buffer, sizeof buffer)) > 0)
         text.append(buffer, static_cast<std::size_t>(count));
-    return TrashInfo::fromText(text);
+    return count < 0 ? std::nullopt : std::optional(std::move(text));
 }
 
 void TrashDirectory::flushSizes() {

@@ -37,8 +37,8 @@ class TrashDirectory {
     /// Removes the info file; that it is missing is no failure.
     Result<void> removeInfo(const std::string& name);
 
-    /// The info file of that stored name; nothing where it is missing or unreadable.
-    [[nodiscard]] std::optional<TrashInfo> readInfo(const std::string& name) const;
+    /// The whole info file of that stored name; nothing where it cannot be read.
+    [[nodiscard]] std::optional<std::string> infoText(const std::string& name) const;
 
     /// Writes what changed to directorysizes. It is a cache that others rebuild: failing to write
     /// it costs time, nothing else, and is not told.

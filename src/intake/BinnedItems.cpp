@@ -52,31 +52,35 @@ std::vector<Sacrifice> BinnedItems::lastBatch() const {
     return recent(); // records that are older than all journals
 }
 
+/// A place in the Bin is its newest item's, whoever had it before.
+void BinnedItems::visit(const std::function<bool(const Sacrifice&)>& visitor) const {
+    std::set<Path> places;
+    for (const auto& item : recent())
+        if (places.insert(*item.trashed).second && !visitor(item))
+            return;
+    for (const auto number : m_journal.closed())
+        for (const auto& item : ofJournal(number))
+            if (places.insert(*item.trashed).second && !visitor(item))
+                return;
+}
+
 std::vector<Sacrifice> BinnedItems::newest(std::size_t count) const {
-    auto items = recent();
-    std::set<Uuid> ids;
-    for (const auto& item : items)
-        ids.insert(item.id);
-    for (const auto number : m_journal.closed()) {
-        if (items.size() >= count)
-            break;
-        for (auto& item : ofJournal(number))
-            if (ids.insert(item.id).second)
-                items.push_back(std::move(item));
-    }
-    items.resize(std::min(items.size(), count));
+    std::vector<Sacrifice> items;
+    visit([&](const Sacrifice& item) {
+        items.push_back(item);
+        return items.size() < count;
+    });
     return items;
 }
 
 std::optional<Sacrifice> BinnedItems::find(const std::string& idOrName) const {
-    for (const auto& item : recent())
+    std::optional<Sacrifice> found;
+    visit([&](const Sacrifice& item) {
         if (isCalled(item, idOrName))
-            return item;
-    for (const auto number : m_journal.closed())
-        for (auto& item : ofJournal(number))
-            if (isCalled(item, idOrName))
-                return std::move(item);
-    return std::nullopt;
+            found = item;
+        return !found;
+    });
+    return found;
 }
 
 } // namespace vexmoor

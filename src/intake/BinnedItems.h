@@ -3,6 +3,7 @@
 #include "disposal/Journal.h"
 #include "disposal/Ledger.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,8 @@ class BinnedItems {
   private:
     [[nodiscard]] std::vector<Sacrifice> ofJournal(std::int64_t number) const;
     [[nodiscard]] std::vector<Sacrifice> recent() const;
+    /// Newest first, until the visitor says no.
+    void visit(const std::function<bool(const Sacrifice&)>& visitor) const;
 
     const Ledger& m_ledger;
     const Journal& m_journal;

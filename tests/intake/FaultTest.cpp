@@ -1,0 +1,76 @@
+#include "IntakeFixture.h"
+
+#include "support/Faults.h"
+
+#include <cerrno>
+
+namespace vexmoor::test {
+
+namespace {
+
+/// Fails each call of the system in turn while a batch is fed and put back, and looks whether disk
+/// and ledger agree, at once or at the latest after the next start.
+class FaultTest : public IntakeTest, public testing::WithParamInterface<int> {
+  protected:
+    [[nodiscard]] Path binPart(const char* part) const {
+        return directories().dataHome / "Trash" / part;
+    }
+    static std::size_t entries(const Path& folder) {
+        std::error_code code;
+        return static_cast<std::size_t>(
+            std::distance(std::filesystem::directory_iterator(folder, code), {}));
+    }
+
+    /// Every item is at its place or in the Bin, whole, and the ledger knows which.
+    void checkAgreement(const std::vector<Path>& items) {
+        start(); // what could not be recorded is now
+        std::map<Path, const Sacrifice*> binned;
+        for (const auto& record : recent())
+            if (record.canRestore() && exists(*record.trashed))
+                binned[*record.original] = &record;
+        for (const auto& item : items) {
+            const bool isHome = exists(item);
+            EXPECT_NE(isHome, binned.contains(item)) << item;
+            const Path place = isHome ? item : binned.contains(item) ? *binned[item]->trashed : "";
+            if (place.empty())
+                continue;
+            EXPECT_EQ(contents(item.filename() == "folder" ? place / "inside" : place),
+                      item.filename() == "folder" ? "x" : item.filename().native());
+        }
+        EXPECT_EQ(entries(binPart("files")), binned.size());
+        for (const auto& [original, record] : binned)
+            EXPECT_TRUE(
+                exists(binPart("info") / (record->trashed->filename().native() + ".trashinfo")))
+                << original;
+        EXPECT_EQ(program->progression.progress().items, program->ledger.count.get());
+    }
+};
+
+TEST_P(FaultTest, LosesNothingWhicheverCallFails) {
+    int call = 0;
+    for (std::optional<std::string> failed = "first"; failed; ++call) {
+        ASSERT_LT(call, 2000);
+        auto items = make({"a", "b"});
+        home.write("folder/inside", "x");
+        items.push_back(home / "folder");
+        {
+            const Faults faults(call, GetParam());
+            feed(items);
+            program->intake.restore(recent());
+            settle();
+        }
+        failed = Faults::failed();
+        SCOPED_TRACE("call " + std::to_string(call) + ", " + failed.value_or("none"));
+        checkAgreement(items);
+        if (HasFailure())
+            return;
+        std::filesystem::remove_all(directories().dataHome / "Trash");
+    }
+    EXPECT_GT(call, 30);
+}
+
+INSTANTIATE_TEST_SUITE_P(Errors, FaultTest, testing::Values(EIO, ENOSPC, EACCES));
+
+} // namespace
+
+} // namespace vexmoor::test

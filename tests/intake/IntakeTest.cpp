@@ -1,0 +1,204 @@
+#include "IntakeFixture.h"
+
+#include "intake/Texts.h"
+
+#include <gmock/gmock.h>
+
+namespace vexmoor::test {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::vector<std::string> names(const std::vector<Sacrifice>& items) {
+    std::vector<std::string> result;
+    for (const auto& item : items)
+        result.push_back(item.name);
+    return result;
+}
+
+TEST_F(IntakeTest, RecordsABatchAndTellsEveryoneInOrder) {
+    auto items = make({"a.txt", "b.txt"});
+    items.push_back(home / "folder");
+    home.write("folder/inside", "x");
+    const auto result = feed(items);
+    EXPECT_THAT(around.events,
+                ElementsAre("sizzle", "burn 3", "notify Achievement: First Offering"));
+    EXPECT_THAT(names(recent()), ElementsAre("folder", "b.txt", "a.txt"));
+    EXPECT_EQ(result.done.size(), 3U);
+    for (const auto& item : recent()) {
+        EXPECT_TRUE(item.canRestore());
+        EXPECT_TRUE(exists(*item.trashed));
+        EXPECT_FALSE(exists(*item.original));
+        EXPECT_EQ(item.date, clock.now);
+    }
+    EXPECT_EQ(recent().front().bytes,
+              fileStatus(*recent().front().trashed / "inside")->allocatedBytes);
+    EXPECT_EQ(program->progression.progress().items, 3);
+    EXPECT_EQ(program->progression.progress().folders, 1);
+    EXPECT_EQ(program->undoStack.undoMenuItemTitle(), "Undo Sacrifice of 3 Items");
+    start();
+    EXPECT_EQ(program->ledger.count.get(), 3);
+    EXPECT_EQ(program->recovery.disposed, 0) << "a batch that was recorded is not recorded again";
+}
+
+TEST_F(IntakeTest, TakesAnItemOnceHoweverOftenItComes) {
+    const Path a = make({"a"}).front();
+    home.write("folder/other", "x");
+    program->intake.consume({a, a, home / "./a", home / "folder/../a"}, false);
+    program->intake.consume({a}, false);
+    EXPECT_EQ(program->intake.inFlight(), std::set<Path>{a});
+    settle();
+    EXPECT_EQ(program->ledger.count.get(), 1);
+    EXPECT_THAT(program->intake.inFlight(), IsEmpty());
+    EXPECT_EQ(std::ranges::count(around.events, "sizzle"), 1);
+    make({"a"});
+    feed({a});
+    EXPECT_EQ(program->ledger.count.get(), 2);
+}
+
+TEST_F(IntakeTest, BurnsALargeBatchAsSoonAsTenItemsAreDone) {
+    const auto items = make(25);
+    program->intake.consume(items, false);
+    ASSERT_TRUE(program->work.runOne());
+    ASSERT_TRUE(program->main.runOne());
+    EXPECT_THAT(around.events, ElementsAre("sizzle", "burn 10"));
+    EXPECT_EQ(program->ledger.count.get(), 0) << "the ledger is told once, at the end";
+    settle();
+    EXPECT_EQ(program->ledger.count.get(), 25);
+    EXPECT_EQ(std::ranges::count(around.events, "burn 10"), 1);
+    EXPECT_EQ(around.loads, 10);
+    EXPECT_EQ(around.synchronousLoads, 0);
+    EXPECT_EQ(std::static_pointer_cast<const NamedPicture>(around.burned.back())->name, "item 9");
+}
+
+TEST_F(IntakeTest, PicturesItemsThatThePrefetchHadNoneOf) {
+    around.hasPictures = false;
+    auto items = make(15);
+    items.insert(items.begin(), home / "missing");
+    feed(items);
+    EXPECT_EQ(around.synchronousLoads, 10);
+    ASSERT_EQ(around.burned.size(), 10U);
+    EXPECT_EQ(std::static_pointer_cast<const NamedPicture>(around.burned.front())->name,
+              "now item 0");
+}
+
+TEST_F(IntakeTest, WaitsForTheThumbnailsAndKeepsBatchesInOrder) {
+    around.holdsThumbnails = true;
+    program->intake.consume(make({"slow"}), false);
+    settle();
+    EXPECT_TRUE(exists(home / "slow"));
+    around.holdsThumbnails = false;
+    program->intake.consume(make({"quick"}), false);
+    around.answerThumbnails();
+    settle();
+    EXPECT_THAT(names(recent()), ElementsAre("slow", "quick"));
+}
+
+TEST_F(IntakeTest, ReportsABatchInWhichEverythingFails) {
+    std::vector<Path> missing;
+    for (int i = 0; i < 9; ++i)
+        missing.push_back(home / ("missing " + std::to_string(i)));
+    const auto result = feed(missing, true);
+    EXPECT_THAT(around.events,
+                ElementsAre("sizzle", "disarm", "report The cauldron rejected 9 items"));
+    const auto& text = around.reports.front().informative;
+    EXPECT_EQ(std::ranges::count(text, '\n'), 8);
+    EXPECT_TRUE(text.starts_with("missing 0: No such file or directory.\n")) << text;
+    EXPECT_TRUE(text.ends_with("\n…and 1 more.")) << text;
+    EXPECT_EQ(result.failures.size(), 9U);
+    EXPECT_EQ(program->ledger.count.get(), 0);
+    EXPECT_FALSE(program->undoStack.canUndo());
+}
+
+TEST_F(IntakeTest, RejectsDotsButTakesTheRest) {
+    const auto good = make({"good"}).front();
+    feed({home / ".", good, home / "x/.."});
+    EXPECT_EQ(program->ledger.count.get(), 1);
+    ASSERT_EQ(around.reports.size(), 1U);
+    EXPECT_EQ(around.reports.front().failures.size(), 2U);
+    feed({home / "."});
+    EXPECT_EQ(around.reports.size(), 2U);
+    EXPECT_EQ(around.reports.back().informative, describe(disposalError(DisposalError::isDots)));
+}
+
+TEST_F(IntakeTest, AsksBeforeDissolvingUntilToldNotTo) {
+    program->settings.mode.set(DisposeMode::dissolve);
+    const auto items = make({"a", "b"});
+    around.answer = {false, true};
+    EXPECT_TRUE(feed(items, true).declined);
+    EXPECT_THAT(around.events, ElementsAre("ask Dissolve 2 items forever?", "disarm"));
+    EXPECT_TRUE(exists(items.front()));
+    EXPECT_FALSE(program->settings.confirmDissolve.get());
+    EXPECT_THAT(program->intake.inFlight(), IsEmpty());
+
+    around.events.clear();
+    const auto result = feed(items, true);
+    EXPECT_EQ(std::ranges::count(around.events, "ask Dissolve 2 items forever?"), 0);
+    EXPECT_GE(std::ranges::count(around.events, "disarm"), 1);
+    EXPECT_FALSE(exists(items.front()));
+    EXPECT_EQ(result.done.front().original, std::nullopt);
+    EXPECT_FALSE(program->undoStack.canUndo());
+    EXPECT_EQ(program->progression.progress().dissolved, 2);
+    start();
+    EXPECT_FALSE(program->settings.confirmDissolve.get());
+    EXPECT_EQ(dissolveQuestion(1).message, "Dissolve this item forever?");
+}
+
+TEST_F(IntakeTest, UndoesABatchAndNamesWhatIsGoneFromTheBin) {
+    const auto items = make({"a", "b", "c"});
+    feed(items, true);
+    EXPECT_EQ(std::ranges::count(around.events, "disarm"), 0);
+    std::filesystem::remove(*recent()[1].trashed); // b
+    home.write("c", "in the way");
+    program->undoStack.undo();
+    settle();
+    EXPECT_EQ(std::ranges::count(around.events, "disarm"), 1);
+    EXPECT_EQ(contents(home / "a"), "a");
+    EXPECT_EQ(contents(home / "c 2"), "c");
+    EXPECT_EQ(contents(home / "c"), "in the way");
+    EXPECT_EQ(around.reports.back().message, "Couldn't put back b");
+    EXPECT_EQ(around.reports.back().informative, "b is no longer in the Bin.");
+    EXPECT_EQ(recent()[0].restored, clock.now);
+    EXPECT_EQ(recent()[1].lost, true);
+    EXPECT_FALSE(program->undoStack.canUndo());
+    EXPECT_FALSE(program->undoStack.canRedo());
+    program->intake.restore(recent());
+    EXPECT_EQ(around.events.back(), "beep");
+}
+
+TEST_F(IntakeTest, DeletesFromTheBinAfterAsking) {
+    feed(make({"a", "b"}));
+    const auto both = recent();
+    around.answer = {false, false};
+    program->intake.deleteImmediately({both.front()});
+    settle();
+    EXPECT_EQ(around.events.back(), "ask Are you sure you want to delete “b” immediately?");
+    EXPECT_TRUE(exists(*both.front().trashed));
+
+    around.answer = {true, false};
+    std::filesystem::remove(*both.front().trashed);
+    program->intake.deleteImmediately(both);
+    settle();
+    EXPECT_EQ(around.reports.back().message, "Couldn't delete b");
+    EXPECT_FALSE(exists(*both.back().trashed));
+    EXPECT_EQ(recent()[0].lost, true);
+    EXPECT_EQ(recent()[1].deleted, clock.now);
+    EXPECT_EQ(program->ledger.count.get(), 2) << "counts only grow";
+}
+
+TEST_F(IntakeTest, StopsBetweenItemsAndRecordsWhatIsDone) {
+    const auto items = make(5);
+    program->intake.meter().stop = true;
+    const auto none = feed(items);
+    EXPECT_EQ(none.untouched, items);
+    EXPECT_EQ(program->ledger.count.get(), 0);
+    program->intake.meter().stop = false;
+    const auto all = feed(items);
+    EXPECT_EQ(all.done.size(), 5U);
+}
+
+} // namespace
+
+} // namespace vexmoor::test

@@ -1,0 +1,129 @@
+#include "IntakeFixture.h"
+
+#include "intake/BinnedItems.h"
+
+#include <fstream>
+
+namespace vexmoor::test {
+
+namespace {
+
+/// Journals as a process leaves them that died before it could record its batch: the work was done,
+/// the main thread never heard of it.
+class RecoveryTest : public IntakeTest {
+  protected:
+    void feedAndDie(const std::vector<Path>& items) {
+        program->intake.consume(items, false);
+        while (program->work.runOne()) {
+        }
+        start();
+    }
+};
+
+TEST_F(RecoveryTest, RecordsOnceWhatACutOffBatchHadDone) {
+    feed(make({"before"}));
+    const auto items = make({"a", "b"});
+    feedAndDie(items);
+    EXPECT_EQ(program->recovery.disposed, 2);
+    EXPECT_EQ(program->ledger.count.get(), 3);
+    EXPECT_EQ(program->progression.progress().items, 3);
+    start();
+    EXPECT_EQ(program->recovery.disposed, 0);
+    EXPECT_EQ(program->ledger.count.get(), 3);
+    program->intake.restore(recent());
+    settle();
+    for (const auto& item : items)
+        EXPECT_TRUE(exists(item)) << item;
+}
+
+TEST_F(RecoveryTest, RecordsCutOffDissolvesPutBacksAndDeletions) {
+    feed(make({"a", "b"}));
+    program->intake.restore({recent()[0]});
+    while (program->work.runOne()) {
+    }
+    start();
+    EXPECT_EQ(program->recovery.putBack, 1);
+    EXPECT_TRUE(recent()[0].restored);
+    program->intake.deleteImmediately({recent()[1]});
+    while (program->work.runOne()) {
+    }
+    start();
+    EXPECT_EQ(program->recovery.deleted, 1);
+    EXPECT_TRUE(recent()[1].deleted);
+    program->settings.mode.set(DisposeMode::dissolve);
+    feedAndDie(make({"c"}));
+    EXPECT_EQ(program->recovery.disposed, 1);
+    EXPECT_EQ(recent()[0].name, "c");
+    EXPECT_FALSE(recent()[0].canRestore());
+    EXPECT_EQ(program->progression.progress().dissolved, 1);
+}
+
+TEST_F(RecoveryTest, LooksAtTheDiskForIntentsWithoutAnOutcome) {
+    feed(make({"moved", "not moved", "never tried"}));
+    const auto moved = recent()[2];
+    const auto notMoved = recent()[1];
+    program.reset();
+    // As if the last batch were cut off at its second item: info reserved, nothing moved.
+    const Path journal = directories().ownData() / "journal";
+    std::filesystem::rename(*notMoved.trashed, *notMoved.original);
+    std::string text = contents(journal / "1.closed");
+    const auto firstDone = text.find("{\"done\"");
+    const auto secondDone = text.find("{\"done\"", firstDone + 1);
+    std::ofstream(journal / "1.open", std::ios::binary)
+        << text.substr(0, firstDone)
+        << text.substr(text.find('\n', firstDone) + 1, secondDone - text.find('\n', firstDone) - 1)
+        << "{\"intent\":{\"id\":\"torn";
+    std::filesystem::remove(journal / "1.closed");
+    for (const char* suffix : {"", "-wal", "-shm"})
+        std::filesystem::remove(directories().ownData() / ("defaults.db" + std::string(suffix)));
+    start();
+    EXPECT_EQ(program->recovery.disposed, 1);
+    ASSERT_EQ(recent().size(), 1U);
+    EXPECT_EQ(recent()[0].id, moved.id);
+    EXPECT_TRUE(exists(*notMoved.original));
+    EXPECT_FALSE(exists(directories().dataHome / "Trash/info/not moved.trashinfo"));
+    EXPECT_TRUE(exists(directories().dataHome / "Trash/info/moved.trashinfo"));
+}
+
+TEST_F(RecoveryTest, FindsTheWholeLastBatchHoweverLargeAfterARestart) {
+    feed(make(90));
+    feed(make({"newer"}));
+    start();
+    BinnedItems binned(program->ledger, program->journal);
+    EXPECT_EQ(binned.lastBatch().size(), 1U);
+    EXPECT_EQ(binned.newest(60).size(), 60U);
+    ASSERT_TRUE(binned.find("item 3"));
+    program->intake.restore(binned.lastBatch());
+    settle();
+    auto batch = binned.lastBatch();
+    EXPECT_EQ(batch.size(), 90U);
+    program->intake.restore(batch);
+    settle();
+    for (int i = 0; i < 90; ++i)
+        EXPECT_TRUE(exists(home / ("item " + std::to_string(i)))) << i;
+    EXPECT_TRUE(binned.lastBatch().empty());
+    EXPECT_FALSE(binned.find("item 3"));
+}
+
+TEST_F(RecoveryTest, KeepsTheJournalsOfTheNewestBatches) {
+    for (int i = 0; i < 25; ++i)
+        feed(make({"file"}));
+    EXPECT_LE(program->journal.closed().size(), Journal::kKept + 1);
+    EXPECT_EQ(program->journal.closed().front(), 25);
+    EXPECT_TRUE(program->journal.open().empty());
+}
+
+TEST_F(RecoveryTest, ReportsAJournalThatCannotBeRead) {
+    program.reset();
+    const Path folder = directories().ownData() / "journal";
+    home.write(".local/share/vexmoor/journal/7.open", "no journal\n");
+    start();
+    ASSERT_EQ(program->recovery.problems.size(), 1U);
+    EXPECT_TRUE(exists(folder / "7.open"));
+    feed(make({"a"}));
+    EXPECT_EQ(program->ledger.count.get(), 1);
+}
+
+} // namespace
+
+} // namespace vexmoor::test

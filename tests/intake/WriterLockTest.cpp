@@ -1,0 +1,32 @@
+#include "intake/WriterLock.h"
+
+#include "support/TemporaryDirectory.h"
+
+#include <gtest/gtest.h>
+
+namespace vexmoor::test {
+
+namespace {
+
+TEST(WriterLock, HasOneHolderAndTellsWhoItIs) {
+    const TemporaryDirectory folder;
+    const Path file = folder / "data/lock";
+    EXPECT_EQ(*WriterLock::holder(file), std::nullopt);
+    for (const auto role : {WriterLock::Role::command, WriterLock::Role::desktop}) {
+        const auto lock = WriterLock::tryTake(file, role);
+        ASSERT_TRUE(lock.ok() && lock->has_value());
+        EXPECT_EQ(*WriterLock::holder(file), role);
+        EXPECT_FALSE(WriterLock::tryTake(file, role)->has_value());
+        int asked = 0;
+        const auto waited =
+            WriterLock::take(file, WriterLock::Role::command, [&] { return ++asked == 2; });
+        EXPECT_FALSE(waited->has_value());
+        EXPECT_EQ(asked, role == WriterLock::Role::desktop ? 0 : 2)
+            << "nobody waits for the desktop";
+    }
+    EXPECT_EQ(*WriterLock::holder(file), std::nullopt);
+}
+
+} // namespace
+
+} // namespace vexmoor::test
