@@ -75,7 +75,9 @@ std::string_view withoutTrailingSlashes(std::string_view path) {
 
 Path standardized(const Path& path) {
     std::string input = path.native();
-    if (input.empty() || input.front() != '/') {
+    if (input.empty())
+        return path; // names nothing, least of all the current folder
+    if (input.front() != '/') {
         std::error_code code;
         const Path folder = std::filesystem::current_path(code);
         if (code)

@@ -12,7 +12,7 @@ using Path = std::filesystem::path;
 /// The path made absolute, without ".", doubled or trailing slashes. Where ".." occurs, what stands
 /// before it is resolved as the kernel does; a final symbolic link is never followed. A prefix that
 /// cannot be resolved stays as it is, for the operation on the path to fail with its own error; so
-/// does a relative path where the current folder is gone.
+/// does a relative path where the current folder is gone, and an empty one, which names nothing.
 Path standardized(const Path& path);
 
 /// Whether the last component, trailing slashes aside, is "." or "..".

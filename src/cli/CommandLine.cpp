@@ -1,9 +1,13 @@
 #include "CommandLine.h"
 
+#include "base/Path.h"
 #include "cli/ExitStatus.h"
+#include "cli/SettingDescription.h"
+#include "cli/Terminal.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <sstream>
 
 namespace vexmoor {
@@ -11,6 +15,37 @@ namespace vexmoor {
 namespace {
 
 using Command = Invocation::Command;
+
+/// Stands before arguments while they are parsed that the parser would take apart: to it "[a,b]" is
+/// a list of its own and "{}" an empty one, to the user they are names of files. So is all that
+/// stands behind "--", which the parser heeds only before the first name.
+constexpr char kGuard = '\x1a';
+
+bool needsGuard(const std::string& argument) {
+    return !argument.empty() && (argument.front() == '[' || argument.front() == '{' ||
+                                 argument.front() == '%' || argument.front() == kGuard);
+}
+
+std::vector<std::string> guarded(std::vector<std::string> arguments) {
+    const auto mark = std::ranges::find(arguments, "--");
+    for (auto argument = arguments.begin(); argument != arguments.end(); ++argument)
+        if (needsGuard(*argument) || (argument > mark && !argument->empty()))
+            argument->insert(0, 1, kGuard);
+    if (mark != arguments.end())
+        arguments.erase(mark);
+    return arguments;
+}
+
+void takeGuard(std::string& argument) {
+    if (argument.starts_with(kGuard))
+        argument.erase(0, 1);
+}
+
+/// An empty argument is mostly a shell's variable that was not set; it must not come to stand for
+/// the current folder.
+std::string refuseEmpty(const std::string& argument) {
+    return argument.empty() ? "is empty. Nothing was touched" : "";
+}
 
 CLI::App* addCommand(CLI::App& app, Invocation& invocation, const char* name, Command command,
                      const char* description) {
@@ -33,7 +68,10 @@ void addFeed(CLI::App& app, Invocation& invocation) {
         ->type_name("MODE");
     feed.add_flag("--yes", invocation.yes, "Dissolve without asking");
     addJson(feed, invocation);
-    feed.add_option("PATH", invocation.items, "What to feed")->required()->type_name("PATH");
+    feed.add_option("PATH", invocation.items, "What to feed; file:/// URIs are understood too")
+        ->required()
+        ->check(CLI::Validator(refuseEmpty, ""))
+        ->type_name("PATH");
 }
 
 void addBinCommands(CLI::App& app, Invocation& invocation) {
@@ -69,12 +107,26 @@ void addViews(CLI::App& app, Invocation& invocation) {
     auto& settings = *addCommand(app, invocation, "settings", Command::settings,
                                  "List the settings, read one or set it");
     addJson(settings, invocation);
-    settings
-        .add_option("NAME", invocation.name,
-                    "mode, confirmDissolve, sound, escapeDock, captureFinderDelete, "
-                    "showMenuBarIcon or skin")
+    settings.add_option("NAME", invocation.name, "The setting")
+        ->check(CLI::IsMember(settingNames()))
         ->type_name("NAME");
-    settings.add_option("VALUE", invocation.value, "The new value")->type_name("VALUE");
+    settings.add_option("VALUE", invocation.value, "Its new value")
+        ->check(CLI::Validator(refuseEmpty, ""))
+        ->type_name("VALUE");
+}
+
+void takeGuards(Invocation& invocation) {
+    for (auto* text : {&invocation.mode, &invocation.name, &invocation.value})
+        takeGuard(*text);
+    std::ranges::for_each(invocation.items, takeGuard);
+}
+
+/// File managers hand over URIs where a name could not be told from two.
+void decodeUris(std::vector<std::string>& items) {
+    for (auto& item : items)
+        if (item.starts_with("file:///"))
+            if (const auto path = pathFromFileUri(item))
+                item = path->native();
 }
 
 } // namespace
@@ -90,7 +142,9 @@ std::unique_ptr<CLI::App> describeCommands(Invocation& invocation) {
     app->set_help_flag("--help,-h", "Print this help");
     app->require_subcommand(0, 1);
     app->failure_message([](const CLI::App* failed, const CLI::Error& error) {
-        return "vexmoor: " + std::string(error.what()) + "\nTry '" + failed->get_display_name() +
+        std::string sentence = error.what();
+        std::erase(sentence, kGuard);
+        return "vexmoor: " + printable(sentence) + "\nTry '" + failed->get_display_name() +
                " --help'.\n";
     });
     addFeed(*app, invocation);
@@ -103,8 +157,13 @@ ParsedCommandLine parseCommandLine(int argc, const char* const* argv) {
     ParsedCommandLine parsed;
     Invocation invocation;
     const auto app = describeCommands(invocation);
+    auto arguments = guarded({argv + std::min(argc, 1), argv + argc});
+    std::ranges::reverse(arguments); // as the parser wants them
     try {
-        app->parse(argc, argv);
+        app->parse(std::move(arguments));
+        takeGuards(invocation);
+        if (invocation.command == Command::feed)
+            decodeUris(invocation.items);
         parsed.invocation = std::move(invocation);
     } catch (const CLI::ParseError& error) {
         std::ostringstream output;

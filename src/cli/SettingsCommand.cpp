@@ -108,10 +108,6 @@ int runSettings(const Invocation& invocation) {
         return kRefused;
     }
     const Json all = settingsJson(**session);
-    if (!invocation.name.empty() && !all.contains(invocation.name)) {
-        complain("There is no setting " + printable(invocation.name) + ".");
-        return kUsage;
-    }
     if (!invocation.value.empty())
         return change(invocation);
     if (invocation.json)

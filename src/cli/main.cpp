@@ -1,6 +1,9 @@
 #include "cli/CommandLine.h"
 #include "cli/Commands.h"
+#include "cli/ExitStatus.h"
+#include "cli/Terminal.h"
 
+#include <algorithm>
 #include <iostream>
 
 namespace {
@@ -34,5 +37,9 @@ int main(int argc, char** argv) {
     const auto parsed = vexmoor::parseCommandLine(argc, argv);
     std::cout << parsed.output;
     std::cerr << parsed.error;
-    return parsed.invocation ? run(*parsed.invocation) : parsed.status;
+    const int status = parsed.invocation ? run(*parsed.invocation) : parsed.status;
+    if (std::cout.flush())
+        return status;
+    vexmoor::complain("Not all of the output could be written.");
+    return std::max(status, vexmoor::kSomeFailed);
 }

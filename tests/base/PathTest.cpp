@@ -45,7 +45,7 @@ TEST(Path, IsStandardizedFromTheCurrentFolder) {
     const Path before = fs::current_path();
     fs::current_path(root.path());
     EXPECT_EQ(standardized("a/./b/"), root / "a/b");
-    EXPECT_EQ(standardized(""), root.path());
+    EXPECT_EQ(standardized(""), "") << "an empty name is not the current folder";
     fs::current_path(root / "gone");
     fs::remove(root / "gone");
     const Path inNoFolder = standardized("home");
