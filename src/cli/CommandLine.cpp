@@ -115,8 +115,18 @@ void addViews(CLI::App& app, Invocation& invocation) {
         ->type_name("VALUE");
 }
 
+void addIntegrate(CLI::App& app, Invocation& invocation) {
+    auto& integrate = *addCommand(app, invocation, "integrate", Command::integrate,
+                                  "\"Feed to Vexmoor\" in the menus of the file managers, and the "
+                                  "start with the session");
+    addJson(integrate, invocation);
+    integrate.add_option("ACTION", invocation.action, "What to do; without it, status")
+        ->check(CLI::IsMember({"install", "remove", "status"}))
+        ->type_name("ACTION");
+}
+
 void takeGuards(Invocation& invocation) {
-    for (auto* text : {&invocation.mode, &invocation.name, &invocation.value})
+    for (auto* text : {&invocation.mode, &invocation.name, &invocation.value, &invocation.action})
         takeGuard(*text);
     std::ranges::for_each(invocation.items, takeGuard);
 }
@@ -150,6 +160,7 @@ std::unique_ptr<CLI::App> describeCommands(Invocation& invocation) {
     addFeed(*app, invocation);
     addBinCommands(*app, invocation);
     addViews(*app, invocation);
+    addIntegrate(*app, invocation);
     return app;
 }
 

@@ -13,7 +13,7 @@ namespace vexmoor {
 
 /// What the user asked for on the command line.
 struct Invocation {
-    enum class Command { open, feed, putBack, erase, history, stats, settings, probe };
+    enum class Command { open, feed, putBack, erase, history, stats, settings, integrate, probe };
 
     Command command = Command::open;
     bool json = false;
@@ -24,6 +24,7 @@ struct Invocation {
     std::size_t number = 40;
     std::string name;
     std::string value;
+    std::string action; ///< of integrate; empty: status
 };
 
 /// The one description of the commands: parsing, help, completions and the manual come from it. The

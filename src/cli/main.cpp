@@ -26,6 +26,8 @@ int run(const vexmoor::Invocation& invocation) {
         return vexmoor::runStats(invocation);
     case Command::settings:
         return vexmoor::runSettings(invocation);
+    case Command::integrate:
+        return vexmoor::runIntegrate(invocation);
     }
     return 0;
 }

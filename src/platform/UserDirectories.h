@@ -11,6 +11,7 @@ struct UserDirectories {
     Path home;
     Path dataHome; ///< for the user's own data, shared by programs
     uid_t user = 0;
+    Path configHome{}; ///< for the user's configuration, shared by programs
 
     /// Of the running process.
     static UserDirectories ofProcess();

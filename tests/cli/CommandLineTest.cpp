@@ -61,6 +61,7 @@ TEST(CommandLine, RefusesWhatIsNotClearlyMeant) {
         {{"settings", "volume"}, "volume not in {mode,"},
         {{"settings", "sound", ""}, "is empty"},
         {{"settings", "sound", "on", "off"}, "off"},
+        {{"integrate", "everything"}, "everything not in {install,remove,status}"},
         {{"fly"}, "fly"},
         {{"feed", "--\x1b[31m", "a"}, "--\\x1b[31m"},
     };

@@ -117,6 +117,11 @@ Command& Command::environment(std::map<std::string, std::string> variables) {
     return *this;
 }
 
+Command& Command::alsoEnvironment(const std::string& name, std::string value) {
+    m_environment[name] = std::move(value);
+    return *this;
+}
+
 Command& Command::folder(Path folder) {
     m_folder = std::move(folder);
     return *this;

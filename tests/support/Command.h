@@ -44,6 +44,7 @@ class Command {
     explicit Command(std::vector<std::string> arguments) : m_arguments(std::move(arguments)) {}
 
     Command& environment(std::map<std::string, std::string> variables);
+    Command& alsoEnvironment(const std::string& name, std::string value);
     Command& folder(Path folder);
     Command& input(std::string text);
     Command& user(uid_t user);

@@ -7,6 +7,16 @@
 
 namespace vexmoor {
 
+namespace {
+
+/// The folder that the variable names, or the one at that place in the home folder.
+Path userFolder(const char* variable, const Path& otherwise) {
+    const char* const value = std::getenv(variable);
+    return value != nullptr && value[0] == '/' ? standardized(value) : otherwise;
+}
+
+} // namespace
+
 // The XDG Base Directory Specification 0.8: a relative path in a variable is not used.
 UserDirectories UserDirectories::ofProcess() {
     UserDirectories directories;
@@ -17,10 +27,8 @@ UserDirectories UserDirectories::ofProcess() {
         directories.home = standardized(entry->pw_dir);
     else
         directories.home = "/";
-    const char* data = std::getenv("XDG_DATA_HOME");
-    directories.dataHome = data != nullptr && data[0] == '/'
-                               ? standardized(data)
-                               : directories.home / ".local" / "share";
+    directories.dataHome = userFolder("XDG_DATA_HOME", directories.home / ".local" / "share");
+    directories.configHome = userFolder("XDG_CONFIG_HOME", directories.home / ".config");
     return directories;
 }
 

@@ -1,0 +1,152 @@
+#include "IntegrationFile.h"
+
+#include "cli/ThunarActions.h"
+#include "cli/WholeFile.h"
+#include "platform/FileManager.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+
+namespace vexmoor {
+
+namespace {
+
+constexpr mode_t kFolderMode = 0755;
+constexpr mode_t kProgramMode = 0755;
+constexpr mode_t kFileMode = 0644;
+
+bool isMissing(const Error& error) {
+    return error.code == std::errc::no_such_file_or_directory;
+}
+
+/// What the system's administrator or distribution gave the user to begin with: a file of the
+/// user's own hides it.
+std::string systemThunarActions() {
+    const char* const variable = std::getenv("XDG_CONFIG_DIRS");
+    std::string_view rest = variable != nullptr && *variable != '\0' ? variable : "/etc/xdg";
+    while (!rest.empty()) {
+        const auto end = std::min(rest.find(':'), rest.size());
+        const Path folder(rest.substr(0, end));
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+        if (!folder.is_absolute())
+            continue;
+        auto text = readWholeFile(folder / "Thunar/uca.xml");
+        if (text && ThunarActions::parse(*text))
+            return *std::move(text);
+    }
+    return kNoThunarActions;
+}
+
+} // namespace
+
+Result<IntegrationStatus> IntegrationFile::status() const {
+    if (m_integration.kind == Integration::Kind::thunarAction)
+        return sharedStatus();
+    const auto found = fileStatus(m_integration.file);
+    if (!found)
+        return isMissing(found.error()) ? Result(IntegrationStatus::notInstalled)
+                                        : Result<IntegrationStatus>(found.error());
+    if (!S_ISREG(found->mode))
+        return IntegrationStatus::notOurs;
+    const auto text = readWholeFile(m_integration.file);
+    if (!text)
+        return text.error();
+    if (text->find(kIntegrationMark) == std::string::npos)
+        return IntegrationStatus::notOurs;
+    const bool canRun = (found->mode & S_IXUSR) != 0;
+    const bool mustRun = m_integration.kind == Integration::Kind::ownProgramFile;
+    return *text == m_integration.content && (canRun || !mustRun) ? IntegrationStatus::installed
+                                                                  : IntegrationStatus::differs;
+}
+
+Result<void> IntegrationFile::install() const {
+    const auto before = status();
+    if (!before)
+        return before.error();
+    if (*before == IntegrationStatus::installed)
+        return {};
+    if (*before == IntegrationStatus::notOurs)
+        return notOurs();
+    if (auto made = makeFolders(m_integration.file.parent_path(), kFolderMode); !made)
+        return made;
+    if (m_integration.kind == Integration::Kind::thunarAction) {
+        auto text = newSharedText();
+        if (!text)
+            return std::move(text).error();
+        return replaceWholeFile(m_integration.file, *text, kFileMode);
+    }
+    const bool mustRun = m_integration.kind == Integration::Kind::ownProgramFile;
+    return replaceWholeFile(m_integration.file, m_integration.content,
+                            mustRun ? kProgramMode : kFileMode);
+}
+
+Result<void> IntegrationFile::remove() const {
+    const auto before = status();
+    if (!before)
+        return before.error();
+    if (*before == IntegrationStatus::notInstalled)
+        return {};
+    if (*before == IntegrationStatus::notOurs)
+        return notOurs();
+    if (m_integration.kind == Integration::Kind::thunarAction) {
+        const auto text = sharedText();
+        if (!text)
+            return text.error();
+        const auto actions = ThunarActions::parse(*text);
+        return actions ? replaceWholeFile(m_integration.file, actions->without(), kFileMode)
+                       : Result<void>(notUnderstood());
+    }
+    if (::unlink(m_integration.file.c_str()) != 0)
+        return Error::fromErrno(errno, "remove", m_integration.file);
+    return {};
+}
+
+Result<IntegrationStatus> IntegrationFile::sharedStatus() const {
+    const auto text = sharedText();
+    if (!text)
+        return text.error();
+    if (text->empty())
+        return IntegrationStatus::notInstalled;
+    const auto actions = ThunarActions::parse(*text);
+    if (!actions)
+        return notUnderstood();
+    const auto command = actions->command();
+    if (!command)
+        return IntegrationStatus::notInstalled;
+    // Thunar writes the file anew, and its user may have given the action another name or icon.
+    return *command == ThunarActions::commandOf(m_integration.content)
+               ? IntegrationStatus::installed
+               : IntegrationStatus::differs;
+}
+
+/// Empty where there is no file.
+Result<std::string> IntegrationFile::sharedText() const {
+    auto text = readWholeFile(m_integration.file);
+    if (!text && isMissing(text.error()))
+        return std::string();
+    return text;
+}
+
+Result<std::string> IntegrationFile::newSharedText() const {
+    auto text = sharedText();
+    if (!text)
+        return text;
+    const auto actions =
+        ThunarActions::parse(text->empty() ? systemThunarActions() : *std::move(text));
+    if (!actions)
+        return notUnderstood();
+    return actions->with(m_integration.content);
+}
+
+Error IntegrationFile::notOurs() const {
+    return Error::fromErrno(EEXIST, "not ours, left as it is:", m_integration.file);
+}
+
+Error IntegrationFile::notUnderstood() const {
+    return Error::fromErrno(EBADMSG, "not understood, left as it is:", m_integration.file);
+}
+
+} // namespace vexmoor
