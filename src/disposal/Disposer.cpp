@@ -3,6 +3,8 @@
 #include "disposal/TreeSize.h"
 #include "disposal/WholeRemoval.h"
 
+#include <cerrno>
+
 namespace vexmoor {
 
 Disposer::Disposer(const UserDirectories& directories, WorkMeter* meter)
@@ -13,6 +15,8 @@ Disposer::~Disposer() {
 }
 
 Result<HeldItem> Disposer::hold(const Path& path) {
+    if (!path.is_absolute()) // the kernel may still find it, but its way back could not be told
+        return Error::fromErrno(ENOENT, "find the current folder");
     if (!path.has_relative_path())
         return disposalError(DisposalError::isRoot);
     auto item = m_folders.hold(path);
