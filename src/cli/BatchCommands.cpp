@@ -5,7 +5,7 @@
 #include "cli/Report.h"
 #include "cli/Session.h"
 
-#include <unistd.h>
+#include <algorithm>
 
 namespace vexmoor {
 
@@ -49,11 +49,13 @@ std::vector<Sacrifice> named(Session& session, const std::vector<std::string>& a
                              std::vector<Failure>& missing) {
     std::vector<Sacrifice> items;
     for (const auto& argument : arguments) {
-        if (auto item = session.binnedItems().find(argument))
-            items.push_back(*std::move(item));
-        else
+        if (auto item = session.binnedItems().find(argument)) {
+            if (std::ranges::count(items, item->id, &Sacrifice::id) == 0)
+                items.push_back(*std::move(item));
+        } else {
             missing.push_back(
                 {displayText(argument), disposalError(DisposalError::goneFromBin, argument)});
+        }
     }
     return items;
 }

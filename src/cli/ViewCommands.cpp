@@ -17,8 +17,6 @@ using Json = nlohmann::ordered_json;
 
 namespace {
 
-constexpr std::size_t kShownIdCharacters = 8;
-
 Result<std::unique_ptr<Session>> openOrComplain() {
     auto session = Session::openForReading();
     if (!session)
@@ -80,7 +78,7 @@ int runHistory(const Invocation& invocation) {
     if (items.empty())
         std::cout << "The cauldron is hungry: nothing has been sacrificed yet.\n";
     for (const auto& item : items)
-        std::cout << item.id.toString().substr(0, kShownIdCharacters) << "  "
+        std::cout << item.id.toString().substr(0, BinnedItems::kShortId) << "  "
                   << localTime(item.date, "%F %H:%M") << "  " << std::left << std::setw(20)
                   << fate(item) << "  " << std::right << std::setw(9) << byteCountText(item.bytes)
                   << "  " << printable(item.name) << "\n";

@@ -80,7 +80,22 @@ std::optional<Sacrifice> BinnedItems::find(const std::string& idOrName) const {
             found = item;
         return !found;
     });
-    return found;
+    return found ? found : findByBeginning(idOrName);
+}
+
+std::optional<Sacrifice> BinnedItems::findByBeginning(const std::string& id) const {
+    if (id.size() < kShortId)
+        return std::nullopt;
+    std::string wanted = id;
+    std::ranges::transform(wanted, wanted.begin(),
+                           [](char c) { return c >= 'a' && c <= 'f' ? char(c - 'a' + 'A') : c; });
+    std::vector<Sacrifice> found;
+    visit([&](const Sacrifice& item) {
+        if (item.id.toString().starts_with(wanted))
+            found.push_back(item);
+        return found.size() < 2;
+    });
+    return found.size() == 1 ? std::optional(found.front()) : std::nullopt;
 }
 
 } // namespace vexmoor

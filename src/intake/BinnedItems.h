@@ -22,10 +22,15 @@ class BinnedItems {
     /// The newest `count` items.
     [[nodiscard]] std::vector<Sacrifice> newest(std::size_t count) const;
 
-    /// The newest item of that id or name.
+    /// The newest item of that id or name; else the one whose id alone begins so, with at least
+    /// kShortId characters.
     [[nodiscard]] std::optional<Sacrifice> find(const std::string& idOrName) const;
 
+    /// Characters of an id that lists show.
+    static constexpr std::size_t kShortId = 8;
+
   private:
+    [[nodiscard]] std::optional<Sacrifice> findByBeginning(const std::string& id) const;
     [[nodiscard]] std::vector<Sacrifice> ofJournal(std::int64_t number) const;
     [[nodiscard]] std::vector<Sacrifice> recent() const;
     /// Newest first, until the visitor says no.
