@@ -1,0 +1,204 @@
+#include "CliTest.h"
+
+#include <fcntl.h>
+#include <sqlite3.h>
+#include <sys/file.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <map>
+
+namespace vexmoor::test {
+namespace {
+
+using testing::ElementsAreArray;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+constexpr uid_t kNobody = 65534;
+
+/// What goes wrong around a command: signals, other commands, the disk.
+class AdversityTest : public CliTest {
+  protected:
+    static std::vector<std::string> feeding(std::vector<std::string> names) {
+        names.insert(names.begin(), {"feed", "--json"});
+        return names;
+    }
+
+    [[nodiscard]] std::vector<std::string> recorded() const {
+        std::vector<std::string> names;
+        const Json history = json({"history", "--json"});
+        for (const auto& item : history)
+            names.push_back(item["name"]);
+        std::ranges::sort(names);
+        return names;
+    }
+
+    static void closeFolder(const Path& path) {
+        std::filesystem::permissions(path, std::filesystem::perms::owner_read |
+                                               std::filesystem::perms::owner_exec);
+    }
+};
+
+TEST_F(AdversityTest, StopsBetweenTwoItemsWhenInterrupted) {
+    const auto names = makeItems(10);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        const auto result = vexmoor(feeding(names)).runUntilCall(SYS_renameat2, 3, signal);
+        if (!result)
+            GTEST_SKIP() << "processes can't be traced here";
+        EXPECT_EQ(result->status, 1);
+        EXPECT_THAT(result->errors, HasSubstr("7 items are untouched"));
+        const auto document = Json::parse(result->output);
+        EXPECT_EQ(document["done"].size(), 3U);
+        EXPECT_EQ(document["untouched"].size(), 7U);
+        EXPECT_EQ(document["untouched"][0], Json(m_files / "item-003"));
+        EXPECT_THAT(binned(), ElementsAreArray({"item-000", "item-001", "item-002"}));
+        EXPECT_THAT(namesIn(m_files), ElementsAreArray(names.begin() + 3, names.end()));
+
+        const auto back = vexmoor({"put-back", "--json"}).runUntilCall(SYS_renameat2, 1, signal);
+        ASSERT_TRUE(back);
+        EXPECT_EQ(back->status, 1);
+        EXPECT_THAT(binned(), testing::SizeIs(2));
+        EXPECT_EQ(run({"put-back"}).status, 0);
+        EXPECT_THAT(namesIn(m_files), ElementsAreArray(names));
+    }
+}
+
+TEST_F(AdversityTest, RecordsWhatAKilledCommandHadDone) {
+    const auto names = makeItems(10);
+    if (!vexmoor(feeding(names)).runUntilCall(SYS_renameat2, 3, SIGKILL))
+        GTEST_SKIP() << "processes can't be traced here";
+    EXPECT_THAT(binned(), testing::SizeIs(3));
+    const auto next = run({"history"});
+    EXPECT_THAT(next.errors, HasSubstr("3 disposed of"));
+    EXPECT_THAT(run({"history"}).errors, IsEmpty()) << "it is recorded and told once";
+    EXPECT_THAT(recorded(), ElementsAreArray({"item-000", "item-001", "item-002"}));
+    EXPECT_EQ(json({"stats", "--json"})["count"], 3);
+    EXPECT_EQ(run({"put-back"}).status, 0);
+    EXPECT_THAT(namesIn(m_files), ElementsAreArray(names));
+}
+
+TEST_F(AdversityTest, LetsCommandsAtTheSameTimeWaitForEachOther) {
+    const auto names = makeItems(40);
+    std::vector<RunningCommand> running;
+    for (auto name = names.begin(); name != names.end(); name += 10)
+        running.push_back(vexmoor(feeding({name, name + 10})).start());
+    for (auto& command : running) {
+        const auto result = command.wait();
+        EXPECT_EQ(result.status, 0) << result.errors;
+        EXPECT_EQ(Json::parse(result.output)["done"].size(), 10U);
+    }
+    EXPECT_THAT(binned(), ElementsAreArray(names));
+    EXPECT_THAT(recorded(), ElementsAreArray(names));
+    EXPECT_EQ(json({"stats", "--json"})["count"], 40);
+}
+
+TEST_F(AdversityTest, CanBeInterruptedWhileItWaits) {
+    make("a");
+    ASSERT_EQ(run({"settings", "sound", "off"}).status, 0);
+    const int lock = ::open((m_data / "vexmoor/lock").c_str(), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(::flock(lock, LOCK_EX), 0);
+    const auto result = vexmoor({"feed", "a"}).runUntilCall(SYS_clock_nanosleep, 1, SIGINT);
+    ::close(lock);
+    if (!result)
+        GTEST_SKIP() << "processes can't be traced here";
+    EXPECT_EQ(result->status, 3);
+    EXPECT_THAT(result->errors, HasSubstr("Nothing was touched."));
+    EXPECT_TRUE(isThere("a"));
+}
+
+TEST_F(AdversityTest, SetsADamagedDatabaseAsideAndTellsOnce) {
+    make("a");
+    make("b");
+    m_scratch.write("home/data/vexmoor/defaults.db", std::string(8192, 'x'));
+    const auto first = run({"feed", "a"});
+    EXPECT_EQ(first.status, 0) << first.errors;
+    EXPECT_THAT(first.errors, HasSubstr("The database was damaged. It was set aside as "));
+    EXPECT_EQ(contents(m_data / "vexmoor/defaults.db.corrupt-1"), std::string(8192, 'x'));
+    EXPECT_THAT(run({"feed", "b"}).errors, Not(HasSubstr("damaged")));
+    EXPECT_THAT(recorded(), ElementsAreArray({"a", "b"}));
+}
+
+TEST_F(AdversityTest, TouchesNothingWhereItCannotKeepARecord) {
+    make("a");
+    ASSERT_EQ(run({"settings", "sound", "off"}).status, 0);
+    const bool isRoot = ::geteuid() == 0;
+    if (isRoot) { // to whom no folder is closed: another user runs it, who owns the files
+        std::filesystem::permissions(m_scratch.path(), std::filesystem::perms(0755));
+        std::filesystem::copy_file(m_program, m_scratch / "vexmoor");
+        m_program = m_scratch / "vexmoor";
+        for (const Path& path : {m_home, m_files, m_files / "a", m_data, m_data / "vexmoor"})
+            ASSERT_EQ(::chown(path.c_str(), kNobody, kNobody), 0);
+        for (const auto& name : namesIn(m_data / "vexmoor"))
+            ASSERT_EQ(::chown((m_data / "vexmoor" / name).c_str(), kNobody, kNobody), 0);
+    }
+    closeFolder(m_data / "vexmoor");
+    for (const auto& name : namesIn(m_data / "vexmoor"))
+        if (!std::filesystem::is_directory(m_data / "vexmoor" / name))
+            std::filesystem::permissions(m_data / "vexmoor" / name,
+                                         std::filesystem::perms::owner_read);
+    for (const auto& arguments : {std::vector<std::string>{"feed", "a"},
+                                  {"feed", "--mode", "dissolve", "--yes", "a"},
+                                  {"settings", "sound", "on"}}) {
+        auto command = vexmoor(arguments);
+        const auto result = (isRoot ? command.user(kNobody) : command).run();
+        EXPECT_EQ(result.status, 3) << result.errors;
+        EXPECT_THAT(result.errors, HasSubstr("Permission denied"));
+        EXPECT_TRUE(isThere("a"));
+    }
+    auto reading = vexmoor({"settings", "sound"});
+    EXPECT_EQ((isRoot ? reading.user(kNobody) : reading).run().output, "off\n");
+    std::filesystem::permissions(m_data / "vexmoor", std::filesystem::perms::owner_all);
+}
+
+TEST_F(AdversityTest, LosesNothingWhereAnotherProgramLocksTheDatabase) {
+    make("a");
+    ASSERT_EQ(run({"settings", "sound", "off"}).status, 0);
+    sqlite3* database = nullptr;
+    ASSERT_EQ(sqlite3_open((m_data / "vexmoor/defaults.db").c_str(), &database), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(database, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    const auto result = run({"feed", "a"});
+    sqlite3_close(database);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.errors, HasSubstr("in use by another program"));
+    EXPECT_THAT(binned(), ElementsAreArray({"a"}));
+    EXPECT_THAT(recorded(), ElementsAreArray({"a"})) << "from the journal";
+    EXPECT_EQ(json({"stats", "--json"})["count"], 1);
+    EXPECT_EQ(run({"put-back"}).status, 0);
+    EXPECT_TRUE(isThere("a"));
+}
+
+TEST_F(AdversityTest, NeverMistakesAnotherFolderForOneThatIsGone) {
+    const Path gone = m_files / "gone";
+    std::filesystem::create_directory(gone);
+    make("a");
+    for (const char* const name : {"a", "./a", "../a"}) {
+        std::filesystem::create_directory(gone);
+        const auto result = vexmoor({"feed", name}).folder(gone).removingItsFolder().run();
+        EXPECT_EQ(result.status, 1) << name;
+        EXPECT_THAT(result.errors, HasSubstr("No such file or directory"));
+    }
+    EXPECT_TRUE(isThere("a"));
+    make("b");
+    std::filesystem::create_directory(gone);
+    const auto result = vexmoor({"feed", m_files / "b"}).folder(gone).removingItsFolder().run();
+    EXPECT_EQ(result.status, 0) << "an absolute name needs no folder" << result.errors;
+}
+
+TEST_F(AdversityTest, ReportsAnItemThatHasLeftTheBin) {
+    make("a");
+    make("b");
+    ASSERT_EQ(run({"feed", "a", "b"}).status, 0);
+    std::filesystem::remove(m_data / "Trash/files/a");
+    const auto result = run({"put-back", "a", "b"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.errors, HasSubstr("a is no longer in the Bin."));
+    EXPECT_TRUE(isThere("b")) << "one failure does not stop the rest";
+    EXPECT_THAT(run({"history"}).output, HasSubstr("No longer in the Bin"));
+}
+
+} // namespace
+} // namespace vexmoor::test

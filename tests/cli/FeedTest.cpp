@@ -1,0 +1,208 @@
+#include "CliTest.h"
+
+#include "base/Path.h"
+#include "base/Uuid.h"
+
+namespace vexmoor::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+class FeedTest : public CliTest {
+  protected:
+    /// What changes from run to run is checked for its form and replaced by a word.
+    static Json steady(Json document) {
+        if (document.is_array() || document.is_object())
+            for (auto& [key, value] : document.items())
+                value = key == "id" && Uuid::fromString(value.get<std::string>()) ? Json("id")
+                        : (key == "date" || key == "restored" || key == "deleted") &&
+                                value.is_number() && value.get<double>() > 7e8
+                            ? Json("moment")
+                            : steady(value);
+        return document;
+    }
+
+    [[nodiscard]] Json record(const std::string& name, Json more = Json::object()) const {
+        Json json = {{"id", "id"},
+                     {"name", name},
+                     {"bytes", 4096},
+                     {"mode", "bin"},
+                     {"date", "moment"},
+                     {"original", m_files / name},
+                     {"trashed", m_data / "Trash/files" / name}};
+        json.update(more);
+        return json;
+    }
+};
+
+TEST_F(FeedTest, TellsEachStageOfAnItemInItsDocuments) {
+    make("a");
+    const Json none = Json::array();
+    EXPECT_EQ(steady(json({"feed", "--json", "a", "missing"})),
+              (Json{{"done", {record("a")}},
+                    {"failures", {{{"name", "missing"}, {"error", "No such file or directory."}}}},
+                    {"untouched", none},
+                    {"unlocked", {"first"}}}));
+    EXPECT_EQ(steady(json({"history", "--json"})), Json::array({record("a")}));
+
+    EXPECT_EQ(
+        steady(json({"put-back", "--json", "a", "nothing"})),
+        (Json{{"done", {record("a")}},
+              {"failures", {{{"name", "nothing"}, {"error", "nothing is no longer in the Bin."}}}},
+              {"untouched", none},
+              {"landings", {m_files / "a"}}}));
+    EXPECT_EQ(steady(json({"history", "--json"})),
+              Json::array({record("a", {{"restored", "moment"}})}));
+
+    EXPECT_EQ(steady(json({"feed", "--json", "a"})),
+              (Json{{"done", {record("a")}}, {"failures", none}, {"untouched", none}}));
+    EXPECT_EQ(steady(json({"delete", "--yes", "--json", "a"})),
+              (Json{{"done", {record("a")}},
+                    {"failures", none},
+                    {"untouched", none},
+                    {"landings", {m_data / "Trash/files/a"}}}));
+    EXPECT_EQ(
+        steady(json({"history", "--json"})),
+        Json::array({record("a", {{"deleted", "moment"}}), record("a", {{"restored", "moment"}})}));
+    EXPECT_THAT(binned(), IsEmpty());
+}
+
+TEST_F(FeedTest, EndsWithTheStatusThatTheManualPromises) {
+    make("a");
+    make("b");
+    const struct {
+        std::vector<std::string> arguments;
+        int status;
+        const char* output;
+        const char* errors;
+    } steps[] = {
+        {{"feed"}, 2, "", "PATH is required"},
+        {{"put-back"}, 3, "", "nothing to put back"},
+        {{"feed", "a", "b"}, 0, "To the Bin: a (4 KB)\nTo the Bin: b (4 KB)\n", ""},
+        {{"feed", "a"}, 1, "", "a: No such file or directory."},
+        {{"put-back", "a", "c"}, 1, "Put back: a", "c is no longer in the Bin."},
+        {{"put-back", "a"}, 1, "", "a is no longer in the Bin."},
+        {{"delete", "b"}, 3, "", "--yes"},
+        {{"delete", "--yes", "b"}, 0, "Deleted from the Bin: b", ""},
+        {{"feed", "."}, 1, "", "Name it itself."},
+        {{"feed", m_home}, 1, "", "The home folder can't be thrown away."},
+        {{"feed", m_data / "Trash"}, 1, "", "This is the Bin itself."},
+        {{"--version"}, 0, "vexmoor ", ""},
+    };
+    for (const auto& [arguments, status, output, errors] : steps) {
+        const auto result = run(arguments);
+        EXPECT_EQ(result.status, status) << testing::PrintToString(arguments);
+        EXPECT_THAT(result.output, HasSubstr(output));
+        EXPECT_THAT(result.errors, HasSubstr(errors));
+    }
+    EXPECT_THAT(namesIn(m_files), ElementsAre("a"));
+}
+
+TEST_F(FeedTest, PutsBackTheNewestOrTheWholeLastBatch) {
+    const auto names = makeItems(300);
+    auto feed = names;
+    feed.insert(feed.begin(), "feed");
+    const auto fed = run(feed);
+    EXPECT_EQ(fed.status, 0) << fed.errors;
+    EXPECT_THAT(fed.output, HasSubstr("300 items"));
+    EXPECT_EQ(json({"history", "-n", "999", "--json"}).size(), 40U);
+
+    EXPECT_EQ(run({"put-back", "--last", "2"}).status, 0);
+    EXPECT_THAT(namesIn(m_files), ElementsAre("item-298", "item-299"));
+    EXPECT_EQ(run({"put-back", "item-007"}).status, 0) << "it has left the history";
+    EXPECT_EQ(run({"put-back"}).status, 0);
+    EXPECT_THAT(namesIn(m_files), ElementsAreArray(names));
+    EXPECT_THAT(namesIn(m_data / "Trash/info"), IsEmpty());
+    EXPECT_EQ(run({"put-back"}).status, 3);
+}
+
+TEST_F(FeedTest, FindsAnItemByWhatTheHistoryShows) {
+    make("a");
+    make("b");
+    ASSERT_EQ(run({"feed", "a", "b"}).status, 0);
+    const std::string listed = run({"history", "-n", "1"}).output;
+    const std::string id = json({"history", "--json"})[0]["id"];
+    ASSERT_THAT(listed, testing::StartsWith(id.substr(0, 8)));
+    EXPECT_EQ(run({"put-back", id.substr(0, 7)}).status, 1) << "too little to be sure";
+    const auto back = run({"put-back", id.substr(0, 8), "b", id});
+    EXPECT_EQ(back.status, 0) << back.errors << "all three are the same item";
+    EXPECT_THAT(namesIn(m_files), ElementsAre("b"));
+    EXPECT_FALSE(json({"history", "--json"})[0].contains("lost"));
+}
+
+TEST_F(FeedTest, KeepsWhatStandsInThePlaceOfAnItemThatComesBack) {
+    make("a", "old");
+    ASSERT_EQ(run({"feed", "a"}).status, 0);
+    make("a", "new");
+    const auto result = run({"put-back", "--json"});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    const Path landing = Json::parse(result.output)["landings"][0].get<std::string>();
+    EXPECT_NE(landing, m_files / "a");
+    EXPECT_EQ(contents(landing), "old");
+    EXPECT_EQ(contents(m_files / "a"), "new");
+}
+
+TEST_F(FeedTest, CountsEveryItemInTheStats) {
+    EXPECT_THAT(run({"history"}).output, HasSubstr("hungry"));
+    make("a");
+    make("b");
+    ASSERT_EQ(run({"feed", "a", "b"}).status, 0);
+    const auto stats = json({"stats", "--json"});
+    EXPECT_EQ(stats["count"], 2);
+    EXPECT_EQ(stats["bytes"], 8192);
+    EXPECT_EQ(stats["today"], (Json{{"count", 2}, {"bytes", 8192}}));
+    EXPECT_EQ(stats["week"].size(), 7U);
+    EXPECT_EQ(stats["streak"], 1);
+    EXPECT_EQ(stats["achievements"]["unlocked"], Json::array({"first"}));
+    EXPECT_EQ(stats["skin"], "iron");
+    EXPECT_THAT(run({"stats"}).output, HasSubstr("2 sacrifices"));
+}
+
+TEST_F(FeedTest, TreatsHostileNamesAsNames) {
+    const std::vector<std::string> names = {
+        "new\nline", "-rf", "--json", "\x1b[31mred\x07",    "broken\xff\xfe", "[a]", " ",
+        "feed",      "%%",  "--",     std::string(255, 'x')};
+    for (const auto& name : names)
+        make(name);
+    make("a");
+    std::vector<std::string> feed = {"feed", "--"};
+    feed.insert(feed.end(), names.begin(), names.end());
+    const auto fed = run(feed);
+    EXPECT_EQ(fed.status, 0) << fed.errors;
+    EXPECT_THAT(namesIn(m_files), ElementsAre("a"));
+    for (const auto& text : {fed.output, run({"history"}).output}) {
+        EXPECT_THAT(text, Not(HasSubstr("\x1b")));
+        EXPECT_THAT(text, Not(HasSubstr("\xff")));
+    }
+    EXPECT_THAT(run({"history"}).output, HasSubstr("\\x1b[31mred\\x07"));
+
+    const auto history = json({"history", "--json"});
+    ASSERT_EQ(history.size(), names.size());
+    EXPECT_EQ(history[6]["name"], "broken\uFFFD\uFFFD");
+    EXPECT_EQ(pathFromJsonText(history[6]["original"].get<std::string>()), m_files / names[4]);
+
+    EXPECT_EQ(run({"put-back", "new\nline", "[a]", "--", "-rf", "--"}).status, 0);
+    EXPECT_EQ(run({"put-back"}).status, 0);
+    for (const auto& name : names)
+        EXPECT_TRUE(isThere(name)) << name;
+    const auto gone = run({"feed", "--", "\x1b[2J"});
+    EXPECT_EQ(gone.status, 1);
+    EXPECT_THAT(gone.errors, HasSubstr("\\x1b[2J: No such file"));
+    const auto usage = run({"feed", "--\x1b[2J"});
+    EXPECT_EQ(usage.status, 2);
+    EXPECT_THAT(usage.errors, Not(HasSubstr("\x1b")));
+}
+
+TEST_F(FeedTest, TellsWhenItsOutputCannotBeWritten) {
+    const auto result =
+        program({"/bin/sh", "-c", m_program.native() + " history >/dev/full"}).run();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.errors, HasSubstr("could be written"));
+}
+
+} // namespace
+} // namespace vexmoor::test

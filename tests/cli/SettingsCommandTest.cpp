@@ -1,0 +1,74 @@
+#include "CliTest.h"
+
+#include "cli/SettingDescription.h"
+
+namespace vexmoor::test {
+namespace {
+
+using testing::HasSubstr;
+
+class SettingsCommandTest : public CliTest {};
+
+TEST_F(SettingsCommandTest, ListsReadsAndSets) {
+    EXPECT_EQ(json({"settings", "--json"}), (Json{{"mode", "bin"},
+                                                  {"confirmDissolve", true},
+                                                  {"sound", true},
+                                                  {"escapeDock", true},
+                                                  {"captureFinderDelete", true},
+                                                  {"showMenuBarIcon", true},
+                                                  {"skin", "iron"}}));
+    EXPECT_EQ(run({"settings", "mode", "dissolve"}).status, 0);
+    EXPECT_EQ(run({"settings", "mode"}).output, "dissolve\n");
+    for (const auto& [value, shown] : {std::pair("off", "off"),
+                                       {"true", "on"},
+                                       {"no", "off"},
+                                       {"1", "on"},
+                                       {"false", "off"},
+                                       {"yes", "on"},
+                                       {"0", "off"}}) {
+        EXPECT_EQ(run({"settings", "sound", value}).status, 0) << value;
+        EXPECT_EQ(run({"settings", "sound"}).output, std::string(shown) + "\n") << value;
+    }
+    EXPECT_EQ(json({"settings", "sound", "--json"}), (Json{{"sound", false}}));
+    EXPECT_THAT(run({"settings"}).output, HasSubstr("mode = dissolve\n"));
+}
+
+TEST_F(SettingsCommandTest, RefusesWhatASettingCannotBe) {
+    const auto before = json({"settings", "--json"});
+    const struct {
+        std::vector<std::string> arguments;
+        int status;
+        const char* error;
+    } cases[] = {
+        {{"settings", "volume", "11"}, 2, "volume"},
+        {{"settings", "mode", "burn"}, 2, "mode can be: bin, dissolve."},
+        {{"settings", "sound", "ON"}, 2, "sound can be: on, off."},
+        {{"settings", "sound", ""}, 2, "empty"},
+        {{"settings", "skin", "tin"}, 2, "skin can be: iron."},
+        {{"settings", "skin", settingDescriptions().back().values.back()}, 3, "locked"},
+    };
+    for (const auto& [arguments, status, error] : cases) {
+        const auto result = run(arguments);
+        EXPECT_EQ(result.status, status) << testing::PrintToString(arguments);
+        EXPECT_THAT(result.errors, HasSubstr(error));
+    }
+    EXPECT_EQ(json({"settings", "--json"}), before);
+}
+
+/// The descriptions feed the completions and the manual; a setting's values must be true.
+TEST_F(SettingsCommandTest, TakesEveryValueOfItsDescriptions) {
+    std::vector<std::string> names;
+    const Json document = json({"settings", "--json"});
+    for (const auto& [name, value] : document.items())
+        names.push_back(name);
+    EXPECT_EQ(settingNames(), names);
+    for (const auto& setting : settingDescriptions())
+        for (const auto& value : setting.values) {
+            const int status = run({"settings", setting.name, value}).status;
+            EXPECT_EQ(status, setting.name == "skin" && value != "iron" ? 3 : 0)
+                << setting.name << " " << value;
+        }
+}
+
+} // namespace
+} // namespace vexmoor::test
