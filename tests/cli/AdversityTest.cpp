@@ -83,7 +83,7 @@ TEST_F(AdversityTest, RecordsWhatAKilledCommandHadDone) {
 
 TEST_F(AdversityTest, LetsCommandsAtTheSameTimeWaitForEachOther) {
     const auto names = makeItems(40);
-    std::vector<RunningCommand> running;
+    std::vector<Command::Running> running;
     for (auto name = names.begin(); name != names.end(); name += 10)
         running.push_back(vexmoor(feeding({name, name + 10})).start());
     for (auto& command : running) {
@@ -144,13 +144,13 @@ TEST_F(AdversityTest, TouchesNothingWhereItCannotKeepARecord) {
                                   {"feed", "--mode", "dissolve", "--yes", "a"},
                                   {"settings", "sound", "on"}}) {
         auto command = vexmoor(arguments);
-        const auto result = (isRoot ? command.user(kNobody) : command).run();
+        const auto result = (isRoot ? command.asUser(kNobody) : command).run();
         EXPECT_EQ(result.status, 3) << result.errors;
         EXPECT_THAT(result.errors, HasSubstr("Permission denied"));
         EXPECT_TRUE(isThere("a"));
     }
     auto reading = vexmoor({"settings", "sound"});
-    EXPECT_EQ((isRoot ? reading.user(kNobody) : reading).run().output, "off\n");
+    EXPECT_EQ((isRoot ? reading.asUser(kNobody) : reading).run().output, "off\n");
     std::filesystem::permissions(m_data / "vexmoor", std::filesystem::perms::owner_all);
 }
 
@@ -177,14 +177,14 @@ TEST_F(AdversityTest, NeverMistakesAnotherFolderForOneThatIsGone) {
     make("a");
     for (const char* const name : {"a", "./a", "../a"}) {
         std::filesystem::create_directory(gone);
-        const auto result = vexmoor({"feed", name}).folder(gone).removingItsFolder().run();
+        const auto result = vexmoor({"feed", name}).in(gone).removingItsFolder().run();
         EXPECT_EQ(result.status, 1) << name;
         EXPECT_THAT(result.errors, HasSubstr("No such file or directory"));
     }
     EXPECT_TRUE(isThere("a"));
     make("b");
     std::filesystem::create_directory(gone);
-    const auto result = vexmoor({"feed", m_files / "b"}).folder(gone).removingItsFolder().run();
+    const auto result = vexmoor({"feed", m_files / "b"}).in(gone).removingItsFolder().run();
     EXPECT_EQ(result.status, 0) << "an absolute name needs no folder" << result.errors;
 }
 

@@ -14,7 +14,7 @@ Command CliTest::vexmoor(std::vector<std::string> arguments) const {
     return program(std::move(arguments));
 }
 
-CommandResult CliTest::run(std::vector<std::string> arguments) const {
+Command::Result CliTest::run(std::vector<std::string> arguments) const {
     return vexmoor(std::move(arguments)).run();
 }
 
@@ -27,15 +27,18 @@ Json CliTest::json(std::vector<std::string> arguments) const {
 
 Command CliTest::program(std::vector<std::string> arguments) const {
     Command command(std::move(arguments));
-    command.folder(m_files).environment({{"HOME", m_home},
-                                         {"XDG_DATA_HOME", m_data},
-                                         {"XDG_CONFIG_HOME", m_config},
-                                         {"XDG_CONFIG_DIRS", m_home / "system"},
-                                         {"XDG_RUNTIME_DIR", m_scratch / "run"},
-                                         {"PATH", "/usr/bin:/bin"},
-                                         {"LANG", "C.UTF-8"},
-                                         {"TERM", "xterm"},
-                                         {"TZ", "UTC"}});
+    command.in(m_files).withNothingElse();
+    for (const auto& [name, value] :
+         std::map<std::string, std::string>{{"HOME", m_home},
+                                            {"XDG_DATA_HOME", m_data},
+                                            {"XDG_CONFIG_HOME", m_config},
+                                            {"XDG_CONFIG_DIRS", m_home / "system"},
+                                            {"XDG_RUNTIME_DIR", m_scratch / "run"},
+                                            {"PATH", "/usr/bin:/bin"},
+                                            {"LANG", "C.UTF-8"},
+                                            {"TERM", "xterm"},
+                                            {"TZ", "UTC"}})
+        command.with(name, value);
     return command;
 }
 

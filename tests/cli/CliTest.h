@@ -21,7 +21,7 @@ class CliTest : public testing::Test {
 
     /// `vexmoor` with these arguments, in `files`.
     [[nodiscard]] Command vexmoor(std::vector<std::string> arguments) const;
-    [[nodiscard]] CommandResult run(std::vector<std::string> arguments) const;
+    [[nodiscard]] Command::Result run(std::vector<std::string> arguments) const;
     /// The JSON document that it prints; a failure of the test where it prints none.
     [[nodiscard]] Json json(std::vector<std::string> arguments) const;
 

@@ -132,7 +132,7 @@ TEST_F(IntegrateTest, ScriptsFeedAnyNameWhereverTheProgramLies) {
         for (const auto& name : names)
             uris += fileUri(make(name)) + "\n";
         make("bystander");
-        const auto fed = program({places()[id]}).alsoEnvironment(variable, uris).run();
+        const auto fed = program({places()[id]}).with(variable, uris).run();
         EXPECT_EQ(fed.status, 0) << fed.errors;
         EXPECT_THAT(namesIn(m_files), ElementsAre("bystander"));
         EXPECT_THAT(binned(), UnorderedElementsAreArray(names));

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "base/FileDescriptor.h"
 #include "base/Path.h"
 
 #include <sys/types.h>
 
+#include <chrono>
 #include <map>
 #include <optional>
 #include <string>
@@ -11,71 +13,81 @@
 
 namespace vexmoor::test {
 
-/// What came of a program: its exit status, or 128 and the number of the signal that ended it.
-struct CommandResult {
-    int status = 0;
-    std::string output;
-    std::string errors; ///< on a terminal both are in `output`
+/// Runs a program as a user would, without a shell: its arguments, folder, environment and input
+/// are given, what it prints is caught. The environment is the test's own with changes.
+class Command {
+  public:
+    struct Result {
+        int status = -1; ///< exit status; -1 where a signal ended it
+        int signal = 0;
+        std::string output;
+        std::string errors; ///< on a terminal all is output
+    };
+    class Running;
+
+    explicit Command(std::vector<std::string> words) : m_words(std::move(words)) {}
+
+    /// Whether such a program is on the search path.
+    static bool exists(const std::string& program);
+
+    Command& in(const Path& folder);
+    /// Removes the folder when it stands in it, before the program starts.
+    Command& removingItsFolder();
+    Command& with(const std::string& variable, const std::string& value);
+    Command& without(const std::string& variable);
+    /// Leaves the test's own environment out, all but what sanitizers read.
+    Command& withNothingElse();
+    Command& input(std::string bytes);
+    Command& asUser(uid_t user);
+
+    /// Waits for its end. Throws where it cannot be started.
+    [[nodiscard]] Result run() const;
+    [[nodiscard]] Running start() const;
+
+    /// Sends it the signal when the time is over, if it still runs then, and waits for its end.
+    [[nodiscard]] Result runAndSignal(std::chrono::microseconds after, int signal) const;
+
+    /// Sends it the signal when its main thread comes back from its `count`-th system call of that
+    /// number, before it does anything else. Nothing where it made fewer or cannot be traced.
+    [[nodiscard]] std::optional<Result> runUntilCall(long call, int count, int signal) const;
+
+    /// Runs it on a terminal of its own, on which the text has been typed already.
+    [[nodiscard]] Result runOnTerminal(const std::string& typed) const;
+
+  private:
+    enum class Kind { plain, traced, onTerminal };
+    [[nodiscard]] Running start(Kind kind) const;
+    [[nodiscard]] pid_t fork(Kind kind, int input, int output, int errors) const;
+    void enterItsSurroundings() const;
+    [[noreturn]] void becomeTheProgram() const;
+
+    std::vector<std::string> m_words;
+    Path m_folder;
+    bool m_removesItsFolder = false;
+    bool m_hasNothingElse = false;
+    std::map<std::string, std::optional<std::string>> m_environment;
+    std::string m_input;
+    std::optional<uid_t> m_user;
 };
 
-/// A child process that runs; it is killed where nobody waited for it.
-class RunningCommand {
+/// A program that runs. It is killed where nobody waited for its end.
+class Command::Running {
   public:
-    RunningCommand(pid_t process, int output, int errors)
-        : m_process(process), m_output(output), m_errors(errors) {}
-    RunningCommand(RunningCommand&& other) noexcept;
-    RunningCommand& operator=(RunningCommand&&) = delete;
-    ~RunningCommand();
+    Running(pid_t process, FileDescriptor output, FileDescriptor errors)
+        : m_process(process), m_output(std::move(output)), m_errors(std::move(errors)) {}
+    Running(Running&& other) noexcept;
+    Running& operator=(Running&&) = delete;
+    ~Running();
 
     [[nodiscard]] pid_t process() const { return m_process; }
     void signal(int number) const;
-    CommandResult wait();
+    [[nodiscard]] bool endsWithin(std::chrono::microseconds time) const;
+    Result wait();
 
   private:
     pid_t m_process;
-    int m_output;
-    int m_errors;
-};
-
-/// Runs a program with exactly the given environment. Set it up, then run it.
-class Command {
-  public:
-    /// The first argument is the program, looked for in the PATH of the test.
-    explicit Command(std::vector<std::string> arguments) : m_arguments(std::move(arguments)) {}
-
-    Command& environment(std::map<std::string, std::string> variables);
-    Command& alsoEnvironment(const std::string& name, std::string value);
-    Command& folder(Path folder);
-    Command& input(std::string text);
-    Command& user(uid_t user);
-    /// Removes the folder in which the program starts, between entering it and starting.
-    Command& removingItsFolder();
-
-    [[nodiscard]] CommandResult run() const;
-    [[nodiscard]] RunningCommand start() const;
-
-    /// Runs it on a terminal of its own, on which the text has been typed already.
-    [[nodiscard]] CommandResult runOnTerminal(const std::string& typed) const;
-
-    /// Runs it and sends it the signal when it comes back from its `count`-th system call of that
-    /// number, before it does anything else. Nothing where tracing is not allowed here.
-    [[nodiscard]] std::optional<CommandResult> runUntilCall(long call, int count, int signal) const;
-
-  private:
-    struct Streams {
-        int input;
-        int output;
-        int errors;
-    };
-    [[nodiscard]] pid_t fork(const Streams& streams, bool ownsTerminal, bool isTraced) const;
-    [[noreturn]] void become(const Streams& streams, bool ownsTerminal, bool isTraced) const;
-
-    std::vector<std::string> m_arguments;
-    std::map<std::string, std::string> m_environment;
-    std::optional<Path> m_folder;
-    std::string m_input;
-    std::optional<uid_t> m_user;
-    bool m_removesItsFolder = false;
+    FileDescriptor m_output;
+    FileDescriptor m_errors;
 };
 
 } // namespace vexmoor::test
