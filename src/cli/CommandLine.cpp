@@ -117,8 +117,8 @@ void addViews(CLI::App& app, Invocation& invocation) {
 
 void addIntegrate(CLI::App& app, Invocation& invocation) {
     auto& integrate = *addCommand(app, invocation, "integrate", Command::integrate,
-                                  "\"Feed to Vexmoor\" in the menus of the file managers, and the "
-                                  "start with the session");
+                                  "Put \"Feed to Vexmoor\" into the menus of the file managers, "
+                                  "and start with the session");
     addJson(integrate, invocation);
     integrate.add_option("ACTION", invocation.action, "What to do; without it, status")
         ->check(CLI::IsMember({"install", "remove", "status"}))

@@ -1,0 +1,149 @@
+#include "CommandModel.h"
+
+#include "cli/SettingDescription.h"
+
+namespace vexmoor {
+
+namespace {
+
+/// Text of which nothing is taken for a request of the formatter; a sentence a line, as it wants.
+std::string line(const std::string& text) {
+    std::string result = text.starts_with('.') || text.starts_with('\'') ? "\\&" : "";
+    for (const char c : text) {
+        if (c == ' ' && result.ends_with('.'))
+            result += '\n';
+        else
+            result.append(c == '\\' ? "\\e" : std::string(1, c));
+    }
+    return result + "\n";
+}
+
+/// "Fl Fl mode" for --mode, "Fl n" for -n.
+std::string flag(const std::string& name) {
+    return name.starts_with("--") ? "Fl Fl " + name.substr(2) : "Fl " + name.substr(1);
+}
+
+std::string optionMacros(const ParameterModel& option, const std::string& name) {
+    return flag(name) + (option.value.empty() ? "" : " Ar " + option.value);
+}
+
+std::string synopsis(const CommandModel& command) {
+    std::string text = ".Nm\n.Cm " + command.name + "\n";
+    for (const auto& option : command.options)
+        if (option.names.front() != "--help")
+            text += ".Op " + optionMacros(option, option.names.front()) + "\n";
+    for (const auto& argument : command.arguments) {
+        const bool isNested = !argument.isRequired && &argument != &command.arguments.front();
+        if (isNested)
+            text.back() = ' '; // an optional argument stands only behind the one before it
+        text += std::string(argument.isRequired ? ".Ar "
+                            : isNested          ? "Op Ar "
+                                                : ".Op Ar ") +
+                argument.names.front() + (argument.isRepeated ? " ...\n" : "\n");
+    }
+    return text;
+}
+
+std::string parameterItem(const std::string& macros, const ParameterModel& parameter) {
+    std::string text = ".It " + macros + "\n" + line(parameter.description + ".");
+    if (!parameter.choices.empty())
+        text += line("One of " + joined(parameter.choices, ", ") + ".");
+    return text;
+}
+
+std::string parameters(const CommandModel& command) {
+    std::string items;
+    for (const auto& option : command.options) {
+        if (option.names.front() == "--help" && command.name != "vexmoor")
+            continue;
+        std::vector<std::string> macros;
+        for (const auto& name : option.names)
+            macros.push_back(optionMacros(option, name));
+        items += parameterItem(joined(macros, " , "), option);
+    }
+    for (const auto& argument : command.arguments)
+        items += parameterItem("Ar " + argument.names.front(), argument);
+    return items.empty() ? "" : ".Bl -tag -width Ds\n" + items + ".El\n";
+}
+
+std::string commandSections(const CommandModel& program) {
+    std::string text;
+    for (const auto& command : program.commands)
+        text +=
+            ".Ss " + command.name + "\n" + line(command.description + ".") + parameters(command);
+    return text;
+}
+
+std::string settings() {
+    std::string text = ".Sh SETTINGS\n.Bl -tag -width Ds\n";
+    for (const auto& setting : settingDescriptions())
+        text += ".It Cm " + setting.name + "\n" + line(setting.description + ".") +
+                line("One of " + joined(setting.values, ", ") + ".");
+    return text + ".El\n";
+}
+
+constexpr const char* kAfterwards = R"(.Sh ENVIRONMENT
+.Bl -tag -width Ds
+.It Ev XDG_DATA_HOME
+Where the user's data lies;
+.Pa ~/.local/share
+where it is not set.
+.It Ev XDG_CONFIG_HOME
+Where the user's configuration lies;
+.Pa ~/.config
+where it is not set.
+.El
+.Sh FILES
+.Bl -tag -width Ds
+.It Pa $XDG_DATA_HOME/vexmoor
+The history, the settings and the journals of the newest batches.
+.It Pa $XDG_DATA_HOME/Trash
+The Bin of the home folder's volume; other volumes have their own.
+.El
+.Sh EXIT STATUS
+.Bl -tag -width Ds
+.It 0
+All was done.
+.It 1
+Some items failed, or were left when the command was stopped.
+.It 2
+The command line could not be understood; nothing was touched.
+.It 3
+The command was declined, or cannot reach what it needs; nothing was touched.
+.El
+.Sh EXAMPLES
+Move two files to the Bin, and bring them back:
+.Bd -literal -offset indent
+vexmoor feed notes.txt draft.odt
+vexmoor put-back
+.Ed
+.Pp
+Dissolve whatever a program names, names of any kind included:
+.Bd -literal -offset indent
+find . -name '*.o' -print0 | xargs -0 vexmoor feed --mode dissolve --yes --
+.Ed
+.Pp
+The names of the newest sacrifices, for another program:
+.Bd -literal -offset indent
+vexmoor history --json | jq -r '.[].name'
+.Ed
+)";
+
+} // namespace
+
+std::string manualPage(const CommandModel& program) {
+    std::string text = std::string(".\\\" ") + kGeneratedNote +
+                       "\n.Dd November 22, 2026\n.Dt VEXMOOR 1\n.Os\n.Sh NAME\n.Nm vexmoor\n"
+                       ".Nd throw files away with a little ceremony\n.Sh SYNOPSIS\n.Nm\n";
+    for (const auto& command : program.commands)
+        text += synopsis(command);
+    return text + ".Sh DESCRIPTION\n" + line(program.description) +
+           "Where the desktop application runs, it carries the commands out.\n"
+           ".Pp\nBehind\n.Fl Fl\nevery argument is a name.\n"
+           "What is asked for as JSON is one document on the standard output; complaints go to the "
+           "standard error.\nAn interrupt ends a command between two items.\n" +
+           parameters(program) + ".Sh COMMANDS\n" + commandSections(program) + settings() +
+           kAfterwards;
+}
+
+} // namespace vexmoor
