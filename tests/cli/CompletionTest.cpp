@@ -12,10 +12,6 @@ using testing::UnorderedElementsAreArray;
 
 const Path kShare = VEXMOOR_SHARE;
 
-bool isInstalled(const char* shell) {
-    return std::filesystem::exists(Path("/usr/bin") / shell);
-}
-
 /// The words of a line, of which the last is being typed, and what they can become. Options and
 /// values stand for all their kind; names of files are left to the shells.
 struct Case {
@@ -85,7 +81,7 @@ class CompletionTest : public CliTest {
 };
 
 TEST_F(CompletionTest, BashCompletesCommandsOptionsAndValues) {
-    if (!isInstalled("bash"))
+    if (!Command::exists("bash"))
         GTEST_SKIP() << "bash is not installed";
     for (const auto& [words, candidates] : cases())
         EXPECT_THAT(bash(words), UnorderedElementsAreArray(candidates))
@@ -97,7 +93,7 @@ TEST_F(CompletionTest, BashCompletesCommandsOptionsAndValues) {
 }
 
 TEST_F(CompletionTest, FishCompletesCommandsOptionsAndValues) {
-    if (!isInstalled("fish"))
+    if (!Command::exists("fish"))
         GTEST_SKIP() << "fish is not installed";
     for (const auto& [words, candidates] : cases())
         EXPECT_THAT(fish(words), UnorderedElementsAreArray(candidates))
@@ -111,7 +107,7 @@ TEST_F(CompletionTest, FishCompletesCommandsOptionsAndValues) {
 }
 
 TEST_F(CompletionTest, ZshTakesItsFunctionFromTheSearchPath) {
-    if (!isInstalled("zsh"))
+    if (!Command::exists("zsh"))
         GTEST_SKIP() << "zsh is not installed";
     const auto checked = program({"zsh", "-n", kShare / "zsh/site-functions/_vexmoor"}).run();
     EXPECT_EQ(checked.status, 0) << checked.errors;
@@ -125,7 +121,7 @@ TEST_F(CompletionTest, ZshTakesItsFunctionFromTheSearchPath) {
 }
 
 TEST_F(CompletionTest, TheManualPageIsCleanAndKnowsEveryCommand) {
-    if (!isInstalled("mandoc"))
+    if (!Command::exists("mandoc"))
         GTEST_SKIP() << "mandoc is not installed";
     const Path page = kShare / "man/man1/vexmoor.1";
     const auto checked = program({"mandoc", "-T", "lint", "-W", "warning", page}).run();
