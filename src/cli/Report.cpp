@@ -34,7 +34,7 @@ void printDone(const BatchResult& result, const ReportWords& words) {
             std::cout << "\n";
         }
     } else if (count > 0) {
-        std::cout << words.many << ": " << countText(static_cast<std::int64_t>(count)) << " items ("
+        std::cout << words.many << ": " << counted(static_cast<std::int64_t>(count), "item") << " ("
                   << byteCountText(bytes) << ")\n";
     }
 }
@@ -71,8 +71,8 @@ int reportBatch(const BatchResult& result, const ReportWords& words, bool asJson
     for (const auto& failure : result.failures)
         complain(printable(failure.name) + ": " + printable(describe(failure.error)));
     if (!result.untouched.empty())
-        complain("Stopped: " + countText(static_cast<std::int64_t>(result.untouched.size())) +
-                 " items are untouched.");
+        complain("Stopped. Left as it was: " +
+                 counted(static_cast<std::int64_t>(result.untouched.size()), "item") + ".");
     if (result.storeError)
         complain("The history couldn't be saved: " + printable(describe(*result.storeError)) +
                  " It will be at the next start.");

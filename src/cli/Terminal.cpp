@@ -1,5 +1,6 @@
 #include "Terminal.h"
 
+#include "base/ByteCount.h"
 #include "base/Path.h"
 
 #include <unistd.h>
@@ -22,6 +23,10 @@ std::string printable(std::string_view text) {
         }
     }
     return result;
+}
+
+std::string counted(std::int64_t count, const std::string& noun) {
+    return countText(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
 void complain(const std::string& sentence) {

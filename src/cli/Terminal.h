@@ -2,6 +2,7 @@
 
 #include "intake/Ports.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -9,6 +10,9 @@ namespace vexmoor {
 
 /// Text that is safe to print: control characters, which could command the terminal, are escaped.
 std::string printable(std::string_view text);
+
+/// "1 item", "10,000 items".
+std::string counted(std::int64_t count, const std::string& noun);
 
 /// Prints "vexmoor: …" to stderr.
 void complain(const std::string& sentence);

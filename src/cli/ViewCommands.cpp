@@ -57,7 +57,8 @@ void printWeek(const std::vector<Ledger::DayOfWeek>& week) {
     std::cout << "\nThis week\n";
     for (const auto& [day, tally] : week)
         std::cout << "  " << localTime(day, "%a %F") << "  " << std::setw(8)
-                  << countText(tally.count) << " items  " << byteCountText(tally.bytes) << "\n";
+                  << countText(tally.count) << (tally.count == 1 ? " item   " : " items  ")
+                  << byteCountText(tally.bytes) << "\n";
 }
 
 } // namespace
@@ -108,12 +109,12 @@ int runStats(const Invocation& invocation) {
         std::cout << json.dump(2) << "\n";
         return kAllDone;
     }
-    std::cout << countText(ledger.count.get()) << " sacrifices, "
+    std::cout << counted(ledger.count.get(), "sacrifice") << ", "
               << byteCountText(ledger.bytes.get()) << " consumed\n"
-              << "Today: " << countText(today.count) << " items, " << byteCountText(today.bytes)
+              << "Today: " << counted(today.count, "item") << ", " << byteCountText(today.bytes)
               << "\n"
-              << "Streak: " << progress.streak << (progress.streak == 1 ? " day" : " days")
-              << " (best " << progress.bestStreak << ")\n"
+              << "Streak: " << counted(progress.streak, "day") << " (best " << progress.bestStreak
+              << ")\n"
               << "Cauldron: " << skin.name << "\n";
     printWeek(week);
     std::cout << "\n"

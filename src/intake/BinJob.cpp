@@ -35,7 +35,8 @@ void BinJob::handle(const Sacrifice& item) {
         m_writer->conclude(item.id, landing.ok());
     if (landing) {
         m_output.result.done.push_back(item);
-        m_output.result.landings.push_back(*std::move(landing));
+        if (m_kind == JournalKind::putBack)
+            m_output.result.landings.push_back(*std::move(landing));
         m_output.done.insert(item.id);
         return;
     }

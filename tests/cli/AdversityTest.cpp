@@ -50,7 +50,7 @@ TEST_F(AdversityTest, StopsBetweenTwoItemsWhenInterrupted) {
         if (!result)
             GTEST_SKIP() << "processes can't be traced here";
         EXPECT_EQ(result->status, 1);
-        EXPECT_THAT(result->errors, HasSubstr("7 items are untouched"));
+        EXPECT_THAT(result->errors, HasSubstr("Left as it was: 7 items."));
         const auto document = Json::parse(result->output);
         EXPECT_EQ(document["done"].size(), 3U);
         EXPECT_EQ(document["untouched"].size(), 7U);
