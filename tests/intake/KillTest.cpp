@@ -18,8 +18,13 @@ namespace {
 constexpr int kFiles = 2000;
 constexpr int kKills = 200;
 constexpr std::size_t kHistory = 40;
-constexpr int kRefused = 3;
+constexpr int kRoundRuns = 40; ///< by then a round is over, or what is left has no journal any more
 constexpr unsigned kSeed = 20240331;
+
+/// What moves and notes each item, and what stores the batch.
+constexpr const char* kItemCalls[] = {"openat", "write", "renameat2", "unlinkat"};
+constexpr const char* kBatchCalls[] = {"pwrite64", "fdatasync", "rename", "unlink"};
+constexpr int kBatchCallsMade = 5;
 
 /// The built program, killed again and again.
 class KillTest : public testing::Test {
@@ -36,8 +41,8 @@ class KillTest : public testing::Test {
         arguments.insert(arguments.begin(), VEXMOOR_PROGRAM);
         return Command(std::move(arguments))
             .in(things())
-            .with("HOME", home.path())
-            .without("XDG_DATA_HOME");
+            .withNothingElse()
+            .with("HOME", home.path());
     }
     [[nodiscard]] nlohmann::json answer(std::vector<std::string> arguments) const {
         arguments.emplace_back("--json");
@@ -56,28 +61,30 @@ class KillTest : public testing::Test {
         return result;
     }
 
-    /// Feeds what is at its place, or puts back what is in the Bin, and is killed on the way.
-    void runAndKill(bool feeding, std::chrono::microseconds after) const {
+    /// Feeds what is at its place, or puts back what is in the Bin, and is killed as it comes back
+    /// from that many of those calls of the system. False where it was over before.
+    [[nodiscard]] bool runAndKill(bool feeding, const std::string& moment) const {
         std::vector<std::string> arguments = {"put-back", "--last", std::to_string(kFiles)};
         if (feeding) {
             arguments = {"feed", "--"};
             for (const auto& name : list(things()))
                 arguments.push_back(name);
         }
-        const auto result = vexmoor(std::move(arguments)).runAndSignal(after, SIGKILL);
-        const bool isTooOld = !feeding && result.status == kRefused;
-        EXPECT_TRUE(result.signal == SIGKILL || result.status == 0 || isTooOld)
-            << result.status << result.errors;
-        if (isTooOld)
-            takeOut();
+        const auto result = vexmoor(std::move(arguments))
+                                .with("LD_PRELOAD", KILL_AFTER_LIBRARY)
+                                .with("ASAN_OPTIONS", "verify_asan_link_order=0")
+                                .with("KILL_AFTER", moment)
+                                .run();
+        return result.signal == SIGKILL;
     }
 
     /// What was fed more batches ago than there are journals is put back by hand.
-    void takeOut() const {
+    void takeOut() {
         for (const auto& name : list(bin("files"))) {
             std::filesystem::rename(bin("files") / name, things() / name);
             std::filesystem::remove(bin("info") / (name + ".trashinfo"));
         }
+        lastBinned.clear();
     }
 
     /// What the disk and the records must agree on after the next start.
@@ -117,20 +124,23 @@ class KillTest : public testing::Test {
 TEST_F(KillTest, LosesNothingAtTwoHundredRandomMoments) {
     std::mt19937 random(kSeed);
     bool feeding = true;
-    int midway = 0;
-    for (int kill = 0; kill < kKills && !HasFailure(); ++kill) {
+    int kills = 0;
+    for (int run = 0; kills < kKills && !HasFailure(); ++run) {
+        ASSERT_LT(run, 3 * kKills) << "nothing is killed here";
         const auto left = feeding ? list(things()).size() : list(bin("files")).size();
-        // About 60 microseconds an item, so that a round takes a few kills.
-        const auto most = static_cast<unsigned>(20000 + left * 60);
-        SCOPED_TRACE((feeding ? "feeding, kill " : "putting back, kill ") + std::to_string(kill));
-        runAndKill(feeding, std::chrono::microseconds(random() % most));
-        const auto leftNow = feeding ? list(things()).size() : list(bin("files")).size();
-        midway += leftNow > 0 && leftNow < left ? 1 : 0;
+        const bool isOfItem = random() % 5 > 0;
+        const std::string call = (isOfItem ? kItemCalls : kBatchCalls)[random() % 4];
+        const auto most = isOfItem ? left + 1 : kBatchCallsMade;
+        const std::string moment = call + " " + std::to_string(1 + random() % most);
+        SCOPED_TRACE((feeding ? "feeding, run " : "putting back, run ") + std::to_string(run) +
+                     ", " + moment);
+        kills += runAndKill(feeding, moment) ? 1 : 0;
         check();
+        if (!feeding && run % kRoundRuns == 0)
+            takeOut();
         if ((feeding ? list(things()) : list(bin("files"))).empty())
             feeding = !feeding;
     }
-    EXPECT_GT(midway, kKills / 4) << "the kills missed the work";
     (void)vexmoor({"put-back", "--last", std::to_string(kFiles)}).run();
     takeOut();
     for (const auto& name : names)
