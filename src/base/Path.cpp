@@ -117,8 +117,8 @@ std::string lastComponent(const Path& path) {
     return std::string(trimmed == "/" ? trimmed : trimmed.substr(trimmed.rfind('/') + 1));
 }
 
-std::string_view pathExtension(const Path& path) {
-    auto name = withoutTrailingSlashes(path.native());
+std::string_view pathExtension(std::string_view path) {
+    auto name = withoutTrailingSlashes(path);
     name.remove_prefix(name.rfind('/') + 1);
     const auto dot = name.rfind('.');
     if (dot == std::string_view::npos || name.substr(0, dot).find_first_not_of('.') == name.npos)
@@ -200,8 +200,8 @@ std::string displayText(std::string_view bytes) {
     return result;
 }
 
-std::string pathToJsonText(const Path& path) {
-    return isValidUtf8(path.native()) ? path.native() : fileUri(path);
+std::string pathToJsonText(std::string_view bytes) {
+    return isValidUtf8(bytes) ? std::string(bytes) : "file://" + percentEncoded(bytes);
 }
 
 Path pathFromJsonText(const std::string& text) {

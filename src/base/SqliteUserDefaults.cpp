@@ -12,17 +12,19 @@ namespace {
 
 constexpr int kBusyMilliseconds = 5000;
 constexpr int kFormatVersion = 1;
-constexpr const char* kPrepare = "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL;";
-constexpr const char* kCreate = "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL;"
-                                "BEGIN IMMEDIATE;"
-                                "CREATE TABLE IF NOT EXISTS defaults ("
-                                "  key TEXT PRIMARY KEY NOT NULL,"
-                                "  kind TEXT NOT NULL"
-                                "    CHECK (kind IN ('bool', 'integer', 'string', 'data')),"
-                                "  value NOT NULL"
-                                ") WITHOUT ROWID;"
-                                "PRAGMA user_version=1;"
-                                "COMMIT;";
+constexpr const char* kPrepare =
+    "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL; PRAGMA wal_autocheckpoint=48;";
+constexpr const char* kCreate =
+    "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL; PRAGMA wal_autocheckpoint=48;"
+    "BEGIN IMMEDIATE;"
+    "CREATE TABLE IF NOT EXISTS defaults ("
+    "  key TEXT PRIMARY KEY NOT NULL,"
+    "  kind TEXT NOT NULL"
+    "    CHECK (kind IN ('bool', 'integer', 'string', 'data')),"
+    "  value NOT NULL"
+    ") WITHOUT ROWID;"
+    "PRAGMA user_version=1;"
+    "COMMIT;";
 constexpr const char* kKinds[] = {"bool", "integer", "string", "data"};
 
 class SqliteCategory : public std::error_category {

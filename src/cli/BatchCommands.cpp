@@ -20,8 +20,8 @@ int complainOfStart(const Error& error) {
     return kRefused;
 }
 
-/// Starts a batch with `begin`, runs it, prints its result.
-int runBatch(const Invocation& invocation, const ReportWords& words,
+/// Starts a batch with `begin`, runs it, prints its result; `what` is read last.
+int runBatch(const Invocation& invocation, const char* const& what,
              const std::function<void(Session&, BatchCompletion)>& begin) {
     bool desktopRuns = false;
     auto session = Session::openForWriting(invocation.yes, desktopRuns);
@@ -30,7 +30,7 @@ int runBatch(const Invocation& invocation, const ReportWords& words,
     if (!session)
         return complainOfStart(session.error());
     BatchResult result;
-    begin(**session, [&](const BatchResult& ended) { result = ended; });
+    begin(**session, [&](BatchResult ended) { result = std::move(ended); });
     (*session)->run();
     if ((*session)->dialogs().lackedTerminal()) {
         complain("There is no terminal to ask on. Nothing was touched; --yes goes on without "
@@ -41,7 +41,7 @@ int runBatch(const Invocation& invocation, const ReportWords& words,
         complain("Nothing was touched.");
         return kRefused;
     }
-    return reportBatch(result, words, invocation.json);
+    return reportBatch(result, what, invocation.json);
 }
 
 /// The items that the arguments name; what is not found goes to `missing`.
@@ -61,33 +61,29 @@ std::vector<Sacrifice> named(Session& session, const std::vector<std::string>& a
 }
 
 BatchCompletion withMissing(BatchCompletion completion, const std::vector<Failure>& missing) {
-    return [completion = std::move(completion), missing](const BatchResult& ended) {
-        BatchResult result = ended;
+    return [completion = std::move(completion), missing](BatchResult result) {
         result.failures.insert(result.failures.begin(), missing.begin(), missing.end());
-        completion(result);
+        completion(std::move(result));
     };
 }
 
 } // namespace
 
 int runFeed(const Invocation& invocation) {
-    std::vector<Path> items(invocation.items.begin(), invocation.items.end());
-    const auto mode = disposeModeFromRawValue(invocation.mode);
-    DisposeMode used = DisposeMode::bin;
-    const ReportWords binned{"To the Bin", "To the Bin"};
-    const ReportWords dissolved{"Dissolved", "Dissolved"};
-    ReportWords words = mode == DisposeMode::dissolve ? dissolved : binned;
-    return runBatch(invocation, words, [&](Session& session, BatchCompletion completion) {
-        used = mode.value_or(session.settings().mode.get());
-        words = used == DisposeMode::dissolve ? dissolved : binned;
-        session.intake().consume(items, false, used, std::move(completion));
+    const char* what = nullptr;
+    return runBatch(invocation, what, [&](Session& session, BatchCompletion completion) {
+        const auto mode =
+            disposeModeFromRawValue(invocation.mode).value_or(session.settings().mode.get());
+        what = mode == DisposeMode::dissolve ? "Dissolved" : "To the Bin";
+        const std::vector<Path> items(invocation.items.begin(), invocation.items.end());
+        session.intake().consume(items, false, mode, std::move(completion));
     });
 }
 
 int runPutBack(const Invocation& invocation) {
     bool foundNone = false;
-    const int status = runBatch(
-        invocation, {"Put back", "Put back"}, [&](Session& session, BatchCompletion completion) {
+    const int status =
+        runBatch(invocation, "Put back", [&](Session& session, BatchCompletion completion) {
             std::vector<Failure> missing;
             auto items = !invocation.items.empty() ? named(session, invocation.items, missing)
                          : invocation.last > 0     ? session.binnedItems().newest(invocation.last)
@@ -103,13 +99,12 @@ int runPutBack(const Invocation& invocation) {
 }
 
 int runDelete(const Invocation& invocation) {
-    return runBatch(invocation, {"Deleted from the Bin", "Deleted from the Bin"},
-                    [&](Session& session, BatchCompletion completion) {
-                        std::vector<Failure> missing;
-                        const auto items = named(session, invocation.items, missing);
-                        session.intake().deleteImmediately(
-                            items, withMissing(std::move(completion), missing));
-                    });
+    return runBatch(
+        invocation, "Deleted from the Bin", [&](Session& session, BatchCompletion completion) {
+            std::vector<Failure> missing;
+            const auto items = named(session, invocation.items, missing);
+            session.intake().deleteImmediately(items, withMissing(std::move(completion), missing));
+        });
 }
 
 } // namespace vexmoor

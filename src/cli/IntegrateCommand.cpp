@@ -90,7 +90,7 @@ void printJson(const std::vector<Row>& rows, const std::vector<Failed>& failures
     Json json = {{"integrations", Json::array()}, {"failures", Json::array()}};
     for (const auto& [integration, status] : rows)
         json["integrations"].push_back({{"id", integration.id},
-                                        {"file", pathToJsonText(integration.file)},
+                                        {"file", pathToJsonText(integration.file.native())},
                                         {"status", asWords(status)}});
     for (const auto& failure : failures)
         json["failures"].push_back({{"name", failure.id}, {"error", failure.sentence}});

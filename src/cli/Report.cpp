@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::size_t kNamedItems = 10;
 
-void printDone(const BatchResult& result, const ReportWords& words) {
+void printDone(const BatchResult& result, const char* what) {
     std::int64_t bytes = 0;
     for (const auto& item : result.done)
         bytes += item.bytes;
@@ -26,15 +26,15 @@ void printDone(const BatchResult& result, const ReportWords& words) {
     if (count > 0 && count <= kNamedItems) {
         for (std::size_t i = 0; i < count; ++i) {
             const auto& item = result.done[i];
-            std::cout << words.one << ": " << printable(item.name) << " ("
-                      << byteCountText(item.bytes) << ")";
+            std::cout << what << ": " << printable(item.name) << " (" << byteCountText(item.bytes)
+                      << ")";
             if (i < result.landings.size() && item.original &&
                 result.landings[i] != *item.original && result.landings[i] != *item.trashed)
                 std::cout << ", as " << printable(result.landings[i].native());
             std::cout << "\n";
         }
     } else if (count > 0) {
-        std::cout << words.many << ": " << counted(static_cast<std::int64_t>(count), "item") << " ("
+        std::cout << what << ": " << counted(static_cast<std::int64_t>(count), "item") << " ("
                   << byteCountText(bytes) << ")\n";
     }
 }
@@ -49,11 +49,11 @@ Json toJson(const BatchResult& result) {
     for (const auto& failure : result.failures)
         json["failures"].push_back({{"name", failure.name}, {"error", describe(failure.error)}});
     for (const auto& path : result.untouched)
-        json["untouched"].push_back(pathToJsonText(path));
+        json["untouched"].push_back(pathToJsonText(path.native()));
     if (!result.landings.empty()) {
         json["landings"] = Json::array();
         for (const auto& path : result.landings)
-            json["landings"].push_back(pathToJsonText(path));
+            json["landings"].push_back(pathToJsonText(path.native()));
     }
     if (!result.unlocked.empty()) {
         json["unlocked"] = Json::array();
@@ -63,11 +63,11 @@ Json toJson(const BatchResult& result) {
     return json;
 }
 
-int reportBatch(const BatchResult& result, const ReportWords& words, bool asJson) {
+int reportBatch(const BatchResult& result, const char* what, bool asJson) {
     if (asJson)
         std::cout << toJson(result).dump(2) << "\n";
     else
-        printDone(result, words);
+        printDone(result, what);
     for (const auto& failure : result.failures)
         complain(printable(failure.name) + ": " + printable(describe(failure.error)));
     if (!result.untouched.empty())

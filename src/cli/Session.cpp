@@ -88,7 +88,7 @@ Result<void> Session::openStores(SqliteUserDefaults::Access access) {
     m_progression = std::make_unique<Progression>(*m_defaults, m_ledger.get(), &Date::now,
                                                   *m_announcer, [](const Skin&) {});
     m_intake = std::make_unique<Intake>(Intake::Parts{
-        m_directories, *m_defaults, *m_ledger, *m_settings, *m_progression, m_journal, m_undoStack,
+        m_directories, *m_defaults, *m_ledger, *m_settings, *m_progression, m_journal, nullptr,
         m_queue, m_queue, m_dialogs, *m_silence, *m_silence, *m_silence, *m_silence, &Date::now});
     return {};
 }

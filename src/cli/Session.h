@@ -59,7 +59,6 @@ class Session {
     std::unique_ptr<Ledger> m_ledger;
     std::unique_ptr<Settings> m_settings;
     std::unique_ptr<Progression> m_progression;
-    UndoStack m_undoStack;
     PlainQueue m_queue;
     std::unique_ptr<Silence> m_silence;
     std::unique_ptr<Intake> m_intake;

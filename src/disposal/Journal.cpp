@@ -35,7 +35,7 @@ Json entryJson(const JournalEntry& entry) {
     Json json = {
         {"intent", toJson(entry.sacrifice)}, {"folder", entry.isFolder}, {"inode", entry.inode}};
     if (entry.destination)
-        json["destination"] = pathToJsonText(*entry.destination);
+        json["destination"] = pathToJsonText(entry.destination->native());
     return json;
 }
 

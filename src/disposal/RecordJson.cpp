@@ -28,9 +28,9 @@ Json toJson(const Sacrifice& sacrifice) {
                  {"mode", toRawValue(sacrifice.mode)},
                  {"date", dateJson(sacrifice.date)}};
     if (sacrifice.original)
-        json["original"] = pathToJsonText(*sacrifice.original);
+        json["original"] = pathToJsonText(sacrifice.original->native());
     if (sacrifice.trashed)
-        json["trashed"] = pathToJsonText(*sacrifice.trashed);
+        json["trashed"] = pathToJsonText(sacrifice.trashed->native());
     if (sacrifice.restored)
         json["restored"] = dateJson(*sacrifice.restored);
     if (sacrifice.lost)

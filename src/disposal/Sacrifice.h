@@ -18,8 +18,8 @@ struct Sacrifice {
     std::int64_t bytes = 0; ///< allocated on the disk
     DisposeMode mode = DisposeMode::bin;
     Date date;
-    std::optional<Path> original; ///< where it was; only when it went to the Bin
-    std::optional<Path> trashed;  ///< where it lies in the Bin
+    std::optional<StoredPath> original; ///< where it was; only when it went to the Bin
+    std::optional<StoredPath> trashed;  ///< where it lies in the Bin
     std::optional<Date> restored;
     std::optional<bool> lost; ///< true when it was found gone from the Bin
     std::optional<Date> deleted;

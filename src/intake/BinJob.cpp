@@ -47,7 +47,7 @@ void BinJob::handle(const Sacrifice& item) {
 
 /// Where the item is afterwards; of a deleted one, where it was.
 Result<Path> BinJob::act(JournalEntry& entry) {
-    const Path& place = *entry.sacrifice.trashed;
+    const Path place = *entry.sacrifice.trashed;
     if (m_kind == JournalKind::putBack)
         return m_disposer.restore(place, *entry.sacrifice.original, [&](const Path& landing) {
             entry.destination = landing;

@@ -7,6 +7,8 @@ DisposalJob::DisposalJob(Input input, Surroundings surroundings)
       m_disposer(m_surroundings.directories, &m_surroundings.meter) {}
 
 DisposalJob::Output DisposalJob::run() {
+    m_output.result.done.reserve(m_input.items.size()); // growing would hold them twice
+    m_output.offerings.reserve(m_input.items.size());
     for (const auto& path : m_input.items) {
         if (m_surroundings.meter.stop)
             m_output.result.untouched.push_back(path);
@@ -86,7 +88,8 @@ Result<void> DisposalJob::intend(const JournalEntry& entry) {
 }
 
 PicturePointer DisposalJob::pictureOf(const Path& path) {
-    if (const auto found = m_input.thumbnails.find(path); found != m_input.thumbnails.end())
+    if (const auto found = m_input.thumbnails.find(path.native());
+        found != m_input.thumbnails.end())
         return found->second;
     if (m_output.pictures.size() >= kPictured || m_picturesLoaded >= kPictured || !fileStatus(path))
         return nullptr;

@@ -16,9 +16,9 @@ class DisposalJob {
     static constexpr std::size_t kPictured = 10;
 
     struct Input {
-        std::vector<Path> items;
+        const std::vector<Path>& items; ///< outlive the job
         DisposeMode mode = DisposeMode::bin;
-        std::map<Path, PicturePointer> thumbnails;
+        std::map<std::string, PicturePointer> thumbnails; ///< by path
         std::int64_t lastRecorded = 0; ///< number of the newest journal in the stores
     };
 

@@ -11,16 +11,16 @@ struct Intake::Batch {
     std::vector<Failure> refused;
     DisposeMode mode = DisposeMode::bin;
     bool fromFinder = false;
-    std::map<Path, PicturePointer> thumbnails;
+    std::map<std::string, PicturePointer> thumbnails;
     std::size_t thumbnailsAwaited = 0;
     BatchCompletion completion;
 };
 
 namespace {
 
-void finish(const BatchCompletion& completion, const BatchResult& result) {
+void finish(const BatchCompletion& completion, BatchResult result) {
     if (completion)
-        completion(result);
+        completion(std::move(result));
 }
 
 std::vector<Sacrifice> restorable(std::vector<Sacrifice> items) {
@@ -42,7 +42,7 @@ void Intake::consume(const std::vector<Path>& items, bool fromFinder, DisposeMod
     batch->mode = mode;
     batch->fromFinder = fromFinder;
     batch->completion = std::move(completion);
-    std::set<Path> seen;
+    std::set<std::string> seen;
     for (const auto& item : items) {
         if (endsInDots(item)) {
             batch->refused.push_back(
@@ -50,7 +50,7 @@ void Intake::consume(const std::vector<Path>& items, bool fromFinder, DisposeMod
             continue;
         }
         Path path = standardized(item);
-        if (!m_inFlight.contains(path) && seen.insert(path).second)
+        if (!m_inFlight.contains(path.native()) && seen.insert(path.native()).second)
             batch->items.push_back(std::move(path));
     }
     if (batch->items.empty()) {
@@ -67,11 +67,11 @@ void Intake::consume(const std::vector<Path>& items, bool fromFinder, DisposeMod
         if (declined) {
             BatchResult result;
             result.declined = true;
-            finish(batch->completion, result);
+            finish(batch->completion, std::move(result));
             return;
         }
     }
-    m_inFlight.insert(batch->items.begin(), batch->items.end());
+    m_inFlight.merge(seen);
     if (m_parts.settings.sound.get())
         m_parts.sizzle.play();
     prefetch(batch);
@@ -96,7 +96,7 @@ void Intake::prefetch(const std::shared_ptr<Batch>& batch) {
         const Path& item = batch->items[i];
         m_parts.thumbnails.load(item, [batch, answered, item](PicturePointer picture) {
             if (picture)
-                batch->thumbnails[item] = std::move(picture);
+                batch->thumbnails[item.native()] = std::move(picture);
             answered();
         });
     }
@@ -120,7 +120,7 @@ void Intake::dispose(const std::shared_ptr<Batch>& batch) {
 void Intake::complete(Batch& batch, DisposalJob::Output output) {
     auto& result = output.result;
     for (const auto& item : batch.items)
-        m_inFlight.erase(item);
+        m_inFlight.erase(item.native());
     if (!output.animationStarted && !output.pictures.empty())
         m_parts.animation.play(std::move(output.pictures));
     result.storeError = commit(output.journalNumber, JournalKind::feed, batch.mode, [&] {
@@ -135,21 +135,23 @@ void Intake::complete(Batch& batch, DisposalJob::Output output) {
         m_parts.dialogs.report(intakeFailures(result.failures));
     if (!result.unlocked.empty())
         m_parts.progression.notify(result.unlocked);
-    finish(batch.completion, result);
+    finish(batch.completion, std::move(result));
 }
 
 void Intake::registerUndo(const std::vector<Sacrifice>& done, bool fromFinder) {
-    auto items = restorable(done);
-    if (items.empty()) {
+    if (std::ranges::none_of(done, &Sacrifice::canRestore)) {
         disarm(fromFinder);
         return;
     }
+    if (m_parts.undoStack == nullptr)
+        return;
+    auto items = restorable(done);
     auto name = sacrificeActionName(items.size());
-    m_parts.undoStack.push(std::move(name), [this, items = std::move(items)] { restore(items); });
+    m_parts.undoStack->push(std::move(name), [this, items = std::move(items)] { restore(items); });
 }
 
-void Intake::restore(const std::vector<Sacrifice>& items, BatchCompletion completion) {
-    auto wanted = restorable(refreshed(items));
+void Intake::restore(std::vector<Sacrifice> items, BatchCompletion completion) {
+    auto wanted = restorable(refreshed(std::move(items)));
     if (wanted.empty()) {
         m_parts.dialogs.beep();
         finish(completion, {});
@@ -159,8 +161,8 @@ void Intake::restore(const std::vector<Sacrifice>& items, BatchCompletion comple
     runBinJob(JournalKind::putBack, std::move(wanted), std::move(completion));
 }
 
-void Intake::deleteImmediately(const std::vector<Sacrifice>& items, BatchCompletion completion) {
-    auto wanted = restorable(items);
+void Intake::deleteImmediately(std::vector<Sacrifice> items, BatchCompletion completion) {
+    auto wanted = restorable(std::move(items));
     if (wanted.empty()) {
         m_parts.dialogs.beep();
         finish(completion, {});
@@ -169,7 +171,7 @@ void Intake::deleteImmediately(const std::vector<Sacrifice>& items, BatchComplet
     if (!m_parts.dialogs.ask(deleteQuestion(wanted)).confirmed) {
         BatchResult result;
         result.declined = true;
-        finish(completion, result);
+        finish(completion, std::move(result));
         return;
     }
     runBinJob(JournalKind::erase, std::move(wanted), std::move(completion));
@@ -200,7 +202,7 @@ void Intake::completeBinJob(JournalKind kind, BinJob::Output output,
     if (!result.failures.empty())
         m_parts.dialogs.report(isPutBack ? putBackFailures(result.failures)
                                          : deleteFailures(result.failures));
-    finish(completion, result);
+    finish(completion, std::move(result));
 }
 
 /// One transaction for all that a batch changes, its journal's number included: from then on the

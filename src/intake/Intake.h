@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <set>
+#include <string>
 
 namespace vexmoor {
 
@@ -26,7 +27,7 @@ class Intake {
         Settings& settings;
         Progression& progression;
         Journal& journal;
-        UndoStack& undoStack;
+        UndoStack* undoStack; ///< none where nothing is ever undone
         Executor& main;
         Executor& work;
         Dialogs& dialogs;
@@ -50,10 +51,10 @@ class Intake {
                  BatchCompletion completion = {});
 
     /// Puts back those that can be, after a look at what the ledger knows of them by now.
-    void restore(const std::vector<Sacrifice>& items, BatchCompletion completion = {});
+    void restore(std::vector<Sacrifice> items, BatchCompletion completion = {});
 
     /// Deletes those that are still in the Bin, after asking.
-    void deleteImmediately(const std::vector<Sacrifice>& items, BatchCompletion completion = {});
+    void deleteImmediately(std::vector<Sacrifice> items, BatchCompletion completion = {});
 
     /// Asks before a dissolve; true means go on.
     bool confirmDissolve(std::size_t count);
@@ -63,7 +64,7 @@ class Intake {
     WorkMeter& meter() { return m_meter; }
 
     /// The accepted items whose batches are not over.
-    [[nodiscard]] const std::set<Path>& inFlight() const { return m_inFlight; }
+    [[nodiscard]] const std::set<std::string>& inFlight() const { return m_inFlight; }
 
     /// Key of the newest journal's number that is in the stores.
     static constexpr const char* kRecordedKey = "journal.recorded";
@@ -85,7 +86,7 @@ class Intake {
 
     Parts m_parts;
     WorkMeter m_meter;
-    std::set<Path> m_inFlight;
+    std::set<std::string> m_inFlight;
 };
 
 } // namespace vexmoor

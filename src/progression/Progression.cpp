@@ -30,7 +30,7 @@ void add(Progress& progress, const Progression::Offering& offering, DisposeMode 
     if (mode == DisposeMode::dissolve)
         progress.dissolved = checkedSum(progress.dissolved, 1);
     // Bytes that are not text are no type that anybody could tell from another.
-    if (const auto extension = pathExtension(offering.url); !extension.empty())
+    if (const auto extension = pathExtension(offering.url.native()); !extension.empty())
         progress.extensions.insert(lowercased(displayText(extension)));
 }
 

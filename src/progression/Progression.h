@@ -23,7 +23,7 @@ class Progression {
   public:
     /// One disposed item.
     struct Offering {
-        Path url; ///< where it was
+        StoredPath url; ///< where it was
         std::int64_t bytes = 0;
         bool isFolder = false;
     };

@@ -31,7 +31,9 @@ class FaultTest : public IntakeTest, public testing::WithParamInterface<int> {
         for (const auto& item : items) {
             const bool isHome = exists(item);
             EXPECT_NE(isHome, binned.contains(item)) << item;
-            const Path place = isHome ? item : binned.contains(item) ? *binned[item]->trashed : "";
+            const Path place = isHome                  ? item
+                               : binned.contains(item) ? Path(*binned[item]->trashed)
+                                                       : Path();
             if (place.empty())
                 continue;
             EXPECT_EQ(contents(item.filename() == "folder" ? place / "inside" : place),

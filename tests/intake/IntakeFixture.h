@@ -120,7 +120,7 @@ class IntakeTest : public testing::Test {
               progression(*defaults, &ledger, test.clock.clock(), test.around, [](const Skin&) {}),
               recovery(recover(journal, *defaults, ledger, progression, test.directories())),
               intake({test.directories(), *defaults, ledger, settings, progression, journal,
-                      undoStack, main, work, test.around, test.around, test.around, test.around,
+                      &undoStack, main, work, test.around, test.around, test.around, test.around,
                       test.around, test.clock.clock()}) {}
 
         Journal journal;
