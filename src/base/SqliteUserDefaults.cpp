@@ -12,19 +12,17 @@ namespace {
 
 constexpr int kBusyMilliseconds = 5000;
 constexpr int kFormatVersion = 1;
-constexpr const char* kPrepare =
-    "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL; PRAGMA wal_autocheckpoint=48;";
-constexpr const char* kCreate =
-    "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL; PRAGMA wal_autocheckpoint=48;"
-    "BEGIN IMMEDIATE;"
-    "CREATE TABLE IF NOT EXISTS defaults ("
-    "  key TEXT PRIMARY KEY NOT NULL,"
-    "  kind TEXT NOT NULL"
-    "    CHECK (kind IN ('bool', 'integer', 'string', 'data')),"
-    "  value NOT NULL"
-    ") WITHOUT ROWID;"
-    "PRAGMA user_version=1;"
-    "COMMIT;";
+constexpr const char* kPrepare = "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL;";
+constexpr const char* kCreate = "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL;"
+                                "BEGIN IMMEDIATE;"
+                                "CREATE TABLE IF NOT EXISTS defaults ("
+                                "  key TEXT PRIMARY KEY NOT NULL,"
+                                "  kind TEXT NOT NULL"
+                                "    CHECK (kind IN ('bool', 'integer', 'string', 'data')),"
+                                "  value NOT NULL"
+                                ") WITHOUT ROWID;"
+                                "PRAGMA user_version=1;"
+                                "COMMIT;";
 constexpr const char* kKinds[] = {"bool", "integer", "string", "data"};
 
 class SqliteCategory : public std::error_category {
@@ -82,6 +80,17 @@ bool isUnopenable(const Error& error) {
     const int primary = error.code.value() & 0xff;
     return error.code.category() == sqliteCategory() &&
            (primary == SQLITE_CANTOPEN || primary == SQLITE_READONLY);
+}
+
+constexpr int kLogFrames = 32;
+
+/// Called after each commit: a log that has grown goes into the database and starts again at
+/// nothing. Left to itself it would grow for ever, since every command takes it up where the last
+/// one ended.
+int foldLog(void*, sqlite3* database, const char* name, int frames) {
+    if (frames >= kLogFrames) // what a reader holds up now is folded in after a later commit
+        sqlite3_wal_checkpoint_v2(database, name, SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
+    return SQLITE_OK;
 }
 
 struct StatementCloser {
@@ -222,6 +231,7 @@ Result<void> SqliteUserDefaults::connect(Access access) {
     // The log stays for the next command: making, checkpointing and deleting it at each end would
     // cost more than the whole rest of a small batch.
     sqlite3_db_config(raw, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    sqlite3_wal_hook(raw, &foldLog, nullptr);
     int keepLog = 1;
     sqlite3_file_control(raw, "main", SQLITE_FCNTL_PERSIST_WAL, &keepLog);
     auto version = formatVersion();

@@ -86,6 +86,21 @@ class Gatherer {
     std::map<Uuid, std::size_t> m_places;
 };
 
+/// Whether something can be put back from such a batch's journal.
+bool isKept(JournalKind kind, DisposeMode mode) {
+    return kind == JournalKind::feed && mode == DisposeMode::bin;
+}
+
+/// Makes the new journal of the oldest, which goes anyway: on many file systems making and deleting
+/// a file costs more than all else that a small batch does. It is emptied before it is renamed, so
+/// that old entries never stand under a new number. Without a descriptor where that fails.
+FileDescriptor renew(const Path& oldest, const Path& file) {
+    FileDescriptor descriptor(::open(oldest.c_str(), O_WRONLY | O_TRUNC | O_APPEND | O_CLOEXEC));
+    if (descriptor && ::rename(oldest.c_str(), file.c_str()) != 0)
+        descriptor.reset();
+    return descriptor;
+}
+
 bool readHeader(const Json& line, JournalBatch& batch) {
     if (!line.is_object() || line.value("journal", 0) != kFormatVersion)
         return false;
@@ -145,8 +160,12 @@ Result<std::unique_ptr<JournalWriter>> Journal::begin(JournalKind kind, DisposeM
         ::unlink(fileOf(kept[i], kClosedEnding).c_str());
     m_last = ++number;
     const Path file = fileOf(number, kOpenEnding);
-    FileDescriptor descriptor(
-        ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0600));
+    FileDescriptor descriptor;
+    if (isKept(kind, mode) && kept.size() >= kKept)
+        descriptor = renew(fileOf(kept[kKept - 1], kClosedEnding), file);
+    if (!descriptor)
+        descriptor = FileDescriptor(
+            ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0600));
     if (!descriptor)
         return Error::fromErrno(errno, "write", file);
     const Json header = {{"journal", kFormatVersion},
@@ -158,9 +177,9 @@ Result<std::unique_ptr<JournalWriter>> Journal::begin(JournalKind kind, DisposeM
 
 Result<void> Journal::close(std::int64_t number, JournalKind kind, DisposeMode mode) {
     const Path file = fileOf(number, kOpenEnding);
-    const bool isKept = kind == JournalKind::feed && mode == DisposeMode::bin;
-    const int ended = isKept ? ::rename(file.c_str(), fileOf(number, kClosedEnding).c_str())
-                             : ::unlink(file.c_str());
+    const int ended = isKept(kind, mode)
+                          ? ::rename(file.c_str(), fileOf(number, kClosedEnding).c_str())
+                          : ::unlink(file.c_str());
     if (ended != 0 && errno != ENOENT)
         return Error::fromErrno(errno, "close", file);
     return {};

@@ -393,6 +393,17 @@ TEST_F(SqliteUserDefaultsTest, ReadsAFolderThatNobodyMayWriteIncludingTheLog) {
     }
 }
 
+TEST_F(SqliteUserDefaultsTest, KeepsItsLogShortHoweverManyCommandsAddToIt) {
+    for (int command = 0; command < 100; ++command) {
+        auto store = open();
+        ASSERT_TRUE(store);
+        (*store)->assign("data", Data{std::string(10'000, 'x')});
+    }
+    Path log = m_file;
+    log += "-wal";
+    EXPECT_LT(fs::file_size(log), 500'000U);
+}
+
 TEST_F(SqliteUserDefaultsTest, KeepsItsFolderFromOtherUsers) {
     ASSERT_TRUE(open());
     EXPECT_EQ(fs::status(m_file.parent_path()).permissions(), fs::perms::owner_all);
