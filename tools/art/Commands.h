@@ -14,5 +14,7 @@ void addIconCommand(CLI::App& app);
 void addFramesCommand(CLI::App& app);
 /// `sheet`: many pictures side by side.
 void addSheetCommand(CLI::App& app);
+/// `sizzle`: the sound, as a WAV file.
+void addSizzleCommand(CLI::App& app);
 
 } // namespace vexmoor::arttool

@@ -8,12 +8,13 @@ namespace {
 
 int run(int count, char** arguments) {
     using namespace vexmoor::arttool;
-    CLI::App app("Renders Vexmoor's pixel art to PNG files.", "vexmoor-art");
+    CLI::App app("Renders Vexmoor's pixel art and its sound to files.", "vexmoor-art");
     app.require_subcommand(1);
     addFrameCommand(app);
     addFramesCommand(app);
     addIconCommand(app);
     addSheetCommand(app);
+    addSizzleCommand(app);
     try {
         app.parse(count, arguments);
     } catch (const CLI::Success& asked) {

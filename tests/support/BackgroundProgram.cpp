@@ -1,0 +1,106 @@
+#include "BackgroundProgram.h"
+
+#include "base/FileDescriptor.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/prctl.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <sys/wait.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstring>
+#include <stdexcept>
+
+extern char** environ;
+
+namespace vexmoor::test {
+
+namespace {
+
+std::vector<char*> pointersTo(std::vector<std::string>& texts) {
+    std::vector<char*> pointers;
+    for (std::string& text : texts)
+        pointers.push_back(text.data());
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+std::vector<std::string> changedEnvironment(BackgroundProgram::Environment changes) {
+    std::vector<std::string> result;
+    for (char** variable = environ; *variable != nullptr; ++variable) {
+        const std::string text = *variable;
+        if (!changes.contains(text.substr(0, text.find('='))))
+            result.push_back(text);
+    }
+    for (const auto& [name, value] : changes)
+        result.push_back(name + "=" + value);
+    return result;
+}
+
+} // namespace
+
+BackgroundProgram::BackgroundProgram(const std::vector<std::string>& words,
+                                     const Environment& environment, const Path& output) {
+    std::vector<std::string> arguments = words;
+    std::vector<std::string> variables = changedEnvironment(environment);
+    const std::vector<char*> argumentPointers = pointersTo(arguments);
+    const std::vector<char*> variablePointers = pointersTo(variables);
+    const FileDescriptor out(
+        output.empty() ? -1
+                       : ::open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600));
+    const pid_t parent = getpid();
+    m_process = fork();
+    if (m_process < 0)
+        throw std::runtime_error("cannot fork");
+    if (m_process == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        if (getppid() != parent)
+            _exit(126);
+        if (out)
+            dup2(out.get(), STDOUT_FILENO);
+        execvpe(argumentPointers[0], argumentPointers.data(), variablePointers.data());
+        _exit(127);
+    }
+}
+
+BackgroundProgram::~BackgroundProgram() {
+    kill();
+}
+
+void BackgroundProgram::signal(int number) const {
+    if (m_process > 0)
+        ::kill(m_process, number);
+}
+
+void BackgroundProgram::kill() {
+    signal(SIGKILL);
+    if (m_process > 0)
+        waitpid(m_process, nullptr, 0);
+    m_process = -1;
+}
+
+bool eventually(const std::function<bool()>& condition) {
+    constexpr int kPause = 5; // milliseconds between one look and the next
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > end)
+            return false;
+        ::poll(nullptr, 0, kPause);
+    }
+    return true;
+}
+
+bool listensAt(const Path& socket) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (socket.native().size() >= sizeof address.sun_path)
+        throw std::runtime_error("too long for a socket: " + socket.string());
+    std::memcpy(address.sun_path, socket.c_str(), socket.native().size());
+    const FileDescriptor end(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    return ::connect(end.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+}
+
+} // namespace vexmoor::test
