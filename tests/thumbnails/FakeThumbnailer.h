@@ -1,0 +1,69 @@
+#pragma once
+
+#include "support/BackgroundProgram.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusContext>
+#include <QObject>
+#include <QStringList>
+
+#include <stdexcept>
+
+namespace vexmoor::test {
+
+/// A thumbnailer on a bus that makes nothing by itself: the test says what it answers.
+class FakeThumbnailer : public QObject, public QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.thumbnails.Thumbnailer1")
+
+  public:
+    explicit FakeThumbnailer(QDBusConnection bus) : m_bus(std::move(bus)) {
+        if (!m_bus.registerObject("/org/freedesktop/thumbnails/Thumbnailer1", this,
+                                  QDBusConnection::ExportAllContents) ||
+            !m_bus.registerService(kName))
+            throw std::runtime_error("no fake thumbnailer: " +
+                                     m_bus.lastError().message().toStdString());
+    }
+    ~FakeThumbnailer() override { m_bus.unregisterService(kName); }
+
+    QStringList types = {"image/jpeg"};
+    bool answers = true;
+    bool refuses = false;
+    QStringList asked; ///< the addresses, with type, flavour and scheduler
+
+  public slots:
+    QStringList GetSupported(QStringList& mimeTypes) {
+        mimeTypes = types;
+        asked << "supported";
+        return {"file"};
+    }
+    uint Queue(const QStringList& uris, const QStringList& mimeTypes, const QString& flavour,
+               const QString& scheduler, uint) {
+        asked << uris.join(' ') + ' ' + mimeTypes.join(' ') + ' ' + flavour + ' ' + scheduler;
+        setDelayedReply(!answers);
+        if (refuses)
+            sendErrorReply(QDBusError::InternalError, "no");
+        return 7;
+    }
+
+  signals:
+    void Ready(uint handle, const QStringList& uris);
+    void Error(uint handle, const QStringList& uris, int code, const QString& message);
+    void Finished(uint handle);
+
+  private:
+    static constexpr const char* kName = "org.freedesktop.thumbnails.Thumbnailer1";
+
+    QDBusConnection m_bus;
+};
+
+/// Runs the main loop until the condition holds; false where it does not in half a minute.
+inline bool eventuallyInLoop(const std::function<bool()>& condition) {
+    return eventually([&condition] {
+        QCoreApplication::processEvents();
+        return condition();
+    });
+}
+
+} // namespace vexmoor::test

@@ -1,0 +1,245 @@
+#include "thumbnails/Thumbnail.h"
+
+#include "FakeThumbnailer.h"
+#include "Previews.h"
+
+#include "support/PrivateBus.h"
+#include "support/TemporaryDirectory.h"
+#include "thumbnails/ImagePicture.h"
+
+#include <QDBusConnectionInterface>
+#include <QIcon>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+namespace vexmoor {
+namespace {
+
+using test::eventuallyInLoop;
+using test::FakeThumbnailer;
+using test::Preview;
+
+/// A theme whose icons are squares: folders blue, any file green, text black and too large.
+void writeTheme(const Path& folder) {
+    std::filesystem::create_directories(folder / "flat/256");
+    const auto icon = [&folder](const std::string& name, QColor colour, int side) {
+        QImage image(side, side, QImage::Format_ARGB32);
+        image.fill(colour);
+        ASSERT_TRUE(image.save(QString::fromStdString(folder / "flat/256" / (name + ".png"))));
+    };
+    icon("folder", Qt::blue, 256);
+    icon("text-x-generic", Qt::green, 256);
+    icon("text-html", Qt::black, 256);
+    FILE* const index = std::fopen((folder / "flat/index.theme").c_str(), "w");
+    std::fputs("[Icon Theme]\nName=flat\nDirectories=256\n[256]\nSize=256\nType=Threshold\n",
+               index);
+    std::fclose(index);
+    QIcon::setThemeSearchPaths({QString::fromStdString(folder)});
+    QIcon::setThemeName("flat");
+}
+
+/// What a picture shows: its size, and the colour in its middle.
+std::string described(const PicturePointer& picture) {
+    const auto image = imageOf(picture);
+    if (!image)
+        return "nothing";
+    return QString("%1x%2 %3")
+        .arg(image->width())
+        .arg(image->height())
+        .arg(image->pixelColor(image->rect().center()).name())
+        .toStdString();
+}
+
+const std::string kFileIcon = "128x128 #00ff00";
+const std::string kFolderIcon = "128x128 #0000ff";
+const std::string kPreview = "96x128 #ff0000";
+
+class ThumbnailTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        writeTheme(m_folder.path());
+        m_fake.emplace(connection("service"));
+        m_thumbnail.emplace(connection("client"), ThumbnailCache(m_cacheHome), m_deadlines,
+                            [this](std::chrono::milliseconds delay, QObject*, auto job) {
+                                EXPECT_EQ(delay.count(), 600);
+                                m_deadlineJobs.push_back(std::move(job));
+                            });
+        ASSERT_TRUE(eventuallyInLoop([this] { return !m_fake->asked.isEmpty(); }));
+        EXPECT_EQ(m_fake->asked.takeFirst(), "supported");
+        settle();
+    }
+
+    QDBusConnection connection(const char* name) {
+        return QDBusConnection::connectToBus(QString::fromStdString(m_bus.address()), name);
+    }
+
+    void TearDown() override {
+        m_thumbnail.reset();
+        m_fake.reset();
+        QDBusConnection::disconnectFromBus("client");
+        QDBusConnection::disconnectFromBus("service");
+    }
+
+    /// Lets everything arrive that was sent between the two until now.
+    static void settle() {
+        for (const char* name : {"service", "client"})
+            EXPECT_TRUE(
+                QDBusConnection(name).interface()->serviceOwner("org.freedesktop.DBus").isValid());
+        QCoreApplication::processEvents();
+    }
+
+    void load(const Path& item) {
+        m_thumbnail->load(item, [this](const PicturePointer& picture) {
+            EXPECT_EQ(QThread::currentThread(), QCoreApplication::instance()->thread());
+            m_answers.push_back(described(picture));
+        });
+    }
+
+    void loadAndWaitForTheQuestion(const Path& item) {
+        load(item);
+        ASSERT_TRUE(eventuallyInLoop([this] { return !m_fake->asked.isEmpty(); }));
+        EXPECT_EQ(m_answers, Answers{});
+    }
+
+    void passDeadlines() {
+        for (const auto& job : std::exchange(m_deadlineJobs, {}))
+            job();
+    }
+
+    [[nodiscard]] bool answered() const {
+        return eventuallyInLoop([this] { return !m_answers.empty(); });
+    }
+
+    [[nodiscard]] QStringList addressOf(const Path& item) const {
+        return {QString::fromStdString(ThumbnailCache::uriOf(item))};
+    }
+
+    using Answers = std::vector<std::string>;
+
+    test::TemporaryDirectory m_folder;
+    test::PrivateBus m_bus;
+    Path m_cacheHome = m_folder / "cache";
+    Path m_photo = m_folder.write("photo of me.jpg", "not decoded");
+    Thumbnail::Deadlines m_deadlines;
+    std::vector<std::function<void()>> m_deadlineJobs;
+    std::optional<FakeThumbnailer> m_fake;
+    std::optional<Thumbnail> m_thumbnail;
+    Answers m_answers;
+};
+
+TEST_F(ThumbnailTest, AnswersAtOnceWithAPreviewThatIsThereAlready) {
+    Preview{.item = m_photo}.save(m_cacheHome);
+    load(m_photo);
+    EXPECT_EQ(m_answers, Answers{kPreview});
+}
+
+TEST_F(ThumbnailTest, AsksForAPreviewAndShowsIt) {
+    loadAndWaitForTheQuestion(m_photo);
+    EXPECT_EQ(m_fake->asked,
+              (QStringList{addressOf(m_photo).first() + " image/jpeg normal foreground"}));
+    emit m_fake->Ready(99, {"file:///of/another"});
+    Preview{.item = m_photo}.save(m_cacheHome);
+    emit m_fake->Ready(7, addressOf(m_photo));
+    ASSERT_TRUE(answered());
+    emit m_fake->Finished(7);
+    passDeadlines();
+    load(m_folder / "letter");
+    EXPECT_EQ(m_answers, (Answers{kPreview, kFileIcon})) << "once each";
+}
+
+TEST_F(ThumbnailTest, ShowsTheIconWhereNoPreviewCanBeMade) {
+    const std::vector<std::pair<const char*, std::function<void()>>> answers{
+        {"an error", [&] { emit m_fake->Error(7, addressOf(m_photo), 4, "unsupported"); }},
+        {"its end alone", [&] { emit m_fake->Finished(7); }},
+        {"a preview that is none", [&] { emit m_fake->Ready(7, addressOf(m_photo)); }},
+        {"too late", [&] { passDeadlines(); }},
+        {"dead", [&] { m_fake.reset(); }},
+    };
+    for (const auto& [what, answer] : answers) {
+        SCOPED_TRACE(what);
+        m_answers.clear();
+        m_fake->asked.clear();
+        loadAndWaitForTheQuestion(m_photo);
+        settle();
+        answer();
+        ASSERT_TRUE(answered());
+        EXPECT_EQ(m_answers, Answers{kFileIcon});
+        passDeadlines();
+        EXPECT_EQ(m_answers, Answers{kFileIcon}) << "once";
+    }
+    m_answers.clear();
+    load(m_photo);
+    ASSERT_TRUE(answered()) << "there is no service any more";
+    EXPECT_EQ(m_answers, Answers{kFileIcon});
+}
+
+TEST_F(ThumbnailTest, ShowsTheIconWhereTheServiceRefusesOrSaysNothing) {
+    m_fake->refuses = true;
+    load(m_photo);
+    ASSERT_TRUE(answered());
+    m_answers.clear();
+    m_fake->asked.clear();
+    m_fake->refuses = false;
+    m_fake->answers = false;
+    loadAndWaitForTheQuestion(m_photo);
+    passDeadlines();
+    EXPECT_EQ(m_answers, Answers{kFileIcon});
+    Preview{.item = m_photo}.save(m_cacheHome);
+    emit m_fake->Ready(7, addressOf(m_photo));
+    settle();
+    EXPECT_EQ(m_answers, Answers{kFileIcon}) << "the late preview is dropped";
+}
+
+TEST_F(ThumbnailTest, TakesTheIconOfTheKindWithoutAskingTheService) {
+    const std::vector<std::pair<Path, std::string>> items{
+        {m_folder.path(), kFolderIcon},
+        {m_folder.write("page.html", ""), "128x128 #000000"},
+        {m_folder.write("no extension", "GIF89a"), kFileIcon},
+        {m_folder.write("not \xff UTF-8.html", ""), "128x128 #000000"},
+        {m_folder / "gone.txt", kFileIcon},
+    };
+    Answers expected;
+    for (const auto& [item, icon] : items) {
+        load(item);
+        expected.push_back(icon);
+    }
+    EXPECT_EQ(m_answers, expected);
+    EXPECT_EQ(m_fake->asked, QStringList());
+}
+
+TEST_F(ThumbnailTest, GivesTheWorkThreadWhatTheMainThreadFound) {
+    Preview{.item = m_photo}.save(m_cacheHome);
+    std::atomic<bool> ended = false;
+    std::string found;
+    std::thread work([&] {
+        found = described(m_thumbnail->loadNow(m_photo));
+        ended = true;
+    });
+    EXPECT_TRUE(eventuallyInLoop([&] { return ended.load(); }));
+    work.join();
+    EXPECT_EQ(found, kPreview);
+}
+
+TEST_F(ThumbnailTest, GivesTheWorkThreadAnIconWhileTheMainThreadIsBusy) {
+    Preview{.item = m_photo}.save(m_cacheHome);
+    Thumbnail impatient(connection("client"), ThumbnailCache(m_cacheHome), {.loadNow = {}});
+    std::vector<std::string> found;
+    std::thread([&] {
+        for (const Path& item : {m_photo, m_folder.path()})
+            found.push_back(described(impatient.loadNow(item)));
+    }).join();
+    EXPECT_EQ(found, (Answers{kFileIcon, kFolderIcon}));
+    QCoreApplication::processEvents(); // its late answer has nobody left to disturb
+}
+
+TEST_F(ThumbnailTest, EndsTheProgramWhereTheMainThreadWouldWaitForItself) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_DEATH(m_thumbnail->loadNow(m_photo), "main thread");
+}
+
+} // namespace
+} // namespace vexmoor
