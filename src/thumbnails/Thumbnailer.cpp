@@ -42,7 +42,8 @@ void Thumbnailer::warmUp() {
 }
 
 void Thumbnailer::request(const QString& uri, const QString& mimeType, Completion completion) {
-    if (!m_supported.isEmpty() && !m_supported.contains(mimeType)) {
+    const bool isUnsupported = !m_supported.isEmpty() && !m_supported.contains(mimeType);
+    if (isUnsupported || !m_bus.isConnected()) {
         completion(false);
         return;
     }

@@ -26,8 +26,8 @@ class Thumbnailer : public QObject {
     void warmUp();
 
     /// Asks for a preview. The completion is called once, later, on an answer or when the service
-    /// goes; at once where the service cannot do that type. A service that does not answer is
-    /// waited for until it is given up.
+    /// goes; at once where the service cannot do that type, or there is no bus. A service that does
+    /// not answer is waited for until it is given up.
     void request(const QString& uri, const QString& mimeType, Completion completion);
 
     /// Waits no longer for that address: a completion that is still to come is told there is none.

@@ -1,8 +1,5 @@
 #pragma once
 
-#include "support/BackgroundProgram.h"
-
-#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusContext>
 #include <QObject>
@@ -57,13 +54,5 @@ class FakeThumbnailer : public QObject, public QDBusContext {
 
     QDBusConnection m_bus;
 };
-
-/// Runs the main loop until the condition holds; false where it does not in half a minute.
-inline bool eventuallyInLoop(const std::function<bool()>& condition) {
-    return eventually([&condition] {
-        QCoreApplication::processEvents();
-        return condition();
-    });
-}
 
 } // namespace vexmoor::test

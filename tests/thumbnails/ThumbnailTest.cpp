@@ -3,11 +3,11 @@
 #include "FakeThumbnailer.h"
 #include "Previews.h"
 
+#include "support/MainLoop.h"
 #include "support/PrivateBus.h"
 #include "support/TemporaryDirectory.h"
 #include "thumbnails/ImagePicture.h"
 
-#include <QDBusConnectionInterface>
 #include <QIcon>
 #include <QThread>
 
@@ -84,13 +84,7 @@ class ThumbnailTest : public testing::Test {
         QDBusConnection::disconnectFromBus("service");
     }
 
-    /// Lets everything arrive that was sent between the two until now.
-    static void settle() {
-        for (const char* name : {"service", "client"})
-            EXPECT_TRUE(
-                QDBusConnection(name).interface()->serviceOwner("org.freedesktop.DBus").isValid());
-        QCoreApplication::processEvents();
-    }
+    static void settle() { test::settle({"service", "client"}); }
 
     void load(const Path& item) {
         m_thumbnail->load(item, [this](const PicturePointer& picture) {
@@ -209,6 +203,13 @@ TEST_F(ThumbnailTest, TakesTheIconOfTheKindWithoutAskingTheService) {
     }
     EXPECT_EQ(m_answers, expected);
     EXPECT_EQ(m_fake->asked, QStringList());
+}
+
+TEST_F(ThumbnailTest, ShowsTheIconAtOnceWithoutABus) {
+    Thumbnail alone(QDBusConnection("there is none"), ThumbnailCache(m_cacheHome), {});
+    std::string shown;
+    alone.load(m_photo, [&](const PicturePointer& picture) { shown = described(picture); });
+    EXPECT_EQ(shown, kFileIcon);
 }
 
 TEST_F(ThumbnailTest, GivesTheWorkThreadWhatTheMainThreadFound) {

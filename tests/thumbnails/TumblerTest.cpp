@@ -1,5 +1,4 @@
-#include "FakeThumbnailer.h"
-
+#include "support/MainLoop.h"
 #include "support/PrivateBus.h"
 #include "support/TemporaryDirectory.h"
 #include "thumbnails/ImagePicture.h"

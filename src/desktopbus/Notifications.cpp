@@ -1,0 +1,122 @@
+#include "Notifications.h"
+
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
+#include <QLoggingCategory>
+#include <QVariantMap>
+
+#include <utility>
+
+namespace vexmoor {
+namespace {
+
+Q_LOGGING_CATEGORY(log, "notifications")
+
+const QString kService = QStringLiteral("org.freedesktop.Notifications");
+const QString kPath = QStringLiteral("/org/freedesktop/Notifications");
+const QString kApplication = QStringLiteral("org.vexmoor.Vexmoor");
+const QString kDefaultAction = QStringLiteral("default");
+
+QDBusMessage call(const char* method) {
+    return QDBusMessage::createMethodCall(kService, kPath, kService, QLatin1String(method));
+}
+
+} // namespace
+
+Notifications::Notifications(const QDBusConnection& bus) : m_bus(bus) {
+    m_bus.connect(kService, kPath, kService, QStringLiteral("ActionInvoked"), this,
+                  SLOT(actionInvoked(uint, QString)));
+    m_bus.connect(kService, kPath, kService, QStringLiteral("NotificationClosed"), this,
+                  SLOT(closed(uint, uint)));
+    const auto* const watcher =
+        new QDBusServiceWatcher(kService, m_bus, QDBusServiceWatcher::WatchForUnregistration, this);
+    connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this, &Notifications::forgetServer);
+}
+
+void Notifications::requestAuthorization(std::function<void(bool granted)> completion) {
+    if (!m_bus.isConnected()) { // calls would end in nothing
+        qCInfo(log) << "There is no session bus.";
+        completion(false);
+        return;
+    }
+    auto* const watcher =
+        new QDBusPendingCallWatcher(m_bus.asyncCall(call("GetCapabilities")), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, completion] {
+        watcher->deleteLater();
+        const QDBusPendingReply<QStringList> reply = *watcher;
+        if (reply.isError())
+            qCInfo(log) << "No server of notifications:" << reply.error().message();
+        else
+            m_capabilities = reply.value();
+        completion(!reply.isError());
+    });
+}
+
+void Notifications::post(const Notification& notification) {
+    if (!m_bus.isConnected())
+        return;
+    Shown& shown = m_shown[QString::fromStdString(notification.identifier)];
+    if (shown.awaited) // what it replaces has no number yet
+        shown.next = notification;
+    else
+        show(notification);
+}
+
+void Notifications::show(const Notification& notification) {
+    const QString identifier = QString::fromStdString(notification.identifier);
+    Shown& shown = m_shown[identifier];
+    constexpr int kServersOwnTime = -1;
+    QDBusMessage message = call("Notify");
+    message << QStringLiteral("Vexmoor") << shown.id << kApplication
+            << QString::fromStdString(notification.title) << bodyText(notification.body)
+            << QStringList{kDefaultAction, tr("Open")}
+            << QVariantMap{{"desktop-entry", kApplication}, {"sound-name", "message-new-instant"}}
+            << kServersOwnTime;
+    shown.awaited = true;
+    auto* const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, identifier] {
+        watcher->deleteLater();
+        answered(identifier, watcher->reply());
+    });
+}
+
+void Notifications::answered(const QString& identifier, const QDBusMessage& answer) {
+    Shown& shown = m_shown[identifier];
+    shown.awaited = false;
+    if (answer.type() == QDBusMessage::ReplyMessage)
+        shown.id = answer.arguments().value(0).toUInt();
+    else
+        qCInfo(log) << "Not shown:" << answer.errorMessage();
+    if (const auto next = std::exchange(shown.next, std::nullopt))
+        show(*next);
+}
+
+void Notifications::actionInvoked(uint id, const QString& action) {
+    if (action != kDefaultAction)
+        return;
+    for (auto shown = m_shown.cbegin(); shown != m_shown.cend(); ++shown)
+        if (shown->id == id && id != 0) {
+            emit activated(QString(shown.key()));
+            return;
+        }
+}
+
+void Notifications::closed(uint id, uint) {
+    for (Shown& shown : m_shown)
+        if (shown.id == id)
+            shown.id = 0;
+}
+
+void Notifications::forgetServer() {
+    m_capabilities.clear();
+    for (Shown& shown : m_shown) // another server's numbers are other notifications
+        shown.id = 0;
+}
+
+QString Notifications::bodyText(const std::string& body) const {
+    const QString text = QString::fromStdString(body);
+    return m_capabilities.contains("body-markup") ? text.toHtmlEscaped() : text;
+}
+
+} // namespace vexmoor

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusContext>
+#include <QDBusMessage>
+#include <QObject>
+#include <QStringList>
+#include <QVariantMap>
+
+#include <stdexcept>
+#include <vector>
+
+namespace vexmoor::test {
+
+/// A server that writes down what it is to show. Its numbers begin where it is told.
+class FakeNotificationServer : public QObject, protected QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
+
+  public:
+    struct Call {
+        uint replaces;
+        QString icon;
+        QString title;
+        QString body;
+        QStringList actions;
+        QVariantMap hints;
+    };
+
+    explicit FakeNotificationServer(QDBusConnection bus, uint firstId = 1)
+        : m_bus(std::move(bus)), m_nextId(firstId) {
+        if (!m_bus.registerObject("/org/freedesktop/Notifications", this,
+                                  QDBusConnection::ExportAllContents) ||
+            !m_bus.registerService(kName))
+            throw std::runtime_error("no fake server of notifications");
+    }
+    ~FakeNotificationServer() override { m_bus.unregisterService(kName); }
+
+    QStringList capabilities = {"body", "actions"};
+    std::vector<Call> calls;
+    bool holdsAnswers = false; ///< until answer() is called
+
+    void answer() {
+        for (const auto& [message, id] : std::exchange(m_held, {}))
+            m_bus.send(message.createReply(id));
+    }
+
+  public slots:
+    QStringList GetCapabilities() { return capabilities; }
+    uint Notify(const QString&, uint replaces, const QString& icon, const QString& title,
+                const QString& body, const QStringList& actions, const QVariantMap& hints, int) {
+        calls.push_back({replaces, icon, title, body, actions, hints});
+        const uint id = replaces != 0 ? replaces : m_nextId++;
+        setDelayedReply(holdsAnswers);
+        if (holdsAnswers)
+            m_held.emplace_back(message(), id);
+        return id;
+    }
+
+  signals:
+    void ActionInvoked(uint id, const QString& action);
+    void NotificationClosed(uint id, uint reason);
+
+  private:
+    static constexpr const char* kName = "org.freedesktop.Notifications";
+
+    QDBusConnection m_bus;
+    uint m_nextId;
+    std::vector<std::pair<QDBusMessage, uint>> m_held;
+};
+
+} // namespace vexmoor::test

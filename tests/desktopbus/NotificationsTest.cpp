@@ -1,0 +1,162 @@
+#include "desktopbus/Notifications.h"
+
+#include "FakeNotificationServer.h"
+
+#include "support/MainLoop.h"
+#include "support/PrivateBus.h"
+
+namespace vexmoor {
+namespace {
+
+using test::eventuallyInLoop;
+using test::FakeNotificationServer;
+
+class NotificationsTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        m_server.emplace(connection("server"));
+        m_notifications.emplace(connection("client"));
+        QObject::connect(&*m_notifications, &Notifications::activated, &*m_notifications,
+                         [this](const QString& identifier) { m_activated << identifier; });
+    }
+
+    void TearDown() override {
+        m_notifications.reset();
+        m_server.reset();
+        QDBusConnection::disconnectFromBus("client");
+        QDBusConnection::disconnectFromBus("server");
+    }
+
+    QDBusConnection connection(const char* name) {
+        return QDBusConnection::connectToBus(QString::fromStdString(m_bus.address()), name);
+    }
+
+    bool authorised() {
+        std::optional<bool> answer;
+        m_notifications->requestAuthorization([&](bool granted) { answer = granted; });
+        EXPECT_FALSE(answer) << "it waited";
+        EXPECT_TRUE(eventuallyInLoop([&] { return answer.has_value(); }));
+        return answer.value_or(false);
+    }
+
+    void post(const char* identifier, const char* body = "Body") {
+        m_notifications->post({identifier, "Title", body});
+    }
+
+    [[nodiscard]] bool serverGot(std::size_t calls) {
+        const bool got = eventuallyInLoop([&] { return m_server->calls.size() >= calls; });
+        test::settle({"server", "client"});
+        return got && m_server->calls.size() == calls;
+    }
+
+    test::PrivateBus m_bus;
+    std::optional<FakeNotificationServer> m_server;
+    std::optional<Notifications> m_notifications;
+    QStringList m_activated;
+};
+
+TEST_F(NotificationsTest, AreShownAsTheDesktopExpectsThem) {
+    ASSERT_TRUE(authorised());
+    post("achievement.first", "Salt & <b>pepper</b>");
+    ASSERT_TRUE(serverGot(1));
+    const auto& call = m_server->calls.front();
+    EXPECT_EQ(call.replaces, 0U);
+    EXPECT_EQ(call.icon, "org.vexmoor.Vexmoor");
+    EXPECT_EQ(call.title, "Title");
+    EXPECT_EQ(call.body, "Salt & <b>pepper</b>");
+    EXPECT_EQ(call.actions.value(0), "default");
+    EXPECT_EQ(call.hints.value("desktop-entry"), "org.vexmoor.Vexmoor");
+    EXPECT_TRUE(call.hints.contains("sound-name"));
+}
+
+TEST_F(NotificationsTest, AreNeverTakenForMarkup) {
+    m_server->capabilities << "body-markup";
+    ASSERT_TRUE(authorised());
+    post("achievement.first", "Salt & <b>pepper</b>");
+    ASSERT_TRUE(serverGot(1));
+    EXPECT_EQ(m_server->calls.front().body, "Salt &amp; &lt;b&gt;pepper&lt;/b&gt;");
+}
+
+TEST_F(NotificationsTest, ReplaceThoseOfTheSameIdentifierAsLongAsTheyStand) {
+    post("a");
+    post("b");
+    ASSERT_TRUE(serverGot(2));
+    post("b");
+    ASSERT_TRUE(serverGot(3));
+    EXPECT_EQ(m_server->calls[2].replaces, 2U);
+    emit m_server->NotificationClosed(2, 1);
+    test::settle({"server", "client"});
+    post("b");
+    post("a");
+    ASSERT_TRUE(serverGot(5));
+    EXPECT_EQ(m_server->calls[3].replaces, 0U);
+    EXPECT_EQ(m_server->calls[4].replaces, 1U);
+}
+
+TEST_F(NotificationsTest, ReplaceOneWhoseNumberIsNotKnownYetByTheLatest) {
+    m_server->holdsAnswers = true;
+    post("a", "first");
+    post("a", "second");
+    post("a", "third");
+    ASSERT_TRUE(serverGot(1));
+    m_server->holdsAnswers = false;
+    m_server->answer();
+    ASSERT_TRUE(serverGot(2));
+    EXPECT_EQ(m_server->calls[1].replaces, 1U);
+    EXPECT_EQ(m_server->calls[1].body, "third");
+}
+
+TEST_F(NotificationsTest, TellWhichOfOursTheUserChose) {
+    post("a");
+    ASSERT_TRUE(serverGot(1));
+    emit m_server->ActionInvoked(7, "default"); // another program's
+    emit m_server->ActionInvoked(1, "other");
+    emit m_server->ActionInvoked(1, "default");
+    ASSERT_TRUE(eventuallyInLoop([this] { return !m_activated.isEmpty(); }));
+    test::settle({"server", "client"});
+    EXPECT_EQ(m_activated, QStringList{"a"});
+}
+
+TEST_F(NotificationsTest, SurviveTheServersAbsenceAndItsDeath) {
+    post("a");
+    ASSERT_TRUE(serverGot(1));
+    m_server->holdsAnswers = true;
+    post("b");
+    ASSERT_TRUE(serverGot(2));
+    m_server.reset();
+    QDBusConnection::disconnectFromBus("server"); // its unfinished answers fail with it
+    EXPECT_FALSE(authorised());
+    post("a");
+    m_server.emplace(connection("server"), 1);
+    EXPECT_TRUE(authorised());
+    post("c");
+    post("a");
+    post("b");
+    ASSERT_TRUE(eventuallyInLoop([this] { return m_server->calls.size() >= 3; }));
+    for (const auto& call : m_server->calls)
+        EXPECT_EQ(call.replaces, 0U) << "that number is another notification now";
+    test::settle({"server", "client"});
+    emit m_server->ActionInvoked(1, "default");
+    ASSERT_TRUE(eventuallyInLoop([this] { return !m_activated.isEmpty(); }));
+    EXPECT_EQ(m_activated.size(), 1);
+}
+
+TEST_F(NotificationsTest, AnswerNobodyWhenTheyAreGone) {
+    bool called = false;
+    m_notifications->requestAuthorization([&](bool) { called = true; });
+    m_notifications.reset();
+    test::settle({"server", "client"});
+    test::settle({"server", "client"});
+    EXPECT_FALSE(called);
+}
+
+TEST(NotificationsWithoutABus, AreNotGranted) {
+    Notifications notifications(QDBusConnection("there is none"));
+    std::optional<bool> answer;
+    notifications.requestAuthorization([&](bool granted) { answer = granted; });
+    notifications.post({"a", "Title", "Body"});
+    EXPECT_EQ(answer, false);
+}
+
+} // namespace
+} // namespace vexmoor
