@@ -8,6 +8,8 @@ namespace vexmoor::arttool {
 
 /// `frame`: one picture of the pot.
 void addFrameCommand(CLI::App& app);
+/// `app-icon`: the program's own icon.
+void addAppIconCommand(CLI::App& app);
 /// `icon`: one achievement's icon.
 void addIconCommand(CLI::App& app);
 /// `frames`: an animation as numbered pictures.

@@ -15,6 +15,7 @@ int run(int count, char** arguments) {
     addIconCommand(app);
     addSheetCommand(app);
     addSizzleCommand(app);
+    addAppIconCommand(app);
     try {
         app.parse(count, arguments);
     } catch (const CLI::Success& asked) {

@@ -1,0 +1,126 @@
+#include "support/Command.h"
+#include "support/TemporaryDirectory.h"
+
+#include <QColor>
+#include <QImage>
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace vexmoor {
+namespace {
+
+using test::Command;
+
+const std::string kId = "org.vexmoor.Vexmoor";
+
+/// What a package would hold, under a folder of the test's own.
+class IntegrationTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        const auto result = Command({VEXMOOR_CMAKE, "--install", VEXMOOR_BUILD_DIRECTORY,
+                                     "--component", "integration", "--prefix", prefix().string()})
+                                .run();
+        ASSERT_EQ(result.status, 0) << result.output << result.errors;
+    }
+
+    [[nodiscard]] Path prefix() const { return m_folder / "usr"; }
+    [[nodiscard]] Path share(const Path& file) const { return prefix() / "share" / file; }
+
+    /// Runs a validator, which must find nothing; skips where it is missing.
+    static void validate(const std::vector<std::string>& words) {
+        if (!Command::exists(words.front()))
+            GTEST_SKIP() << words.front() << " is not installed";
+        const auto result = Command(words).run();
+        EXPECT_EQ(result.status, 0) << result.output << result.errors;
+    }
+
+    test::TemporaryDirectory m_folder;
+};
+
+/// The values of a key, in the file's order.
+std::vector<std::string> valuesOf(const std::string& key, const Path& file) {
+    std::vector<std::string> values;
+    std::istringstream lines(test::contents(file));
+    for (std::string line; std::getline(lines, line);)
+        if (line.starts_with(key + "="))
+            values.push_back(line.substr(key.size() + 1));
+    return values;
+}
+
+TEST_F(IntegrationTest, InstallsAllUnderOneName) {
+    std::set<std::string> installed;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(prefix()))
+        if (entry.is_regular_file())
+            installed.insert(std::filesystem::relative(entry.path(), prefix()));
+    std::set<std::string> expected{"share/applications/" + kId + ".desktop",
+                                   "share/dbus-1/services/" + kId + ".service",
+                                   "share/metainfo/" + kId + ".metainfo.xml",
+                                   "share/icons/hicolor/scalable/apps/" + kId + ".svg"};
+    for (const char* side : {"16", "22", "24", "32", "48", "64", "96", "128", "256", "512"})
+        expected.insert(std::string("share/icons/hicolor/") + side + "x" + side + "/apps/" + kId +
+                        ".png");
+    EXPECT_EQ(installed, expected);
+}
+
+TEST_F(IntegrationTest, HasAnEntryThatDesktopsUnderstand) {
+    const Path entry = share("applications/" + kId + ".desktop");
+    validate({"desktop-file-validate", "--no-hints", entry});
+    EXPECT_EQ(valuesOf("DBusActivatable", entry), std::vector<std::string>{"true"});
+    EXPECT_EQ(valuesOf("Icon", entry), std::vector{kId});
+    EXPECT_EQ(valuesOf("Exec", entry).front(), "vexmoor-desktop %U");
+    EXPECT_EQ(valuesOf("MimeType", entry), std::vector<std::string>{})
+        << "what deletes files must never become the program that opens them";
+}
+
+TEST_F(IntegrationTest, HasAServiceThatStartsTheInstalledProgram) {
+    const Path service = share("dbus-1/services/" + kId + ".service");
+    EXPECT_EQ(valuesOf("Name", service), std::vector{kId});
+    const auto programs = valuesOf("Exec", service);
+    ASSERT_EQ(programs.size(), 1U);
+    EXPECT_TRUE(Path(programs.front()).is_absolute());
+    EXPECT_EQ(Path(programs.front()).filename(), "vexmoor-desktop");
+}
+
+TEST_F(IntegrationTest, HasAPageForSoftwareCentres) {
+    validate({"appstreamcli", "validate", "--no-net", share("metainfo/" + kId + ".metainfo.xml")});
+}
+
+TEST_F(IntegrationTest, HasAnIconOfCrispSquaresInEverySize) {
+    for (const int side : {16, 22, 24, 32, 48, 64, 96, 128, 256, 512}) {
+        SCOPED_TRACE(side);
+        const std::string name = std::to_string(side);
+        const Path file = share("icons/hicolor/" + name + "x" + name + "/apps/" + kId + ".png");
+        const QImage icon(QString::fromStdString(file));
+        ASSERT_EQ(icon.size(), QSize(side, side));
+        std::set<QRgb> colours;
+        int painted = 0;
+        for (int y = 0; y < side; ++y)
+            for (int x = 0; x < side; ++x) {
+                colours.insert(icon.pixel(x, y));
+                painted += qAlpha(icon.pixel(x, y)) == 255 ? 1 : 0;
+            }
+        EXPECT_LE(colours.size(), 11U) << "no colour but the skin's: nothing was smoothed";
+        EXPECT_GT(painted, side * side / 2) << "it is too small";
+        EXPECT_EQ(icon.pixelColor(0, 0).alpha(), 0);
+    }
+}
+
+TEST_F(IntegrationTest, HasAScalableIconThatLooksTheSame) {
+    if (!Command::exists("rsvg-convert"))
+        GTEST_SKIP() << "rsvg-convert is not installed";
+    const auto drawn = Command({"rsvg-convert", "-w", "256", "-h", "256",
+                                share("icons/hicolor/scalable/apps/" + kId + ".svg")})
+                           .run();
+    ASSERT_EQ(drawn.status, 0) << drawn.errors;
+    const auto fromVectors = QImage::fromData(QByteArray::fromStdString(drawn.output))
+                                 .convertToFormat(QImage::Format_ARGB32);
+    const auto icon =
+        QImage(QString::fromStdString(share("icons/hicolor/256x256/apps/" + kId + ".png")))
+            .convertToFormat(QImage::Format_ARGB32);
+    EXPECT_EQ(fromVectors, icon);
+}
+
+} // namespace
+} // namespace vexmoor
