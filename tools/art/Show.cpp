@@ -2,15 +2,12 @@
 
 #include "SampleIcons.h"
 
+#include "art/BurnCurve.h"
 #include "art/CauldronArt.h"
-
-#include <algorithm>
-#include <cmath>
 
 namespace vexmoor::arttool {
 namespace {
 
-constexpr int kBurnFrames = 36;
 constexpr std::uint64_t kSeed = 20;
 
 const std::vector<QImage>& icons() {
@@ -18,23 +15,14 @@ const std::vector<QImage>& icons() {
     return all;
 }
 
-double burnHeight(double t, SeededRNG rng) {
-    constexpr double kHeight = 24;
-    if (t < 0.3)
-        return kHeight * (1 - std::pow(1 - t / 0.3, 3));
-    if (t < 0.78)
-        return kHeight + 2 * rng.uniform() - 1;
-    return kHeight * (1 - std::pow((t - 0.78) / 0.22, 2));
-}
-
 PixelCanvas burnFrame(int frame, const Skin& skin) {
-    const double t = frame / (kBurnFrames - 1.0);
-    const SeededRNG rng = SeededRNG::mixed(kSeed ^ static_cast<std::uint64_t>(t * 1000));
+    const double t = BurnCurve::moment(frame);
+    const std::uint64_t seed = BurnCurve::frameSeed(kSeed, t);
     return CauldronArt::burn({.t = t,
-                              .height = burnHeight(t, rng),
-                              .simmer = t > 0.05 && t < 0.9,
+                              .height = BurnCurve::height(t, BurnCurve::kFullHeight, seed),
+                              .simmer = BurnCurve::simmers(t),
                               .icon = icons().front(),
-                              .seed = rng.state,
+                              .seed = seed,
                               .skin = skin})
         .scene;
 }
@@ -56,7 +44,7 @@ const std::vector<std::string>& showNames() {
 }
 
 int frameCount(const std::string& show) {
-    return show == "idle" ? 90 : show == "burn" ? kBurnFrames : 102;
+    return show == "idle" ? 90 : show == "burn" ? BurnCurve::kFrames : 102;
 }
 
 int framesPerSecond(const std::string& show) {
