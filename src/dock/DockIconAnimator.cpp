@@ -138,10 +138,10 @@ void DockIconAnimator::followTile(const PixelCanvas& flame, bool wide) {
     const double unit = tile->width / CauldronArt::kWidth;
     const double margin = wide ? CauldronArt::kSwarmMargin * unit : 0;
     const int below = wide ? CauldronArt::kWidth : kFlameRows - kIconTop;
-    overlay().show(flame, {.x = tile->x - margin,
-                           .y = tile->maxY() - unit * (m_nudgeRows + below),
-                           .width = tile->width + 2 * margin,
-                           .height = unit * (wide ? CauldronArt::kHeight : kFlameRows)});
+    overlay().showFlame(flame, {.x = tile->x - margin,
+                                .y = tile->maxY() - unit * (m_nudgeRows + below),
+                                .width = tile->width + 2 * margin,
+                                .height = unit * (wide ? CauldronArt::kHeight : kFlameRows)});
 }
 
 FlameWindow& DockIconAnimator::overlay() {

@@ -21,7 +21,7 @@ class FlameWindow {
   public:
     virtual ~FlameWindow() = default;
     /// Shows the picture over that rectangle, filling both of its axes.
-    virtual void show(const PixelCanvas& flame, const DeskRect& frame) = 0;
+    virtual void showFlame(const PixelCanvas& flame, const DeskRect& frame) = 0;
     virtual void orderOut() = 0;
 };
 

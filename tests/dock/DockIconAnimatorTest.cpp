@@ -43,7 +43,7 @@ struct Flames {
 
 struct RecordingFlameWindow : FlameWindow {
     explicit RecordingFlameWindow(Flames& flames) : m_flames(flames) { ++m_flames.windows; }
-    void show(const PixelCanvas& flame, const DeskRect& frame) override {
+    void showFlame(const PixelCanvas& flame, const DeskRect& frame) override {
         m_flames.visible = true;
         m_flames.shown.emplace_back(flame, frame);
     }

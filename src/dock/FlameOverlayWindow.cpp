@@ -1,0 +1,71 @@
+#include "FlameOverlayWindow.h"
+
+#include "NativeWindow.h"
+#include "PhysicalGeometry.h"
+#include "PixelImage.h"
+
+#include <QPainter>
+
+namespace vexmoor {
+namespace {
+
+// The window manager must not see it: several let no click through a window that they manage.
+constexpr Qt::WindowFlags kFlags = Qt::BypassWindowManagerHint | Qt::FramelessWindowHint |
+                                   Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus |
+                                   Qt::Tool;
+
+} // namespace
+
+FlameOverlayWindow::FlameOverlayWindow(const Compositor& compositor)
+    : QWidget(nullptr, kFlags), m_compositor(compositor) {
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    connect(&compositor, &Compositor::runningChanged, this, &FlameOverlayWindow::updateShape);
+}
+
+void FlameOverlayWindow::showFlame(const PixelCanvas& flame, const DeskRect& frame) {
+    const std::vector<PhysicalScreen> screens = PhysicalScreen::all();
+    const QRectF primary = screens.front().points(screens.front().geometry);
+    const QRectF points = windowRect(frame, primary);
+    const PhysicalScreen& screen =
+        nearestScreen(screens, QPointF(points.center().x(), points.bottom()).toPoint());
+    const QRect physical = screen.physical(points);
+    QImage image = enlarged(flame, physical.size());
+    image.setDevicePixelRatio(screen.ratio);
+    if (physical != m_place)
+        place(physical, points);
+    if (image != m_image) {
+        m_image = std::move(image);
+        updateShape();
+        update();
+    }
+    if (!isVisible()) {
+        native::ignoreInput(winId());
+        show();
+        native::raise(winId());
+    }
+}
+
+/// Qt knows whole points only; the window system then gets the exact pixels.
+void FlameOverlayWindow::place(const QRect& physical, const QRectF& points) {
+    m_place = physical;
+    setGeometry(points.toAlignedRect());
+    native::setGeometry(winId(), physical);
+}
+
+void FlameOverlayWindow::updateShape() {
+    native::setShape(winId(),
+                     m_compositor.isRunning() ? std::nullopt : std::optional(opaqueShape(m_image)));
+}
+
+void FlameOverlayWindow::orderOut() {
+    hide();
+}
+
+void FlameOverlayWindow::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.drawImage(QPointF(0, 0), m_image);
+}
+
+} // namespace vexmoor

@@ -1,0 +1,130 @@
+#include "Desk.h"
+
+#include "dock/linux/X11Connection.h"
+
+#include <QDeadlineTimer>
+#include <QPainter>
+#include <QScreen>
+#include <QTimer>
+
+#include <filesystem>
+#include <regex>
+#include <stdexcept>
+
+namespace vexmoor::test {
+namespace {
+
+int noArguments = 1;
+char programName[] = "vexmoor";
+char* programNames[] = {programName, nullptr};
+
+/// The desktop in one colour, told to compositors too.
+void paintRoot(const QColor& colour) {
+    xcb_connection_t* const x = x11::connection();
+    const xcb_window_t root = x11::root();
+    const xcb_pixmap_t pixmap = xcb_generate_id(x);
+    xcb_create_pixmap(x, 24, pixmap, root, 1, 1);
+    const xcb_gcontext_t context = xcb_generate_id(x);
+    const std::uint32_t pixel = colour.rgb();
+    xcb_create_gc(x, context, pixmap, XCB_GC_FOREGROUND, &pixel);
+    const xcb_rectangle_t whole{0, 0, 1, 1};
+    xcb_poly_fill_rectangle(x, pixmap, context, 1, &whole);
+    for (const char* property : {"_XROOTPMAP_ID", "ESETROOT_PMAP_ID"})
+        xcb_change_property(x, XCB_PROP_MODE_REPLACE, root, x11::atom(property), XCB_ATOM_PIXMAP,
+                            32, 1, &pixmap);
+    xcb_change_window_attributes(x, root, XCB_CW_BACK_PIXMAP, &pixmap);
+    xcb_clear_area(x, 0, root, 0, 0, 0, 0);
+    xcb_flush(x);
+}
+
+} // namespace
+
+bool eventually(const std::function<bool()>& condition) {
+    QTimer wakeUp;
+    wakeUp.start(10);
+    for (const QDeadlineTimer deadline(10000); !condition();) {
+        if (deadline.hasExpired())
+            return false;
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    return true;
+}
+
+Desk::Desk(const Setting& setting) : session(setting.size), m_background(setting.background) {
+    qputenv("QT_SCALE_FACTOR", QByteArray::number(setting.scale));
+    qputenv("QT_SCALE_FACTOR_ROUNDING_POLICY", "PassThrough");
+    application = std::make_unique<QApplication>(noArguments, programNames);
+    compositor = std::make_unique<Compositor>();
+    if (setting.compositor)
+        startCompositor();
+    paintRoot(setting.background);
+    tile = std::make_unique<TileWindow>(defaults, *compositor);
+}
+
+Desk::~Desk() = default;
+
+void Desk::startCompositor() {
+    session.startCompositor();
+    if (!eventually([this] { return compositor->isRunning(); }))
+        throw std::runtime_error("the compositor did not start");
+}
+
+void Desk::endCompositor() {
+    session.endCompositor();
+    if (!eventually([this] { return !compositor->isRunning(); }))
+        throw std::runtime_error("the compositor did not end");
+}
+
+bool Desk::showTile(const PixelCanvas& icon) {
+    tile->setIcon(icon);
+    tile->show();
+    // A compositor takes a moment from owning the screen to painting it.
+    return eventually([this] { return colourAroundPot() == m_background; });
+}
+
+QColor Desk::colourAroundPot() const {
+    return screen().pixelColor(serverGeometry(*tile).topLeft() + QPoint(1, 1));
+}
+
+QImage Desk::screen() const {
+    QImage image = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
+    image.setDevicePixelRatio(1);
+    return image.convertToFormat(QImage::Format_RGB32);
+}
+
+void Desk::keepPicture(const QString& name, const QRect& part) const {
+    const std::filesystem::path folder = VEXMOOR_SCREENSHOT_DIRECTORY;
+    std::filesystem::create_directories(folder);
+    const QString file = QString::fromStdString(folder / (name.toStdString() + ".png"));
+    if (!screen().copy(part).save(file))
+        throw std::runtime_error("cannot write " + file.toStdString());
+}
+
+std::string Desk::output(std::vector<std::string> words) {
+    return Command(std::move(words)).run().output;
+}
+
+void Desk::mouse(std::vector<std::string> orders) {
+    orders.insert(orders.begin(), "xdotool");
+    const Command::Result result = Command(orders).run();
+    if (result.status != 0)
+        throw std::runtime_error("xdotool: " + result.errors);
+}
+
+std::string Desk::idOf(const QWidget& window) {
+    return std::to_string(window.winId());
+}
+
+QRect serverGeometry(const QWidget& window) {
+    const std::string text = Desk::output({"xwininfo", "-id", Desk::idOf(window)});
+    const auto number = [&text](const std::string& label) {
+        std::smatch match;
+        if (!std::regex_search(text, match, std::regex(label + R"(:\s*(-?\d+))")))
+            throw std::runtime_error("xwininfo says: " + text);
+        return std::stoi(match[1]);
+    };
+    return {number("Absolute upper-left X"), number("Absolute upper-left Y"), number("Width"),
+            number("Height")};
+}
+
+} // namespace vexmoor::test
