@@ -1,0 +1,109 @@
+#include "dock/TileWindow.h"
+
+#include "support/InMemoryDefaults.h"
+
+#include "art/CauldronArt.h"
+#include "dock/DockTile.h"
+#include "dock/OwnDock.h"
+
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QScreen>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace vexmoor {
+namespace {
+
+using namespace test;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+/// Everything that needs no window system: Qt's offscreen one will do.
+struct TileWindowTest : testing::Test {
+    int count = 1;
+    char name[5] = "tile";
+    char* arguments[2] = {name, nullptr};
+    QApplication application{count, arguments};
+    InMemoryDefaults defaults;
+    Compositor compositor;
+    TileWindow tile{defaults, compositor};
+    std::vector<std::vector<Path>> drops;
+    std::vector<QString> refusals;
+
+    TileWindowTest() {
+        QObject::connect(&tile, &TileWindow::dropped, &tile,
+                         [this](const std::vector<Path>& items) { drops.push_back(items); });
+        QObject::connect(&tile, &TileWindow::refused, &tile,
+                         [this](const QString& sentence) { refusals.push_back(sentence); });
+    }
+
+    Qt::DropAction drop(const char* type, const QByteArray& bytes) {
+        QMimeData data;
+        data.setData(type, bytes);
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                              Qt::NoModifier);
+        QCoreApplication::sendEvent(&tile, &enter);
+        QDropEvent event({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                         Qt::NoModifier);
+        QCoreApplication::sendEvent(&tile, &event);
+        return event.dropAction();
+    }
+};
+
+TEST_F(TileWindowTest, TakesWhatIsLocalAndSaysWhatIsNot) {
+    EXPECT_EQ(drop("text/uri-list", "file:///tmp/a%20b\r\nfile:///tmp/%FE\r\n"), Qt::CopyAction)
+        << "the sender must not delete what it gave";
+    ASSERT_THAT(drops, SizeIs(1));
+    EXPECT_THAT(drops[0], ElementsAre("/tmp/a b", "/tmp/\xFE"));
+    EXPECT_THAT(refusals, IsEmpty());
+
+    drop("text/uri-list", "sftp://host/x\r\nfile:///tmp/c\r\n");
+    ASSERT_THAT(drops, SizeIs(2));
+    EXPECT_THAT(drops[1], ElementsAre("/tmp/c"));
+    EXPECT_THAT(refusals, ElementsAre(testing::Truly([](const QString& sentence) {
+                    return sentence.startsWith("Not everything was taken");
+                })));
+
+    drop("text/uri-list", "https://example.org/\r\n");
+    EXPECT_THAT(drops, SizeIs(2));
+    ASSERT_THAT(refusals, SizeIs(2));
+    EXPECT_TRUE(refusals[1].startsWith("Nothing was taken"));
+}
+
+TEST_F(TileWindowTest, IsFoundThroughItsOwnDockWhileItIsShown) {
+    const SessionScreens screens;
+    bool trusted = true;
+    const OwnDock dock([&] { return trusted; }, [&] { return tile.frame(); });
+    const DockTile dockTile(dock, screens);
+    EXPECT_EQ(dockTile.frame(), std::nullopt);
+    tile.show();
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    const auto frame = dockTile.frame();
+    ASSERT_TRUE(frame);
+    EXPECT_EQ(frame->y, 0) << "it stands on the bottom edge";
+    EXPECT_EQ(frame->width, 102);
+    EXPECT_NEAR(frame->x, (screen.width() - 102) * 0.96, 1);
+    trusted = false;
+    EXPECT_EQ(dockTile.frame(), std::nullopt);
+}
+
+TEST_F(TileWindowTest, StandsWhereItStoodLastAndIgnoresAPlaceThatIsNone) {
+    const auto topLeftFor = [&](const char* stored) {
+        InMemoryDefaults other({{"tile.place", std::string(stored)}});
+        TileWindow again(other, compositor);
+        again.show();
+        return again.frame().value().topLeft();
+    };
+    EXPECT_EQ(topLeftFor("left 0 gone"), QPointF(0, 0));
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    EXPECT_EQ(topLeftFor("right 1 gone"), QPointF(screen.width() - 102, screen.height() - 102));
+    tile.show();
+    EXPECT_EQ(topLeftFor("somewhere"), tile.frame().value().topLeft());
+}
+
+} // namespace
+} // namespace vexmoor
