@@ -14,10 +14,6 @@ namespace {
 constexpr int kIconTop = 20; ///< the icon's first row in a frame; its side is the frame's width
 constexpr int kFlameRows = 27;
 
-PixelCanvas iconOf(const PixelCanvas& scene) {
-    return scene.crop(0, kIconTop, CauldronArt::kWidth, CauldronArt::kWidth);
-}
-
 /// A null image stands for an item without one.
 QImage imageOrNull(std::optional<QImage>& image) {
     return image ? std::move(*image) : QImage();
@@ -87,6 +83,10 @@ bool DockIconAnimator::canEscape() const {
 
 double DockIconAnimator::startingLift() const {
     return m_run ? 0 : CauldronArt::hoverLift(m_idleTick, CauldronArt::current());
+}
+
+PixelCanvas DockIconAnimator::iconOf(const PixelCanvas& scene) {
+    return scene.crop(0, kIconTop, CauldronArt::kWidth, CauldronArt::kWidth);
 }
 
 int DockIconAnimator::swarmFrames(std::size_t icons) {

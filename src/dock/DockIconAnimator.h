@@ -62,6 +62,9 @@ class DockIconAnimator : public BatchAnimation {
     /// Stops the clock while nobody can see the icon, and hides the flames; all goes on afterwards.
     void setSuspended(bool suspended);
 
+    /// The part of a frame that is the icon: the square with the pot and the lowest flames.
+    static PixelCanvas iconOf(const PixelCanvas& scene);
+
     /// How many frames a swarm of that many icons lasts.
     static int swarmFrames(std::size_t icons);
 

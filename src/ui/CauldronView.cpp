@@ -1,0 +1,50 @@
+#include "CauldronView.h"
+
+#include "art/CauldronArt.h"
+#include "dock/DockIconAnimator.h"
+#include "dock/PixelImage.h"
+
+#include <QPainter>
+
+namespace vexmoor {
+
+CauldronView::CauldronView(const Skin& skin, int size, QWidget* parent,
+                           const MakeFrameTimer& makeTimer)
+    : QWidget(parent), m_skin(skin), m_side(size), m_canvas(0, 0), m_timer(makeTimer()) {
+    setFixedSize(size, size);
+    draw();
+}
+
+void CauldronView::setSkin(const Skin& skin) {
+    m_skin = skin;
+    draw();
+}
+
+void CauldronView::draw() {
+    PixelCanvas canvas = DockIconAnimator::iconOf(CauldronArt::idle(m_tick, false, 0, m_skin));
+    if (canvas == m_canvas)
+        return;
+    m_canvas = std::move(canvas);
+    update();
+}
+
+void CauldronView::showEvent(QShowEvent*) {
+    m_timer->start(FrameTimer::Interval(1 / DockIconAnimator::kIdleFps), [this] {
+        ++m_tick;
+        draw();
+    });
+}
+
+void CauldronView::hideEvent(QHideEvent*) {
+    m_timer->stop();
+}
+
+void CauldronView::paintEvent(QPaintEvent*) {
+    const double ratio = devicePixelRatioF();
+    const QSize size = (QSizeF(this->size()) * ratio).toSize();
+    QImage image = enlarged(m_canvas, size);
+    image.setDevicePixelRatio(ratio);
+    QPainter(this).drawImage(QPointF(0, 0), image);
+}
+
+} // namespace vexmoor
