@@ -76,7 +76,7 @@ bool DockTile::openSettings() {
 bool DockTile::openSettings(const QString& currentDesktop, const Start& start) {
     const QStringList current = currentDesktop.split(u':');
     std::vector<Panel> panels(std::begin(kPanels), std::end(kPanels));
-    std::ranges::stable_partition(panels, [&](const Panel& panel) {
+    std::stable_partition(panels.begin(), panels.end(), [&](const Panel& panel) {
         return current.contains(QLatin1String(panel.desktop), Qt::CaseInsensitive);
     });
     return std::ranges::any_of(panels, [&](const Panel& panel) {
