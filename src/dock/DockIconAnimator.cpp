@@ -1,6 +1,6 @@
 #include "DockIconAnimator.h"
 
-#include "ImagePicture.h"
+#include "thumbnails/ImagePicture.h"
 
 #include "art/BurnCurve.h"
 #include "art/CauldronArt.h"

@@ -4,7 +4,7 @@
 
 #include "art/BurnCurve.h"
 #include "art/CauldronArt.h"
-#include "dock/ImagePicture.h"
+#include "thumbnails/ImagePicture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
