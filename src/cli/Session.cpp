@@ -5,6 +5,7 @@
 #include "intake/Recovery.h"
 
 #include <iostream>
+#include <utility>
 
 namespace vexmoor {
 
@@ -23,13 +24,20 @@ class Session::Silence : public BatchAnimation,
     void disarm() override {}
 };
 
-/// Earned achievements become lines on stderr, which leaves stdout to the command's result.
+/// Earned achievements become lines on stderr, which leaves stdout to the command's result. They
+/// wait until nothing else is being shown there.
 class Session::Announcer : public NotificationPort {
   public:
     void requestAuthorization(std::function<void(bool)> completion) override { completion(true); }
-    void post(const Notification& notification) override {
-        std::cerr << notification.title << "\n  " << notification.body << "\n";
+    void post(const Notification& notification) override { m_waiting.push_back(notification); }
+
+    void print() {
+        for (const auto& [identifier, title, body] : std::exchange(m_waiting, {}))
+            std::cerr << title << "\n  " << body << "\n";
     }
+
+  private:
+    std::vector<Notification> m_waiting;
 };
 
 Session::Session(bool assumeYes)
@@ -105,9 +113,12 @@ void Session::recoverJournals() {
 }
 
 void Session::run() {
-    const Interrupt interrupt(m_intake->meter());
-    const ProgressLine progress(m_intake->meter());
-    m_queue.runUntilEmpty();
+    {
+        const Interrupt interrupt(m_intake->meter());
+        const ProgressLine progress(m_intake->meter());
+        m_queue.runUntilEmpty();
+    }
+    m_announcer->print();
 }
 
 bool Session::wasInterrupted() const {

@@ -40,15 +40,25 @@ std::int64_t Disposer::size(const HeldItem& item) const {
 Result<std::optional<Path>> Disposer::dispose(const HeldItem& item, DisposeMode mode,
                                               std::int64_t bytes, Date date,
                                               const PlaceObserver& willTake) {
-    if (mode == DisposeMode::dissolve) {
-        if (auto removed = removeWhole(item.folder(), item.name, m_meter); !removed)
-            return std::move(removed).error();
-        return std::optional<Path>();
-    }
+    if (mode == DisposeMode::dissolve)
+        return dissolve(item);
     auto place = m_bin.put(item, bytes, date, willTake);
     if (!place)
         return std::move(place).error();
     return std::optional<Path>(*std::move(place));
+}
+
+Result<std::optional<Path>> Disposer::dissolve(const HeldItem& item) {
+    if (m_meter != nullptr) { // what was measured is counted anew as it goes
+        m_meter->entries = 0;
+        m_meter->isDissolving = true;
+    }
+    auto removed = removeWhole(item.folder(), item.name, m_meter);
+    if (m_meter != nullptr)
+        m_meter->isDissolving = false;
+    if (!removed)
+        return std::move(removed).error();
+    return std::optional<Path>();
 }
 
 Result<Path> Disposer::restore(const Path& from, const Path& to, const PlaceObserver& willLand) {

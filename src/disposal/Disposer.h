@@ -43,6 +43,8 @@ class Disposer {
     void removeLeftInfo(const Path& place, const Path& original);
 
   private:
+    Result<std::optional<Path>> dissolve(const HeldItem& item);
+
     WorkMeter* m_meter;
     MountTable m_mounts;
     FolderKeeper m_folders;

@@ -12,6 +12,8 @@ struct WorkMeter {
     std::atomic<std::int64_t> entries{0};
     std::atomic<std::int64_t> bytes{0};
     std::atomic<bool> stop{false};
+    /// What is counted is being dissolved; else it is only looked at.
+    std::atomic<bool> isDissolving{false};
 
     static_assert(std::atomic<bool>::is_always_lock_free);
 };
