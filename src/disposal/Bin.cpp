@@ -11,10 +11,6 @@ namespace {
 constexpr unsigned kMostNumbers = 10000;
 constexpr mode_t kOrdinaryRights = 0777; // less the umask
 
-bool is(const Error& error, int number) {
-    return error.code == std::error_code(number, std::generic_category());
-}
-
 /// A record is data: what it names must be a plain absolute path, or nothing is moved there.
 bool isUsable(const Path& destination) {
     return destination.is_absolute() && destination.has_relative_path() &&
@@ -33,7 +29,8 @@ Result<Path> Bin::put(const HeldItem& item, std::int64_t bytes, Date date,
     if (!bin)
         return std::move(bin).error();
     auto place = take(**bin, item, bytes, date, willTake);
-    if (!place && is(place.error(), ENOENT) && !(*bin)->isInPlace()) {
+    if (!place && place.error().code == std::errc::no_such_file_or_directory &&
+        !(*bin)->isInPlace()) {
         // Somebody deleted the whole Bin since it was opened: it is made anew, once.
         m_byMount.clear();
         m_open.clear();
@@ -42,13 +39,13 @@ Result<Path> Bin::put(const HeldItem& item, std::int64_t bytes, Date date,
             return std::move(bin).error();
         place = take(**bin, item, bytes, date, willTake);
     }
-    if (!place && is(place.error(), EXDEV) && (*bin)->top().empty()) {
+    if (!place && place.error().code == std::errc::cross_device_link && (*bin)->top().empty()) {
         // One mount, and yet a border that nothing can be renamed across (a btrfs subvolume, say).
         auto other = volumeBin(item.parent->status.mountId);
         if (other)
             place = take(**other, item, bytes, date, willTake);
     }
-    if (!place && is(place.error(), EXDEV))
+    if (!place && place.error().code == std::errc::cross_device_link)
         return disposalError(DisposalError::noBinOnVolume, item.path);
     return place;
 }
@@ -123,8 +120,9 @@ Result<Path> Bin::putBack(const Path& place, const Path& destination,
         return std::move(bin).error();
     const std::string stored = lastComponent(place);
     if (const auto status = fileStatus((*bin)->files(), stored.c_str()); !status)
-        return is(status.error(), ENOENT) ? disposalError(DisposalError::goneFromBin, place)
-                                          : status.error();
+        return status.error().code == std::errc::no_such_file_or_directory
+                   ? disposalError(DisposalError::goneFromBin, place)
+                   : status.error();
     if (!isUsable(destination))
         return disposalError(DisposalError::invalidDestination, destination);
     if (auto made = makeFolders(destination.parent_path(), kOrdinaryRights); !made)
@@ -148,9 +146,9 @@ Result<Path> Bin::putBack(const Path& place, const Path& destination,
             (void)(*bin)->removeInfo(stored);
             return landing;
         }
-        if (is(moved.error(), EXDEV))
+        if (moved.error().code == std::errc::cross_device_link)
             return disposalError(DisposalError::otherVolume);
-        if (!is(moved.error(), EEXIST))
+        if (moved.error().code != std::errc::file_exists)
             return moved.error();
     }
     return disposalError(DisposalError::noFreeName);
@@ -169,7 +167,7 @@ void Bin::removeLeftInfo(const Path& place, const Path& original) {
         return;
     const std::string stored = lastComponent(place);
     const auto status = fileStatus((*bin)->files(), stored.c_str());
-    if (status || !is(status.error(), ENOENT))
+    if (status || status.error().code != std::errc::no_such_file_or_directory)
         return;
     const auto text = (*bin)->infoText(stored);
     const auto info = TrashInfo::fromText(text.value_or(""));

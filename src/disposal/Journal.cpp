@@ -138,7 +138,8 @@ Result<void> JournalWriter::flush() {
             continue;
         if (written <= 0) {
             const Error error = Error::fromErrno(written == 0 ? ENOSPC : errno, "write", m_file);
-            m_buffer = "\n" + m_buffer.substr(m_buffer.size() - rest.size()); // ends a torn line
+            // The next call goes on where this stopped, so that no line stays torn.
+            m_buffer.erase(0, m_buffer.size() - rest.size());
             return error;
         }
         rest.remove_prefix(static_cast<std::size_t>(written));
@@ -233,6 +234,8 @@ Result<JournalBatch> Journal::read(std::int64_t number) const {
     for (bool isFirst = true; std::getline(stream, text); isFirst = false) {
         const Json line = Json::parse(text, nullptr, false);
         try {
+            if (isFirst && stream.eof())
+                return batch; // cut off in its first line: nothing was begun
             if (isFirst && !readHeader(line, batch))
                 return Error::fromErrno(EBADMSG, "read", file);
             if (line.is_object() && !isFirst)

@@ -21,10 +21,6 @@ constexpr mode_t kFolderRights = 0700;
 constexpr mode_t kInfoRights = 0600;
 constexpr std::size_t kLongestInfo = 64 * 1024; ///< a path of PATH_MAX bytes, all encoded, and more
 
-bool is(const Error& error, int number) {
-    return error.code == std::error_code(number, std::generic_category());
-}
-
 /// After the ordered names, which a hostile or huge Bin may hold all of, random ones.
 unsigned nextNumber(unsigned attempt, unsigned first) {
     if (attempt < kNamesInOrder)
@@ -92,8 +88,9 @@ Result<TrashDirectory> TrashDirectory::openOfPlace(const Path& place) {
         return disposalError(DisposalError::notInBin, place);
     const auto folder = openFolder(bin);
     if (!folder)
-        return is(folder.error(), ENOENT) ? disposalError(DisposalError::goneFromBin, place)
-                                          : Error{folder.error().code, "open the Bin", bin};
+        return folder.error().code == std::errc::no_such_file_or_directory
+                   ? disposalError(DisposalError::goneFromBin, place)
+                   : Error{folder.error().code, "open the Bin", bin};
     const Path parent = bin.parent_path();
     Path top;
     if (bin.filename().native().starts_with(".Trash-"))
@@ -101,7 +98,7 @@ Result<TrashDirectory> TrashDirectory::openOfPlace(const Path& place) {
     else if (parent.filename() == ".Trash")
         top = parent.parent_path();
     auto opened = openAt(folder->get(), bin, top, false);
-    if (!opened && is(opened.error(), ENOENT))
+    if (!opened && opened.error().code == std::errc::no_such_file_or_directory)
         return disposalError(DisposalError::notInBin, place);
     return opened;
 }
@@ -138,7 +135,7 @@ Result<Path> TrashDirectory::take(const HeldItem& item, std::int64_t bytes, cons
         if (auto noted = willTake(place); !noted)
             return std::move(noted).error();
         if (auto written = writeInfo(name, text); !written) {
-            if (is(written.error(), EEXIST))
+            if (written.error().code == std::errc::file_exists)
                 continue;
             return std::move(written).error();
         }
@@ -146,7 +143,7 @@ Result<Path> TrashDirectory::take(const HeldItem& item, std::int64_t bytes, cons
             moveWithoutReplacing(item.folder(), item.name.c_str(), m_files.get(), name.c_str());
         if (!moved) {
             ::unlinkat(m_info.get(), infoName(name).c_str(), 0);
-            if (is(moved.error(), EEXIST))
+            if (moved.error().code == std::errc::file_exists)
                 continue;
             return std::move(moved).error();
         }
@@ -189,7 +186,7 @@ Result<void> TrashDirectory::writeInfo(const std::string& name, const std::strin
 Result<void> TrashDirectory::erase(const std::string& name, WorkMeter* meter) {
     const auto status = fileStatus(m_files.get(), name.c_str());
     if (!status)
-        return is(status.error(), ENOENT)
+        return status.error().code == std::errc::no_such_file_or_directory
                    ? disposalError(DisposalError::goneFromBin, m_path / "files" / name)
                    : status.error();
     if (auto removed = removeWhole(m_files.get(), name, meter); !removed)

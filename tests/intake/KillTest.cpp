@@ -129,7 +129,8 @@ TEST_F(KillTest, LosesNothingAtTwoHundredRandomMoments) {
         ASSERT_LT(run, 3 * kKills) << "nothing is killed here";
         const auto left = feeding ? list(things()).size() : list(bin("files")).size();
         const bool isOfItem = random() % 5 > 0;
-        const std::string call = (isOfItem ? kItemCalls : kBatchCalls)[random() % 4];
+        const char* const* const calls = isOfItem ? kItemCalls : kBatchCalls;
+        const std::string call = calls[random() % 4];
         const auto most = isOfItem ? left + 1 : kBatchCallsMade;
         const std::string moment = call + " " + std::to_string(1 + random() % most);
         SCOPED_TRACE((feeding ? "feeding, run " : "putting back, run ") + std::to_string(run) +

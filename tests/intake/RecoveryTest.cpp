@@ -113,6 +113,17 @@ TEST_F(RecoveryTest, KeepsTheJournalsOfTheNewestBatches) {
     EXPECT_TRUE(program->journal.open().empty());
 }
 
+TEST_F(RecoveryTest, SettlesAJournalThatWasCutOffBeforeItsFirstIntent) {
+    for (const char* text : {"", "{\"journal\":1,\"ki"}) {
+        program.reset();
+        home.write(".local/share/vexmoor/journal/7.open", text);
+        start();
+        EXPECT_TRUE(program->recovery.problems.empty()) << text;
+        EXPECT_TRUE(program->journal.open().empty()) << text;
+    }
+    EXPECT_EQ(program->ledger.count.get(), 0);
+}
+
 TEST_F(RecoveryTest, ReportsAJournalThatCannotBeRead) {
     program.reset();
     const Path folder = directories().ownData() / "journal";
