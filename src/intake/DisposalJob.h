@@ -16,7 +16,7 @@ class DisposalJob {
     static constexpr std::size_t kPictured = 10;
 
     struct Input {
-        const std::vector<Path>& items; ///< outlive the job
+        const std::vector<StoredPath>& items; ///< outlive the job
         DisposeMode mode = DisposeMode::bin;
         std::map<std::string, PicturePointer> thumbnails; ///< by path
         std::int64_t lastRecorded = 0; ///< number of the newest journal in the stores

@@ -7,7 +7,7 @@
 namespace vexmoor {
 
 struct Intake::Batch {
-    std::vector<Path> items;
+    std::vector<StoredPath> items;
     std::vector<Failure> refused;
     DisposeMode mode = DisposeMode::bin;
     bool fromFinder = false;
@@ -49,9 +49,9 @@ void Intake::consume(const std::vector<Path>& items, bool fromFinder, DisposeMod
                 {displayText(item.native()), disposalError(DisposalError::isDots)});
             continue;
         }
-        Path path = standardized(item);
+        const Path path = standardized(item);
         if (!m_inFlight.contains(path.native()) && seen.insert(path.native()).second)
-            batch->items.push_back(std::move(path));
+            batch->items.emplace_back(path);
     }
     if (batch->items.empty()) {
         if (!batch->refused.empty())
@@ -93,7 +93,7 @@ void Intake::prefetch(const std::shared_ptr<Batch>& batch) {
             dispose(batch);
     };
     for (std::size_t i = 0; i < count; ++i) {
-        const Path& item = batch->items[i];
+        const Path item = batch->items[i];
         m_parts.thumbnails.load(item, [batch, answered, item](PicturePointer picture) {
             if (picture)
                 batch->thumbnails[item.native()] = std::move(picture);
