@@ -44,8 +44,8 @@ void ProgressLine::run() {
         const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
         const auto entries = m_meter.entries.load();
         std::cerr << kClearLine << (m_meter.isDissolving ? "Dissolving: " : "")
-                  << countText(entries) << " items · "
-                  << byteCountText(m_meter.bytes.load()) << " · "
+                  << countText(entries) << " items · " << byteCountText(m_meter.bytes.load())
+                  << " · "
                   << countText(static_cast<std::int64_t>(double(entries) / elapsed.count()))
                   << " items/s" << std::flush;
         isShown = true;
