@@ -1,4 +1,5 @@
 #include "Commands.h"
+#include "Gif.h"
 #include "Output.h"
 #include "Sheet.h"
 #include "Show.h"
@@ -10,6 +11,9 @@
 
 namespace vexmoor::arttool {
 namespace {
+
+constexpr int kIdleHundredths = 12; ///< about 8 frames a second
+constexpr int kShowHundredths = 4;  ///< about 24
 
 std::vector<QImage> skinPictures(int scale) {
     std::vector<QImage> pictures;
@@ -50,6 +54,7 @@ void addSheetCommand(CLI::App& app) {
         int columns = 5;
         int every = 1;
         bool clear = false;
+        bool gif = false;
     };
     auto arguments = std::make_shared<Arguments>();
     CLI::App* command =
@@ -64,10 +69,19 @@ void addSheetCommand(CLI::App& app) {
         ->type_name("N")
         ->check(CLI::Range(1, 100));
     command->add_flag("--clear", arguments->clear, "Once, on a transparent ground");
+    command->add_flag("--gif", arguments->gif, "An animation instead: idle, burn or swarm");
     addOptions(*command, *arguments);
     command->callback([arguments] {
         const std::vector<QImage> pictures =
             picturesOf(arguments->kind, *arguments, arguments->every);
+        const bool isStill = arguments->kind == "skins" || arguments->kind == "icons";
+        if (arguments->gif && isStill)
+            throw CLI::ValidationError("--gif", "goes with idle, burn and swarm");
+        if (arguments->gif) {
+            const int hundredths = arguments->kind == "idle" ? kIdleHundredths : kShowHundredths;
+            writeGif(pictures, hundredths * arguments->every, arguments->output);
+            return;
+        }
         const std::vector<QColor> grounds =
             arguments->clear ? std::vector<QColor>{Qt::transparent} : windowGrounds();
         writePng(sheetOf(pictures, arguments->columns, grounds), arguments->output);
