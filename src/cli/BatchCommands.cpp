@@ -76,7 +76,9 @@ int runFeed(const Invocation& invocation) {
             disposeModeFromRawValue(invocation.mode).value_or(session.settings().mode.get());
         what = mode == DisposeMode::dissolve ? "Dissolved" : "To the Bin";
         const std::vector<Path> items(invocation.items.begin(), invocation.items.end());
-        session.intake().consume(items, false, mode, std::move(completion));
+        auto options = session.options();
+        options.mode = mode;
+        session.intake().consume(items, false, std::move(completion), options);
     });
 }
 
@@ -89,7 +91,8 @@ int runPutBack(const Invocation& invocation) {
                          : invocation.last > 0     ? session.binnedItems().newest(invocation.last)
                                                    : session.binnedItems().lastBatch();
             foundNone = items.empty() && missing.empty();
-            session.intake().restore(items, withMissing(std::move(completion), missing));
+            session.intake().restore(items, withMissing(std::move(completion), missing),
+                                     session.options());
         });
     if (foundNone && status == kAllDone) {
         complain("There is nothing to put back.");
@@ -99,12 +102,13 @@ int runPutBack(const Invocation& invocation) {
 }
 
 int runDelete(const Invocation& invocation) {
-    return runBatch(
-        invocation, "Deleted from the Bin", [&](Session& session, BatchCompletion completion) {
-            std::vector<Failure> missing;
-            const auto items = named(session, invocation.items, missing);
-            session.intake().deleteImmediately(items, withMissing(std::move(completion), missing));
-        });
+    return runBatch(invocation, "Deleted from the Bin",
+                    [&](Session& session, BatchCompletion completion) {
+                        std::vector<Failure> missing;
+                        const auto items = named(session, invocation.items, missing);
+                        session.intake().deleteImmediately(
+                            items, withMissing(std::move(completion), missing), session.options());
+                    });
 }
 
 } // namespace vexmoor

@@ -114,15 +114,11 @@ void Session::recoverJournals() {
 
 void Session::run() {
     {
-        const Interrupt interrupt(m_intake->meter());
-        const ProgressLine progress(m_intake->meter());
+        const Interrupt interrupt(*m_meter);
+        const ProgressLine progress(*m_meter);
         m_queue.runUntilEmpty();
     }
     m_announcer->print();
-}
-
-bool Session::wasInterrupted() const {
-    return m_intake->meter().stop;
 }
 
 } // namespace vexmoor

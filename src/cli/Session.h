@@ -29,7 +29,8 @@ class Session {
     /// Runs what the intake posted, showing how far it is; Ctrl-C ends it between two items.
     void run();
 
-    [[nodiscard]] bool wasInterrupted() const;
+    /// For the command's batch: what it does is counted, and stopped, by the session.
+    [[nodiscard]] BatchOptions options() const { return {.meter = m_meter}; }
 
     Ledger& ledger() { return *m_ledger; }
     Settings& settings() { return *m_settings; }
@@ -59,6 +60,7 @@ class Session {
     std::unique_ptr<Ledger> m_ledger;
     std::unique_ptr<Settings> m_settings;
     std::unique_ptr<Progression> m_progression;
+    std::shared_ptr<WorkMeter> m_meter = std::make_shared<WorkMeter>();
     PlainQueue m_queue;
     std::unique_ptr<Silence> m_silence;
     std::unique_ptr<Intake> m_intake;

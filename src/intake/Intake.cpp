@@ -13,6 +13,17 @@ struct Intake::Batch {
     bool fromFinder = false;
     std::map<std::string, PicturePointer> thumbnails;
     std::size_t thumbnailsAwaited = 0;
+    Dialogs& dialogs;
+    std::shared_ptr<WorkMeter> meter;
+    BatchCompletion completion;
+};
+
+/// Items that are put back or deleted.
+struct Intake::BinBatch {
+    JournalKind kind;
+    std::vector<Sacrifice> items;
+    Dialogs& dialogs;
+    std::shared_ptr<WorkMeter> meter;
     BatchCompletion completion;
 };
 
@@ -32,16 +43,17 @@ std::vector<Sacrifice> restorable(std::vector<Sacrifice> items) {
 
 Intake::Intake(Parts parts) : m_parts(std::move(parts)) {}
 
-void Intake::consume(const std::vector<Path>& items, bool fromFinder, BatchCompletion completion) {
-    consume(items, fromFinder, m_parts.settings.mode.get(), std::move(completion));
-}
-
-void Intake::consume(const std::vector<Path>& items, bool fromFinder, DisposeMode mode,
-                     BatchCompletion completion) {
-    const auto batch = std::make_shared<Batch>();
-    batch->mode = mode;
-    batch->fromFinder = fromFinder;
-    batch->completion = std::move(completion);
+void Intake::consume(const std::vector<Path>& items, bool fromFinder, BatchCompletion completion,
+                     const BatchOptions& options) {
+    const std::shared_ptr<Batch> batch(
+        new Batch{.items = {},
+                  .refused = {},
+                  .mode = options.mode.value_or(m_parts.settings.mode.get()),
+                  .fromFinder = fromFinder,
+                  .thumbnails = {},
+                  .dialogs = dialogsOf(options),
+                  .meter = nullptr,
+                  .completion = std::move(completion)});
     std::set<std::string> seen;
     for (const auto& item : items) {
         if (endsInDots(item)) {
@@ -60,25 +72,28 @@ void Intake::consume(const std::vector<Path>& items, bool fromFinder, DisposeMod
             finish(batch->completion, {});
         return;
     }
-    if (mode == DisposeMode::dissolve) {
-        const bool declined =
-            m_parts.settings.confirmDissolve.get() && !confirmDissolve(batch->items.size());
+    m_inFlight.insert(seen.begin(), seen.end()); // other batches may come while the user is asked
+    if (batch->mode == DisposeMode::dissolve) {
+        const bool declined = m_parts.settings.confirmDissolve.get() &&
+                              !confirmDissolve(batch->dialogs, batch->items.size());
         disarm(fromFinder); // what is dissolved can't be undone, what was declined needs no undo
         if (declined) {
+            for (const auto& path : seen)
+                m_inFlight.erase(path);
             BatchResult result;
             result.declined = true;
             finish(batch->completion, std::move(result));
             return;
         }
     }
-    m_inFlight.merge(seen);
+    batch->meter = begin(options);
     if (m_parts.settings.sound.get())
         m_parts.sizzle.play();
     prefetch(batch);
 }
 
-bool Intake::confirmDissolve(std::size_t count) {
-    const auto answer = m_parts.dialogs.ask(dissolveQuestion(count));
+bool Intake::confirmDissolve(Dialogs& dialogs, std::size_t count) {
+    const auto answer = dialogs.ask(dissolveQuestion(count));
     if (answer.suppressed)
         m_parts.settings.confirmDissolve.set(false);
     return answer.confirmed;
@@ -106,7 +121,7 @@ void Intake::prefetch(const std::shared_ptr<Batch>& batch) {
 void Intake::dispose(const std::shared_ptr<Batch>& batch) {
     m_parts.work.post([this, batch, recorded = lastRecorded()] {
         DisposalJob job({batch->items, batch->mode, std::move(batch->thumbnails), recorded},
-                        {m_parts.directories, m_parts.journal, m_parts.thumbnails, m_meter,
+                        {m_parts.directories, m_parts.journal, m_parts.thumbnails, *batch->meter,
                          m_parts.clock, [this](std::vector<PicturePointer> pictures) {
                              m_parts.main.post([this, pictures = std::move(pictures)] {
                                  m_parts.animation.play(pictures);
@@ -130,12 +145,13 @@ void Intake::complete(Batch& batch, DisposalJob::Output output) {
     registerUndo(result.done, batch.fromFinder);
     result.failures.insert(result.failures.begin(), batch.refused.begin(), batch.refused.end());
     if (result.storeError)
-        m_parts.dialogs.report(storeFailure(*result.storeError));
+        batch.dialogs.report(storeFailure(*result.storeError));
     if (!result.failures.empty())
-        m_parts.dialogs.report(intakeFailures(result.failures));
+        batch.dialogs.report(intakeFailures(result.failures));
     if (!result.unlocked.empty())
         m_parts.progression.notify(result.unlocked);
     finish(batch.completion, std::move(result));
+    end(batch.meter);
 }
 
 void Intake::registerUndo(const std::vector<Sacrifice>& done, bool fromFinder) {
@@ -150,59 +166,62 @@ void Intake::registerUndo(const std::vector<Sacrifice>& done, bool fromFinder) {
     m_parts.undoStack->push(std::move(name), [this, items = std::move(items)] { restore(items); });
 }
 
-void Intake::restore(std::vector<Sacrifice> items, BatchCompletion completion) {
+void Intake::restore(std::vector<Sacrifice> items, BatchCompletion completion,
+                     const BatchOptions& options) {
     auto wanted = restorable(refreshed(std::move(items)));
     if (wanted.empty()) {
-        m_parts.dialogs.beep();
+        dialogsOf(options).beep();
         finish(completion, {});
         return;
     }
     m_parts.undoKey.disarm();
-    runBinJob(JournalKind::putBack, std::move(wanted), std::move(completion));
+    runBinJob(std::shared_ptr<BinBatch>(new BinBatch{JournalKind::putBack, std::move(wanted),
+                                                     dialogsOf(options), begin(options),
+                                                     std::move(completion)}));
 }
 
-void Intake::deleteImmediately(std::vector<Sacrifice> items, BatchCompletion completion) {
+void Intake::deleteImmediately(std::vector<Sacrifice> items, BatchCompletion completion,
+                               const BatchOptions& options) {
     auto wanted = restorable(std::move(items));
     if (wanted.empty()) {
-        m_parts.dialogs.beep();
+        dialogsOf(options).beep();
         finish(completion, {});
         return;
     }
-    if (!m_parts.dialogs.ask(deleteQuestion(wanted)).confirmed) {
+    if (!dialogsOf(options).ask(deleteQuestion(wanted)).confirmed) {
         BatchResult result;
         result.declined = true;
         finish(completion, std::move(result));
         return;
     }
-    runBinJob(JournalKind::erase, std::move(wanted), std::move(completion));
+    runBinJob(std::shared_ptr<BinBatch>(new BinBatch{JournalKind::erase, std::move(wanted),
+                                                     dialogsOf(options), begin(options),
+                                                     std::move(completion)}));
 }
 
-void Intake::runBinJob(JournalKind kind, std::vector<Sacrifice> items, BatchCompletion completion) {
-    m_parts.work.post([this, kind, items = std::move(items), completion = std::move(completion),
-                       recorded = lastRecorded()] {
-        BinJob job(kind, m_parts.directories, m_parts.journal, m_meter, recorded);
-        const auto output = std::make_shared<BinJob::Output>(job.run(items));
-        m_parts.main.post([this, kind, completion, output] {
-            completeBinJob(kind, std::move(*output), completion);
-        });
+void Intake::runBinJob(const std::shared_ptr<BinBatch>& batch) {
+    m_parts.work.post([this, batch, recorded = lastRecorded()] {
+        BinJob job(batch->kind, m_parts.directories, m_parts.journal, *batch->meter, recorded);
+        const auto output = std::make_shared<BinJob::Output>(job.run(batch->items));
+        m_parts.main.post([this, batch, output] { completeBinJob(*batch, std::move(*output)); });
     });
 }
 
-void Intake::completeBinJob(JournalKind kind, BinJob::Output output,
-                            const BatchCompletion& completion) {
+void Intake::completeBinJob(BinBatch& batch, BinJob::Output output) {
     auto& result = output.result;
-    const bool isPutBack = kind == JournalKind::putBack;
+    const bool isPutBack = batch.kind == JournalKind::putBack;
     const std::set<Uuid> none;
-    result.storeError = commit(output.journalNumber, kind, DisposeMode::bin, [&] {
+    result.storeError = commit(output.journalNumber, batch.kind, DisposeMode::bin, [&] {
         m_parts.ledger.mark(isPutBack ? output.done : none, output.lost,
                             isPutBack ? none : output.done);
     });
     if (result.storeError)
-        m_parts.dialogs.report(storeFailure(*result.storeError));
+        batch.dialogs.report(storeFailure(*result.storeError));
     if (!result.failures.empty())
-        m_parts.dialogs.report(isPutBack ? putBackFailures(result.failures)
-                                         : deleteFailures(result.failures));
-    finish(completion, std::move(result));
+        batch.dialogs.report(isPutBack ? putBackFailures(result.failures)
+                                       : deleteFailures(result.failures));
+    finish(batch.completion, std::move(result));
+    end(batch.meter);
 }
 
 /// One transaction for all that a batch changes, its journal's number included: from then on the
@@ -220,6 +239,39 @@ std::optional<Error> Intake::commit(std::optional<std::int64_t> journalNumber, J
         if (const auto closed = m_parts.journal.close(*journalNumber, kind, mode); !closed)
             return closed.error();
     return std::nullopt;
+}
+
+std::shared_ptr<WorkMeter> Intake::begin(const BatchOptions& options) {
+    auto meter = options.meter ? options.meter : std::make_shared<WorkMeter>();
+    if (m_stopped)
+        meter->stop = true;
+    auto batches = m_batches.get();
+    batches.push_back(meter);
+    m_batches.set(std::move(batches));
+    return meter;
+}
+
+void Intake::end(const std::shared_ptr<WorkMeter>& meter) {
+    auto batches = m_batches.get();
+    if (const auto found = std::ranges::find(batches, meter); found != batches.end())
+        batches.erase(found);
+    m_batches.set(std::move(batches));
+}
+
+void Intake::stop() {
+    m_stopped = true;
+    for (const auto& meter : m_batches.get())
+        meter->stop = true;
+}
+
+Subscription Intake::subscribeToBatches(std::function<void(std::size_t)> subscriber) {
+    return m_batches.subscribe([subscriber = std::move(subscriber)](const Meters& batches) {
+        subscriber(batches.size());
+    });
+}
+
+Dialogs& Intake::dialogsOf(const BatchOptions& options) const {
+    return options.dialogs != nullptr ? *options.dialogs : m_parts.dialogs;
 }
 
 std::vector<Sacrifice> Intake::refreshed(std::vector<Sacrifice> items) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Executor.h"
+#include "base/Published.h"
 #include "disposal/Ledger.h"
 #include "disposal/Settings.h"
 #include "disposal/WorkMeter.h"
@@ -13,6 +14,13 @@
 #include <string>
 
 namespace vexmoor {
+
+/// How one batch is treated where that differs from the rest.
+struct BatchOptions {
+    std::optional<DisposeMode> mode{};  ///< else that of the settings
+    Dialogs* dialogs = nullptr;         ///< who is asked and told, else the intake's; outlives it
+    std::shared_ptr<WorkMeter> meter{}; ///< counts its file work and stops it between two items
+};
 
 /// The path that everything fed goes through, and what is done with binned items afterwards. The
 /// batches' file work runs on `work`, one batch after another; all else on the main thread, where
@@ -42,26 +50,26 @@ class Intake {
     Intake(const Intake&) = delete;
     Intake& operator=(const Intake&) = delete;
 
-    /// Disposes of the items in the mode of the settings. An item that is being disposed of
-    /// already, or comes twice, is left out; without any left nothing happens.
-    void consume(const std::vector<Path>& items, bool fromFinder, BatchCompletion completion = {});
-
-    /// The same in the given mode.
-    void consume(const std::vector<Path>& items, bool fromFinder, DisposeMode mode,
-                 BatchCompletion completion = {});
+    /// Disposes of the items. An item that is being disposed of already, or comes twice, is left
+    /// out; without any left nothing happens.
+    void consume(const std::vector<Path>& items, bool fromFinder, BatchCompletion completion = {},
+                 const BatchOptions& options = {});
 
     /// Puts back those that can be, after a look at what the ledger knows of them by now.
-    void restore(std::vector<Sacrifice> items, BatchCompletion completion = {});
+    void restore(std::vector<Sacrifice> items, BatchCompletion completion = {},
+                 const BatchOptions& options = {});
 
     /// Deletes those that are still in the Bin, after asking.
-    void deleteImmediately(std::vector<Sacrifice> items, BatchCompletion completion = {});
+    void deleteImmediately(std::vector<Sacrifice> items, BatchCompletion completion = {},
+                           const BatchOptions& options = {});
 
-    /// Asks before a dissolve; true means go on.
-    bool confirmDissolve(std::size_t count);
+    /// Leaves what has not begun untouched, of all batches that are there and that still come.
+    void stop();
 
-    /// Counts the file work as it goes on. Setting `stop` leaves the items that have not begun
-    /// untouched, of this and of all further batches.
-    WorkMeter& meter() { return m_meter; }
+    /// How many batches are not over yet.
+    [[nodiscard]] std::size_t batches() const { return m_batches.get().size(); }
+    /// Calls with the number of batches at once and whenever it changes.
+    Subscription subscribeToBatches(std::function<void(std::size_t)> subscriber);
 
     /// The accepted items whose batches are not over.
     [[nodiscard]] const std::set<std::string>& inFlight() const { return m_inFlight; }
@@ -71,21 +79,28 @@ class Intake {
 
   private:
     struct Batch;
+    struct BinBatch;
+    using Meters = std::vector<std::shared_ptr<WorkMeter>>;
 
+    bool confirmDissolve(Dialogs& dialogs, std::size_t count);
     void prefetch(const std::shared_ptr<Batch>& batch);
     void dispose(const std::shared_ptr<Batch>& batch);
     void complete(Batch& batch, DisposalJob::Output output);
     void registerUndo(const std::vector<Sacrifice>& done, bool fromFinder);
-    void runBinJob(JournalKind kind, std::vector<Sacrifice> items, BatchCompletion completion);
-    void completeBinJob(JournalKind kind, BinJob::Output output, const BatchCompletion& completion);
+    void runBinJob(const std::shared_ptr<BinBatch>& batch);
+    void completeBinJob(BinBatch& batch, BinJob::Output output);
     std::optional<Error> commit(std::optional<std::int64_t> journalNumber, JournalKind kind,
                                 DisposeMode mode, const std::function<void()>& changes);
+    std::shared_ptr<WorkMeter> begin(const BatchOptions& options);
+    void end(const std::shared_ptr<WorkMeter>& meter);
+    [[nodiscard]] Dialogs& dialogsOf(const BatchOptions& options) const;
     [[nodiscard]] std::vector<Sacrifice> refreshed(std::vector<Sacrifice> items) const;
     [[nodiscard]] std::int64_t lastRecorded() const;
     void disarm(bool fromFinder);
 
     Parts m_parts;
-    WorkMeter m_meter;
+    Published<Meters> m_batches; ///< one meter each
+    bool m_stopped = false;
     std::set<std::string> m_inFlight;
 };
 

@@ -33,6 +33,8 @@ class Surroundings : public Dialogs,
   public:
     Answer ask(const Question& question) override {
         events.push_back("ask " + question.message);
+        if (const auto meanwhile = std::exchange(whileAsked, nullptr))
+            meanwhile();
         return answer;
     }
     void report(const FailureReport& report) override {
@@ -73,6 +75,7 @@ class Surroundings : public Dialogs,
     std::vector<FailureReport> reports;
     std::vector<PicturePointer> burned;
     Answer answer{true, false};
+    std::function<void()> whileAsked; ///< happens once, while a question waits for its answer
     bool hasPictures = true;
     bool holdsThumbnails = false;
     std::vector<std::function<void()>> held;

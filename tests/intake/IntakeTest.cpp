@@ -188,15 +188,51 @@ TEST_F(IntakeTest, DeletesFromTheBinAfterAsking) {
     EXPECT_EQ(program->ledger.count.get(), 2) << "counts only grow";
 }
 
-TEST_F(IntakeTest, StopsBetweenItemsAndRecordsWhatIsDone) {
+TEST_F(IntakeTest, StopsOneBatchBetweenItemsAndLeavesTheOthersAlone) {
     const auto items = make(5);
-    program->intake.meter().stop = true;
-    const auto none = feed(items);
-    EXPECT_EQ(std::vector<Path>(none.untouched.begin(), none.untouched.end()), items);
+    const auto meter = std::make_shared<WorkMeter>();
+    meter->stop = true;
+    BatchResult stopped;
+    program->intake.consume(items, false, [&](const BatchResult& result) { stopped = result; },
+                            {.meter = meter});
+    const auto other = feed({home.write("other", "x")});
+    EXPECT_EQ(std::vector<Path>(stopped.untouched.begin(), stopped.untouched.end()), items);
+    EXPECT_EQ(other.done.size(), 1U);
+    EXPECT_EQ(feed(items).done.size(), 5U);
+}
+
+TEST_F(IntakeTest, LeavesUntouchedWhatHasNotBegunWhenAllIsStopped) {
+    std::vector<std::size_t> counts;
+    const auto watch =
+        program->intake.subscribeToBatches([&](std::size_t batches) { counts.push_back(batches); });
+    program->intake.consume(make({"before"}), false);
+    program->intake.stop();
+    EXPECT_EQ(feed(make({"after"})).untouched.size(), 1U);
     EXPECT_EQ(program->ledger.count.get(), 0);
-    program->intake.meter().stop = false;
-    const auto all = feed(items);
-    EXPECT_EQ(all.done.size(), 5U);
+    EXPECT_THAT(counts, ElementsAre(0, 1, 2, 1, 0));
+}
+
+TEST_F(IntakeTest, TakesWhatIsFedAgainWhileTheUserIsAskedOnlyOnce) {
+    const auto items = make({"a"});
+    program->settings.mode.set(DisposeMode::dissolve);
+    around.whileAsked = [&] { program->intake.consume(items, false); };
+    EXPECT_EQ(feed(items).done.size(), 1U);
+    EXPECT_TRUE(recent().size() == 1 && around.reports.empty());
+}
+
+TEST_F(IntakeTest, AsksAndTellsWhomTheBatchNames) {
+    Surroundings terminal;
+    terminal.answer = {false, false};
+    bool declined = false;
+    program->intake.consume(make({"a"}), false,
+                            [&](const BatchResult& result) { declined = result.declined; },
+                            {.mode = DisposeMode::dissolve, .dialogs = &terminal});
+    program->intake.consume({home / "missing"}, false, {}, {.dialogs = &terminal});
+    settle();
+    EXPECT_TRUE(declined);
+    EXPECT_THAT(terminal.events, ElementsAre("ask Dissolve this item forever?",
+                                             "report The cauldron rejected missing"));
+    EXPECT_THAT(around.reports, testing::IsEmpty());
 }
 
 } // namespace
