@@ -34,6 +34,14 @@ void finish(const BatchCompletion& completion, BatchResult result) {
         completion(std::move(result));
 }
 
+/// What went wrong beside the items themselves.
+void tell(Dialogs& dialogs, const BatchResult& result) {
+    if (result.storeError)
+        dialogs.report(storeFailure(*result.storeError));
+    if (!result.untouched.empty())
+        dialogs.report(stoppedReport(result.untouched.size()));
+}
+
 std::vector<Sacrifice> restorable(std::vector<Sacrifice> items) {
     std::erase_if(items, [](const Sacrifice& item) { return !item.canRestore(); });
     return items;
@@ -144,8 +152,7 @@ void Intake::complete(Batch& batch, DisposalJob::Output output) {
     });
     registerUndo(result.done, batch.fromFinder);
     result.failures.insert(result.failures.begin(), batch.refused.begin(), batch.refused.end());
-    if (result.storeError)
-        batch.dialogs.report(storeFailure(*result.storeError));
+    tell(batch.dialogs, result);
     if (!result.failures.empty())
         batch.dialogs.report(intakeFailures(result.failures));
     if (!result.unlocked.empty())
@@ -215,8 +222,7 @@ void Intake::completeBinJob(BinBatch& batch, BinJob::Output output) {
         m_parts.ledger.mark(isPutBack ? output.done : none, output.lost,
                             isPutBack ? none : output.done);
     });
-    if (result.storeError)
-        batch.dialogs.report(storeFailure(*result.storeError));
+    tell(batch.dialogs, result);
     if (!result.failures.empty())
         batch.dialogs.report(isPutBack ? putBackFailures(result.failures)
                                        : deleteFailures(result.failures));

@@ -6,17 +6,34 @@ namespace vexmoor {
 
 namespace {
 
+/// A name as it is shown in a sentence: control characters, line ends among them, become their
+/// pictures, so that no name can pass for more of the text.
+std::string inSentence(const std::string& name) {
+    std::string shown;
+    for (const char c : name) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < 0x20)
+            shown += {'\xe2', '\x90', static_cast<char>(0x80 + byte)}; // U+2400 + byte
+        else if (byte == 0x7f)
+            shown += "\xe2\x90\xa1";
+        else
+            shown += c;
+    }
+    return shown;
+}
+
 FailureReport failureReport(const std::string& verb, std::vector<Failure> failures) {
     FailureReport report;
     const auto count = failures.size();
     report.message =
-        verb + " " + (count == 1 ? failures.front().name : std::to_string(count) + " items");
+        verb + " " +
+        (count == 1 ? inSentence(failures.front().name) : std::to_string(count) + " items");
     if (count == 1) {
         report.informative = describe(failures.front().error);
     } else {
         for (std::size_t i = 0; i < std::min(count, kListedFailures); ++i)
-            report.informative +=
-                (i > 0 ? "\n" : "") + failures[i].name + ": " + describe(failures[i].error);
+            report.informative += (i > 0 ? "\n" : "") + inSentence(failures[i].name) + ": " +
+                                  describe(failures[i].error);
         if (count > kListedFailures)
             report.informative += "\n…and " + std::to_string(count - kListedFailures) + " more.";
     }
@@ -34,10 +51,10 @@ Question dissolveQuestion(std::size_t count) {
 }
 
 Question deleteQuestion(const std::vector<Sacrifice>& items) {
-    return {items.size() == 1
-                ? "Are you sure you want to delete “" + items.front().name + "” immediately?"
-                : "Are you sure you want to delete these " + std::to_string(items.size()) +
-                      " items immediately?",
+    return {items.size() == 1 ? "Are you sure you want to delete “" +
+                                    inSentence(items.front().name) + "” immediately?"
+                              : "Are you sure you want to delete these " +
+                                    std::to_string(items.size()) + " items immediately?",
             "You can’t undo this action.", "Delete", "Cancel", std::nullopt};
 }
 
@@ -51,6 +68,27 @@ FailureReport putBackFailures(std::vector<Failure> failures) {
 
 FailureReport deleteFailures(std::vector<Failure> failures) {
     return failureReport("Couldn't delete", std::move(failures));
+}
+
+FailureReport stoppedReport(std::size_t count) {
+    return {"Vexmoor stopped before it was done",
+            count == 1 ? "1 item was left as it was."
+                       : std::to_string(count) + " items were left as they were.",
+            {}};
+}
+
+FailureReport foreignReport(bool tookOthers) {
+    return {tookOthers ? "The cauldron did not take everything"
+                       : "The cauldron took nothing of that",
+            "It takes only files and folders that are on this computer.",
+            {}};
+}
+
+FailureReport damagedStore(const Path& aside) {
+    return {"The history was damaged",
+            "It was set aside as " + inSentence(displayText(aside.native())) +
+                ". A fresh one was begun. What is in the Bin is still there.",
+            {}};
 }
 
 FailureReport storeFailure(const Error& error) {

@@ -19,6 +19,15 @@ FailureReport intakeFailures(std::vector<Failure> failures);
 FailureReport putBackFailures(std::vector<Failure> failures);
 FailureReport deleteFailures(std::vector<Failure> failures);
 
+/// A batch that was stopped: what it had not begun stays as it was.
+FailureReport stoppedReport(std::size_t count);
+
+/// Something that is not on this computer was named, beside items that were taken or alone.
+FailureReport foreignReport(bool tookOthers);
+
+/// The database could not be read and was set aside; a fresh one was begun.
+FailureReport damagedStore(const Path& aside);
+
 /// The items went where they should, but the stores could not be written.
 FailureReport storeFailure(const Error& error);
 

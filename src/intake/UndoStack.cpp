@@ -8,6 +8,7 @@ void UndoStack::push(std::string name, std::function<void()> action) {
     m_actions.push_back({std::move(name), std::move(action)});
     if (m_actions.size() > kDeepest)
         m_actions.pop_front();
+    publish();
 }
 
 void UndoStack::undo() {
@@ -15,7 +16,12 @@ void UndoStack::undo() {
         return;
     const auto run = std::move(m_actions.back().run);
     m_actions.pop_back();
+    publish();
     run();
+}
+
+void UndoStack::publish() {
+    m_name.set(m_actions.empty() ? std::string() : m_actions.back().name);
 }
 
 std::string UndoStack::undoMenuItemTitle() const {

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <cstddef>
+#include "base/Published.h"
+
 #include <deque>
 #include <functional>
 #include <string>
@@ -22,6 +23,13 @@ class UndoStack {
     [[nodiscard]] bool canUndo() const { return !m_actions.empty(); }
     [[nodiscard]] bool canRedo() const { return false; }
 
+    /// The newest action's name; empty where there is none.
+    [[nodiscard]] const std::string& undoActionName() const { return m_name.get(); }
+    /// Calls with that name at once and whenever the stack changes.
+    Subscription subscribe(Published<std::string>::Subscriber subscriber) {
+        return m_name.subscribe(std::move(subscriber));
+    }
+
     /// "Undo", with the action's name where there is one.
     [[nodiscard]] std::string undoMenuItemTitle() const;
     [[nodiscard]] std::string redoMenuItemTitle() const { return "Redo"; }
@@ -32,7 +40,10 @@ class UndoStack {
         std::function<void()> run;
     };
 
+    void publish();
+
     std::deque<Action> m_actions;
+    Published<std::string> m_name;
 };
 
 } // namespace vexmoor
