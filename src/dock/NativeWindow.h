@@ -12,6 +12,9 @@
 
 namespace vexmoor::native {
 
+/// Whether there is a display that takes windows; asked before there is an application.
+bool displayAnswers();
+
 /// Marks a window that is not shown yet as part of the desktop's furniture: a dock, above others,
 /// on all workspaces, in no list. To be repeated before each showing.
 void makeDock(WId window);

@@ -235,12 +235,8 @@ void TileWindow::dropEvent(QDropEvent* event) {
     const DroppedUris uris = DroppedUris::fromList(list.toStdString());
     if (!uris.items.empty())
         emit dropped(uris.items);
-    if (uris.items.empty())
-        emit refused(tr("Nothing was taken: the cauldron takes only files and folders that are on "
-                        "this computer."));
-    else if (uris.others > 0)
-        emit refused(tr("Not everything was taken: the cauldron takes only files and folders that "
-                        "are on this computer."));
+    if (uris.items.empty() || uris.others > 0)
+        emit refused(!uris.items.empty());
 }
 
 } // namespace vexmoor

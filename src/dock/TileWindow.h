@@ -46,8 +46,8 @@ class TileWindow : public QAbstractButton, public IconSink {
   signals:
     /// Local items were dropped, in the order in which they came.
     void dropped(const std::vector<vexmoor::Path>& items);
-    /// Something that cannot be taken was dropped; the sentence says why.
-    void refused(const QString& sentence);
+    /// Something that is not on this computer was dropped, beside items that were taken or alone.
+    void refused(bool tookOthers);
     /// The right button was pressed there.
     void menuRequested(QPoint globalPosition);
 
