@@ -1,0 +1,135 @@
+#include "Alerts.h"
+
+#include "art/CauldronArt.h"
+#include "dock/DockIconAnimator.h"
+#include "dock/PixelImage.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QEventLoop>
+#include <QPushButton>
+
+#include <utility>
+
+namespace vexmoor {
+namespace {
+
+constexpr int kCellPoints = 2;
+constexpr int kLongestRun = 48; ///< characters of a name that stay on one line
+
+/// The text with places to break it in, so that a long name does not make the alert wider than the
+/// screen.
+QString breakable(const std::string& text) {
+    QString result;
+    int run = 0;
+    for (const QChar& c : QString::fromStdString(text)) {
+        run = c.isSpace() ? 0 : run + 1;
+        if (run > kLongestRun && !c.isLowSurrogate()) {
+            result += QChar(0x200B); // a space without a width
+            run = 0;
+        }
+        result += c;
+    }
+    return result;
+}
+
+/// The pot of the skin in use.
+QPixmap potPicture(double ratio) {
+    const auto pot =
+        DockIconAnimator::iconOf(CauldronArt::idle(1, true, 0, CauldronArt::current()));
+    const int side = static_cast<int>(CauldronArt::kWidth * kCellPoints * ratio);
+    QPixmap picture = QPixmap::fromImage(enlarged(pot, {side, side}));
+    picture.setDevicePixelRatio(ratio);
+    return picture;
+}
+
+std::unique_ptr<QMessageBox> makeBox(const std::string& message, const std::string& informative) {
+    auto box = std::make_unique<QMessageBox>();
+    box->setWindowTitle(QStringLiteral("Vexmoor"));
+    box->setTextFormat(Qt::PlainText);
+    box->setText(breakable(message));
+    box->setInformativeText(breakable(informative));
+    box->setIconPixmap(potPicture(box->devicePixelRatioF()));
+    return box;
+}
+
+} // namespace
+
+Alerts::Alerts(std::function<QWidget*()> window) : m_window(std::move(window)) {}
+
+Answer Alerts::ask(const Question& question) {
+    if (m_instead)
+        return {};
+    auto box = makeBox(question.message, question.informative);
+    QPushButton* const confirm =
+        box->addButton(QString::fromStdString(question.confirm), QMessageBox::AcceptRole);
+    box->setDefaultButton(confirm);
+    box->setEscapeButton(
+        box->addButton(QString::fromStdString(question.cancel), QMessageBox::RejectRole));
+    if (question.suppression)
+        box->setCheckBox(new QCheckBox(QString::fromStdString(*question.suppression), box.get()));
+    Answer answer;
+    QEventLoop loop;
+    await({.box = std::move(box), .beeps = false, .over = [&](QMessageBox& closed) {
+               answer.confirmed = closed.clickedButton() == confirm;
+               answer.suppressed = closed.checkBox() && closed.checkBox()->isChecked();
+               loop.quit();
+           }});
+    loop.exec();
+    return answer;
+}
+
+void Alerts::report(const FailureReport& report) {
+    if (m_instead) {
+        m_instead(report);
+        return;
+    }
+    await({.box = makeBox(report.message, report.informative), .beeps = true, .over = {}});
+}
+
+void Alerts::beep() {
+    QApplication::beep();
+}
+
+void Alerts::await(Turn turn) {
+    m_turns.push_back(std::move(turn));
+    if (m_turns.size() == 1)
+        showFirst();
+}
+
+void Alerts::showFirst() {
+    const Turn& first = m_turns.front();
+    if (first.beeps)
+        beep();
+    QMessageBox& box = *first.box;
+    QWidget* const window = m_window();
+    if (window != nullptr) {
+        box.setParent(window, box.windowFlags());
+        box.setWindowModality(Qt::WindowModal);
+    } else {
+        box.setWindowModality(Qt::NonModal);
+    }
+    box.setWindowFlag(Qt::WindowStaysOnTopHint);
+    connect(&box, &QMessageBox::finished, this, &Alerts::firstIsOver);
+    box.show();
+    box.raise();
+    box.activateWindow();
+}
+
+void Alerts::firstIsOver() {
+    Turn over = std::move(m_turns.front());
+    m_turns.pop_front();
+    if (over.over)
+        over.over(*over.box);
+    over.box.release()->deleteLater(); // it is still telling that it is over
+    if (!m_turns.empty())
+        showFirst();
+}
+
+void Alerts::close(std::function<void(const FailureReport&)> instead) {
+    m_instead = std::move(instead);
+    while (!m_turns.empty())
+        m_turns.front().box->reject();
+}
+
+} // namespace vexmoor

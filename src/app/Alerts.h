@@ -1,0 +1,51 @@
+#pragma once
+
+#include "intake/Ports.h"
+
+#include <QMessageBox>
+#include <QObject>
+
+#include <deque>
+#include <functional>
+#include <memory>
+
+namespace vexmoor {
+
+/// Asks and tells in alerts, one at a time in the order in which they came. An alert blocks the
+/// program's window, not the tile: what is dropped meanwhile is taken. Main thread.
+class Alerts : public QObject, public Dialogs {
+    Q_OBJECT
+
+  public:
+    /// `window` answers what an alert stands before; null where no window is shown.
+    explicit Alerts(std::function<QWidget*()> window);
+
+    /// Waits, with the event loop running, until it was its turn and the user answered.
+    Answer ask(const Question& question) override;
+
+    /// Beeps when its turn comes; does not wait.
+    void report(const FailureReport& report) override;
+
+    void beep() override;
+
+    /// Takes all alerts off the screen: questions are answered with no. From now on nothing is
+    /// asked, and what there is to report goes to `instead`.
+    void close(std::function<void(const FailureReport&)> instead);
+
+  private:
+    struct Turn {
+        std::unique_ptr<QMessageBox> box;
+        bool beeps = false;
+        std::function<void(QMessageBox&)> over;
+    };
+
+    void await(Turn turn);
+    void showFirst();
+    void firstIsOver();
+
+    std::function<QWidget*()> m_window;
+    std::deque<Turn> m_turns; ///< the first is on the screen
+    std::function<void(const FailureReport&)> m_instead;
+};
+
+} // namespace vexmoor

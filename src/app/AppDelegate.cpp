@@ -1,0 +1,244 @@
+#include "AppDelegate.h"
+
+#include "app/MainMenu.h"
+#include "app/Probe.h"
+#include "app/TileMenu.h"
+
+#include "art/CauldronArt.h"
+#include "dock/FlameOverlayWindow.h"
+#include "intake/BinnedItems.h"
+#include "intake/Recovery.h"
+#include "intake/Texts.h"
+#include "ui/CauldronView.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QRandomGenerator>
+
+#include <utility>
+
+namespace vexmoor {
+namespace {
+
+constexpr int kPictureSide = 128; ///< as the thumbnails have it
+
+/// Under Wayland only a window that nobody manages keeps its place.
+TileWindow::Manager tileManager() {
+    return qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ? TileWindow::Manager::nobody
+                                                        : TileWindow::Manager::windowManager;
+}
+
+QImage pdfIcon() {
+    return QIcon::fromTheme(QStringLiteral("application-pdf"),
+                            QIcon::fromTheme(QStringLiteral("x-office-document")))
+        .pixmap(kPictureSide)
+        .toImage();
+}
+
+} // namespace
+
+/// No key of the file manager is taken yet, so none is given back.
+class AppDelegate::NoUndoKey : public UndoKey {
+  public:
+    void disarm() override {}
+};
+
+AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBusConnection& bus)
+    : m_stores(stores), m_service(service), m_alerts([this]() -> QWidget* {
+          return m_statsWindow && m_statsWindow->isVisible() ? m_statsWindow.get() : nullptr;
+      }),
+      m_notifications(bus), m_ledger(stores.defaults(), &Date::now), m_settings(stores.defaults()),
+      m_progression(stores.defaults(), &m_ledger, &Date::now, m_notifications,
+                    &CauldronArt::setCurrent),
+      m_tile(stores.defaults(), m_compositor, tileManager()), m_accessibilityBus(bus),
+      m_dock([this] { return m_accessibilityBus.answers(); }, [this] { return m_tile.frame(); }),
+      m_dockTile(m_dock, m_screens),
+      m_animator(
+          {.icon = m_tile,
+           .makeOverlay = [this] { return std::make_unique<FlameOverlayWindow>(m_compositor); },
+           .accessibility = m_dock,
+           .tile = m_dockTile,
+           .screens = m_screens,
+           .makeTimer = std::make_unique<QtFrameTimer>,
+           .random = [] { return QRandomGenerator::system()->generate64(); }}),
+      m_sizzle(m_audio), m_thumbnails(Thumbnail::forSession()),
+      m_undoKey(std::make_unique<NoUndoKey>()), m_work(std::make_unique<SerialQueue>()),
+      m_intake({stores.directories(), stores.defaults(), m_ledger, m_settings, m_progression,
+                stores.journal(), &m_undoStack, m_main, *m_work, m_alerts, m_animator, m_sizzle,
+                *m_thumbnails, *m_undoKey, &Date::now}) {
+    stores.setFailureHandler([this](const Error& error) { m_alerts.report(storeFailure(error)); });
+}
+
+AppDelegate::~AppDelegate() {
+    m_stores.setFailureHandler({});
+    m_intake.stop();
+    m_work.reset(); // its jobs work with all the others
+}
+
+void AppDelegate::finishLaunching(const LaunchOptions& options) {
+    recordCutOffBatches();
+    connect(&m_notifications, &Notifications::activated, this, &AppDelegate::showStats);
+    wireTile();
+    subscribeToSettings();
+    m_tile.show();
+    if (!options.items.empty() || options.others > 0)
+        open(options.items, options.others);
+    wireService();
+    if (!m_receivedFilesAtLaunch && !options.background)
+        showStats();
+}
+
+void AppDelegate::recordCutOffBatches() {
+    if (m_stores.defaults().setAside())
+        m_alerts.report(damagedStore(*m_stores.defaults().setAside()));
+    const auto report = recover(m_stores.journal(), m_stores.defaults(), m_ledger, m_progression,
+                                m_stores.directories());
+    const auto recorded = report.disposed + report.putBack + report.deleted;
+    if (recorded > 0)
+        m_notifications.post({"recovery", "An earlier batch was cut off",
+                              "What it had done is recorded now: " + std::to_string(recorded) +
+                                  (recorded == 1 ? " item." : " items.")});
+    for (const auto& problem : report.problems)
+        m_alerts.report(storeFailure(problem));
+}
+
+void AppDelegate::wireTile() {
+    connect(&m_tile, &TileWindow::clicked, this, &AppDelegate::showStats);
+    connect(&m_tile, &TileWindow::menuRequested, this, &AppDelegate::showTileMenu);
+    connect(&m_tile, &TileWindow::dropped, this,
+            [this](const std::vector<Path>& items) { consume(items, false); });
+    connect(&m_tile, &TileWindow::refused, this,
+            [this](bool tookOthers) { m_alerts.report(foreignReport(tookOthers)); });
+}
+
+void AppDelegate::subscribeToSettings() {
+    m_subscriptions.push_back(
+        m_settings.escapeDock.subscribe([this](bool escape) { m_animator.setEscapeDock(escape); }));
+    m_subscriptions.push_back(m_settings.mode.subscribe(
+        [this](DisposeMode mode) { m_tile.setBadged(mode == DisposeMode::dissolve); }));
+    m_animator.startIdle();
+}
+
+void AppDelegate::wireService() {
+    connect(&m_service, &ApplicationService::activateRequested, this, &AppDelegate::showStats);
+    connect(&m_service, &ApplicationService::openRequested, this, &AppDelegate::open);
+    connect(&m_service, &ApplicationService::actionRequested, this, &AppDelegate::act);
+    m_service.setProbe([this] { return probe(); });
+    m_service.deliverOrders();
+}
+
+void AppDelegate::open(const std::vector<Path>& items, int others) {
+    m_receivedFilesAtLaunch = true;
+    consume(items, false);
+    if (others > 0)
+        m_alerts.report(foreignReport(!items.empty()));
+}
+
+void AppDelegate::consume(const std::vector<Path>& items, bool fromFinder) {
+    m_intake.consume(items, fromFinder);
+}
+
+void AppDelegate::act(const QString& action) {
+    if (action == QStringLiteral("put-back"))
+        putBackLast();
+    else
+        showStats();
+}
+
+/// The newest batch of this run or of an earlier one.
+void AppDelegate::putBackLast() {
+    if (m_undoStack.canUndo())
+        m_undoStack.undo();
+    else
+        m_intake.restore(BinnedItems(m_ledger, m_stores.journal()).lastBatch());
+}
+
+void AppDelegate::undo() {
+    if (m_undoStack.canUndo())
+        m_undoStack.undo();
+    else
+        m_alerts.beep();
+}
+
+void AppDelegate::testFlames() {
+    m_animator.play(DockIconAnimator::Images{pdfIcon()});
+    if (m_settings.sound.get())
+        m_sizzle.play();
+}
+
+void AppDelegate::showTileMenu(QPoint position) {
+    auto* const menu = new TileMenu(m_settings, m_undoStack);
+    connect(menu, &TileMenu::undoChosen, this, &AppDelegate::undo);
+    connect(menu, &TileMenu::testFlamesChosen, this, &AppDelegate::testFlames);
+    connect(menu, &TileMenu::statsChosen, this, &AppDelegate::showStats);
+    connect(menu, &TileMenu::quitChosen, this, &AppDelegate::quit);
+    menu->popup(position);
+}
+
+void AppDelegate::showStats() {
+    QMainWindow& window = statsWindow();
+    window.show();
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.raise();
+    window.activateWindow();
+}
+
+QMainWindow& AppDelegate::statsWindow() {
+    if (!m_statsWindow) {
+        m_statsWindow = std::make_unique<QMainWindow>();
+        m_statsWindow->setWindowTitle(QStringLiteral("Vexmoor"));
+        m_statsWindow->setCentralWidget(new CauldronView(CauldronArt::current(), 204));
+        buildMenu(*m_statsWindow);
+    }
+    return *m_statsWindow;
+}
+
+void AppDelegate::buildMenu(QMainWindow& window) {
+    auto* const menu =
+        new MainMenu(m_undoStack, m_stores.defaults().boolean("debugMenu").value_or(false));
+    window.setMenuBar(menu);
+    connect(menu, &MainMenu::statsChosen, this, &AppDelegate::showStats);
+    connect(menu, &MainMenu::onboardingChosen, this, &AppDelegate::showOnboarding);
+    connect(menu, &MainMenu::hideChosen, &window, &QWidget::close);
+    connect(menu, &MainMenu::quitChosen, this, &AppDelegate::quit);
+    connect(menu, &MainMenu::undoChosen, this, &AppDelegate::undo);
+    connect(menu, &MainMenu::redoChosen, this, [this] { m_undoStack.redo(); });
+    connect(menu, &MainMenu::unlockAllChosen, this, &AppDelegate::debugUnlockAll);
+    connect(menu, &MainMenu::resetChosen, this, &AppDelegate::debugReset);
+}
+
+void AppDelegate::showOnboarding() {
+    if (!DockTile::openSettings())
+        m_alerts.report({tr("There are no accessibility settings").toStdString(),
+                         tr("None of the desktops' programs for them is installed. Flames leave "
+                            "the tile wherever the accessibility service runs.")
+                             .toStdString(),
+                         {}});
+}
+
+void AppDelegate::debugUnlockAll() {
+    m_progression.unlockAll();
+    showStats();
+}
+
+void AppDelegate::debugReset() {
+    m_progression.reset();
+    showStats();
+}
+
+QString AppDelegate::probe() const {
+    return probeText(m_dock.isTrusted(), m_dockTile.frame(), m_screens.frames());
+}
+
+void AppDelegate::quit() {
+    m_alerts.close([this](const FailureReport& report) {
+        m_notifications.post({"stopped", report.message, report.informative});
+    });
+    m_intake.stop();
+    m_subscriptions.push_back(m_intake.subscribeToBatches([](std::size_t batches) {
+        if (batches == 0)
+            QApplication::exit();
+    }));
+}
+
+} // namespace vexmoor

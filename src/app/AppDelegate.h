@@ -1,0 +1,100 @@
+#pragma once
+
+#include "app/Alerts.h"
+#include "app/ApplicationService.h"
+#include "app/LaunchOptions.h"
+#include "app/MainLoop.h"
+#include "app/Stores.h"
+
+#include "base/SerialQueue.h"
+#include "desktopbus/Notifications.h"
+#include "disposal/Ledger.h"
+#include "disposal/Settings.h"
+#include "dock/AccessibilityBus.h"
+#include "dock/Compositor.h"
+#include "dock/DockIconAnimator.h"
+#include "dock/DockTile.h"
+#include "dock/OwnDock.h"
+#include "dock/Screens.h"
+#include "dock/TileWindow.h"
+#include "intake/Intake.h"
+#include "intake/UndoStack.h"
+#include "progression/Progression.h"
+#include "sound/CanberraOutput.h"
+#include "sound/Sizzle.h"
+#include "thumbnails/Thumbnail.h"
+
+#include <QMainWindow>
+
+#include <memory>
+#include <vector>
+
+namespace vexmoor {
+
+/// The desktop program's root: owns every part that lives as long as the program, wires them to
+/// each other, and routes all ways in which items arrive to the intake. Main thread.
+class AppDelegate : public QObject {
+    Q_OBJECT
+
+  public:
+    /// Stores and service must outlive it.
+    AppDelegate(Stores& stores, ApplicationService& service, const QDBusConnection& bus);
+    ~AppDelegate() override;
+
+    /// The start-up: settings take effect, the tile appears, what was brought along is fed.
+    void finishLaunching(const LaunchOptions& options);
+
+    void consume(const std::vector<Path>& items, bool fromFinder);
+    void showStats();
+    void showOnboarding();
+    void testFlames();
+    void undo();
+
+    /// Ends the program as soon as the item at work is done; the rest of its batch stays as it was.
+    void quit();
+
+  private:
+    class NoUndoKey;
+
+    void recordCutOffBatches();
+    void wireService();
+    void wireTile();
+    void subscribeToSettings();
+    void open(const std::vector<Path>& items, int others);
+    void act(const QString& action);
+    void putBackLast();
+    void showTileMenu(QPoint position);
+    QMainWindow& statsWindow();
+    void buildMenu(QMainWindow& window);
+    void debugUnlockAll();
+    void debugReset();
+    [[nodiscard]] QString probe() const;
+
+    Stores& m_stores;
+    ApplicationService& m_service;
+    MainLoop m_main;
+    std::unique_ptr<QMainWindow> m_statsWindow;
+    Alerts m_alerts;
+    Notifications m_notifications;
+    Ledger m_ledger;
+    Settings m_settings;
+    Progression m_progression;
+    UndoStack m_undoStack;
+    Compositor m_compositor;
+    TileWindow m_tile;
+    AccessibilityBus m_accessibilityBus;
+    OwnDock m_dock;
+    SessionScreens m_screens;
+    DockTile m_dockTile;
+    DockIconAnimator m_animator;
+    CanberraOutput m_audio;
+    Sizzle m_sizzle;
+    std::unique_ptr<Thumbnail> m_thumbnails;
+    std::unique_ptr<NoUndoKey> m_undoKey;
+    std::unique_ptr<SerialQueue> m_work;
+    Intake m_intake;
+    bool m_receivedFilesAtLaunch = false;
+    std::vector<Subscription> m_subscriptions;
+};
+
+} // namespace vexmoor

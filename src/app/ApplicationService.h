@@ -1,0 +1,100 @@
+#pragma once
+
+#include "base/Path.h"
+
+#include <QDBusAbstractAdaptor>
+#include <QDBusConnection>
+#include <QObject>
+#include <QVariantMap>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace vexmoor {
+
+/// The program as the session bus knows it: one owns the name, others hand their orders to it
+/// (org.freedesktop.Application of the Desktop Entry Specification, and the diagnostic). Orders
+/// come as signals; those that come early wait until there is somebody to carry them out. Main
+/// thread.
+class ApplicationService : public QObject {
+    Q_OBJECT
+
+  public:
+    static constexpr const char* kName = "org.vexmoor.Vexmoor";
+    static constexpr const char* kPath = "/org/vexmoor/Vexmoor";
+
+    /// Calls wait for the bus, so that a start does not end before its order has arrived.
+    explicit ApplicationService(QDBusConnection bus);
+
+    enum class Claim {
+        owned,      ///< this process is the one
+        taken,      ///< another is
+        impossible, ///< there is no bus to ask
+    };
+    Claim claimName();
+
+    /// Hands out the orders that wait, and from now on each as it comes.
+    void deliverOrders();
+
+    /// Sends an order to the owner of the name; false where it did not take it.
+    [[nodiscard]] bool forwardActivate() const;
+    [[nodiscard]] bool forwardOpen(const std::vector<Path>& items, int others) const;
+
+    /// What the owner of the name answers to the diagnostic; nothing where there is none.
+    [[nodiscard]] std::optional<QString> forwardProbe() const;
+
+    /// What this program answers to the diagnostic.
+    void setProbe(std::function<QString()> probe) { m_probe = std::move(probe); }
+    [[nodiscard]] QString probe() const { return m_probe ? m_probe() : QString(); }
+
+    /// Takes an order in.
+    void take(std::function<void()> order);
+
+  signals:
+    void activateRequested();
+    /// Local items; `others` of what was named is not on this computer.
+    void openRequested(const std::vector<vexmoor::Path>& items, int others);
+    void actionRequested(const QString& name);
+
+  private:
+    QDBusConnection m_bus;
+    std::function<QString()> m_probe;
+    std::vector<std::function<void()>> m_waiting;
+    bool m_delivers = false;
+};
+
+/// What the service answers to as org.freedesktop.Application.
+class ApplicationAdaptor : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+  public:
+    explicit ApplicationAdaptor(ApplicationService& service);
+
+  public slots:
+    void Activate(const QVariantMap& platformData);
+    void Open(const QStringList& uris, const QVariantMap& platformData);
+    void ActivateAction(const QString& name, const QVariantList& parameter,
+                        const QVariantMap& platformData);
+
+  private:
+    ApplicationService& m_service;
+};
+
+/// What it answers to when somebody wants to know what it sees of the desktop.
+class DiagnosticsAdaptor : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.vexmoor.Diagnostics1")
+
+  public:
+    explicit DiagnosticsAdaptor(ApplicationService& service);
+
+  public slots:
+    QString Probe();
+
+  private:
+    ApplicationService& m_service;
+};
+
+} // namespace vexmoor

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "dock/DeskRect.h"
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace vexmoor {
+
+/// The diagnostic's three lines: whether the accessibility service can be asked, where the tile is
+/// ("nil" where it was not found), the screens. Rectangles as x, y, width, height in points, from
+/// the bottom-left corner of the primary screen.
+QString probeText(bool accessible, const std::optional<DeskRect>& tile,
+                  const std::vector<DeskRect>& screens);
+
+} // namespace vexmoor

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "app/ApplicationService.h"
+#include "app/LaunchOptions.h"
+#include "app/Stores.h"
+
+#include <QCoreApplication>
+
+#include <memory>
+#include <optional>
+
+namespace vexmoor {
+
+/// What happens before the program is the one that runs: an earlier start gets the orders, or the
+/// stores are opened.
+class Start {
+    Q_DECLARE_TR_FUNCTIONS(Start)
+
+  public:
+    enum class Outcome {
+        running,   ///< the stores are ours
+        forwarded, ///< an earlier start carries it out
+        refused,   ///< the user was told why
+    };
+
+    Start(ApplicationService& service, const LaunchOptions& options);
+
+    /// May run the event loop: while a command of the command line works, its end is waited for.
+    Outcome begin();
+
+    /// After `running`.
+    std::unique_ptr<Stores> takeStores() { return std::move(m_stores); }
+
+  private:
+    Outcome forward();
+    Result<std::optional<WriterLock>> waitForLock(const Path& file);
+
+    ApplicationService& m_service;
+    const LaunchOptions& m_options;
+    std::unique_ptr<Stores> m_stores;
+};
+
+} // namespace vexmoor

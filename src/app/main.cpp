@@ -1,0 +1,88 @@
+#include "app/AppDelegate.h"
+#include "app/EndSignals.h"
+#include "app/Probe.h"
+#include "app/Start.h"
+
+#include "dock/NativeWindow.h"
+
+#include <QApplication>
+#include <QIcon>
+
+#include <algorithm>
+#include <iostream>
+
+namespace {
+
+using namespace vexmoor;
+
+constexpr int kUsage = 2;
+constexpr int kRefused = 3; ///< or what it needs cannot be reached
+constexpr const char* kPlatform = "QT_QPA_PLATFORM";
+
+int runProbe(const ApplicationService& service, const QDBusConnection& bus) {
+    const auto answer = service.forwardProbe();
+    std::cout << answer
+                     .value_or(probeText(AccessibilityBus(bus).askNow(), std::nullopt,
+                                         SessionScreens().frames()))
+                     .toStdString();
+    return std::cout.flush() ? 0 : 1;
+}
+
+int run(const LaunchOptions& options) {
+    const auto bus = QDBusConnection::sessionBus();
+    ApplicationService service(bus);
+    if (options.probe)
+        return runProbe(service, bus);
+    Start start(service, options);
+    const auto outcome = start.begin();
+    if (outcome != Start::Outcome::running)
+        return outcome == Start::Outcome::forwarded ? 0 : kRefused;
+    const auto stores = start.takeStores();
+    AppDelegate delegate(*stores, service, bus);
+    const EndSignals endSignals;
+    QObject::connect(&endSignals, &EndSignals::endRequested, &delegate, &AppDelegate::quit);
+    delegate.finishLaunching(options);
+    return QApplication::exec();
+}
+
+/// The tile needs what X11 offers; under Wayland that is XWayland.
+void choosePlatform() {
+    if (!qEnvironmentVariableIsSet(kPlatform))
+        qputenv(kPlatform, "xcb");
+}
+
+bool displayAnswers() {
+    return qgetenv(kPlatform) != "xcb" || native::displayAnswers();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    std::error_code gone; // then relative paths name nothing
+    const auto options = LaunchOptions::fromArguments({argv + std::min(argc, 1), argv + argc},
+                                                      std::filesystem::current_path(gone));
+    if (!options.unknown.empty()) {
+        std::cerr << "vexmoor-desktop: there is no option " << options.unknown
+                  << ". Try 'vexmoor-desktop --help'.\n";
+        return kUsage;
+    }
+    if (options.help || options.version) {
+        std::cout << (options.help ? LaunchOptions::helpText()
+                                   : "vexmoor-desktop " VEXMOOR_VERSION "\n");
+        return std::cout.flush() ? 0 : 1;
+    }
+    choosePlatform();
+    if (!displayAnswers()) {
+        std::cerr << "vexmoor-desktop: there is no display to show the cauldron on. The command "
+                     "line works without one: see 'vexmoor --help'.\n";
+        return kRefused;
+    }
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("vexmoor"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Vexmoor"));
+    QApplication::setDesktopFileName(QLatin1String(ApplicationService::kName));
+    QApplication::setQuitOnLastWindowClosed(false);
+    QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QLatin1String(ApplicationService::kName)));
+    return run(options);
+}
