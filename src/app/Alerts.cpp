@@ -70,7 +70,7 @@ Answer Alerts::ask(const Question& question) {
         box->setCheckBox(new QCheckBox(QString::fromStdString(*question.suppression), box.get()));
     Answer answer;
     QEventLoop loop;
-    await({.box = std::move(box), .beeps = false, .over = [&](QMessageBox& closed) {
+    await({.box = std::move(box), .report = std::nullopt, .answered = [&](QMessageBox& closed) {
                answer.confirmed = closed.clickedButton() == confirm;
                answer.suppressed = closed.checkBox() && closed.checkBox()->isChecked();
                loop.quit();
@@ -84,7 +84,7 @@ void Alerts::report(const FailureReport& report) {
         m_instead(report);
         return;
     }
-    await({.box = makeBox(report.message, report.informative), .beeps = true, .over = {}});
+    await({.box = makeBox(report.message, report.informative), .report = report});
 }
 
 void Alerts::beep() {
@@ -99,7 +99,7 @@ void Alerts::await(Turn turn) {
 
 void Alerts::showFirst() {
     const Turn& first = m_turns.front();
-    if (first.beeps)
+    if (first.report)
         beep();
     QMessageBox& box = *first.box;
     QWidget* const window = m_window();
@@ -119,8 +119,8 @@ void Alerts::showFirst() {
 void Alerts::firstIsOver() {
     Turn over = std::move(m_turns.front());
     m_turns.pop_front();
-    if (over.over)
-        over.over(*over.box);
+    if (over.answered)
+        over.answered(*over.box);
     over.box.release()->deleteLater(); // it is still telling that it is over
     if (!m_turns.empty())
         showFirst();
@@ -128,8 +128,19 @@ void Alerts::firstIsOver() {
 
 void Alerts::close(std::function<void(const FailureReport&)> instead) {
     m_instead = std::move(instead);
-    while (!m_turns.empty())
-        m_turns.front().box->reject();
+    if (m_turns.empty())
+        return;
+    auto waiting = std::move(m_turns);
+    m_turns.clear();
+    m_turns.push_back(std::move(waiting.front()));
+    waiting.pop_front();
+    m_turns.front().box->reject();
+    for (Turn& turn : waiting) {
+        if (turn.report)
+            m_instead(*turn.report);
+        else
+            turn.answered(*turn.box);
+    }
 }
 
 } // namespace vexmoor

@@ -8,6 +8,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace vexmoor {
 
@@ -29,14 +30,14 @@ class Alerts : public QObject, public Dialogs {
     void beep() override;
 
     /// Takes all alerts off the screen: questions are answered with no. From now on nothing is
-    /// asked, and what there is to report goes to `instead`.
+    /// asked, and what there is to report, or was not on the screen yet, goes to `instead`.
     void close(std::function<void(const FailureReport&)> instead);
 
   private:
     struct Turn {
         std::unique_ptr<QMessageBox> box;
-        bool beeps = false;
-        std::function<void(QMessageBox&)> over;
+        std::optional<FailureReport> report;          ///< of an alert that tells
+        std::function<void(QMessageBox&)> answered{}; ///< of one that asks
     };
 
     void await(Turn turn);

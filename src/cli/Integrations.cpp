@@ -73,7 +73,8 @@ std::string autostart(const Path& program) {
     return mark() +
            "[Desktop Entry]\nType=Application\nName=Vexmoor\nComment=Throws files away with a "
            "little ceremony\nIcon=" +
-           kIcon + "\nExec=" + desktopExecQuoted(program.native()) + "\nTerminal=false\n";
+           kIcon + "\nExec=" + desktopExecQuoted(program.native()) +
+           " --background\nTerminal=false\n";
 }
 
 } // namespace

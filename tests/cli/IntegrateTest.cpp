@@ -55,8 +55,9 @@ TEST_F(IntegrateTest, InstallsTellsAndRemovesAllOfThem) {
         EXPECT_THAT(contents(file), HasSubstr(m_scratch / "bin/vexmoor"));
     }
     EXPECT_EQ(document, expected);
-    EXPECT_THAT(contents(places()["autostart"]),
-                HasSubstr("\nExec=" + (m_scratch / "bin/vexmoor-desktop").native() + "\n"));
+    EXPECT_THAT(
+        contents(places()["autostart"]),
+        HasSubstr("\nExec=" + (m_scratch / "bin/vexmoor-desktop").native() + " --background\n"));
     EXPECT_EQ(run({"integrate", "remove"}).status, 0);
     for (const auto& [id, file] : places())
         EXPECT_EQ(std::filesystem::exists(file), id == "thunar") << id;

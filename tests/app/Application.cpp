@@ -1,0 +1,10 @@
+#include "support/MainLoop.h"
+
+#include <QApplication>
+
+namespace {
+
+[[maybe_unused]] const auto* const kApplication =
+    testing::AddGlobalTestEnvironment(new vexmoor::test::ApplicationEnvironment<QApplication>);
+
+} // namespace
