@@ -141,6 +141,8 @@ void AppDelegate::consume(const std::vector<Path>& items, bool fromFinder) {
 void AppDelegate::act(const QString& action) {
     if (action == QStringLiteral("put-back"))
         putBackLast();
+    else if (action == QStringLiteral("test-flames"))
+        testFlames();
     else
         showStats();
 }
