@@ -1,20 +1,21 @@
 #include "Alerts.h"
 
-#include "art/CauldronArt.h"
-#include "dock/DockIconAnimator.h"
-#include "dock/PixelImage.h"
+#include "app/PotIcon.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QEventLoop>
+#include <QLabel>
 #include <QPushButton>
 
+#include <cmath>
 #include <utility>
 
 namespace vexmoor {
 namespace {
 
-constexpr int kCellPoints = 2;
+constexpr double kCellPoints = 2;
+constexpr int kTextWidth = 280; ///< at least, so that short headlines do not break long sentences
 constexpr int kLongestRun = 48; ///< characters of a name that stay on one line
 
 /// The text with places to break it in, so that a long name does not make the alert wider than the
@@ -33,23 +34,22 @@ QString breakable(const std::string& text) {
     return result;
 }
 
-/// The pot of the skin in use.
-QPixmap potPicture(double ratio) {
-    const auto pot =
-        DockIconAnimator::iconOf(CauldronArt::idle(1, true, 0, CauldronArt::current()));
-    const int side = static_cast<int>(CauldronArt::kWidth * kCellPoints * ratio);
-    QPixmap picture = QPixmap::fromImage(enlarged(pot, {side, side}));
-    picture.setDevicePixelRatio(ratio);
-    return picture;
-}
-
 std::unique_ptr<QMessageBox> makeBox(const std::string& message, const std::string& informative) {
     auto box = std::make_unique<QMessageBox>();
     box->setWindowTitle(QStringLiteral("Vexmoor"));
     box->setTextFormat(Qt::PlainText);
     box->setText(breakable(message));
     box->setInformativeText(breakable(informative));
-    box->setIconPixmap(potPicture(box->devicePixelRatioF()));
+    const double ratio = box->devicePixelRatioF();
+    QPixmap pot = potPicture(static_cast<int>(std::lround(kCellPoints * ratio)));
+    pot.setDevicePixelRatio(ratio);
+    box->setIconPixmap(pot);
+    if (auto* const headline = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
+        QFont font = headline->font();
+        font.setBold(true);
+        headline->setFont(font);
+        headline->setMinimumWidth(kTextWidth);
+    }
     return box;
 }
 
@@ -84,7 +84,9 @@ void Alerts::report(const FailureReport& report) {
         m_instead(report);
         return;
     }
-    await({.box = makeBox(report.message, report.informative), .report = report});
+    auto box = makeBox(report.message, report.informative);
+    box->addButton(tr("OK"), QMessageBox::AcceptRole); // without the picture of a standard one
+    await({.box = std::move(box), .report = report});
 }
 
 void Alerts::beep() {

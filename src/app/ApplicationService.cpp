@@ -41,15 +41,15 @@ ApplicationService::Claim ApplicationService::claimName() {
 }
 
 void ApplicationService::take(std::function<void()> order) {
-    if (m_delivers)
-        order();
-    else
-        m_waiting.push_back(std::move(order));
+    m_waiting.push_back(std::move(order));
+    if (m_delivers) // not now: whoever sent it shall not wait until the user has answered
+        QMetaObject::invokeMethod(this, &ApplicationService::deliverOrders, Qt::QueuedConnection);
 }
 
 void ApplicationService::deliverOrders() {
     m_delivers = true;
-    for (const auto& order : std::exchange(m_waiting, {}))
+    const auto orders = std::exchange(m_waiting, {});
+    for (const auto& order : orders)
         order();
 }
 

@@ -15,8 +15,8 @@ namespace vexmoor {
 
 /// The program as the session bus knows it: one owns the name, others hand their orders to it
 /// (org.freedesktop.Application of the Desktop Entry Specification, and the diagnostic). Orders
-/// come as signals; those that come early wait until there is somebody to carry them out. Main
-/// thread.
+/// come as signals, after their senders were answered; those that come early wait until there is
+/// somebody to carry them out. Main thread.
 class ApplicationService : public QObject {
     Q_OBJECT
 

@@ -1,5 +1,6 @@
 #include "app/AppDelegate.h"
 #include "app/EndSignals.h"
+#include "app/PotIcon.h"
 #include "app/Probe.h"
 #include "app/Start.h"
 
@@ -83,6 +84,7 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName(QLatin1String(ApplicationService::kName));
     QApplication::setQuitOnLastWindowClosed(false);
     QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
-    QApplication::setWindowIcon(QIcon::fromTheme(QLatin1String(ApplicationService::kName)));
+    QApplication::setWindowIcon(
+        QIcon::fromTheme(QLatin1String(ApplicationService::kName), potIcon()));
     return run(options);
 }

@@ -47,6 +47,7 @@ TEST(ApplicationServiceTest, KeepsEarlyOrdersUntilSomebodyCarriesThemOut) {
         EXPECT_THAT(orders, testing::IsEmpty());
         owner.deliverOrders();
         send("ActivateAction", {"put-back", QVariantList(), QVariantMap()});
+        QCoreApplication::processEvents();
         EXPECT_THAT(orders, ElementsAre("open /a \xFE", "others 1", "activate", "act put-back"));
     }
     QDBusConnection::disconnectFromBus("owner");
