@@ -4,6 +4,8 @@ find_package(nlohmann_json REQUIRED)
 find_package(CLI11 REQUIRED)
 pkg_check_modules(Canberra REQUIRED IMPORTED_TARGET libcanberra)
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets DBus)
+# Qt 6.4's moc can read <chrono> only after this.
+set(CMAKE_AUTOMOC_MOC_OPTIONS --include QtCore/qglobal.h)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb xcb-shape xcb-xfixes)
 if(VEXMOOR_TESTS)
   find_package(GTest REQUIRED)
