@@ -2,6 +2,8 @@
 
 #include "FakeDock.h"
 
+#include "support/ManualTimer.h"
+
 #include "art/BurnCurve.h"
 #include "art/CauldronArt.h"
 #include "thumbnails/ImagePicture.h"
@@ -17,18 +19,6 @@ namespace {
 using namespace test;
 using testing::DoubleNear;
 using testing::ElementsAre;
-
-/// A timer that fires when the test says so.
-struct ManualTimer : FrameTimer {
-    std::function<void()> fire;
-    double seconds = 0;
-
-    void start(Interval interval, std::function<void()> callback) override {
-        seconds = interval.count();
-        fire = std::move(callback);
-    }
-    void stop() override { fire = nullptr; }
-};
 
 struct RecordingIcon : IconSink {
     std::vector<PixelCanvas> icons;
