@@ -15,9 +15,23 @@ CauldronView::CauldronView(const Skin& skin, int size, QWidget* parent,
     draw();
 }
 
+int CauldronView::crispSide(int most, double ratio) {
+    for (int side = most; side > 0; --side) {
+        const int pixels = qRound(side * ratio);
+        if (pixels > 0 && pixels % CauldronArt::kWidth == 0)
+            return side;
+    }
+    return most;
+}
+
 void CauldronView::setSkin(const Skin& skin) {
     m_skin = skin;
     draw();
+}
+
+void CauldronView::setSide(int size) {
+    m_side = size;
+    setFixedSize(size, size);
 }
 
 void CauldronView::draw() {

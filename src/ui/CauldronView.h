@@ -17,7 +17,12 @@ class CauldronView : public QWidget {
     explicit CauldronView(const Skin& skin, int size, QWidget* parent = nullptr,
                           const MakeFrameTimer& makeTimer = std::make_unique<QtFrameTimer>);
 
+    /// The largest side up to `most` points at which a canvas pixel is a whole number of physical
+    /// pixels; `most` where there is none. `ratio` is that of physical pixels to points.
+    static int crispSide(int most, double ratio);
+
     void setSkin(const Skin& skin);
+    void setSide(int size);
 
     [[nodiscard]] QSize sizeHint() const override { return {m_side, m_side}; }
 

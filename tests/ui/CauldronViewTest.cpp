@@ -1,38 +1,15 @@
+#include "WindowFixture.h"
+
 #include "ui/CauldronView.h"
 
 #include "art/CauldronArt.h"
 
-#include <QApplication>
-
-#include <gtest/gtest.h>
-
 namespace vexmoor {
 namespace {
 
-struct ManualTimer : FrameTimer {
-    std::function<void()> fire;
-    double seconds = 0;
-    void start(Interval interval, std::function<void()> callback) override {
-        seconds = interval.count();
-        fire = std::move(callback);
-    }
-    void stop() override { fire = nullptr; }
-};
+using namespace test;
 
-struct CauldronViewTest : testing::Test {
-    int count = 1;
-    char name[5] = "view";
-    char* arguments[2] = {name, nullptr};
-    QApplication application{count, arguments};
-    ManualTimer* timer = nullptr;
-
-    MakeFrameTimer makeTimer() {
-        return [this] {
-            auto made = std::make_unique<ManualTimer>();
-            timer = made.get();
-            return made;
-        };
-    }
+struct CauldronViewTest : WindowFixture {
     /// What the view shows, on nothing.
     static QImage shown(QWidget& view) {
         QImage image(view.size(), QImage::Format_ARGB32_Premultiplied);
@@ -66,6 +43,7 @@ TEST_F(CauldronViewTest, ShowsTheIdlingPotWithHardEdgesAtItsSize) {
 
 TEST_F(CauldronViewTest, MovesAtEightFramesASecondOnlyWhileItIsSeen) {
     CauldronView view(Skin::iron(), 102, nullptr, makeTimer());
+    const ManualTimer* const timer = timers.front();
     EXPECT_FALSE(timer->fire);
     view.show();
     ASSERT_TRUE(timer->fire);
@@ -80,6 +58,32 @@ TEST_F(CauldronViewTest, MovesAtEightFramesASecondOnlyWhileItIsSeen) {
     view.show();
     timer->fire();
     EXPECT_EQ(shown(view), pot(22, Skin::gold()).nsImage(3)) << "it goes on where it was";
+}
+
+TEST_F(CauldronViewTest, FindsTheSideAtWhichEveryCanvasPixelIsWhole) {
+    struct Case {
+        int most;
+        double ratio;
+        int side;
+        int pixels;
+    };
+    for (const auto& [most, ratio, side, pixels] : {
+             Case{280, 1, 272, 272}, Case{271, 1, 238, 238}, Case{280, 2, 272, 544},
+             Case{270, 2, 255, 510}, Case{280, 1.25, 272, 340}, Case{210, 1.25, 190, 238},
+             Case{280, 1.5, 272, 408}, Case{280, 1.75, 272, 476},
+             Case{10, 1, 10, 10}, // smaller than the canvas
+         }) {
+        EXPECT_EQ(CauldronView::crispSide(most, ratio), side) << most << " at " << ratio;
+        EXPECT_EQ(qRound(side * ratio), pixels);
+    }
+}
+
+TEST_F(CauldronViewTest, ChangesItsSide) {
+    CauldronView view(Skin::gold(), 102, nullptr, makeTimer());
+    view.setSide(170);
+    EXPECT_EQ(view.size(), QSize(170, 170));
+    EXPECT_EQ(view.sizeHint(), QSize(170, 170));
+    EXPECT_EQ(shown(view), pot(0, Skin::gold()).nsImage(5));
 }
 
 } // namespace
