@@ -1,0 +1,11 @@
+#pragma once
+
+class QWidget;
+
+namespace vexmoor {
+
+/// Shows what this program is, and goes on. One panel at a time: a second call brings it to the
+/// front. Main thread.
+void showAbout(QWidget* parent);
+
+} // namespace vexmoor
