@@ -9,7 +9,7 @@
 #include "intake/BinnedItems.h"
 #include "intake/Recovery.h"
 #include "intake/Texts.h"
-#include "ui/CauldronView.h"
+#include "ui/AboutPanel.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -72,7 +72,8 @@ AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBu
 AppDelegate::~AppDelegate() {
     m_stores.setFailureHandler({});
     m_intake.stop();
-    m_work.reset(); // its jobs work with all the others
+    m_work.reset();                              // its jobs work with all the others
+    m_alerts.close([](const FailureReport&) {}); // alerts stand before the window
 }
 
 void AppDelegate::finishLaunching(const LaunchOptions& options) {
@@ -178,27 +179,31 @@ void AppDelegate::showTileMenu(QPoint position) {
 }
 
 void AppDelegate::showStats() {
-    QMainWindow& window = statsWindow();
+    StatsWindow& window = statsWindow();
     window.show();
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    fitOnScreen(window);
     window.raise();
     window.activateWindow();
 }
 
-QMainWindow& AppDelegate::statsWindow() {
+StatsWindow& AppDelegate::statsWindow() {
     if (!m_statsWindow) {
-        m_statsWindow = std::make_unique<QMainWindow>();
-        m_statsWindow->setWindowTitle(QStringLiteral("Vexmoor"));
-        m_statsWindow->setCentralWidget(new CauldronView(CauldronArt::current(), 204));
+        m_statsWindow =
+            std::make_unique<StatsWindow>(m_ledger, m_settings, m_progression, &Date::now);
+        connect(m_statsWindow.get(), &StatsWindow::testFlamesRequested, this,
+                &AppDelegate::testFlames);
         buildMenu(*m_statsWindow);
+        m_statsFrame = std::make_unique<WindowFrame>(*m_statsWindow, m_stores.defaults());
     }
     return *m_statsWindow;
 }
 
-void AppDelegate::buildMenu(QMainWindow& window) {
+void AppDelegate::buildMenu(StatsWindow& window) {
     auto* const menu =
         new MainMenu(m_undoStack, m_stores.defaults().boolean("debugMenu").value_or(false));
     window.setMenuBar(menu);
+    connect(menu, &MainMenu::aboutChosen, &window, [&window] { showAbout(&window); });
     connect(menu, &MainMenu::statsChosen, this, &AppDelegate::showStats);
     connect(menu, &MainMenu::onboardingChosen, this, &AppDelegate::showOnboarding);
     connect(menu, &MainMenu::hideChosen, &window, &QWidget::close);

@@ -23,8 +23,8 @@
 #include "sound/CanberraOutput.h"
 #include "sound/Sizzle.h"
 #include "thumbnails/Thumbnail.h"
-
-#include <QMainWindow>
+#include "ui/StatsWindow.h"
+#include "ui/WindowFrame.h"
 
 #include <memory>
 #include <vector>
@@ -64,8 +64,8 @@ class AppDelegate : public QObject {
     void act(const QString& action);
     void putBackLast();
     void showTileMenu(QPoint position);
-    QMainWindow& statsWindow();
-    void buildMenu(QMainWindow& window);
+    StatsWindow& statsWindow();
+    void buildMenu(StatsWindow& window);
     void debugUnlockAll();
     void debugReset();
     [[nodiscard]] QString probe() const;
@@ -73,7 +73,6 @@ class AppDelegate : public QObject {
     Stores& m_stores;
     ApplicationService& m_service;
     MainLoop m_main;
-    std::unique_ptr<QMainWindow> m_statsWindow;
     Alerts m_alerts;
     Notifications m_notifications;
     Ledger m_ledger;
@@ -93,6 +92,8 @@ class AppDelegate : public QObject {
     std::unique_ptr<NoUndoKey> m_undoKey;
     std::unique_ptr<SerialQueue> m_work;
     Intake m_intake;
+    std::unique_ptr<StatsWindow> m_statsWindow; ///< made when it is first shown, and kept
+    std::unique_ptr<WindowFrame> m_statsFrame;
     bool m_receivedFilesAtLaunch = false;
     std::vector<Subscription> m_subscriptions;
 };

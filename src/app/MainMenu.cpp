@@ -36,7 +36,7 @@ MainMenu::MainMenu(UndoStack& undoStack, bool hasDebugMenu) {
 }
 
 void MainMenu::addApplicationMenu() {
-    QMenu* const menu = addMenu(QStringLiteral("Vexmoor"));
+    QMenu* const menu = addMenu(QStringLiteral("&Vexmoor"));
     addItem(menu, tr("About Vexmoor"), "", this, &MainMenu::aboutChosen);
     addItem(menu, tr("Check for Updates…"), "", this, &MainMenu::updatesChosen);
     menu->addSeparator();
@@ -49,7 +49,7 @@ void MainMenu::addApplicationMenu() {
 }
 
 void MainMenu::addEditMenu(UndoStack& undoStack) {
-    QMenu* const menu = addMenu(tr("Edit"));
+    QMenu* const menu = addMenu(tr("&Edit"));
     QAction* const undo = addItem(menu, tr("Undo"), "Ctrl+Z", this, &MainMenu::undoChosen);
     QAction* const redo = addItem(menu, tr("Redo"), "Ctrl+Shift+Z", this, &MainMenu::redoChosen);
     m_undoTitle = undoStack.subscribe([&undoStack, undo, redo](const std::string&) {
@@ -71,13 +71,13 @@ void MainMenu::addEditMenu(UndoStack& undoStack) {
 }
 
 void MainMenu::addDebugMenu() {
-    QMenu* const menu = addMenu(tr("Debug"));
+    QMenu* const menu = addMenu(tr("&Debug"));
     addItem(menu, tr("Unlock Everything"), "", this, &MainMenu::unlockAllChosen);
     addItem(menu, tr("Reset Progress"), "", this, &MainMenu::resetChosen);
 }
 
 void MainMenu::addWindowMenu() {
-    QMenu* const menu = addMenu(tr("Window"));
+    QMenu* const menu = addMenu(tr("&Window"));
     const auto add = [this, menu](const QString& title, const char* key, auto act) {
         QAction* const item = menu->addAction(title);
         item->setShortcut(QKeySequence(QLatin1String(key)));

@@ -15,14 +15,17 @@ using testing::ElementsAre;
 /// One line an item: its menu, title and key; a dash for a separator.
 std::vector<std::string> linesOf(const QMenuBar& bar) {
     std::vector<std::string> lines;
-    for (const QAction* const menu : bar.actions())
+    for (const QAction* const menu : bar.actions()) {
+        EXPECT_TRUE(menu->text().startsWith('&')) << "the keyboard reaches it";
+        const QString name = menu->text().mid(1);
         for (const QAction* const item : menu->menu()->actions())
             lines.push_back(item->isSeparator()
-                                ? menu->text().toStdString() + ": -"
+                                ? name.toStdString() + ": -"
                                 : QString("%1: %2 %3")
-                                      .arg(menu->text(), item->text(), item->shortcut().toString())
+                                      .arg(name, item->text(), item->shortcut().toString())
                                       .trimmed()
                                       .toStdString());
+    }
     return lines;
 }
 
