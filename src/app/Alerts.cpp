@@ -15,7 +15,6 @@ namespace vexmoor {
 namespace {
 
 constexpr double kCellPoints = 2;
-constexpr int kTextWidth = 280; ///< at least, so that short headlines do not break long sentences
 constexpr int kLongestRun = 48; ///< characters of a name that stay on one line
 
 /// The text with places to break it in, so that a long name does not make the alert wider than the
@@ -48,7 +47,6 @@ std::unique_ptr<QMessageBox> makeBox(const std::string& message, const std::stri
         QFont font = headline->font();
         font.setBold(true);
         headline->setFont(font);
-        headline->setMinimumWidth(kTextWidth);
     }
     return box;
 }

@@ -49,7 +49,11 @@ struct TileOnDeskTest : testing::Test {
     void open(const Desk::Setting& setting) {
         desk = std::make_unique<Desk>(setting);
         ASSERT_TRUE(desk->showTile(icon()));
-        ASSERT_TRUE(drawn(icon()));
+        // Between its first and its second frame a compositor may show neither rightly.
+        ASSERT_TRUE(eventually([&] {
+            return blurredPixels(desk->screen(), serverGeometry(*desk->tile), icon()) == 0 &&
+                   desk->colourAroundPot() == setting.background;
+        }));
     }
     [[nodiscard]] bool drawn(const PixelCanvas& canvas) const {
         return eventually([&] {
