@@ -1,7 +1,7 @@
 #include "Notifications.h"
 
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include "AsyncCall.h"
+
 #include <QDBusServiceWatcher>
 #include <QLoggingCategory>
 #include <QVariantMap>
@@ -40,16 +40,12 @@ void Notifications::requestAuthorization(std::function<void(bool granted)> compl
         completion(false);
         return;
     }
-    auto* const watcher =
-        new QDBusPendingCallWatcher(m_bus.asyncCall(call("GetCapabilities")), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, completion] {
-        watcher->deleteLater();
-        const QDBusPendingReply<QStringList> reply = *watcher;
-        if (reply.isError())
-            qCInfo(log) << "No server of notifications:" << reply.error().message();
+    callAsync(m_bus, call("GetCapabilities"), this, [this, completion](const QDBusMessage& answer) {
+        if (isAnswer(answer))
+            m_capabilities = answer.arguments().value(0).toStringList();
         else
-            m_capabilities = reply.value();
-        completion(!reply.isError());
+            qCInfo(log) << "No server of notifications:" << answer.errorMessage();
+        completion(isAnswer(answer));
     });
 }
 
@@ -74,17 +70,14 @@ void Notifications::show(const Notification& notification) {
             << QVariantMap{{"desktop-entry", kApplication}, {"sound-name", "message-new-instant"}}
             << kServersOwnTime;
     shown.awaited = true;
-    auto* const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, identifier] {
-        watcher->deleteLater();
-        answered(identifier, watcher->reply());
-    });
+    callAsync(m_bus, message, this,
+              [this, identifier](const QDBusMessage& answer) { answered(identifier, answer); });
 }
 
 void Notifications::answered(const QString& identifier, const QDBusMessage& answer) {
     Shown& shown = m_shown[identifier];
     shown.awaited = false;
-    if (answer.type() == QDBusMessage::ReplyMessage)
+    if (isAnswer(answer))
         shown.id = answer.arguments().value(0).toUInt();
     else
         qCInfo(log) << "Not shown:" << answer.errorMessage();

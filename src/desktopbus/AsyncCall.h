@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+
+#include <functional>
+#include <limits>
+
+class QObject;
+
+namespace vexmoor {
+
+inline constexpr int kBusOwnTimeout = -1;
+inline constexpr int kNoTimeout = std::numeric_limits<int>::max();
+
+/// Sends the call and returns; its answer, which may be an error, is handed on in the context's
+/// thread, unless the context is gone by then.
+void callAsync(const QDBusConnection& bus, const QDBusMessage& call, QObject* context,
+               std::function<void(const QDBusMessage& answer)> answered,
+               int timeoutMilliseconds = kBusOwnTimeout);
+
+[[nodiscard]] inline bool isAnswer(const QDBusMessage& message) {
+    return message.type() == QDBusMessage::ReplyMessage;
+}
+
+} // namespace vexmoor
