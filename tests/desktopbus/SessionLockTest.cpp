@@ -1,0 +1,263 @@
+#include "desktopbus/SessionLock.h"
+
+#include "ActivatableService.h"
+#include "FakeService.h"
+
+#include "support/MainLoop.h"
+#include "support/PrivateBus.h"
+
+#include <QDBusObjectPath>
+#include <QDBusVariant>
+
+namespace vexmoor {
+namespace {
+
+using test::eventuallyInLoop;
+using test::FakeService;
+
+const char* const kConnections[] = {"session server", "session client", "login server",
+                                    "login client"};
+
+/// A screen saver, whose signals come from a path that is not the one it is asked at.
+class FakeScreenSaver {
+  public:
+    FakeScreenSaver(const QDBusConnection& bus, const QString& name, bool active)
+        : m_name(name), m_active(active),
+          m_service(
+              bus, name, [this](const QDBusMessage& call) { return answer(call); },
+              "/" + QString(name).replace('.', '/')) {}
+
+    void setActive(bool active) {
+        m_active = active;
+        m_service.emitSignal("/ScreenSaver", m_name, "ActiveChanged", {active});
+    }
+
+  private:
+    [[nodiscard]] QDBusMessage answer(const QDBusMessage& call) const {
+        return call.interface() == m_name && call.member() == "GetActive"
+                   ? call.createReply(m_active)
+                   : call.createErrorReply(QDBusError::UnknownMethod, call.member());
+    }
+
+    QString m_name;
+    bool m_active;
+    FakeService m_service;
+};
+
+/// A login manager with one session.
+class FakeLogin {
+  public:
+    explicit FakeLogin(const QDBusConnection& bus, const QString& path = "/sessions/c1")
+        : m_path(path), m_service(bus, "org.freedesktop.login1",
+                                  [this](const QDBusMessage& call) { return answer(call); }) {}
+
+    void setHint(bool hint) {
+        locked = hint;
+        changed(m_path, "org.freedesktop.login1.Session", {{"LockedHint", hint}}, {});
+    }
+    void changed(const QString& path, const QString& interface, const QVariantMap& values,
+                 const QStringList& invalidated) {
+        m_service.emitSignal(path, "org.freedesktop.DBus.Properties", "PropertiesChanged",
+                             {interface, values, invalidated});
+    }
+
+    bool locked = false;
+
+  private:
+    [[nodiscard]] QDBusMessage answer(const QDBusMessage& call) const {
+        const QString question = call.path() + ' ' + call.member() + ' ' +
+                                 QVariant(call.arguments()).toStringList().join(' ');
+        if (question == "/org/freedesktop/login1/session/auto Get "
+                        "org.freedesktop.login1.Session Id")
+            return call.createReply(QVariant::fromValue(QDBusVariant("c1")));
+        if (question == "/org/freedesktop/login1 GetSession c1")
+            return call.createReply(QVariant::fromValue(QDBusObjectPath(m_path)));
+        if (question == m_path + " Get org.freedesktop.login1.Session LockedHint")
+            return call.createReply(QVariant::fromValue(QDBusVariant(locked)));
+        return call.createErrorReply(QDBusError::UnknownMethod, question);
+    }
+
+    QString m_path;
+    FakeService m_service;
+};
+
+class SessionLockTest : public testing::Test {
+  protected:
+    SessionLockTest() {
+        for (const char* name : kConnections)
+            QDBusConnection::connectToBus(
+                QString::fromStdString((name[0] == 's' ? *m_session : *m_system).address()), name);
+    }
+
+    ~SessionLockTest() override {
+        m_lock.reset();
+        m_login.reset();
+        m_screenSavers.clear();
+        for (const char* name : kConnections)
+            QDBusConnection::disconnectFromBus(name);
+    }
+
+    FakeScreenSaver& startScreenSaver(const char* name, bool active = false) {
+        m_screenSavers[name] =
+            std::make_unique<FakeScreenSaver>(QDBusConnection("session server"), name, active);
+        return *m_screenSavers[name];
+    }
+
+    void startLock() {
+        m_lock.emplace(QDBusConnection("session client"), QDBusConnection("login client"));
+        QObject::connect(&*m_lock, &SessionLock::lockedChanged, &*m_lock,
+                         [this](bool locked) { m_changes.push_back(locked); });
+    }
+
+    [[nodiscard]] bool becomes(bool locked) {
+        return eventuallyInLoop([this, locked] { return m_lock->isLocked() == locked; });
+    }
+
+    /// Lets come what may still come.
+    static void settleAll() {
+        for (int round = 0; round < 4; ++round) // what is asked in answer to an answer
+            test::settle({"session server", "session client", "login server", "login client"});
+    }
+
+    std::optional<test::PrivateBus> m_session{std::in_place};
+    std::optional<test::PrivateBus> m_system{std::in_place};
+    std::map<std::string, std::unique_ptr<FakeScreenSaver>> m_screenSavers;
+    std::optional<FakeLogin> m_login;
+    std::optional<SessionLock> m_lock;
+    std::vector<bool> m_changes;
+};
+
+class EveryScreenSaver : public SessionLockTest, public testing::WithParamInterface<const char*> {};
+
+INSTANTIATE_TEST_SUITE_P(SessionLockTest, EveryScreenSaver,
+                         testing::Values("org.freedesktop.ScreenSaver", "org.gnome.ScreenSaver",
+                                         "org.mate.ScreenSaver", "org.cinnamon.ScreenSaver",
+                                         "org.xfce.ScreenSaver"));
+
+TEST_P(EveryScreenSaver, IsFollowedFromItsStateAtTheStart) {
+    FakeScreenSaver& screenSaver = startScreenSaver(GetParam(), true);
+    startLock();
+    EXPECT_FALSE(m_lock->isLocked()) << "it waited";
+    ASSERT_TRUE(becomes(true));
+    screenSaver.setActive(false);
+    ASSERT_TRUE(becomes(false));
+    screenSaver.setActive(true);
+    ASSERT_TRUE(becomes(true));
+    EXPECT_EQ(m_changes, (std::vector{true, false, true}));
+}
+
+TEST_P(EveryScreenSaver, LocksNothingAnyMoreWhenItDies) {
+    startScreenSaver(GetParam(), true);
+    startLock();
+    ASSERT_TRUE(becomes(true));
+    m_screenSavers.clear();
+    ASSERT_TRUE(becomes(false));
+    startScreenSaver(GetParam(), true);
+    EXPECT_TRUE(becomes(true)) << "the next one was not asked";
+}
+
+TEST_F(SessionLockTest, HoldsAsLongAsOneSaysSo) {
+    FakeScreenSaver& gnome = startScreenSaver("org.gnome.ScreenSaver");
+    FakeScreenSaver& freedesktop = startScreenSaver("org.freedesktop.ScreenSaver");
+    m_login.emplace(QDBusConnection("login server"));
+    startLock();
+    gnome.setActive(true);
+    ASSERT_TRUE(becomes(true));
+    freedesktop.setActive(true);
+    m_login->setHint(true);
+    settleAll();
+    gnome.setActive(false);
+    settleAll();
+    freedesktop.setActive(false);
+    settleAll();
+    EXPECT_EQ(m_changes, std::vector{true});
+    m_login->setHint(false);
+    EXPECT_TRUE(becomes(false));
+}
+
+TEST_F(SessionLockTest, BelievesOnlyTheOwnerOfTheName) {
+    FakeScreenSaver& screenSaver = startScreenSaver("org.gnome.ScreenSaver");
+    m_login.emplace(QDBusConnection("login server"));
+    startLock();
+    settleAll();
+    for (const char* interface : {"org.gnome.ScreenSaver", "org.mate.ScreenSaver"}) {
+        QDBusMessage forged = QDBusMessage::createSignal("/", interface, "ActiveChanged");
+        QDBusConnection("session client").send(forged << true);
+    }
+    settleAll();
+    EXPECT_TRUE(m_changes.empty());
+    screenSaver.setActive(true);
+    EXPECT_TRUE(becomes(true));
+}
+
+TEST_F(SessionLockTest, FollowsTheHintOfTheLoginSession) {
+    m_login.emplace(QDBusConnection("login server"));
+    m_login->locked = true;
+    startLock();
+    ASSERT_TRUE(becomes(true)) << "its present state was not asked";
+    m_login->setHint(false);
+    ASSERT_TRUE(becomes(false));
+    const QString session = "org.freedesktop.login1.Session";
+    m_login->changed("/sessions/c2", session, {{"LockedHint", true}}, {});
+    m_login->changed("/sessions/c1", "org.freedesktop.login1.User", {{"LockedHint", true}}, {});
+    m_login->changed("/sessions/c1", session, {{"IdleHint", true}}, {});
+    settleAll();
+    EXPECT_EQ(m_changes, (std::vector{true, false}));
+    m_login->locked = true;
+    m_login->changed("/sessions/c1", session, {}, {"LockedHint"});
+    EXPECT_TRUE(becomes(true));
+}
+
+TEST_F(SessionLockTest, FindsItsSessionAgainWhenTheLoginManagerRestarts) {
+    startLock();
+    settleAll();
+    m_login.emplace(QDBusConnection("login server"));
+    m_login->setHint(true);
+    ASSERT_TRUE(becomes(true));
+    m_login.reset();
+    ASSERT_TRUE(becomes(false));
+    m_login.emplace(QDBusConnection("login server"), "/sessions/other");
+    settleAll();
+    m_login->setHint(true);
+    ASSERT_TRUE(becomes(true));
+    m_login->setHint(false);
+    EXPECT_TRUE(becomes(false));
+    EXPECT_EQ(m_changes, (std::vector{true, false, true, false}));
+}
+
+TEST_F(SessionLockTest, SurvivesTheDeathOfABus) {
+    startScreenSaver("org.mate.ScreenSaver", true);
+    m_login.emplace(QDBusConnection("login server"));
+    startLock();
+    ASSERT_TRUE(becomes(true));
+    m_session.reset();
+    ASSERT_TRUE(becomes(false));
+    m_login->setHint(true);
+    EXPECT_TRUE(becomes(true)) << "the other bus is no longer heard";
+}
+
+TEST(SessionLockWithoutABus, IsNotLocked) {
+    const SessionLock lock(QDBusConnection("there is none"), QDBusConnection("nor here"));
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(lock.isLocked());
+}
+
+TEST(SessionLockOnABusThatStartsServices, StartsNone) {
+    const test::PrivateBus bus(test::PrivateBus::Services::installed);
+    const auto client =
+        QDBusConnection::connectToBus(QString::fromStdString(bus.address()), "starter");
+    const test::ActivatableService screenSaver(bus, client, "org.gnome.ScreenSaver");
+    const test::ActivatableService login(bus, client, "org.freedesktop.login1");
+    const test::ActivatableService other(bus, client, "org.vexmoor.Other");
+    const SessionLock lock(client, client);
+    for (int round = 0; round < 4; ++round)
+        test::settle({"starter"});
+    client.call(QDBusMessage::createMethodCall("org.vexmoor.Other", "/", "", "Start"));
+    EXPECT_TRUE(other.wasStarted()) << "this bus starts nothing at all";
+    EXPECT_FALSE(screenSaver.wasStarted());
+    EXPECT_FALSE(login.wasStarted());
+    QDBusConnection::disconnectFromBus("starter");
+}
+
+} // namespace
+} // namespace vexmoor
