@@ -1,0 +1,300 @@
+#include "desktopbus/Updater.h"
+
+#include "ActivatableService.h"
+#include "FakeService.h"
+
+#include "support/MainLoop.h"
+#include "support/PrivateBus.h"
+
+#include <QDBusObjectPath>
+
+#include <gmock/gmock.h>
+
+namespace vexmoor {
+namespace {
+
+using namespace std::chrono_literals;
+using test::eventuallyInLoop;
+using test::FakeService;
+
+const QString kNotManaged = "This copy of Vexmoor was not installed by the system's package "
+                            "service, so it can't look for updates.";
+const QString kStopped = "The system's package service stopped before it had answered.";
+
+constexpr uint kInstalled = 1;
+constexpr uint kAvailable = 2;
+constexpr uint kNormal = 5;
+constexpr uint kSecurity = 8;
+constexpr uint kBlocked = 9;
+
+struct Listed {
+    uint info;
+    QString id;
+};
+using Packages = std::vector<Listed>;
+
+enum class Mishap { refuses, reports, givesUp, isSilent };
+
+/// A package service. Each of its transactions answers one question.
+class FakePackages {
+  public:
+    explicit FakePackages(const QDBusConnection& bus)
+        : m_service(bus, "org.freedesktop.PackageKit",
+                    [this](const QDBusMessage& call) { return answer(call); }) {}
+
+    [[nodiscard]] const QStringList& calls() const { return m_service.calls; }
+
+    Packages installed = {{kInstalled, "vexmoor;0.1.0-1;amd64;installed:debian"}};
+    Packages updates;
+    QString failing; ///< the method that meets with the mishap
+    Mishap mishap = Mishap::isSilent;
+    std::size_t answersBeforeItIsGone = SIZE_MAX; ///< for good: the bus answers then
+    std::vector<QVariantList> questions;
+
+  private:
+    QDBusMessage answer(const QDBusMessage& call) {
+        const QString transaction = QStringLiteral("/%1_transaction").arg(questions.size());
+        if (questions.size() == answersBeforeItIsGone)
+            return call.createErrorReply(QDBusError::ServiceUnknown, "nobody has that name");
+        if (call.member() == failing)
+            return suffer(call, transaction);
+        if (call.path() == "/org/freedesktop/PackageKit" && call.member() == "CreateTransaction")
+            return call.createReply(QVariant::fromValue(QDBusObjectPath(transaction)));
+        if (call.path() != transaction)
+            return call.createErrorReply(QDBusError::UnknownObject, call.path());
+        questions.push_back(call.arguments());
+        for (const Listed& package : call.member() == "SearchFiles" ? installed : updates)
+            tell(transaction, "Package", {package.info, package.id, "a summary"});
+        tell(transaction, "Finished", {1U, 12U});
+        return call.createReply();
+    }
+
+    QDBusMessage suffer(const QDBusMessage& call, const QString& transaction) {
+        if (mishap == Mishap::isSilent) // after having taken the question
+            return call.member() == "CreateTransaction" ? QDBusMessage() : call.createReply();
+        if (mishap == Mishap::refuses)
+            return call.createErrorReply("org.freedesktop.PackageKit.Denied", "not for you");
+        if (mishap == Mishap::reports)
+            tell(transaction, "ErrorCode", {4U, "the lists are broken\n"});
+        tell(transaction, "Finished", {2U, 12U});
+        return call.createReply();
+    }
+
+    void tell(const QString& transaction, const QString& signal, const QVariantList& arguments) {
+        m_service.emitSignal(transaction, "org.freedesktop.PackageKit.Transaction", signal,
+                             arguments);
+    }
+
+    FakeService m_service;
+};
+
+class UpdaterTest : public testing::Test {
+  protected:
+    explicit UpdaterTest(test::PrivateBus::Services services = test::PrivateBus::Services::none)
+        : m_bus(services) {}
+
+    ~UpdaterTest() override {
+        m_updater.reset();
+        killService();
+        QDBusConnection::disconnectFromBus("client");
+    }
+
+    QDBusConnection connection(const char* name) {
+        return QDBusConnection::connectToBus(QString::fromStdString(m_bus.address()), name);
+    }
+
+    void startService() { m_packages.emplace(connection("server")); }
+
+    void killService() {
+        m_packages.reset();
+        QDBusConnection::disconnectFromBus("server");
+    }
+
+    void startUpdater(std::chrono::milliseconds deadline = Updater::kDeadline) {
+        m_updater.emplace(connection("client"), "/usr/bin/vexmoor-desktop", deadline);
+        QObject::connect(&*m_updater, &Updater::finished, &*m_updater,
+                         [this](const UpdateCheck& check) { m_told << sentenceFor(check); });
+    }
+
+    [[nodiscard]] QString check() {
+        m_told.clear();
+        m_updater->checkForUpdates();
+        EXPECT_TRUE(m_told.isEmpty()) << "it waited";
+        return told();
+    }
+
+    [[nodiscard]] QString told() {
+        EXPECT_TRUE(eventuallyInLoop([this] { return !m_told.isEmpty(); }));
+        return m_told.join(" | ");
+    }
+
+    [[nodiscard]] bool serviceIsCalled(const QString& method) {
+        return eventuallyInLoop([&] { return m_packages->calls().contains(method); });
+    }
+
+    test::PrivateBus m_bus;
+    std::optional<FakePackages> m_packages;
+    std::optional<Updater> m_updater;
+    QStringList m_told;
+};
+
+TEST_F(UpdaterTest, TellsWhatTheServiceKnowsOfOurPackage) {
+    const struct {
+        Packages installed;
+        Packages updates;
+        QString told;
+    } kCases[] = {
+        {{{kInstalled, "vexmoor;0.1.0-1;amd64;installed:debian"}},
+         {},
+         "Vexmoor 0.1.0 is up to date."},
+        {{{kInstalled, "vexmoor;0.1.0-1;amd64;installed:debian"}},
+         {{kSecurity, "vexmoor-data;0.2-1;all;debian"}, {kNormal, "vex;0.2-1;amd64;debian"}},
+         "Vexmoor 0.1.0 is up to date."},
+        {{{kInstalled, "vexmoor;0.1.0;x86_64;installed"}},
+         {{kNormal, "acid;2-1;amd64;debian"}, {kNormal, "vexmoor;0.2-1;x86_64;updates"}},
+         "Vexmoor 0.2 is available from your system's software updates."},
+        {{{kInstalled, "vexmoor;2:0.1.0-1;amd64;installed:debian"}},
+         {{kSecurity, "vexmoor;2:0.2-rc-1;amd64;debian"}},
+         "Vexmoor 0.2-rc is available from your system's software updates."},
+        {{{kInstalled, "vexmoor;1:0.1.0-1;amd64;installed:debian"}},
+         {{kSecurity, "vexmoor;1:0.1.0-2;amd64;debian"}},
+         "Vexmoor 0.1.0-2 is available from your system's software updates."},
+        {{{kInstalled, "vexmoor;1:0.1.0-1;amd64;installed:debian"}},
+         {{kBlocked, "vexmoor;1:0.2-1;amd64;debian"}},
+         "Vexmoor 0.1.0 is up to date."},
+        {{}, {{kNormal, "vexmoor;0.2-1;amd64;debian"}}, kNotManaged},
+        {{{kAvailable, "vexmoor;0.1.0-1;amd64;debian"}}, {}, kNotManaged},
+    };
+    startService();
+    startUpdater();
+    for (const auto& [installed, updates, told] : kCases) {
+        m_packages->installed = installed;
+        m_packages->updates = updates;
+        EXPECT_EQ(check(), told);
+    }
+}
+
+TEST_F(UpdaterTest, AsksForTheInstalledOwnerOfTheProgramThenForAllUpdates) {
+    startService();
+    startUpdater();
+    ASSERT_EQ(check(), "Vexmoor 0.1.0 is up to date.");
+    EXPECT_EQ(m_packages->calls(),
+              (QStringList{"CreateTransaction", "SearchFiles", "CreateTransaction", "GetUpdates"}));
+    const std::vector<QVariantList> questions = {{4ULL, QStringList{"/usr/bin/vexmoor-desktop"}},
+                                                 {2ULL}};
+    EXPECT_EQ(m_packages->questions, questions);
+}
+
+TEST_F(UpdaterTest, TellsWhyTheServiceFailed) {
+    const QString refused = "The system's package service reports: not for you";
+    const QString reported = "The system's package service reports: the lists are broken";
+    const QString gaveUp = "The system's package service gave up and did not say why.";
+    const struct {
+        QString method;
+        Mishap mishap;
+        QString told;
+    } kCases[] = {
+        {"CreateTransaction", Mishap::refuses, refused}, {"SearchFiles", Mishap::refuses, refused},
+        {"SearchFiles", Mishap::reports, reported},      {"SearchFiles", Mishap::givesUp, gaveUp},
+        {"GetUpdates", Mishap::refuses, refused},        {"GetUpdates", Mishap::reports, reported},
+        {"GetUpdates", Mishap::givesUp, gaveUp},
+    };
+    startService();
+    startUpdater();
+    for (const auto& [method, mishap, told] : kCases) {
+        m_packages->failing = method;
+        m_packages->mishap = mishap;
+        m_packages->questions.clear();
+        EXPECT_EQ(check(), told) << method.toStdString();
+    }
+}
+
+TEST_F(UpdaterTest, TellsWhenTheServiceDiesMidway) {
+    startUpdater();
+    for (const char* method : {"CreateTransaction", "SearchFiles", "GetUpdates"}) {
+        startService();
+        m_packages->failing = method;
+        m_told.clear();
+        m_updater->checkForUpdates();
+        ASSERT_TRUE(serviceIsCalled(method));
+        killService();
+        EXPECT_EQ(told(), kStopped) << method;
+    }
+}
+
+TEST_F(UpdaterTest, TellsWhenTheServiceIsGoneBetweenItsTwoAnswers) {
+    startService();
+    startUpdater();
+    m_packages->answersBeforeItIsGone = 1;
+    EXPECT_EQ(check(), kStopped);
+    m_packages->answersBeforeItIsGone = 0;
+    m_packages->questions.clear();
+    EXPECT_EQ(check(), kNotManaged);
+}
+
+TEST_F(UpdaterTest, CallsTheQuestionOffAtItsDeadline) {
+    startService();
+    startUpdater(50ms);
+    for (const char* method : {"SearchFiles", "GetUpdates"}) {
+        m_packages->failing = method;
+        m_packages->questions.clear();
+        EXPECT_EQ(check(), "The system's package service did not answer in time.") << method;
+        EXPECT_TRUE(eventuallyInLoop([this] { return m_packages->calls().last() == "Cancel"; }));
+    }
+}
+
+TEST_F(UpdaterTest, MakesOneCheckAtATime) {
+    startService();
+    startUpdater();
+    m_updater->checkForUpdates();
+    m_updater->checkForUpdates();
+    ASSERT_TRUE(serviceIsCalled("SearchFiles"));
+    m_updater->checkForUpdates();
+    EXPECT_EQ(told(), "Vexmoor 0.1.0 is up to date.");
+    test::settle({"client", "server", "client"});
+    EXPECT_EQ(m_told.size(), 1);
+    EXPECT_EQ(m_packages->calls().count("CreateTransaction"), 2);
+    EXPECT_EQ(check(), "Vexmoor 0.1.0 is up to date.") << "the next check";
+}
+
+TEST_F(UpdaterTest, TellsNobodyWhenItIsGone) {
+    startService();
+    m_packages->failing = "SearchFiles";
+    startUpdater();
+    m_updater->checkForUpdates();
+    ASSERT_TRUE(serviceIsCalled("SearchFiles"));
+    m_updater.reset();
+    EXPECT_TRUE(serviceIsCalled("Cancel"));
+    EXPECT_TRUE(m_told.isEmpty());
+}
+
+TEST_F(UpdaterTest, KnowsThatThereIsNoService) {
+    startUpdater();
+    EXPECT_EQ(check(), kNotManaged);
+}
+
+class UpdaterOnABusThatStartsServices : public UpdaterTest {
+  protected:
+    UpdaterOnABusThatStartsServices() : UpdaterTest(test::PrivateBus::Services::installed) {}
+};
+
+TEST_F(UpdaterOnABusThatStartsServices, HasItsServiceStarted) {
+    const test::ActivatableService service(m_bus, connection("client"),
+                                           "org.freedesktop.PackageKit");
+    startUpdater();
+    EXPECT_THAT(check().toStdString(), testing::StartsWith("The system's package service reports"));
+    EXPECT_TRUE(service.wasStarted());
+}
+
+TEST(UpdaterWithoutABus, FindsNobodyToAsk) {
+    Updater updater(QDBusConnection("there is none"), "/usr/bin/vexmoor-desktop");
+    std::vector<UpdateCheck> checks;
+    QObject::connect(&updater, &Updater::finished, &updater,
+                     [&](const UpdateCheck& check) { checks.push_back(check); });
+    updater.checkForUpdates();
+    ASSERT_TRUE(eventuallyInLoop([&] { return !checks.empty(); }));
+    EXPECT_EQ(checks, (std::vector<UpdateCheck>{{UpdateCheck::Outcome::notManaged, {}, {}}}));
+}
+
+} // namespace
+} // namespace vexmoor
