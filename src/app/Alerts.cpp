@@ -51,6 +51,14 @@ std::unique_ptr<QMessageBox> makeBox(const std::string& message, const std::stri
     return box;
 }
 
+std::unique_ptr<QMessageBox> makeTelling(const std::string& message,
+                                         const std::string& informative) {
+    auto box = makeBox(message, informative);
+    // Without the picture that a standard button has.
+    box->addButton(Alerts::tr("OK"), QMessageBox::AcceptRole);
+    return box;
+}
+
 } // namespace
 
 Alerts::Alerts(std::function<QWidget*()> window) : m_window(std::move(window)) {}
@@ -82,9 +90,13 @@ void Alerts::report(const FailureReport& report) {
         m_instead(report);
         return;
     }
-    auto box = makeBox(report.message, report.informative);
-    box->addButton(tr("OK"), QMessageBox::AcceptRole); // without the picture of a standard one
-    await({.box = std::move(box), .report = report});
+    await({.box = makeTelling(report.message, report.informative), .report = report});
+}
+
+void Alerts::tell(const QString& message, const QString& informative) {
+    if (!m_instead)
+        await({.box = makeTelling(message.toStdString(), informative.toStdString()),
+               .report = std::nullopt});
 }
 
 void Alerts::beep() {
@@ -138,7 +150,7 @@ void Alerts::close(std::function<void(const FailureReport&)> instead) {
     for (Turn& turn : waiting) {
         if (turn.report)
             m_instead(*turn.report);
-        else
+        else if (turn.answered)
             turn.answered(*turn.box);
     }
 }

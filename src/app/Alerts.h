@@ -29,6 +29,9 @@ class Alerts : public QObject, public Dialogs {
 
     void beep() override;
 
+    /// Says something that the user asked to know; does not wait.
+    void tell(const QString& message, const QString& informative);
+
     /// Takes all alerts off the screen: questions are answered with no. From now on nothing is
     /// asked, and what there is to report, or was not on the screen yet, goes to `instead`.
     void close(std::function<void(const FailureReport&)> instead);

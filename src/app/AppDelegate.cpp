@@ -44,7 +44,7 @@ class AppDelegate::NoUndoKey : public UndoKey {
 };
 
 AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBusConnection& bus)
-    : m_stores(stores), m_service(service), m_alerts([this]() -> QWidget* {
+    : m_stores(stores), m_service(service), m_bus(bus), m_alerts([this]() -> QWidget* {
           return m_statsWindow && m_statsWindow->isVisible() ? m_statsWindow.get() : nullptr;
       }),
       m_notifications(bus), m_ledger(stores.defaults(), &Date::now), m_settings(stores.defaults()),
@@ -65,7 +65,9 @@ AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBu
       m_undoKey(std::make_unique<NoUndoKey>()), m_work(std::make_unique<SerialQueue>()),
       m_intake({stores.directories(), stores.defaults(), m_ledger, m_settings, m_progression,
                 stores.journal(), &m_undoStack, m_main, *m_work, m_alerts, m_animator, m_sizzle,
-                *m_thumbnails, *m_undoKey, &Date::now}) {
+                *m_thumbnails, *m_undoKey, &Date::now}),
+      m_sessionLock(bus, QDBusConnection::systemBus()),
+      m_updater(QDBusConnection::systemBus(), QCoreApplication::applicationFilePath()) {
     stores.setFailureHandler([this](const Error& error) { m_alerts.report(storeFailure(error)); });
 }
 
@@ -78,7 +80,7 @@ AppDelegate::~AppDelegate() {
 
 void AppDelegate::finishLaunching(const LaunchOptions& options) {
     recordCutOffBatches();
-    connect(&m_notifications, &Notifications::activated, this, &AppDelegate::showStats);
+    wireDesktop();
     wireTile();
     subscribeToSettings();
     m_tile.show();
@@ -110,6 +112,15 @@ void AppDelegate::wireTile() {
             [this](const std::vector<Path>& items) { consume(items, false); });
     connect(&m_tile, &TileWindow::refused, this,
             [this](bool tookOthers) { m_alerts.report(foreignReport(tookOthers)); });
+}
+
+void AppDelegate::wireDesktop() {
+    connect(&m_notifications, &Notifications::activated, this, &AppDelegate::showStats);
+    connect(&m_sessionLock, &SessionLock::lockedChanged, this,
+            [this](bool locked) { m_animator.setSuspended(locked); });
+    connect(&m_updater, &Updater::finished, this, [this](const UpdateCheck& check) {
+        m_alerts.tell(tr("Check for Updates"), sentenceFor(check));
+    });
 }
 
 void AppDelegate::subscribeToSettings() {
@@ -204,6 +215,7 @@ void AppDelegate::buildMenu(StatsWindow& window) {
         new MainMenu(m_undoStack, m_stores.defaults().boolean("debugMenu").value_or(false));
     window.setMenuBar(menu);
     connect(menu, &MainMenu::aboutChosen, &window, [&window] { showAbout(&window); });
+    connect(menu, &MainMenu::updatesChosen, &m_updater, &Updater::checkForUpdates);
     connect(menu, &MainMenu::statsChosen, this, &AppDelegate::showStats);
     connect(menu, &MainMenu::onboardingChosen, this, &AppDelegate::showOnboarding);
     connect(menu, &MainMenu::hideChosen, &window, &QWidget::close);
@@ -216,11 +228,9 @@ void AppDelegate::buildMenu(StatsWindow& window) {
 
 void AppDelegate::showOnboarding() {
     if (!DockTile::openSettings())
-        m_alerts.report({tr("There are no accessibility settings").toStdString(),
-                         tr("None of the desktops' programs for them is installed. Flames leave "
-                            "the tile wherever the accessibility service runs.")
-                             .toStdString(),
-                         {}});
+        m_alerts.tell(tr("There are no accessibility settings"),
+                      tr("No program for them is installed. Flames leave the tile wherever the "
+                         "accessibility service runs."));
 }
 
 void AppDelegate::debugUnlockAll() {
@@ -242,10 +252,21 @@ void AppDelegate::quit() {
         m_notifications.post({"stopped", report.message, report.informative});
     });
     m_intake.stop();
-    m_subscriptions.push_back(m_intake.subscribeToBatches([](std::size_t batches) {
-        if (batches == 0)
-            QApplication::exit();
+    m_subscriptions.push_back(m_intake.subscribeToBatches([this](std::size_t batches) {
+        if (batches > 0)
+            return;
+        flushBus();
+        QApplication::exit();
     }));
+}
+
+/// What was posted last has left this process when the bus answers.
+void AppDelegate::flushBus() {
+    constexpr int kPatienceMilliseconds = 1000;
+    const QString bus = QStringLiteral("org.freedesktop.DBus");
+    m_bus.call(
+        QDBusMessage::createMethodCall(bus, QStringLiteral("/"), bus, QStringLiteral("GetId")),
+        QDBus::Block, kPatienceMilliseconds);
 }
 
 } // namespace vexmoor

@@ -8,6 +8,8 @@
 
 #include "base/SerialQueue.h"
 #include "desktopbus/Notifications.h"
+#include "desktopbus/SessionLock.h"
+#include "desktopbus/Updater.h"
 #include "disposal/Ledger.h"
 #include "disposal/Settings.h"
 #include "dock/AccessibilityBus.h"
@@ -59,6 +61,7 @@ class AppDelegate : public QObject {
     void recordCutOffBatches();
     void wireService();
     void wireTile();
+    void wireDesktop();
     void subscribeToSettings();
     void open(const std::vector<Path>& items, int others);
     void act(const QString& action);
@@ -68,10 +71,12 @@ class AppDelegate : public QObject {
     void buildMenu(StatsWindow& window);
     void debugUnlockAll();
     void debugReset();
+    void flushBus();
     [[nodiscard]] QString probe() const;
 
     Stores& m_stores;
     ApplicationService& m_service;
+    QDBusConnection m_bus;
     MainLoop m_main;
     Alerts m_alerts;
     Notifications m_notifications;
@@ -94,6 +99,8 @@ class AppDelegate : public QObject {
     Intake m_intake;
     std::unique_ptr<StatsWindow> m_statsWindow; ///< made when it is first shown, and kept
     std::unique_ptr<WindowFrame> m_statsFrame;
+    SessionLock m_sessionLock;
+    Updater m_updater;
     bool m_receivedFilesAtLaunch = false;
     std::vector<Subscription> m_subscriptions;
 };
