@@ -4,19 +4,20 @@
 
 #include <QObject>
 
+#include <utility>
+
 namespace vexmoor {
 
 /// Runs jobs on the thread it lives on, from that thread's event loop. Jobs that have not run when
 /// it goes are dropped.
-class MainLoop : public QObject, public Executor {
-    Q_OBJECT
-
+class MainLoop : public Executor {
   public:
-    using QObject::QObject;
-
     void post(std::function<void()> job) override {
-        QMetaObject::invokeMethod(this, std::move(job), Qt::QueuedConnection);
+        QMetaObject::invokeMethod(&m_context, std::move(job), Qt::QueuedConnection);
     }
+
+  private:
+    QObject m_context;
 };
 
 } // namespace vexmoor

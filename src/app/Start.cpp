@@ -19,7 +19,7 @@ constexpr auto kSilentWait = 700ms; ///< before the user is told what is waited 
 
 /// Tells on the screen and, for those who started it there, on the terminal.
 Start::Outcome refuse(const QString& message, const QString& informative) {
-    std::cerr << "vexmoor-desktop: " << message.toStdString() << " " << informative.toStdString()
+    std::cerr << "vexmoor-desktop: " << message.toStdString() << ". " << informative.toStdString()
               << "\n";
     QMessageBox box(QMessageBox::Critical, QStringLiteral("Vexmoor"), message);
     box.setTextFormat(Qt::PlainText);

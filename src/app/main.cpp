@@ -42,7 +42,9 @@ int run(const LaunchOptions& options) {
     AppDelegate delegate(*stores, service, bus);
     const EndSignals endSignals;
     QObject::connect(&endSignals, &EndSignals::endRequested, &delegate, &AppDelegate::quit);
-    delegate.finishLaunching(options);
+    // In the loop, so that whatever asks the user there can be quit.
+    QMetaObject::invokeMethod(
+        &delegate, [&] { delegate.finishLaunching(options); }, Qt::QueuedConnection);
     return QApplication::exec();
 }
 
