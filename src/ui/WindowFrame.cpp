@@ -100,6 +100,8 @@ WindowFrame::WindowFrame(QWidget& window, UserDefaults& defaults, std::string ke
     m_soon.setSingleShot(true);
     m_soon.setInterval(500);
     connect(&m_soon, &QTimer::timeout, this, &WindowFrame::settle);
+    m_next.setSingleShot(true); // with no interval: when Qt has told of a change
+    connect(&m_next, &QTimer::timeout, this, &WindowFrame::fitOnce);
     restore();
     window.installEventFilter(this);
 }
@@ -142,7 +144,7 @@ void WindowFrame::changed() {
     m_soon.start();
     // While the window manager frames the window, Qt may have it elsewhere.
     if (!frameMargins(m_window).isNull() && frameOf(m_window).topLeft() == m_corner)
-        QMetaObject::invokeMethod(this, &WindowFrame::fitOnce, Qt::QueuedConnection);
+        m_next.start();
 }
 
 bool WindowFrame::eventFilter(QObject* watched, QEvent* event) {

@@ -43,6 +43,7 @@ class WindowFrame : public QObject {
     UserDefaults& m_defaults;
     std::string m_key;
     QTimer m_soon;
+    QTimer m_next;
     std::optional<QPoint> m_corner; ///< of the frame when the window was last seen
     bool m_fitted = false;          ///< since it was last shown
 };
