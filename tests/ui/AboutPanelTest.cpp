@@ -35,7 +35,7 @@ TEST_F(AboutPanelTest, SaysWhatTheProgramIs) {
     QStringList lines;
     for (const QLabel* const label : panels().front()->findChildren<QLabel*>())
         lines << label->text();
-    EXPECT_EQ(lines, QStringList({"Vexmoor", "Version " VEXMOOR_VERSION,
+    EXPECT_EQ(lines, QStringList({"Vexmoor", QString("Version ") + VEXMOOR_VERSION,
                                   "Turns deleting files into a small ritual.",
                                   "© 2026 The Vexmoor authors", "MIT License"}));
     EXPECT_EQ(panels().front()->findChild<CauldronView*>()->width(), 136);
