@@ -56,7 +56,7 @@ TEST_F(DissolveTest, DeletingFromTheBinAsksToo) {
     ASSERT_EQ(run({"feed", "red\x1b[31m"}).status, 0);
     const auto declined = vexmoor({"delete", "red\x1b[31m"}).runOnTerminal("n\n");
     EXPECT_EQ(declined.status, 3);
-    EXPECT_THAT(declined.output, HasSubstr("\\x1b[31m"));
+    EXPECT_THAT(declined.output, HasSubstr("\u241b[31m"));
     EXPECT_THAT(binned(), testing::SizeIs(1));
     EXPECT_EQ(vexmoor({"delete", "red\x1b[31m"}).runOnTerminal("y\n").status, 0);
     EXPECT_THAT(binned(), IsEmpty());

@@ -80,7 +80,7 @@ TEST_F(IntegrationTest, HasAServiceThatStartsTheInstalledProgram) {
     const auto programs = valuesOf("Exec", service);
     ASSERT_EQ(programs.size(), 1U);
     EXPECT_TRUE(Path(programs.front()).is_absolute());
-    EXPECT_EQ(Path(programs.front()).filename(), "vexmoor-desktop");
+    EXPECT_EQ(Path(programs.front()).filename(), "vexmoor-desktop --background");
 }
 
 TEST_F(IntegrationTest, HasAPageForSoftwareCentres) {
