@@ -44,6 +44,12 @@ function(vexmoor_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;PROPERTIES" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} vexmoor_test_support GTest::gmock GTest::gtest_main)
+  set(suppressions)
+  if(VEXMOOR_SANITIZE MATCHES thread)
+    set(suppressions ENVIRONMENT_MODIFICATION
+        TSAN_OPTIONS=set:suppressions=${PROJECT_SOURCE_DIR}/tests/support/tsan.supp)
+  endif()
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
-                       PROPERTIES SKIP_REGULAR_EXPRESSION "\\[  SKIPPED \\]" TIMEOUT 300 ${ARG_PROPERTIES})
+                       PROPERTIES SKIP_REGULAR_EXPRESSION "\\[  SKIPPED \\]" TIMEOUT 300
+                                  ${suppressions} ${ARG_PROPERTIES})
 endfunction()
