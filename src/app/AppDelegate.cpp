@@ -112,12 +112,17 @@ void AppDelegate::wireTile() {
             [this](const std::vector<Path>& items) { consume(items, false); });
     connect(&m_tile, &TileWindow::refused, this,
             [this](bool tookOthers) { m_alerts.report(foreignReport(tookOthers)); });
+    connect(&m_tile, &TileWindow::shownChanged, this, &AppDelegate::restWhileUnseen);
+    restWhileUnseen();
+}
+
+void AppDelegate::restWhileUnseen() {
+    m_animator.setSuspended(m_sessionLock.isLocked() || !m_tile.isVisible());
 }
 
 void AppDelegate::wireDesktop() {
     connect(&m_notifications, &Notifications::activated, this, &AppDelegate::showStats);
-    connect(&m_sessionLock, &SessionLock::lockedChanged, this,
-            [this](bool locked) { m_animator.setSuspended(locked); });
+    connect(&m_sessionLock, &SessionLock::lockedChanged, this, &AppDelegate::restWhileUnseen);
     connect(&m_updater, &Updater::finished, this, [this](const UpdateCheck& check) {
         m_alerts.tell(tr("Check for Updates"), sentenceFor(check));
     });

@@ -62,6 +62,7 @@ class AppDelegate : public QObject {
     void wireService();
     void wireTile();
     void wireDesktop();
+    void restWhileUnseen();
     void subscribeToSettings();
     void open(const std::vector<Path>& items, int others);
     void act(const QString& action);

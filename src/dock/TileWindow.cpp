@@ -110,7 +110,8 @@ void TileWindow::readGeometry() {
 /// Each showing has a window of its own: of a hidden one the window manager takes its properties
 /// away, at a time that nobody knows.
 void TileWindow::setVisible(bool visible) {
-    if (visible && !isVisible()) {
+    const bool wasVisible = isVisible();
+    if (visible && !wasVisible) {
         place();
         native::makeDock(winId());
         updateShape();
@@ -118,6 +119,8 @@ void TileWindow::setVisible(bool visible) {
     QAbstractButton::setVisible(visible);
     if (!visible)
         destroy();
+    if (isVisible() != wasVisible)
+        emit shownChanged(isVisible());
 }
 
 void TileWindow::setIcon(const PixelCanvas& icon) {

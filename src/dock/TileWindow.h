@@ -44,6 +44,7 @@ class TileWindow : public QAbstractButton, public IconSink {
     static constexpr std::string_view kPlaceKey = "tile.place";
 
   signals:
+    void shownChanged(bool shown);
     /// Local items were dropped, in the order in which they came.
     void dropped(const std::vector<vexmoor::Path>& items);
     /// Something that is not on this computer was dropped, beside items that were taken or alone.
