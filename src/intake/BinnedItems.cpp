@@ -1,5 +1,6 @@
 #include "BinnedItems.h"
 
+#include "disposal/DisposalError.h"
 #include "platform/FileManager.h"
 
 #include <algorithm>
@@ -81,6 +82,27 @@ std::optional<Sacrifice> BinnedItems::find(const std::string& idOrName) const {
         return !found;
     });
     return found ? found : findByBeginning(idOrName);
+}
+
+BinnedItems::Named BinnedItems::named(const std::vector<std::string>& idsOrNames) const {
+    Named result;
+    for (const auto& wanted : idsOrNames) {
+        if (auto item = find(wanted)) {
+            if (std::ranges::count(result.items, item->id, &Sacrifice::id) == 0)
+                result.items.push_back(*std::move(item));
+        } else {
+            result.missing.push_back(
+                {displayText(wanted), disposalError(DisposalError::goneFromBin, wanted)});
+        }
+    }
+    return result;
+}
+
+BinnedItems::Named BinnedItems::toPutBack(const std::vector<std::string>& idsOrNames,
+                                          std::size_t last) const {
+    if (!idsOrNames.empty())
+        return named(idsOrNames);
+    return {last > 0 ? newest(last) : lastBatch(), {}};
 }
 
 std::optional<Sacrifice> BinnedItems::findByBeginning(const std::string& id) const {

@@ -2,6 +2,7 @@
 
 #include "disposal/Journal.h"
 #include "disposal/Ledger.h"
+#include "intake/Ports.h"
 
 #include <functional>
 #include <string>
@@ -25,6 +26,18 @@ class BinnedItems {
     /// The newest item of that id or name; else the one whose id alone begins so, with at least
     /// kShortId characters.
     [[nodiscard]] std::optional<Sacrifice> find(const std::string& idOrName) const;
+
+    /// Items as they were named, each once, and what was not found.
+    struct Named {
+        std::vector<Sacrifice> items;
+        std::vector<Failure> missing;
+    };
+    [[nodiscard]] Named named(const std::vector<std::string>& idsOrNames) const;
+
+    /// What a put-back means: those named; without names the newest `last`; without that, 0, the
+    /// whole last batch.
+    [[nodiscard]] Named toPutBack(const std::vector<std::string>& idsOrNames,
+                                  std::size_t last) const;
 
     /// Characters of an id that lists show.
     static constexpr std::size_t kShortId = 8;

@@ -22,6 +22,7 @@ struct Intake::Batch {
 struct Intake::BinBatch {
     JournalKind kind;
     std::vector<Sacrifice> items;
+    std::vector<Failure> missing;
     Dialogs& dialogs;
     std::shared_ptr<WorkMeter> meter;
     BatchCompletion completion;
@@ -177,22 +178,18 @@ void Intake::restore(std::vector<Sacrifice> items, BatchCompletion completion,
                      const BatchOptions& options) {
     auto wanted = restorable(refreshed(std::move(items)));
     if (wanted.empty()) {
-        dialogsOf(options).beep();
-        finish(completion, {});
+        finishWithoutItems(JournalKind::putBack, std::move(completion), options);
         return;
     }
     m_parts.undoKey.disarm();
-    runBinJob(std::shared_ptr<BinBatch>(new BinBatch{JournalKind::putBack, std::move(wanted),
-                                                     dialogsOf(options), begin(options),
-                                                     std::move(completion)}));
+    beginBinJob(JournalKind::putBack, std::move(wanted), std::move(completion), options);
 }
 
 void Intake::deleteImmediately(std::vector<Sacrifice> items, BatchCompletion completion,
                                const BatchOptions& options) {
     auto wanted = restorable(std::move(items));
     if (wanted.empty()) {
-        dialogsOf(options).beep();
-        finish(completion, {});
+        finishWithoutItems(JournalKind::erase, std::move(completion), options);
         return;
     }
     if (!dialogsOf(options).ask(deleteQuestion(wanted)).confirmed) {
@@ -201,9 +198,22 @@ void Intake::deleteImmediately(std::vector<Sacrifice> items, BatchCompletion com
         finish(completion, std::move(result));
         return;
     }
-    runBinJob(std::shared_ptr<BinBatch>(new BinBatch{JournalKind::erase, std::move(wanted),
+    beginBinJob(JournalKind::erase, std::move(wanted), std::move(completion), options);
+}
+
+void Intake::beginBinJob(JournalKind kind, std::vector<Sacrifice> items, BatchCompletion completion,
+                         const BatchOptions& options) {
+    runBinJob(std::shared_ptr<BinBatch>(new BinBatch{kind, std::move(items), options.missing,
                                                      dialogsOf(options), begin(options),
                                                      std::move(completion)}));
+}
+
+void Intake::finishWithoutItems(JournalKind kind, BatchCompletion completion,
+                                const BatchOptions& options) {
+    BinBatch batch{kind, {}, options.missing, dialogsOf(options), nullptr, std::move(completion)};
+    if (batch.missing.empty())
+        batch.dialogs.beep();
+    completeBinJob(batch, {});
 }
 
 void Intake::runBinJob(const std::shared_ptr<BinBatch>& batch) {
@@ -218,10 +228,12 @@ void Intake::completeBinJob(BinBatch& batch, BinJob::Output output) {
     auto& result = output.result;
     const bool isPutBack = batch.kind == JournalKind::putBack;
     const std::set<Uuid> none;
-    result.storeError = commit(output.journalNumber, batch.kind, DisposeMode::bin, [&] {
-        m_parts.ledger.mark(isPutBack ? output.done : none, output.lost,
-                            isPutBack ? none : output.done);
-    });
+    if (!batch.items.empty())
+        result.storeError = commit(output.journalNumber, batch.kind, DisposeMode::bin, [&] {
+            m_parts.ledger.mark(isPutBack ? output.done : none, output.lost,
+                                isPutBack ? none : output.done);
+        });
+    result.failures.insert(result.failures.begin(), batch.missing.begin(), batch.missing.end());
     tell(batch.dialogs, result);
     if (!result.failures.empty())
         batch.dialogs.report(isPutBack ? putBackFailures(result.failures)

@@ -20,6 +20,7 @@ struct BatchOptions {
     std::optional<DisposeMode> mode{};  ///< else that of the settings
     Dialogs* dialogs = nullptr;         ///< who is asked and told, else the intake's; outlives it
     std::shared_ptr<WorkMeter> meter{}; ///< counts its file work and stops it between two items
+    std::vector<Failure> missing{};     ///< binned items that were not found: told with the rest
 };
 
 /// The path that everything fed goes through, and what is done with binned items afterwards. The
@@ -87,6 +88,10 @@ class Intake {
     void dispose(const std::shared_ptr<Batch>& batch);
     void complete(Batch& batch, DisposalJob::Output output);
     void registerUndo(const std::vector<Sacrifice>& done, bool fromFinder);
+    void beginBinJob(JournalKind kind, std::vector<Sacrifice> items, BatchCompletion completion,
+                     const BatchOptions& options);
+    void finishWithoutItems(JournalKind kind, BatchCompletion completion,
+                            const BatchOptions& options);
     void runBinJob(const std::shared_ptr<BinBatch>& batch);
     void completeBinJob(BinBatch& batch, BinJob::Output output);
     std::optional<Error> commit(std::optional<std::int64_t> journalNumber, JournalKind kind,

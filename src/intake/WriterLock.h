@@ -16,6 +16,9 @@ class WriterLock {
   public:
     enum class Role { command, desktop };
 
+    /// Its file's name, in the folder of the program's own data.
+    static constexpr const char* kFileName = "lock";
+
     /// Takes the lock at once; nothing where somebody holds it.
     static Result<std::optional<WriterLock>> tryTake(const Path& file, Role role);
 

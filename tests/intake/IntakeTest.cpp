@@ -1,5 +1,6 @@
 #include "IntakeFixture.h"
 
+#include "intake/BinnedItems.h"
 #include "intake/Texts.h"
 
 #include <gmock/gmock.h>
@@ -186,6 +187,27 @@ TEST_F(IntakeTest, DeletesFromTheBinAfterAsking) {
     EXPECT_EQ(recent()[0].lost, true);
     EXPECT_EQ(recent()[1].deleted, clock.now);
     EXPECT_EQ(program->ledger.count.get(), 2) << "counts only grow";
+}
+
+TEST_F(IntakeTest, TellsOfBinnedItemsThatWereNotFoundWithTheRest) {
+    feed(make({"a"}));
+    around.events.clear();
+    const BinnedItems binned(program->ledger, program->journal);
+    for (const bool isAlone : {true, false}) {
+        auto [items, missing] = binned.toPutBack(
+            isAlone ? std::vector<std::string>{"b"}
+                    : std::vector<std::string>{"b", "a", recent()[0].id.toString()},
+            0);
+        BatchResult result;
+        program->intake.restore(std::move(items), [&](const BatchResult& ended) { result = ended; },
+                                {.missing = std::move(missing)});
+        settle();
+        EXPECT_EQ(result.done.size(), isAlone ? 0U : 1U) << "named twice, it is one item";
+        ASSERT_EQ(result.failures.size(), 1U);
+        EXPECT_EQ(describe(result.failures[0].error), "b is no longer in the Bin.");
+    }
+    const std::string told = "report Couldn't put back b";
+    EXPECT_EQ(around.events, (std::vector<std::string>{told, "disarm", told}));
 }
 
 TEST_F(IntakeTest, StopsOneBatchBetweenItemsAndLeavesTheOthersAlone) {
