@@ -26,9 +26,9 @@ Result<FileDescriptor> openLock(const Path& file) {
     return descriptor;
 }
 
-/// True when it was free and is ours now.
-Result<bool> lockNow(int descriptor, const Path& file) {
-    if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0)
+/// True when nobody had it in a way that rules this one out, and it is ours now.
+Result<bool> lockNow(int descriptor, const Path& file, int kind) {
+    if (::flock(descriptor, kind | LOCK_NB) == 0)
         return true;
     if (errno == EWOULDBLOCK || errno == EINTR)
         return false;
@@ -41,7 +41,7 @@ Result<std::optional<WriterLock>> WriterLock::tryTake(const Path& file, Role rol
     auto descriptor = openLock(file);
     if (!descriptor)
         return std::move(descriptor).error();
-    auto locked = lockNow(descriptor->get(), file);
+    auto locked = lockNow(descriptor->get(), file, LOCK_EX);
     if (!locked)
         return std::move(locked).error();
     if (!*locked)
@@ -57,7 +57,9 @@ Result<std::optional<WriterLock::Role>> WriterLock::holder(const Path& file) {
     if (!descriptor)
         return errno == ENOENT ? Result<std::optional<Role>>(std::optional<Role>())
                                : Error::fromErrno(errno, "open", file);
-    auto free = lockNow(descriptor.get(), file); // released with the descriptor
+    // Shared, so that two who look do not take each other for a holder; released with the
+    // descriptor.
+    auto free = lockNow(descriptor.get(), file, LOCK_SH);
     if (!free)
         return std::move(free).error();
     if (*free)

@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <sys/file.h>
+
 namespace vexmoor::test {
 
 namespace {
@@ -24,6 +27,14 @@ TEST(WriterLock, HasOneHolderAndTellsWhoItIs) {
         EXPECT_EQ(asked, role == WriterLock::Role::desktop ? 0 : 2)
             << "nobody waits for the desktop";
     }
+    EXPECT_EQ(*WriterLock::holder(file), std::nullopt);
+}
+
+TEST(WriterLock, IsHeldByNobodyWhoOnlyLooks) {
+    const TemporaryDirectory folder;
+    const Path file = folder.write("lock", "D");
+    const FileDescriptor looking(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+    ASSERT_EQ(::flock(looking.get(), LOCK_SH), 0);
     EXPECT_EQ(*WriterLock::holder(file), std::nullopt);
 }
 
