@@ -68,18 +68,21 @@ AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBu
                 *m_thumbnails, *m_undoKey, &Date::now}),
       m_sessionLock(bus, QDBusConnection::systemBus()),
       m_updater(QDBusConnection::systemBus(), QCoreApplication::applicationFilePath()) {
-    stores.setFailureHandler([this](const Error& error) { m_alerts.report(storeFailure(error)); });
+    tellOfStoreFailures();
 }
 
 AppDelegate::~AppDelegate() {
     m_stores.setFailureHandler({});
     m_intake.stop();
+    if (m_commands)
+        m_commands->giveBack(ApplicationService::kName);
     m_work.reset();                              // its jobs work with all the others
     m_alerts.close([](const FailureReport&) {}); // alerts stand before the window
 }
 
 void AppDelegate::finishLaunching(const LaunchOptions& options) {
     recordCutOffBatches();
+    serveCommands();
     wireDesktop();
     wireTile();
     subscribeToSettings();
@@ -103,6 +106,29 @@ void AppDelegate::recordCutOffBatches() {
                                   (recorded == 1 ? " item." : " items.")});
     for (const auto& problem : report.problems)
         m_alerts.report(storeFailure(problem));
+}
+
+/// Not before what a crash cut off is recorded: a command begins a batch.
+void AppDelegate::serveCommands() {
+    m_commands = std::make_unique<CommandService>(
+        m_service, m_bus,
+        CommandService::Parts{m_intake, m_settings, m_progression,
+                              BinnedItems(m_ledger, m_stores.journal()), m_alerts,
+                              [this](const auto& assignment) { return store(assignment); }});
+}
+
+void AppDelegate::tellOfStoreFailures() {
+    m_stores.setFailureHandler(
+        [this](const Error& error) { m_alerts.report(storeFailure(error)); });
+}
+
+/// Somebody else tells of its failure.
+std::optional<Error> AppDelegate::store(const std::function<void()>& assignment) {
+    std::optional<Error> failure;
+    m_stores.setFailureHandler([&failure](const Error& error) { failure = error; });
+    assignment();
+    tellOfStoreFailures();
+    return failure;
 }
 
 void AppDelegate::wireTile() {

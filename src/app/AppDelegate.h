@@ -2,6 +2,7 @@
 
 #include "app/Alerts.h"
 #include "app/ApplicationService.h"
+#include "app/CommandService.h"
 #include "app/LaunchOptions.h"
 #include "app/MainLoop.h"
 #include "app/Stores.h"
@@ -74,6 +75,9 @@ class AppDelegate : public QObject {
     void debugReset();
     void flushBus();
     [[nodiscard]] QString probe() const;
+    void serveCommands();
+    void tellOfStoreFailures();
+    std::optional<Error> store(const std::function<void()>& assignment);
 
     Stores& m_stores;
     ApplicationService& m_service;
@@ -98,6 +102,7 @@ class AppDelegate : public QObject {
     std::unique_ptr<NoUndoKey> m_undoKey;
     std::unique_ptr<SerialQueue> m_work;
     Intake m_intake;
+    std::unique_ptr<CommandService> m_commands; ///< once they may come
     std::unique_ptr<StatsWindow> m_statsWindow; ///< made when it is first shown, and kept
     std::unique_ptr<WindowFrame> m_statsFrame;
     SessionLock m_sessionLock;

@@ -43,7 +43,7 @@ Start::Outcome Start::begin() {
     if (m_service.claimName() == ApplicationService::Claim::taken)
         return forward();
     const auto directories = UserDirectories::ofProcess();
-    auto lock = waitForLock(directories.ownData() / "lock");
+    auto lock = waitForLock(directories.ownData() / WriterLock::kFileName);
     if (!lock)
         return refuseForError(lock.error());
     if (!*lock)

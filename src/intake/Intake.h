@@ -66,6 +66,7 @@ class Intake {
 
     /// Leaves what has not begun untouched, of all batches that are there and that still come.
     void stop();
+    [[nodiscard]] bool isStopped() const { return m_stopped; }
 
     /// How many batches are not over yet.
     [[nodiscard]] std::size_t batches() const { return m_batches.get().size(); }

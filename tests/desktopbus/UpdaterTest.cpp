@@ -90,7 +90,7 @@ class FakePackages {
 
 class UpdaterTest : public testing::Test {
   protected:
-    explicit UpdaterTest(test::PrivateBus::Services services = test::PrivateBus::Services::none)
+    explicit UpdaterTest(test::PrivateBus::Services services = test::PrivateBus::Services::own)
         : m_bus(services) {}
 
     ~UpdaterTest() override {

@@ -7,8 +7,9 @@ namespace vexmoor::test {
 Path PrivateBus::configuration() const {
     return m_folder.write(
         "bus.conf",
-        "<busconfig><type>session</type><listen>" + address() +
-            "</listen><policy context=\"default\"><allow own=\"*\"/>"
+        "<busconfig><type>session</type><listen>" + address() + "</listen><servicedir>" +
+            (m_folder / "services").string() +
+            "</servicedir><policy context=\"default\"><allow own=\"*\"/>"
             "<allow send_destination=\"*\" eavesdrop=\"true\"/><allow eavesdrop=\"true\"/>"
             "</policy></busconfig>");
 }

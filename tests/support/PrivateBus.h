@@ -5,13 +5,13 @@
 
 namespace vexmoor::test {
 
-/// A session bus of the test's own. The services that it starts, if it starts any, have their home
-/// in its folder.
+/// A session bus of the test's own. It starts services that the test has described in the folder
+/// "services", or those installed; they have their home in its folder.
 class PrivateBus {
   public:
-    enum class Services { none, installed };
+    enum class Services { own, installed };
 
-    explicit PrivateBus(Services services = Services::none);
+    explicit PrivateBus(Services services = Services::own);
 
     [[nodiscard]] std::string address() const { return "unix:path=" + socket().string(); }
     [[nodiscard]] const Path& folder() const { return m_folder.path(); }

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "disposal/Settings.h"
+#include "intake/BinnedItems.h"
+#include "intake/Intake.h"
+#include "progression/Progression.h"
+
+#include <QByteArrayList>
+#include <QDBusAbstractAdaptor>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace vexmoor {
+
+/// What the command line hands over to the program that runs, as one more interface of an object on
+/// the bus (docs/dbus.md). An answer comes when its batch is over, with all that became of it. Main
+/// thread.
+class CommandService : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.vexmoor.Commands1")
+
+  public:
+    /// What it works on; all outlive it.
+    struct Parts {
+        Intake& intake;
+        Settings& settings;
+        Progression& progression;
+        BinnedItems binnedItems;
+        Dialogs& dialogs; ///< told of failures whose caller is gone
+        /// Runs an assignment; answers why it could not be stored, if it could not.
+        std::function<std::optional<Error>(const std::function<void()>&)> store;
+    };
+
+    /// `object` is the one that is registered on the bus.
+    CommandService(QObject& object, QDBusConnection bus, Parts parts);
+
+    /// Waits until what was answered is on its way.
+    ~CommandService() override;
+
+    /// Gives the name back, after the intake was stopped, and refuses the calls that came until
+    /// then, so that nobody is left without an answer.
+    void giveBack(const char* name);
+
+  public slots:
+    QString Feed(const QByteArrayList& items, const QString& mode, bool ask,
+                 const QDBusMessage& message);
+    QString PutBack(const QStringList& items, qulonglong last, const QDBusMessage& message);
+    QString Delete(const QStringList& items, bool ask, const QDBusMessage& message);
+    void Set(const QString& name, const QString& value, const QDBusMessage& message);
+    void Stop(const QDBusMessage& message);
+
+  private:
+    class Call;
+
+    void carryOut(const QDBusMessage& message, bool asks,
+                  const std::function<void(BatchOptions, BatchCompletion)>& begin);
+    void answer(Call& call, BatchResult result);
+    void refuse(const QDBusMessage& message, const char* error, const std::string& sentence);
+
+    QDBusConnection m_bus;
+    Parts m_parts;
+    std::vector<std::shared_ptr<Call>> m_calls; ///< whose batches are not over
+};
+
+} // namespace vexmoor

@@ -1,0 +1,213 @@
+#include "ServedIntake.h"
+
+#include "base/JsonReader.h"
+#include "intake/BatchReport.h"
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+namespace vexmoor::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class CommandServiceTest : public ServedIntake {
+  protected:
+    using Arguments = QVariantList;
+
+    void SetUp() override {
+        ServedIntake::SetUp();
+        around.events.clear();
+    }
+
+    QDBusPendingCall begin(const char* caller, const char* method, const Arguments& arguments) {
+        auto message =
+            QDBusMessage::createMethodCall(kName, kPath, "org.vexmoor.Commands1", method);
+        message.setArguments(arguments);
+        return connection(caller).asyncCall(message);
+    }
+
+    QDBusMessage end(const QDBusPendingCall& call) const {
+        EXPECT_TRUE(serveUntil([&] { return call.isFinished(); }));
+        return call.reply();
+    }
+
+    QDBusMessage call(const char* method, const Arguments& arguments) {
+        return end(begin("caller", method, arguments));
+    }
+
+    static std::string errorOf(const QDBusMessage& answer) {
+        return answer.errorName().toStdString();
+    }
+
+    static BatchReport reportIn(const QDBusMessage& answer) {
+        const auto text = answer.arguments().value(0).toString().toStdString();
+        auto report = batchReportFromJson(parsedJson(text));
+        EXPECT_TRUE(report) << text << answer.errorMessage().toStdString();
+        return report.value_or(BatchReport());
+    }
+
+    static Arguments feeding(const std::vector<Path>& items, const char* mode, bool ask) {
+        QByteArrayList list;
+        for (const auto& item : items)
+            list << QByteArray::fromStdString(item.native());
+        return {QVariant::fromValue(list), mode, ask};
+    }
+
+    static std::vector<std::string> namesOf(const BatchReport& report) {
+        std::vector<std::string> names;
+        for (const auto& item : report.done)
+            names.push_back(item.name);
+        return names;
+    }
+};
+
+TEST_F(CommandServiceTest, FeedsByBytesAndTellsWhatBecameOfIt) {
+    auto items = make({"new\nline", "broken\xff"});
+    items.push_back(home / "missing");
+    const auto report = reportIn(call("Feed", feeding(items, "", false)));
+    EXPECT_THAT(namesOf(report), ElementsAre("new\nline", "broken\uFFFD"));
+    ASSERT_EQ(report.done.size(), 2U);
+    EXPECT_EQ(*report.done[1].original, items[1]);
+    EXPECT_TRUE(exists(*report.done[1].trashed));
+    EXPECT_EQ(report.failures,
+              (std::vector<BatchReport::Failed>{{"missing", "No such file or directory."}}));
+    EXPECT_THAT(report.unlocked, ElementsAre("first"));
+    EXPECT_THAT(around.events, ElementsAre("sizzle", "burn 2", testing::StartsWith("notify")))
+        << "its caller tells of failures";
+
+    const auto back = reportIn(call("PutBack", {QStringList(), QVariant::fromValue(1ULL)}));
+    EXPECT_EQ(back.landings, (std::vector<StoredPath>{items[1]}));
+    const QStringList named{"new\nline", "nothing"};
+    const auto erased = reportIn(call("Delete", {named, false}));
+    EXPECT_THAT(namesOf(erased), ElementsAre("new\nline"));
+    EXPECT_EQ(erased.failures,
+              (std::vector<BatchReport::Failed>{{"nothing", "nothing is no longer in the Bin."}}));
+    EXPECT_TRUE(reportIn(call("PutBack", {QStringList(), QVariant::fromValue(0ULL)})).isEmpty());
+}
+
+TEST_F(CommandServiceTest, AsksOnlyWhereItsCallerHasNot) {
+    const auto items = make({"a", "b", "c"});
+    around.answer = {false, false};
+    EXPECT_TRUE(reportIn(call("Feed", feeding({items[0]}, "dissolve", true))).declined);
+    EXPECT_THAT(around.events, ElementsAre("ask Dissolve this item forever?"));
+    EXPECT_THAT(namesOf(reportIn(call("Feed", feeding({items[0]}, "dissolve", false)))),
+                ElementsAre("a"));
+    EXPECT_FALSE(exists(items[0]));
+
+    call("Feed", feeding({items[1], items[2]}, "bin", true));
+    EXPECT_TRUE(reportIn(call("Delete", {QStringList{"b"}, true})).declined);
+    EXPECT_EQ(namesOf(reportIn(call("Delete", {QStringList{"b"}, false}))).size(), 1U);
+    around.events.clear();
+    reportIn(call("Delete", {QStringList{"b"}, true}));
+    reportIn(call("Feed", feeding({home / "missing"}, "", true)));
+    EXPECT_THAT(around.events, ElementsAre("report Couldn't delete b", "sizzle",
+                                           "report The cauldron rejected missing"));
+}
+
+TEST_F(CommandServiceTest, RefusesWhatCouldBeTakenForAnotherItem) {
+    const auto items = make({"a"});
+    const Path cut = items[0].native() + std::string("\0.txt", 5);
+    for (const auto& arguments :
+         {feeding({items[0], "a"}, "", false), feeding({items[0], "./a"}, "", false),
+          feeding({items[0], ""}, "", false), feeding({cut}, "", false),
+          feeding(items, "burn", false)}) {
+        const auto answer = call("Feed", arguments);
+        EXPECT_EQ(errorOf(answer), "org.vexmoor.Error.Usage");
+        EXPECT_FALSE(answer.errorMessage().isEmpty());
+    }
+    EXPECT_TRUE(exists(items[0]));
+    EXPECT_THAT(around.events, IsEmpty());
+}
+
+TEST_F(CommandServiceTest, SetsOrSaysWhyNot) {
+    EXPECT_EQ(call("Set", {"mode", "dissolve"}).type(), QDBusMessage::ReplyMessage);
+    EXPECT_EQ(program->settings.mode.get(), DisposeMode::dissolve);
+    for (const auto& [name, value, error] : {std::tuple("mode", "burn", "Usage"),
+                                             {"volume", "11", "Usage"},
+                                             {"skin", "tin", "Usage"},
+                                             {"skin", "gold", "Refused"}}) {
+        const auto answer = call("Set", {name, value});
+        EXPECT_EQ(errorOf(answer), std::string("org.vexmoor.Error.") + error) << name << value;
+        EXPECT_FALSE(answer.errorMessage().isEmpty());
+    }
+    storeFailure = Error::fromErrno(ENOSPC, "write", "/db");
+    const auto answer = call("Set", {"sound", "off"});
+    EXPECT_EQ(errorOf(answer), "org.vexmoor.Error.Refused");
+    EXPECT_EQ(answer.errorMessage().toStdString(),
+              "The setting could not be saved: No space left on device (write /db).");
+}
+
+TEST_F(CommandServiceTest, StopsTheCallersOwnBatchesOnly) {
+    const auto items = make({"a", "b"});
+    around.holdsThumbnails = true;
+    const auto own = begin("caller", "Feed", feeding({items[0]}, "", false));
+    const auto others = begin("another", "Feed", feeding({items[1]}, "", false));
+    ASSERT_TRUE(serveUntil([&] { return around.held.size() == 2; }));
+    call("Stop", {});
+    around.answerThumbnails();
+    EXPECT_EQ(reportIn(end(own)).untouched, (std::vector<StoredPath>{items[0]}));
+    EXPECT_EQ(reportIn(end(others)).done.size(), 1U);
+    EXPECT_TRUE(exists(items[0]));
+    around.holdsThumbnails = false;
+    EXPECT_EQ(reportIn(call("Feed", feeding({items[0]}, "", false))).done.size(), 1U)
+        << "what comes later is not stopped";
+}
+
+TEST_F(CommandServiceTest, WorksOnForACallerThatIsGoneAndTellsInItsPlace) {
+    const auto items = make({"a"});
+    around.holdsThumbnails = true;
+    {
+        const auto call = begin("caller", "Feed", feeding({items[0], home / "b"}, "", false));
+        ASSERT_TRUE(serveUntil([&] { return !around.held.empty(); }));
+        const QString caller = connection("caller").baseService();
+        QDBusConnection::disconnectFromBus("caller");
+        ASSERT_TRUE(serveUntil([&] {
+            return !QDBusConnection("desktop").interface()->isServiceRegistered(caller).value();
+        }));
+    }
+    around.answerThumbnails();
+    ASSERT_TRUE(serveUntil([&] { return program->intake.batches() == 0; }));
+    EXPECT_FALSE(exists(items[0]));
+    ASSERT_EQ(around.reports.size(), 1U);
+    EXPECT_EQ(around.reports[0].message, "The cauldron rejected b");
+}
+
+TEST_F(CommandServiceTest, TakesNothingMoreOnceAllIsStopped) {
+    const auto items = make({"a", "b"});
+    around.holdsThumbnails = true;
+    const auto running = begin("caller", "Feed", feeding({items[0]}, "", false));
+    ASSERT_TRUE(serveUntil([&] { return !around.held.empty(); }));
+    program->intake.stop();
+    EXPECT_EQ(errorOf(call("Feed", feeding({items[1]}, "", false))), "org.vexmoor.Error.Ending");
+    around.answerThumbnails();
+    EXPECT_EQ(reportIn(end(running)).untouched.size(), 1U);
+}
+
+TEST_F(CommandServiceTest, AnswersWhatCameBeforeItGivesTheNameBack) {
+    const auto items = make({"a"});
+    const auto call = begin("caller", "Feed", feeding(items, "", false));
+    ASSERT_TRUE(connection("caller").interface()->serviceOwner(kName).isValid()) << "it is sent";
+    program->intake.stop();
+    service->giveBack(kName);
+    EXPECT_EQ(errorOf(end(call)), "org.vexmoor.Error.Ending");
+    EXPECT_FALSE(connection("caller").interface()->isServiceRegistered(kName));
+    EXPECT_TRUE(exists(items[0]));
+}
+
+TEST_F(CommandServiceTest, MayGoBeforeItsBatchesAreOver) {
+    around.holdsThumbnails = true;
+    const auto items = make({"a"});
+    const auto call = begin("caller", "Feed", feeding(items, "", false));
+    ASSERT_TRUE(serveUntil([&] { return !around.held.empty(); }));
+    service.reset();
+    around.answerThumbnails();
+    settle();
+    EXPECT_FALSE(exists(items[0]));
+    QDBusConnection::disconnectFromBus("desktop");
+    EXPECT_EQ(errorOf(end(call)), "org.freedesktop.DBus.Error.NoReply");
+}
+
+} // namespace
+} // namespace vexmoor::test

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "app/CommandService.h"
+
+#include "intake/IntakeFixture.h"
+#include "intake/WriterLock.h"
+#include "support/Command.h"
+#include "support/MainLoop.h"
+#include "support/PrivateBus.h"
+
+namespace vexmoor::test {
+
+/// Counts what stops it.
+class WatchedService : public CommandService {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.vexmoor.Commands1")
+
+  public:
+    using CommandService::CommandService;
+    int stops = 0;
+
+  public slots:
+    void Stop(const QDBusMessage& message) {
+        ++stops;
+        CommandService::Stop(message);
+    }
+};
+
+/// Answers what is no report.
+class NonsenseService : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.vexmoor.Commands1")
+
+  public slots:
+    QString Feed(const QByteArrayList&, const QString&, bool) { return R"({"done": 7})"; }
+};
+
+/// An intake that takes commands on a bus of its own, while the test holds the writer's lock as the
+/// desktop program does.
+class ServedIntake : public IntakeTest {
+  protected:
+    static constexpr const char* kName = "org.vexmoor.Vexmoor";
+    static constexpr const char* kPath = "/org/vexmoor/Vexmoor";
+
+    void SetUp() override {
+        lock = takeLock();
+        ASSERT_TRUE(lock);
+        serve();
+    }
+    void TearDown() override {
+        service.reset();
+        for (const char* const name : {"desktop", "caller", "another"})
+            QDBusConnection::disconnectFromBus(name);
+    }
+
+    QDBusConnection connection(const char* name) const {
+        return QDBusConnection::connectToBus(QString::fromStdString(bus.address()), name);
+    }
+
+    [[nodiscard]] std::optional<WriterLock> takeLock() const {
+        auto taken = WriterLock::tryTake(directories().ownData() / WriterLock::kFileName,
+                                         WriterLock::Role::desktop);
+        return taken ? *std::move(taken) : std::nullopt;
+    }
+
+    void serve() {
+        auto desktop = connection("desktop");
+        service.emplace(object, desktop,
+                        CommandService::Parts{program->intake,
+                                              program->settings,
+                                              program->progression,
+                                              {program->ledger, program->journal},
+                                              around,
+                                              [this](const std::function<void()>& assignment) {
+                                                  assignment();
+                                                  return storeFailure;
+                                              }});
+        ASSERT_TRUE(desktop.registerObject(kPath, &object));
+        ASSERT_TRUE(desktop.registerService(kName));
+    }
+
+    /// Works until the condition holds.
+    bool serveUntil(const std::function<bool()>& condition) const {
+        return eventuallyInLoop([&] {
+            settle();
+            return condition();
+        });
+    }
+
+    PrivateBus bus;
+    QObject object;
+    std::optional<WriterLock> lock;
+    std::optional<WatchedService> service;
+    std::optional<Error> storeFailure;
+};
+
+} // namespace vexmoor::test
