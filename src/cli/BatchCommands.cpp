@@ -1,114 +1,116 @@
 #include "Commands.h"
 
-#include "cli/Desktop.h"
 #include "cli/ExitStatus.h"
+#include "cli/HandOver.h"
+#include "cli/MenuDialogs.h"
 #include "cli/Report.h"
 #include "cli/Session.h"
-
-#include <algorithm>
 
 namespace vexmoor {
 
 namespace {
 
-int complainOfStart(const Error& error) {
+using Command = Invocation::Command;
+
+Refusal refusalOfStart(const Error& error) {
     if (error.code == std::errc::interrupted)
-        complain("Stopped while waiting for another command. Nothing was touched.");
-    else
-        complain("The history can't be opened, so nothing was touched: " +
-                 printable(describe(error)));
-    return kRefused;
+        return {kRefused, "Stopped while waiting for another command. Nothing was touched."};
+    return {kRefused, "The history can't be opened, so nothing was touched: " + describe(error)};
 }
 
-/// Starts a batch with `begin`, runs it, prints its result; `what` is read last.
-int runBatch(const Invocation& invocation, const char* const& what,
-             const std::function<void(Session&, BatchCompletion)>& begin) {
-    bool desktopRuns = false;
-    auto session = Session::openForWriting(invocation.yes, desktopRuns);
-    if (desktopRuns)
-        return handOver(invocation);
-    if (!session)
-        return complainOfStart(session.error());
-    BatchResult result;
-    begin(**session, [&](BatchResult ended) { result = std::move(ended); });
-    (*session)->run();
-    if ((*session)->dialogs().lackedTerminal()) {
-        complain("There is no terminal to ask on. Nothing was touched; --yes goes on without "
-                 "asking.");
-        return kRefused;
+void begin(Session& session, const Invocation& invocation, BatchCompletion completion,
+           BatchOptions options) {
+    if (invocation.command == Command::feed) {
+        options.mode = disposeModeFromRawValue(invocation.mode);
+        const std::vector<Path> items(invocation.items.begin(), invocation.items.end());
+        session.intake().consume(items, false, std::move(completion), options);
+        return;
     }
-    if (result.declined) {
+    const auto binned = session.binnedItems();
+    const bool isPutBack = invocation.command == Command::putBack;
+    auto [items, missing] = isPutBack ? binned.toPutBack(invocation.items, invocation.last)
+                                      : binned.named(invocation.items);
+    options.missing = std::move(missing);
+    if (isPutBack)
+        session.intake().restore(std::move(items), std::move(completion), options);
+    else
+        session.intake().deleteImmediately(std::move(items), std::move(completion), options);
+}
+
+/// The batch in this process, where nobody else writes.
+Outcome carryOutHere(Session& session, const Invocation& invocation, MenuDialogs& menu) {
+    BatchResult result;
+    auto options = session.options();
+    if (invocation.fromMenu)
+        options.dialogs = &menu;
+    begin(
+        session, invocation, [&](BatchResult ended) { result = std::move(ended); }, options);
+    session.run();
+    if (session.dialogs().lackedTerminal())
+        return noTerminal();
+    if (menu.lackedWindow())
+        return Refusal{kRefused, "Dissolving needs a yes, and the desktop application is not there "
+                                 "to ask for it. Nothing was touched."};
+    return BatchReport::of(std::move(result));
+}
+
+Outcome carryOut(Invocation invocation, MenuDialogs& menu) {
+    if (invocation.fromMenu)
+        if (auto outcome = handOverFromMenu(invocation))
+            return *std::move(outcome);
+    for (;;) {
+        bool desktopRuns = false;
+        const auto session = Session::openForWriting(invocation.yes, desktopRuns);
+        if (session)
+            return carryOutHere(**session, invocation, menu);
+        if (!desktopRuns)
+            return refusalOfStart(session.error());
+        if (auto outcome = handOver(invocation))
+            return *std::move(outcome);
+    }
+}
+
+const char* wordsFor(Command command, const BatchReport& report) {
+    if (command == Command::putBack)
+        return "Put back";
+    if (command == Command::erase)
+        return "Deleted from the Bin";
+    const bool dissolved =
+        !report.done.empty() && report.done.front().mode == DisposeMode::dissolve;
+    return dissolved ? "Dissolved" : "To the Bin";
+}
+
+int tell(const BatchReport& report, const Invocation& invocation) {
+    if (report.declined) {
         complain("Nothing was touched.");
         return kRefused;
     }
-    return reportBatch(result, what, invocation.json);
-}
-
-/// The items that the arguments name; what is not found goes to `missing`.
-std::vector<Sacrifice> named(Session& session, const std::vector<std::string>& arguments,
-                             std::vector<Failure>& missing) {
-    std::vector<Sacrifice> items;
-    for (const auto& argument : arguments) {
-        if (auto item = session.binnedItems().find(argument)) {
-            if (std::ranges::count(items, item->id, &Sacrifice::id) == 0)
-                items.push_back(*std::move(item));
-        } else {
-            missing.push_back(
-                {displayText(argument), disposalError(DisposalError::goneFromBin, argument)});
-        }
-    }
-    return items;
-}
-
-BatchCompletion withMissing(BatchCompletion completion, const std::vector<Failure>& missing) {
-    return [completion = std::move(completion), missing](BatchResult result) {
-        result.failures.insert(result.failures.begin(), missing.begin(), missing.end());
-        completion(std::move(result));
-    };
-}
-
-} // namespace
-
-int runFeed(const Invocation& invocation) {
-    const char* what = nullptr;
-    return runBatch(invocation, what, [&](Session& session, BatchCompletion completion) {
-        const auto mode =
-            disposeModeFromRawValue(invocation.mode).value_or(session.settings().mode.get());
-        what = mode == DisposeMode::dissolve ? "Dissolved" : "To the Bin";
-        const std::vector<Path> items(invocation.items.begin(), invocation.items.end());
-        auto options = session.options();
-        options.mode = mode;
-        session.intake().consume(items, false, std::move(completion), options);
-    });
-}
-
-int runPutBack(const Invocation& invocation) {
-    bool foundNone = false;
-    const int status =
-        runBatch(invocation, "Put back", [&](Session& session, BatchCompletion completion) {
-            std::vector<Failure> missing;
-            auto items = !invocation.items.empty() ? named(session, invocation.items, missing)
-                         : invocation.last > 0     ? session.binnedItems().newest(invocation.last)
-                                                   : session.binnedItems().lastBatch();
-            foundNone = items.empty() && missing.empty();
-            session.intake().restore(items, withMissing(std::move(completion), missing),
-                                     session.options());
-        });
-    if (foundNone && status == kAllDone) {
+    const int status = reportBatch(report, wordsFor(invocation.command, report), invocation.json);
+    if (invocation.command == Command::putBack && report.isEmpty()) {
         complain("There is nothing to put back.");
         return kRefused;
     }
     return status;
 }
 
-int runDelete(const Invocation& invocation) {
-    return runBatch(invocation, "Deleted from the Bin",
-                    [&](Session& session, BatchCompletion completion) {
-                        std::vector<Failure> missing;
-                        const auto items = named(session, invocation.items, missing);
-                        session.intake().deleteImmediately(
-                            items, withMissing(std::move(completion), missing), session.options());
-                    });
+} // namespace
+
+int runBatch(const Invocation& invocation) {
+    MenuDialogs menu;
+    const auto outcome = carryOut(invocation, menu);
+    const auto* const refusal = std::get_if<Refusal>(&outcome);
+    if (refusal != nullptr) {
+        complain(printable(refusal->sentence));
+        menu.report(
+            {refusal->status == kSomeFailed ? "The cauldron did not answer" : "Nothing was fed",
+             refusal->sentence,
+             {}});
+    }
+    const int status =
+        refusal != nullptr ? refusal->status : tell(std::get<BatchReport>(outcome), invocation);
+    if (invocation.fromMenu)
+        menu.show();
+    return status;
 }
 
 } // namespace vexmoor

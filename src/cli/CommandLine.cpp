@@ -2,8 +2,8 @@
 
 #include "base/Path.h"
 #include "cli/ExitStatus.h"
-#include "cli/SettingDescription.h"
 #include "cli/Terminal.h"
+#include "intake/NamedSettings.h"
 
 #include <CLI/CLI.hpp>
 
@@ -66,7 +66,10 @@ void addFeed(CLI::App& app, Invocation& invocation) {
             "Move them to the Bin, or dissolve them forever; without it as the settings say")
         ->check(CLI::IsMember({"bin", "dissolve"}))
         ->type_name("MODE");
-    feed.add_flag("--yes", invocation.yes, "Dissolve without asking");
+    auto* const yes = feed.add_flag("--yes", invocation.yes, "Dissolve without asking");
+    feed.add_flag("--from-menu", invocation.fromMenu,
+                  "For menus: ask and tell on the desktop instead of a terminal")
+        ->excludes(yes);
     addJson(feed, invocation);
     feed.add_option("PATH", invocation.items, "What to feed; file:/// URIs are understood too")
         ->required()
@@ -108,7 +111,7 @@ void addViews(CLI::App& app, Invocation& invocation) {
                                  "List the settings, read one or set it");
     addJson(settings, invocation);
     settings.add_option("NAME", invocation.name, "The setting")
-        ->check(CLI::IsMember(settingNames()))
+        ->check(CLI::IsMember(NamedSettings::names()))
         ->type_name("NAME");
     settings.add_option("VALUE", invocation.value, "Its new value")
         ->check(CLI::Validator(refuseEmpty, ""))

@@ -18,6 +18,7 @@ struct Invocation {
     Command command = Command::open;
     bool json = false;
     bool yes = false;
+    bool fromMenu = false;          ///< nobody reads a terminal
     std::vector<std::string> items; ///< paths, or ids and names
     std::string mode;               ///< empty: that of the settings
     std::size_t last = 0;           ///< 0: not given

@@ -6,9 +6,8 @@ namespace vexmoor {
 
 // One function a command; each prints its result and answers the exit status.
 
-int runFeed(const Invocation& invocation);
-int runPutBack(const Invocation& invocation);
-int runDelete(const Invocation& invocation);
+/// Feed, put-back and delete.
+int runBatch(const Invocation& invocation);
 int runHistory(const Invocation& invocation);
 int runStats(const Invocation& invocation);
 int runSettings(const Invocation& invocation);

@@ -3,8 +3,6 @@
 #include "base/ByteCount.h"
 #include "cli/ExitStatus.h"
 #include "cli/Terminal.h"
-#include "disposal/DisposalError.h"
-#include "disposal/RecordJson.h"
 
 #include <nlohmann/json.hpp>
 
@@ -12,25 +10,23 @@
 
 namespace vexmoor {
 
-using Json = nlohmann::ordered_json;
-
 namespace {
 
 constexpr std::size_t kNamedItems = 10;
 
-void printDone(const BatchResult& result, const char* what) {
+void printDone(const BatchReport& report, const char* what) {
     std::int64_t bytes = 0;
-    for (const auto& item : result.done)
+    for (const auto& item : report.done)
         bytes += item.bytes;
-    const auto count = result.done.size();
+    const auto count = report.done.size();
     if (count > 0 && count <= kNamedItems) {
         for (std::size_t i = 0; i < count; ++i) {
-            const auto& item = result.done[i];
+            const auto& item = report.done[i];
             std::cout << what << ": " << printable(item.name) << " (" << byteCountText(item.bytes)
                       << ")";
-            if (i < result.landings.size() && item.original &&
-                result.landings[i] != *item.original && result.landings[i] != *item.trashed)
-                std::cout << ", as " << printable(result.landings[i].native());
+            if (i < report.landings.size() && item.original &&
+                report.landings[i] != item.original && report.landings[i] != item.trashed)
+                std::cout << ", as " << printable(report.landings[i].native());
             std::cout << "\n";
         }
     } else if (count > 0) {
@@ -41,42 +37,20 @@ void printDone(const BatchResult& result, const char* what) {
 
 } // namespace
 
-Json toJson(const BatchResult& result) {
-    Json json = {
-        {"done", Json::array()}, {"failures", Json::array()}, {"untouched", Json::array()}};
-    for (const auto& item : result.done)
-        json["done"].push_back(toJson(item));
-    for (const auto& failure : result.failures)
-        json["failures"].push_back({{"name", failure.name}, {"error", describe(failure.error)}});
-    for (const auto& path : result.untouched)
-        json["untouched"].push_back(pathToJsonText(path.native()));
-    if (!result.landings.empty()) {
-        json["landings"] = Json::array();
-        for (const auto& path : result.landings)
-            json["landings"].push_back(pathToJsonText(path.native()));
-    }
-    if (!result.unlocked.empty()) {
-        json["unlocked"] = Json::array();
-        for (const auto& achievement : result.unlocked)
-            json["unlocked"].push_back(achievement.id);
-    }
-    return json;
-}
-
-int reportBatch(const BatchResult& result, const char* what, bool asJson) {
+int reportBatch(const BatchReport& report, const char* what, bool asJson) {
     if (asJson)
-        std::cout << toJson(result).dump(2) << "\n";
+        std::cout << toJson(report).dump(2) << "\n";
     else
-        printDone(result, what);
-    for (const auto& failure : result.failures)
-        complain(printable(failure.name) + ": " + printable(describe(failure.error)));
-    if (!result.untouched.empty())
+        printDone(report, what);
+    for (const auto& [name, text] : report.failures)
+        complain(printable(name) + ": " + printable(text));
+    if (!report.untouched.empty())
         complain("Stopped. Left as it was: " +
-                 counted(static_cast<std::int64_t>(result.untouched.size()), "item") + ".");
-    if (result.storeError)
-        complain("The history couldn't be saved: " + printable(describe(*result.storeError)) +
+                 counted(static_cast<std::int64_t>(report.untouched.size()), "item") + ".");
+    if (report.storeError)
+        complain("The history couldn't be saved: " + printable(*report.storeError) +
                  " It will be at the next start.");
-    return result.failures.empty() && result.untouched.empty() && !result.storeError ? kAllDone
+    return report.failures.empty() && report.untouched.empty() && !report.storeError ? kAllDone
                                                                                      : kSomeFailed;
 }
 

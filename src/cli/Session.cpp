@@ -51,7 +51,7 @@ Result<std::unique_ptr<Session>> Session::openForWriting(bool assumeYes, bool& d
     std::unique_ptr<Session> session(new Session(assumeYes));
     WorkMeter waiting;
     const Interrupt interrupt(waiting);
-    auto lock = WriterLock::take(session->m_directories.ownData() / "lock",
+    auto lock = WriterLock::take(session->m_directories.ownData() / WriterLock::kFileName,
                                  WriterLock::Role::command, [&] { return waiting.stop.load(); });
     if (!lock)
         return std::move(lock).error();
@@ -69,7 +69,7 @@ Result<std::unique_ptr<Session>> Session::openForWriting(bool assumeYes, bool& d
 Result<std::unique_ptr<Session>> Session::openForReading() {
     std::unique_ptr<Session> session(new Session(false));
     if (!session->m_journal.open().empty()) {
-        auto lock = WriterLock::tryTake(session->m_directories.ownData() / "lock",
+        auto lock = WriterLock::tryTake(session->m_directories.ownData() / WriterLock::kFileName,
                                         WriterLock::Role::command);
         if (lock && *lock && session->openStores(SqliteUserDefaults::Access::readWrite)) {
             session->m_lock = *std::move(lock);

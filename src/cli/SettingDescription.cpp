@@ -28,11 +28,4 @@ const std::vector<SettingDescription>& settingDescriptions() {
     return all;
 }
 
-std::vector<std::string> settingNames() {
-    std::vector<std::string> names;
-    for (const auto& setting : settingDescriptions())
-        names.push_back(setting.name);
-    return names;
-}
-
 } // namespace vexmoor

@@ -15,6 +15,4 @@ struct SettingDescription {
 /// All settings, in the order in which they are listed.
 const std::vector<SettingDescription>& settingDescriptions();
 
-std::vector<std::string> settingNames();
-
 } // namespace vexmoor

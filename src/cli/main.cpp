@@ -15,11 +15,9 @@ int run(const vexmoor::Invocation& invocation) {
     case Command::probe:
         return vexmoor::runDesktop(invocation);
     case Command::feed:
-        return vexmoor::runFeed(invocation);
     case Command::putBack:
-        return vexmoor::runPutBack(invocation);
     case Command::erase:
-        return vexmoor::runDelete(invocation);
+        return vexmoor::runBatch(invocation);
     case Command::history:
         return vexmoor::runHistory(invocation);
     case Command::stats:

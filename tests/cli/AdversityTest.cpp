@@ -81,6 +81,14 @@ TEST_F(AdversityTest, RecordsWhatAKilledCommandHadDone) {
     EXPECT_THAT(namesIn(m_files), ElementsAreArray(names));
 }
 
+TEST_F(AdversityTest, SetsASettingAfterACommandWasKilled) {
+    if (!vexmoor(feeding(makeItems(3))).runUntilCall(SYS_renameat2, 1, SIGKILL))
+        GTEST_SKIP() << "processes can't be traced here";
+    const auto result = run({"settings", "sound", "off"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.errors, HasSubstr("1 disposed of"));
+}
+
 TEST_F(AdversityTest, LetsCommandsAtTheSameTimeWaitForEachOther) {
     const auto names = makeItems(40);
     std::vector<Command::Running> running;

@@ -1,6 +1,6 @@
 #include "CliTest.h"
 
-#include "cli/SettingDescription.h"
+#include "intake/NamedSettings.h"
 
 #include <sstream>
 
@@ -20,12 +20,12 @@ struct Case {
 };
 
 std::vector<Case> cases() {
-    const auto settings = settingNames();
+    const auto settings = NamedSettings::names();
     return {
         {{"fe"}, {"feed"}},
         {{""}, {"feed", "put-back", "delete", "history", "stats", "settings", "integrate"}},
         {{"--v"}, {"--version"}},
-        {{"feed", "--"}, {"--help", "--mode", "--yes", "--json"}},
+        {{"feed", "--"}, {"--help", "--mode", "--yes", "--from-menu", "--json"}},
         {{"feed", "--mode", ""}, {"bin", "dissolve"}},
         {{"feed", "--mode", "bin", "--j"}, {"--json"}},
         {{"feed", "stats", "--m"}, {"--mode"}},
@@ -134,7 +134,7 @@ TEST_F(CompletionTest, TheManualPageIsCleanAndKnowsEveryCommand) {
         else
             plain += shown[i];
     for (const char* const text :
-         {"vexmoor feed [--mode MODE] [--yes] [--json] PATH ...", "vexmoor put-back",
+         {"vexmoor feed [--mode MODE] [--yes] [--from-menu] [--json] PATH ...", "vexmoor put-back",
           "vexmoor delete", "vexmoor history [-n N]", "vexmoor stats",
           "vexmoor settings [--json] [NAME [VALUE]]", "vexmoor integrate", "captureFinderDelete"})
         EXPECT_THAT(plain, testing::HasSubstr(text));

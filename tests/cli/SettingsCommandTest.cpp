@@ -1,6 +1,7 @@
 #include "CliTest.h"
 
 #include "cli/SettingDescription.h"
+#include "intake/NamedSettings.h"
 
 namespace vexmoor::test {
 namespace {
@@ -61,7 +62,11 @@ TEST_F(SettingsCommandTest, TakesEveryValueOfItsDescriptions) {
     const Json document = json({"settings", "--json"});
     for (const auto& [name, value] : document.items())
         names.push_back(name);
-    EXPECT_EQ(settingNames(), names);
+    EXPECT_EQ(NamedSettings::names(), names);
+    std::vector<std::string> described;
+    for (const auto& setting : settingDescriptions())
+        described.push_back(setting.name);
+    EXPECT_EQ(described, names);
     for (const auto& setting : settingDescriptions())
         for (const auto& value : setting.values) {
             const int status = run({"settings", setting.name, value}).status;

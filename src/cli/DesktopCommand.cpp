@@ -1,6 +1,6 @@
-#include "Desktop.h"
+#include "Commands.h"
 
-#include "cli/Commands.h"
+#include "base/Path.h"
 #include "cli/ExitStatus.h"
 #include "cli/Terminal.h"
 
@@ -23,11 +23,6 @@ Path programBeside() {
 }
 
 } // namespace
-
-int handOver(const Invocation&) {
-    complain("The desktop application is running and does not take commands. Quit it first.");
-    return kRefused;
-}
 
 int runDesktop(const Invocation& invocation) {
     const char* const option =

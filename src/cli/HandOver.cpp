@@ -1,0 +1,185 @@
+#include "HandOver.h"
+
+#include "base/JsonReader.h"
+#include "cli/ExitStatus.h"
+#include "cli/RunningDesktop.h"
+#include "cli/Session.h"
+#include "intake/Texts.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <cstdlib>
+#include <set>
+
+namespace vexmoor {
+
+namespace {
+
+using Command = Invocation::Command;
+using Start = RunningDesktop::Start;
+
+/// Asks what the batch needs a yes for. What was said yes to is what is handed over.
+std::optional<Refusal> askFor(Invocation& invocation, const Question& question) {
+    TerminalDialogs dialogs(invocation.yes);
+    invocation.yes = dialogs.ask(question).confirmed;
+    if (invocation.yes)
+        return std::nullopt;
+    return dialogs.lackedTerminal() ? noTerminal() : Refusal{kRefused, "Nothing was touched."};
+}
+
+std::size_t countOf(const std::vector<std::string>& items) {
+    std::set<Path> distinct;
+    for (const auto& item : items)
+        if (!endsInDots(item))
+            distinct.insert(standardized(item));
+    return distinct.size();
+}
+
+/// Names the mode: the desktop's could be another by the time it takes the command.
+std::optional<Refusal> settleFeed(Invocation& invocation, Session& session) {
+    const auto mode =
+        disposeModeFromRawValue(invocation.mode).value_or(session.settings().mode.get());
+    invocation.mode = toRawValue(mode);
+    const auto count = countOf(invocation.items);
+    if (mode != DisposeMode::dissolve || count == 0 || !session.settings().confirmDissolve.get())
+        return std::nullopt;
+    return askFor(invocation, dissolveQuestion(count));
+}
+
+/// Names the items by their ids: by the time the desktop takes the command, their names could mean
+/// others.
+std::optional<Refusal> settleDelete(Invocation& invocation, const Session& session) {
+    const auto [items, missing] = session.binnedItems().named(invocation.items);
+    if (items.empty())
+        return std::nullopt;
+    invocation.items.clear();
+    for (const auto& item : items)
+        invocation.items.push_back(item.id.toString());
+    for (const auto& failure : missing)
+        invocation.items.push_back(failure.name);
+    return askFor(invocation, deleteQuestion(items));
+}
+
+std::optional<Refusal> settle(Invocation& invocation) {
+    if (invocation.command != Command::feed && invocation.command != Command::erase)
+        return std::nullopt;
+    const auto session = Session::openForReading();
+    if (!session)
+        return Refusal{kRefused, "The history can't be read, so nothing was touched: " +
+                                     describe(session.error())};
+    return invocation.command == Command::feed ? settleFeed(invocation, **session)
+                                               : settleDelete(invocation, **session);
+}
+
+/// The desktop has another current folder. All else of the names is left to it.
+Result<std::vector<std::string>> absolute(std::vector<std::string> items) {
+    std::string folder;
+    for (auto& item : items) {
+        if (item.starts_with('/'))
+            continue;
+        if (folder.empty()) {
+            std::error_code code;
+            folder = std::filesystem::current_path(code).native();
+            if (code)
+                return Error{code, "find the current folder", {}};
+        }
+        item.insert(0, folder + "/");
+    }
+    return items;
+}
+
+std::vector<std::string> asTexts(const std::vector<std::string>& items) {
+    std::vector<std::string> texts;
+    std::ranges::transform(items, std::back_inserter(texts),
+                           [](const auto& item) { return displayText(item); });
+    return texts;
+}
+
+std::optional<RunningDesktop::Answer> tell(const RunningDesktop& desktop,
+                                           const Invocation& invocation, bool asks, Start start) {
+    const auto& items = invocation.items;
+    switch (invocation.command) {
+    case Command::feed:
+        return desktop.call(
+            "Feed",
+            [&](BusCall& call) {
+                call.addByteStrings(items);
+                call.add(invocation.mode);
+                call.add(asks);
+            },
+            start);
+    case Command::putBack:
+        return desktop.call("PutBack", [&](BusCall& call) {
+            call.add(asTexts(items));
+            call.add(std::uint64_t{invocation.last});
+        });
+    case Command::erase:
+        return desktop.call("Delete", [&](BusCall& call) {
+            call.add(asTexts(items));
+            call.add(asks);
+        });
+    default:
+        return desktop.call("Set", [&](BusCall& call) {
+            call.add(invocation.name);
+            call.add(displayText(invocation.value));
+        });
+    }
+}
+
+Outcome outcomeOf(RunningDesktop::Answer answer, const Invocation& invocation) {
+    if (const auto* const refusal = std::get_if<Refusal>(&answer))
+        return *refusal;
+    if (invocation.command == Command::settings)
+        return BatchReport();
+    const auto text = std::get<BusReply>(answer).text();
+    auto report = text ? batchReportFromJson(parsedJson(*text)) : std::nullopt;
+    if (!report)
+        return Refusal{kSomeFailed, "The desktop application's answer can't be understood. What "
+                                    "was done is in the history: vexmoor history."};
+    return *std::move(report);
+}
+
+std::optional<Outcome> handOverSettled(Invocation invocation, bool asks, Start start) {
+    if (invocation.command == Command::feed) {
+        auto items = absolute(std::move(invocation.items));
+        if (!items)
+            return Refusal{kRefused, "The current folder can't be found, so nothing was touched: " +
+                                         items.error().message() + "."};
+        invocation.items = *std::move(items);
+    }
+    const RunningDesktop desktop(UserDirectories::ofProcess().ownData() / WriterLock::kFileName);
+    auto answer = tell(desktop, invocation, asks, start);
+    if (!answer)
+        return std::nullopt;
+    return outcomeOf(*std::move(answer), invocation);
+}
+
+bool hasDisplay() {
+    return std::ranges::any_of(std::initializer_list<const char*>{"DISPLAY", "WAYLAND_DISPLAY"},
+                               [](const char* name) {
+                                   const char* const value = std::getenv(name);
+                                   return value != nullptr && *value != '\0';
+                               });
+}
+
+} // namespace
+
+Refusal noTerminal() {
+    return {kRefused, "There is no terminal to ask on. Nothing was touched; --yes goes on without "
+                      "asking."};
+}
+
+std::optional<Outcome> handOver(Invocation& invocation) {
+    if (invocation.fromMenu)
+        return handOverSettled(invocation, true, Start::never);
+    if (auto refusal = settle(invocation))
+        return *std::move(refusal);
+    return handOverSettled(invocation, false, Start::never);
+}
+
+std::optional<Outcome> handOverFromMenu(const Invocation& invocation) {
+    return hasDisplay() ? handOverSettled(invocation, true, Start::ifNeeded) : std::nullopt;
+}
+
+} // namespace vexmoor

@@ -1,0 +1,130 @@
+#include "RunningDesktop.h"
+
+#include "cli/ExitStatus.h"
+#include "cli/Interrupt.h"
+#include "intake/WriterLock.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <ctime>
+#include <iterator>
+
+namespace vexmoor {
+
+namespace {
+
+using SteadyClock = std::chrono::steady_clock;
+
+constexpr const char* kService = "org.vexmoor.Vexmoor";
+constexpr const char* kPath = "/org/vexmoor/Vexmoor";
+constexpr const char* kInterface = "org.vexmoor.Commands1";
+constexpr const char* kBusErrors = "org.freedesktop.DBus.Error.";
+constexpr timespec kPause{0, 50'000'000};
+constexpr int kLooks = 20;
+
+/// Whether the error is one of the bus's own, of these names.
+bool isOneOf(const BusError& error, std::initializer_list<const char*> names) {
+    return std::ranges::any_of(
+        names, [&](const char* name) { return error.name == kBusErrors + std::string(name); });
+}
+
+/// Nobody has the name, nor could anybody be started who takes it.
+bool isAbsent(const BusError& error) {
+    return isOneOf(error, {"ServiceUnknown", "NameHasNoOwner", "TimedOut"}) ||
+           error.name.starts_with(std::string(kBusErrors) + "Spawn.");
+}
+
+/// It has the name, but not all of it is there yet, or any more.
+bool isNotReady(const BusError& error) {
+    return isOneOf(error, {"UnknownObject", "UnknownInterface", "UnknownMethod"}) ||
+           error.name == "org.vexmoor.Error.Ending";
+}
+
+Refusal refusalOf(const BusError& error) {
+    if (error.name == "org.vexmoor.Error.Usage")
+        return {kUsage, error.message};
+    if (error.name == "org.vexmoor.Error.Refused")
+        return {kRefused, error.message};
+    if (error.name == "org.vexmoor.Error.ReportTooLong")
+        return {kSomeFailed, error.message};
+    if (isOneOf(error, {"NoReply", "Disconnected", "Timeout"}))
+        return {kSomeFailed, "The desktop application ended before it told what became of this. "
+                             "What was done is in the history: vexmoor history."};
+    return {kRefused,
+            "The desktop application can't be told, so nothing was touched: " + error.message};
+}
+
+Refusal noBus(const Error& error) {
+    const bool isNamed = error.code != std::error_code(ENOMEDIUM, std::generic_category());
+    return {kRefused, "The desktop application is running, but the session bus that leads to it "
+                      "can't be reached, so nothing was touched: " +
+                          (isNamed ? error.message() : "the environment names none") + "."};
+}
+
+Refusal noAnswer() {
+    return {kRefused,
+            "The desktop application is running, but does not answer. Nothing was touched."};
+}
+
+/// Waits for the answer. When the meter is stopped, so is the work.
+std::variant<BusReply, BusError> sendAndStop(SessionBus& bus, BusCall call,
+                                             const WorkMeter& meter) {
+    bool isStopping = false;
+    return bus.send(std::move(call), SessionBus::kForEver, [&] {
+        if (!meter.stop || std::exchange(isStopping, true))
+            return;
+        auto stop = bus.call(kService, kPath, kInterface, "Stop");
+        stop.startNothing();
+        bus.sendOnly(std::move(stop));
+    });
+}
+
+} // namespace
+
+bool RunningDesktop::holdsLock() const {
+    const auto holder = WriterLock::holder(m_lock);
+    return holder && *holder == WriterLock::Role::desktop;
+}
+
+/// Not only at first sight: in whoever has just taken the lock, the one before is still to be read.
+bool RunningDesktop::keepsLock() const {
+    for (int looks = 0; looks < kLooks; ++looks) {
+        if (!holdsLock())
+            return false;
+        ::nanosleep(&kPause, nullptr);
+    }
+    return true;
+}
+
+std::optional<RunningDesktop::Answer>
+RunningDesktop::call(const char* method, const std::function<void(BusCall&)>& addArguments,
+                     Start start) const {
+    const bool starts = start == Start::ifNeeded;
+    auto bus = SessionBus::connect();
+    if (!bus)
+        return starts || !keepsLock() ? std::nullopt : std::optional<Answer>(noBus(bus.error()));
+    WorkMeter meter;
+    const Interrupt interrupt(meter);
+    for (const auto end = SteadyClock::now() + m_patience;;) {
+        auto call = bus->call(kService, kPath, kInterface, method);
+        if (!starts)
+            call.startNothing();
+        addArguments(call);
+        auto answer = sendAndStop(*bus, std::move(call), meter);
+        if (auto* const reply = std::get_if<BusReply>(&answer))
+            return Answer(std::move(*reply));
+        const auto& error = std::get<BusError>(answer);
+        if (!isAbsent(error) && !isNotReady(error))
+            return refusalOf(error);
+        if (starts ? isAbsent(error) : !holdsLock())
+            return std::nullopt;
+        if (meter.stop)
+            return Refusal{kRefused, "Stopped while waiting for the desktop application. Nothing "
+                                     "was touched."};
+        if (SteadyClock::now() > end)
+            return starts ? std::nullopt : std::optional<Answer>(noAnswer());
+        ::nanosleep(&kPause, nullptr);
+    }
+}
+
+} // namespace vexmoor
