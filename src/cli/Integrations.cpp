@@ -28,7 +28,7 @@ std::string script(const Path& program, const std::string& variable) {
            "\n"
            "fi\n"
            "exec " +
-           shellQuoted(program.native()) + " feed -- \"$@\"\n";
+           shellQuoted(program.native()) + " feed --from-menu -- \"$@\"\n";
 }
 
 /// Nemo puts paths into the command without quoting them in all its versions; URIs between double
@@ -36,12 +36,12 @@ std::string script(const Path& program, const std::string& variable) {
 std::string nemoAction(const Path& program) {
     return mark() + "[Nemo Action]\nActive=true\nName=" + kTitle + "\nComment=" + kComment +
            "\nExec=" + keyFileEscaped(percentDoubled(shellQuoted(program.native()))) +
-           " feed -- %U\nIcon-Name=" + kIcon +
+           " feed --from-menu -- %U\nIcon-Name=" + kIcon +
            "\nSelection=notnone\nExtensions=any;\nQuote=double\n";
 }
 
 std::string thunarAction(const Path& program) {
-    const auto command = percentDoubled(shellQuoted(program.native())) + " feed -- %F";
+    const auto command = percentDoubled(shellQuoted(program.native())) + " feed --from-menu -- %F";
     return std::string("<action>\n\t<icon>") + kIcon + "</icon>\n\t<name>" + kTitle +
            "</name>\n\t<submenu></submenu>\n\t<unique-id>" + kThunarActionId +
            "</unique-id>\n\t<command>" + xmlEscaped(command) + "</command>\n\t<description>" +
@@ -57,7 +57,7 @@ std::string serviceMenu(const Path& program) {
            "MimeType=all/all;\nX-KDE-Protocols=file\nX-KDE-Priority=TopLevel\n"
            "Actions=feedToVexmoor;\n\n[Desktop Action feedToVexmoor]\nName=" +
            kTitle + "\nIcon=" + kIcon + "\nExec=" + desktopExecQuoted(program.native()) +
-           " feed -- %F\n";
+           " feed --from-menu -- %F\n";
 }
 
 /// The file managers' own standard for actions (DES-EMA).
@@ -66,7 +66,8 @@ std::string desktopAction(const Path& program) {
            "\nIcon=" + kIcon +
            "\nProfiles=feed;\n\n[X-Action-Profile feed]\nMimeTypes=all/all;\nSchemes=file;\n"
            "SelectionCount=>0\nExec=" +
-           keyFileEscaped(percentDoubled(shellQuoted(program.native()))) + " feed -- %F\n";
+           keyFileEscaped(percentDoubled(shellQuoted(program.native()))) +
+           " feed --from-menu -- %F\n";
 }
 
 std::string autostart(const Path& program) {
