@@ -105,7 +105,7 @@ The Bin of the home folder's volume; other volumes have their own.
 .It 0
 All was done.
 .It 1
-Some items failed, or were left when the command was stopped.
+Some items failed, or were left when the command was stopped, or it is not known what became of them.
 .It 2
 The command line could not be understood; nothing was touched.
 .It 3
