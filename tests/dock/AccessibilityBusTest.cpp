@@ -1,32 +1,15 @@
 #include "dock/AccessibilityBus.h"
 
-#include "support/BackgroundProcess.h"
 #include "support/Command.h"
-#include "support/TemporaryDirectory.h"
-
-#include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QTimer>
+#include "support/MainLoop.h"
+#include "support/PrivateBus.h"
 
 #include <gtest/gtest.h>
-
-#include <filesystem>
 
 namespace vexmoor {
 namespace {
 
 using namespace test;
-
-bool eventually(const std::function<bool()>& condition) {
-    QTimer wakeUp;
-    wakeUp.start(5);
-    for (const QDeadlineTimer deadline(10000); !condition();) {
-        if (deadline.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    return true;
-}
 
 /// The service as the session has it, answering what the test says.
 class FakeService : public QObject {
@@ -45,28 +28,17 @@ struct AccessibilityBusTest : testing::Test {
     char name[4] = "bus";
     char* arguments[2] = {name, nullptr};
     QCoreApplication application{count, arguments};
-    TemporaryDirectory folder;
-    std::unique_ptr<BackgroundProcess> daemon;
+    std::unique_ptr<PrivateBus> session; ///< nothing of this machine answers there
 
     void SetUp() override {
         if (!Command::exists("dbus-daemon"))
             GTEST_SKIP() << "dbus-daemon is not installed";
-        const std::string socket = folder / "bus";
-        // A session without activation, so that nothing of this machine answers.
-        folder.write("bus.conf", "<busconfig><type>session</type><listen>unix:path=" + socket +
-                                     "</listen><policy context=\"default\"><allow user=\"*\"/>"
-                                     "<allow send_destination=\"*\" eavesdrop=\"true\"/>"
-                                     "<allow eavesdrop=\"true\"/><allow own=\"*\"/>"
-                                     "</policy></busconfig>");
-        daemon = std::make_unique<BackgroundProcess>(std::vector<std::string>{
-            "dbus-daemon", "--nofork", "--config-file=" + (folder / "bus.conf").string()});
-        ASSERT_TRUE(eventually(
-            [&] { return std::filesystem::exists(socket) && connect("first").isConnected(); }));
+        session = std::make_unique<PrivateBus>();
     }
 
     /// Qt keeps connections by name, beyond a test's end.
     [[nodiscard]] QDBusConnection connect(const QString& as) const {
-        const auto address = QString::fromStdString("unix:path=" + (folder / "bus").string());
+        const auto address = QString::fromStdString(session->address());
         return QDBusConnection::connectToBus(address, as + address);
     }
 };
@@ -83,10 +55,10 @@ TEST_F(AccessibilityBusTest, AnswersWhileTheServiceGivesAnAddress) {
     int changes = 0;
     QObject::connect(&bus, &AccessibilityBus::answersChanged, [&] { ++changes; });
     ASSERT_TRUE(theirs.registerService("org.a11y.Bus"));
-    EXPECT_TRUE(eventually([&] { return bus.answers(); })) << "it comes later";
+    EXPECT_TRUE(eventuallyInLoop([&] { return bus.answers(); })) << "it comes later";
 
     ASSERT_TRUE(theirs.unregisterService("org.a11y.Bus"));
-    EXPECT_TRUE(eventually([&] { return !bus.answers(); })) << "it goes";
+    EXPECT_TRUE(eventuallyInLoop([&] { return !bus.answers(); })) << "it goes";
     EXPECT_EQ(changes, 2);
 
     service.address.clear();

@@ -44,7 +44,7 @@ class SoundServer {
                     "--use-pid-file=no", "--log-level=error", "-L",
                     "module-null-sink sink_name=nul rate=44100", "-L",
                     "module-native-protocol-unix auth-anonymous=1 socket=" + m_socket.string()},
-                   m_environment) {
+                   {.environment = m_environment}) {
         setenv("PULSE_SERVER", address().c_str(), 1);
         if (!eventually([this] { return test::listensAt(m_socket); }))
             throw std::runtime_error("the sound server does not start");
@@ -54,10 +54,10 @@ class SoundServer {
     SoundServer& operator=(const SoundServer&) = delete;
 
     void record() {
-        m_recorder.emplace(std::vector<std::string>{"parec", "-d", "nul.monitor", "--rate=44100",
-                                                    "--channels=1", "--format=s16le",
-                                                    "--latency-msec=10"},
-                           m_environment, m_recording);
+        m_recorder.emplace(
+            std::vector<std::string>{"parec", "-d", "nul.monitor", "--rate=44100", "--channels=1",
+                                     "--format=s16le", "--latency-msec=10"},
+            BackgroundProgram::Setting{.environment = m_environment, .output = m_recording});
         ASSERT_TRUE(recordsAnother(1));
     }
 

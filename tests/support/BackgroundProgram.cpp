@@ -6,6 +6,7 @@
 #include <poll.h>
 #include <sys/prctl.h>
 #include <sys/socket.h>
+#include <sys/syscall.h>
 #include <sys/un.h>
 #include <sys/wait.h>
 
@@ -40,34 +41,57 @@ std::vector<std::string> changedEnvironment(BackgroundProgram::Environment chang
     return result;
 }
 
+FileDescriptor opened(const Path& file) {
+    if (file.empty())
+        return FileDescriptor(-1);
+    FileDescriptor descriptor(::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600));
+    if (!descriptor)
+        throw std::runtime_error("cannot write " + file.string());
+    return descriptor;
+}
+
 } // namespace
 
 BackgroundProgram::BackgroundProgram(const std::vector<std::string>& words,
-                                     const Environment& environment, const Path& output) {
+                                     const Setting& setting) {
     std::vector<std::string> arguments = words;
-    std::vector<std::string> variables = changedEnvironment(environment);
+    std::vector<std::string> variables = changedEnvironment(setting.environment);
     const std::vector<char*> argumentPointers = pointersTo(arguments);
     const std::vector<char*> variablePointers = pointersTo(variables);
-    const FileDescriptor out(
-        output.empty() ? -1
-                       : ::open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600));
+    const FileDescriptor output = opened(setting.output);
+    const FileDescriptor errors = opened(setting.errors);
     const pid_t parent = getpid();
     m_process = fork();
     if (m_process < 0)
         throw std::runtime_error("cannot fork");
     if (m_process == 0) {
-        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        prctl(PR_SET_PDEATHSIG, SIGKILL); // a test that crashes leaves nothing behind
         if (getppid() != parent)
             _exit(126);
-        if (out)
-            dup2(out.get(), STDOUT_FILENO);
+        if (output)
+            dup2(output.get(), STDOUT_FILENO);
+        if (errors)
+            dup2(errors.get(), STDERR_FILENO);
+        if (setting.keepOpen >= 0)
+            fcntl(setting.keepOpen, F_SETFD, 0);
         execvpe(argumentPointers[0], argumentPointers.data(), variablePointers.data());
         _exit(127);
     }
 }
 
 BackgroundProgram::~BackgroundProgram() {
+    signal(SIGTERM);
+    if (endsSoon())
+        m_process = -1;
     kill();
+}
+
+bool BackgroundProgram::endsSoon() const {
+    constexpr int kPatience = 2000; // milliseconds
+    const FileDescriptor handle(
+        m_process > 0 ? static_cast<int>(syscall(SYS_pidfd_open, m_process, 0)) : -1);
+    pollfd watched{handle.get(), POLLIN, 0};
+    return handle && ::poll(&watched, 1, kPatience) == 1 && waitpid(m_process, nullptr, 0) > 0;
 }
 
 void BackgroundProgram::signal(int number) const {

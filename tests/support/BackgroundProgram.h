@@ -11,15 +11,23 @@
 
 namespace vexmoor::test {
 
-/// A program that runs beside the test and is ended with it, however the test ends. What it prints
-/// on its standard output goes to a file, where one is given.
+/// A program that runs beside the test and is ended with it, however the test ends.
 class BackgroundProgram {
   public:
     using Environment = std::map<std::string, std::string>; ///< on top of the test's own
 
+    struct Setting {
+        Environment environment = {};
+        Path output = {};  ///< where its standard output goes; the test's own where none is given
+        Path errors = {};  ///< the same for what it complains of
+        int keepOpen = -1; ///< a descriptor that the program shall have too; -1 for none
+    };
+
+    explicit BackgroundProgram(const std::vector<std::string>& words)
+        : BackgroundProgram(words, Setting{}) {}
     /// Throws where it cannot be started.
-    explicit BackgroundProgram(const std::vector<std::string>& words,
-                               const Environment& environment = {}, const Path& output = {});
+    BackgroundProgram(const std::vector<std::string>& words, const Setting& setting);
+    /// Asks it to end, so that it can take away what it left elsewhere; kills it where it does not.
     ~BackgroundProgram();
     BackgroundProgram(const BackgroundProgram&) = delete;
     BackgroundProgram& operator=(const BackgroundProgram&) = delete;
@@ -29,6 +37,8 @@ class BackgroundProgram {
     void kill();
 
   private:
+    [[nodiscard]] bool endsSoon() const;
+
     pid_t m_process = -1;
 };
 

@@ -19,14 +19,14 @@ PrivateBus::PrivateBus(Services services)
                 services == Services::installed ? "--session"
                                                 : "--config-file=" + configuration().string(),
                 "--nofork", "--nopidfile", "--nosyslog", "--address=" + address()},
-               {{"HOME", folder()},
-                {"XDG_CACHE_HOME", folder() / "cache"},
-                {"XDG_CONFIG_HOME", folder() / "config"},
-                {"XDG_DATA_HOME", folder() / "data"},
-                {"XDG_RUNTIME_DIR", folder()},
-                {"DBUS_SESSION_BUS_ADDRESS", address()},
-                {"DISPLAY", ""},
-                {"WAYLAND_DISPLAY", ""}}) {
+               {.environment = {{"HOME", folder()},
+                                {"XDG_CACHE_HOME", folder() / "cache"},
+                                {"XDG_CONFIG_HOME", folder() / "config"},
+                                {"XDG_DATA_HOME", folder() / "data"},
+                                {"XDG_RUNTIME_DIR", folder()},
+                                {"DBUS_SESSION_BUS_ADDRESS", address()},
+                                {"DISPLAY", ""},
+                                {"WAYLAND_DISPLAY", ""}}}) {
     if (!eventually([this] { return listensAt(socket()); }))
         throw std::runtime_error("the bus does not start");
 }

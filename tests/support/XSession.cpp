@@ -28,12 +28,17 @@ std::string displayFrom(int pipe) {
 
 /// Starts the window manager and waits until it manages windows: one that is mapped while it starts
 /// may be overlooked.
-std::unique_ptr<BackgroundProcess> startedManager(const std::string& fifo) {
+/// Window managers and compositors speak of much that no test is about.
+const BackgroundProgram::Setting kQuiet{.output = "/dev/null", .errors = "/dev/null"};
+
+std::unique_ptr<BackgroundProgram> startedManager(const std::string& fifo) {
     if (mkfifo(fifo.c_str(), S_IRUSR | S_IWUSR) != 0)
         throw std::runtime_error("no fifo");
     const FileDescriptor started(open(fifo.c_str(), O_RDWR | O_CLOEXEC));
-    auto manager = std::make_unique<BackgroundProcess>(std::vector<std::string>{
-        "openbox", "--sm-disable", "--startup", "sh -c 'echo started >" + fifo + "'"});
+    auto manager = std::make_unique<BackgroundProgram>(
+        std::vector<std::string>{"openbox", "--sm-disable", "--startup",
+                                 "sh -c 'echo started >" + fifo + "'"},
+        kQuiet);
     constexpr int kPatienceMilliseconds = 20000;
     pollfd wait{.fd = started.get(), .events = POLLIN, .revents = 0};
     if (poll(&wait, 1, kPatienceMilliseconds) != 1)
@@ -67,10 +72,11 @@ XSession::XSession(const std::string& size) {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0)
         throw std::runtime_error("no pipe");
-    m_server = std::make_unique<BackgroundProcess>(
+    m_server = std::make_unique<BackgroundProgram>(
         std::vector<std::string>{"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0",
                                  size + "x24", "-nolisten", "tcp", "-noreset"},
-        ends[1]);
+        BackgroundProgram::Setting{
+            .output = "/dev/null", .errors = "/dev/null", .keepOpen = ends[1]});
     close(ends[1]);
     m_display = displayFrom(ends[0]);
     close(ends[0]);
@@ -80,8 +86,8 @@ XSession::XSession(const std::string& size) {
 }
 
 void XSession::startCompositor() {
-    m_compositor = std::make_unique<BackgroundProcess>(
-        std::vector<std::string>{"picom", "--backend", "xrender", "--config", "/dev/null"});
+    m_compositor = std::make_unique<BackgroundProgram>(
+        std::vector<std::string>{"picom", "--backend", "xrender", "--config", "/dev/null"}, kQuiet);
 }
 
 } // namespace vexmoor::test

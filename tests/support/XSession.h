@@ -1,6 +1,6 @@
 #pragma once
 
-#include "BackgroundProcess.h"
+#include "BackgroundProgram.h"
 #include "TemporaryDirectory.h"
 
 #include <memory>
@@ -28,9 +28,9 @@ class XSession {
   private:
     TemporaryDirectory m_home;
     std::string m_display;
-    std::unique_ptr<BackgroundProcess> m_server;
-    std::unique_ptr<BackgroundProcess> m_manager;
-    std::unique_ptr<BackgroundProcess> m_compositor;
+    std::unique_ptr<BackgroundProgram> m_server;
+    std::unique_ptr<BackgroundProgram> m_manager;
+    std::unique_ptr<BackgroundProgram> m_compositor;
 };
 
 } // namespace vexmoor::test

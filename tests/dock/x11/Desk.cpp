@@ -2,10 +2,8 @@
 
 #include "dock/linux/X11Connection.h"
 
-#include <QDeadlineTimer>
 #include <QPainter>
 #include <QScreen>
-#include <QTimer>
 
 #include <filesystem>
 #include <regex>
@@ -39,17 +37,6 @@ void paintRoot(const QColor& colour) {
 
 } // namespace
 
-bool eventually(const std::function<bool()>& condition) {
-    QTimer wakeUp;
-    wakeUp.start(10);
-    for (const QDeadlineTimer deadline(10000); !condition();) {
-        if (deadline.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    return true;
-}
-
 Desk::Desk(const Setting& setting) : session(setting.size), m_background(setting.background) {
     qputenv("QT_SCALE_FACTOR", QByteArray::number(setting.scale));
     qputenv("QT_SCALE_FACTOR_ROUNDING_POLICY", "PassThrough");
@@ -65,13 +52,13 @@ Desk::~Desk() = default;
 
 void Desk::startCompositor() {
     session.startCompositor();
-    if (!eventually([this] { return compositor->isRunning(); }))
+    if (!eventuallyInLoop([this] { return compositor->isRunning(); }))
         throw std::runtime_error("the compositor did not start");
 }
 
 void Desk::endCompositor() {
     session.endCompositor();
-    if (!eventually([this] { return !compositor->isRunning(); }))
+    if (!eventuallyInLoop([this] { return !compositor->isRunning(); }))
         throw std::runtime_error("the compositor did not end");
 }
 
@@ -79,7 +66,7 @@ bool Desk::showTile(const PixelCanvas& icon) {
     tile->setIcon(icon);
     tile->show();
     // A compositor takes a moment from owning the screen to painting it.
-    return eventually([this] { return colourAroundPot() == m_background; });
+    return eventuallyInLoop([this] { return colourAroundPot() == m_background; });
 }
 
 QColor Desk::colourAroundPot() const {

@@ -2,6 +2,7 @@
 
 #include "support/Command.h"
 #include "support/InMemoryDefaults.h"
+#include "support/MainLoop.h"
 #include "support/XSession.h"
 
 #include "dock/Compositor.h"
@@ -16,9 +17,6 @@
 #include <string>
 
 namespace vexmoor::test {
-
-/// Runs the event loop until the condition holds; false when it does not within ten seconds.
-bool eventually(const std::function<bool()>& condition);
 
 /// A whole desktop with the tile on it.
 class Desk {

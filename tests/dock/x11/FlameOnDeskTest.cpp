@@ -80,7 +80,7 @@ struct FlameOnDeskTest : testing::TestWithParam<Desk::Setting> {
     }
     /// Whether the screen shows the canvas at `place` in its rows above the tile.
     [[nodiscard]] bool shows(const PixelCanvas& canvas, const QRect& place) const {
-        return eventually([&, side = cell()] {
+        return eventuallyInLoop([&, side = cell()] {
             const QImage screen = desk->screen();
             for (int y = 0; y < 20; ++y) {
                 for (int x = 0; x < canvas.width(); ++x) {
@@ -139,7 +139,7 @@ TEST_P(FlameOnDeskTest, SwarmsAroundTheTile) {
     animator->play(DockIconAnimator::Images(6, sheet));
     for (int part = 1; part <= 5; ++part) {
         frames(12);
-        ASSERT_TRUE(eventually([&] { return flame->isVisible(); }));
+        ASSERT_TRUE(eventuallyInLoop([&] { return flame->isVisible(); }));
         QCoreApplication::processEvents();
         keep(QString("swarm-%1").arg(part));
     }
@@ -155,11 +155,12 @@ TEST_P(FlameOnDeskTest, LetsTheMouseThroughToWhatIsBelow) {
     desk->tile->raise();
     animator->play({std::optional<QImage>()});
     frames(15);
-    ASSERT_TRUE(eventually([&] { return flame && flame->isVisible() && target.isVisible(); }));
+    ASSERT_TRUE(
+        eventuallyInLoop([&] { return flame && flame->isVisible() && target.isVisible(); }));
     const QPoint middle = serverGeometry(*flame).center() - QPoint(0, 2 * cell());
     Desk::mouse(
         {"mousemove", std::to_string(middle.x()), std::to_string(middle.y()), "click", "1"});
-    EXPECT_TRUE(eventually([&] { return target.clicks == 1; }));
+    EXPECT_TRUE(eventuallyInLoop([&] { return target.clicks == 1; }));
 }
 
 const QColor kDusk(0x5b, 0x4a, 0x6e);

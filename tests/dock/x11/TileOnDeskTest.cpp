@@ -56,7 +56,7 @@ struct TileOnDeskTest : testing::Test {
         }));
     }
     [[nodiscard]] bool drawn(const PixelCanvas& canvas) const {
-        return eventually([&] {
+        return eventuallyInLoop([&] {
             return blurredPixels(desk->screen(), serverGeometry(*desk->tile), canvas) == 0;
         });
     }
@@ -71,7 +71,7 @@ TEST_F(TileOnDeskTest, IsPartOfTheDesktopsFurniture) {
     open({});
     for (int showing = 0; showing < 2; ++showing) {
         std::string properties;
-        EXPECT_TRUE(eventually([&] {
+        EXPECT_TRUE(eventuallyInLoop([&] {
             properties = Desk::output({"xprop", "-id", Desk::idOf(*desk->tile), "WM_STATE",
                                        "_NET_WM_WINDOW_TYPE", "_NET_WM_STATE", "_NET_WM_DESKTOP",
                                        "WM_HINTS"});
@@ -116,7 +116,7 @@ TEST_F(TileOnDeskTest, ShowsTheDesktopAroundThePotWithAndWithoutCompositor) {
     const QColor sky(0x80, 0xa0, 0xc0);
     open({.background = sky});
     const auto cornerIsSky = [&] {
-        return eventually([&] { return desk->colourAroundPot() == sky; });
+        return eventuallyInLoop([&] { return desk->colourAroundPot() == sky; });
     };
     EXPECT_TRUE(cornerIsSky());
     desk->startCompositor();
@@ -131,7 +131,7 @@ TEST_F(TileOnDeskTest, IsPressedByClickAndByScreenReaderAndNeverTakesTheFocus) {
     open({});
     QPushButton elsewhere("Elsewhere");
     elsewhere.show();
-    ASSERT_TRUE(eventually([&] { return elsewhere.isActiveWindow(); }));
+    ASSERT_TRUE(eventuallyInLoop([&] { return elsewhere.isActiveWindow(); }));
     int clicks = 0;
     QPoint menu;
     QObject::connect(desk->tile.get(), &TileWindow::clicked, [&] { ++clicks; });
@@ -140,9 +140,9 @@ TEST_F(TileOnDeskTest, IsPressedByClickAndByScreenReaderAndNeverTakesTheFocus) {
     const QPoint middle = serverGeometry(*desk->tile).center();
     Desk::mouse(at(middle));
     Desk::mouse({"click", "1"});
-    EXPECT_TRUE(eventually([&] { return clicks == 1; }));
+    EXPECT_TRUE(eventuallyInLoop([&] { return clicks == 1; }));
     Desk::mouse({"click", "3"});
-    EXPECT_TRUE(eventually([&] { return menu == middle; }));
+    EXPECT_TRUE(eventuallyInLoop([&] { return menu == middle; }));
     EXPECT_EQ(clicks, 1);
 
     QAccessibleInterface* const reader = QAccessible::queryAccessibleInterface(desk->tile.get());
@@ -151,7 +151,7 @@ TEST_F(TileOnDeskTest, IsPressedByClickAndByScreenReaderAndNeverTakesTheFocus) {
     EXPECT_EQ(reader->text(QAccessible::Name), "Vexmoor");
     ASSERT_NE(reader->actionInterface(), nullptr);
     reader->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    EXPECT_TRUE(eventually([&] { return clicks == 2; }));
+    EXPECT_TRUE(eventuallyInLoop([&] { return clicks == 2; }));
     EXPECT_TRUE(elsewhere.isActiveWindow());
 }
 
@@ -163,9 +163,9 @@ TEST_F(TileOnDeskTest, IsDraggedAlongTheEdgesAndComesBackToItsPlace) {
     Desk::mouse({"mousedown", "1"});
     Desk::mouse(at({900, 500}));
     Desk::mouse(at({60, 300}));
-    EXPECT_TRUE(eventually([&] { return serverGeometry(*desk->tile).topLeft().x() == 0; }));
+    EXPECT_TRUE(eventuallyInLoop([&] { return serverGeometry(*desk->tile).topLeft().x() == 0; }));
     Desk::mouse({"mouseup", "1"});
-    EXPECT_TRUE(eventually([&] { return desk->defaults.string("tile.place").has_value(); }));
+    EXPECT_TRUE(eventuallyInLoop([&] { return desk->defaults.string("tile.place").has_value(); }));
     EXPECT_EQ(clicks, 0) << "a drag is no click";
     const QRect place = serverGeometry(*desk->tile);
     EXPECT_NEAR(place.center().y(), 300, 2);
@@ -174,7 +174,7 @@ TEST_F(TileOnDeskTest, IsDraggedAlongTheEdgesAndComesBackToItsPlace) {
     TileWindow again(desk->defaults, *desk->compositor);
     again.setIcon(icon());
     again.show();
-    EXPECT_TRUE(eventually([&] { return serverGeometry(again) == place; }));
+    EXPECT_TRUE(eventuallyInLoop([&] { return serverGeometry(again) == place; }));
 }
 
 TEST_F(TileOnDeskTest, ShowsItsBadgeAndThatItWouldTakeADrop) {
@@ -192,7 +192,7 @@ TEST_F(TileOnDeskTest, ShowsItsBadgeAndThatItWouldTakeADrop) {
         desk->keepPicture(QString("tile-%1").arg(c.name), place);
         QImage before = desk->screen().copy(place);
         const auto changes = [&] {
-            return eventually([&] { return desk->screen().copy(place) != before; });
+            return eventuallyInLoop([&] { return desk->screen().copy(place) != before; });
         };
         desk->tile->setBadged(true);
         EXPECT_TRUE(changes());
