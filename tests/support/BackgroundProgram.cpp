@@ -14,6 +14,7 @@
 #include <csignal>
 #include <cstring>
 #include <stdexcept>
+#include <utility>
 
 extern char** environ;
 
@@ -29,14 +30,16 @@ std::vector<char*> pointersTo(std::vector<std::string>& texts) {
     return pointers;
 }
 
-std::vector<std::string> changedEnvironment(BackgroundProgram::Environment changes) {
+std::vector<std::string> variablesOf(const BackgroundProgram::Setting& setting) {
     std::vector<std::string> result;
-    for (char** variable = environ; *variable != nullptr; ++variable) {
-        const std::string text = *variable;
-        if (!changes.contains(text.substr(0, text.find('='))))
-            result.push_back(text);
+    if (!setting.hasOnlyEnvironment) {
+        for (char** variable = environ; *variable != nullptr; ++variable) {
+            const std::string text = *variable;
+            if (!setting.environment.contains(text.substr(0, text.find('='))))
+                result.push_back(text);
+        }
     }
-    for (const auto& [name, value] : changes)
+    for (const auto& [name, value] : setting.environment)
         result.push_back(name + "=" + value);
     return result;
 }
@@ -55,7 +58,7 @@ FileDescriptor opened(const Path& file) {
 BackgroundProgram::BackgroundProgram(const std::vector<std::string>& words,
                                      const Setting& setting) {
     std::vector<std::string> arguments = words;
-    std::vector<std::string> variables = changedEnvironment(setting.environment);
+    std::vector<std::string> variables = variablesOf(setting);
     const std::vector<char*> argumentPointers = pointersTo(arguments);
     const std::vector<char*> variablePointers = pointersTo(variables);
     const FileDescriptor output = opened(setting.output);
@@ -80,18 +83,25 @@ BackgroundProgram::BackgroundProgram(const std::vector<std::string>& words,
 }
 
 BackgroundProgram::~BackgroundProgram() {
+    constexpr int kPatience = 2000; // milliseconds
     signal(SIGTERM);
-    if (endsSoon())
-        m_process = -1;
+    endsWithin(kPatience);
     kill();
 }
 
-bool BackgroundProgram::endsSoon() const {
-    constexpr int kPatience = 2000; // milliseconds
+bool BackgroundProgram::endsWithin(int milliseconds) const {
     const FileDescriptor handle(
         m_process > 0 ? static_cast<int>(syscall(SYS_pidfd_open, m_process, 0)) : -1);
     pollfd watched{handle.get(), POLLIN, 0};
-    return handle && ::poll(&watched, 1, kPatience) == 1 && waitpid(m_process, nullptr, 0) > 0;
+    return handle && ::poll(&watched, 1, milliseconds) == 1;
+}
+
+std::optional<int> BackgroundProgram::end() {
+    constexpr int kPatience = 30000; // milliseconds
+    int status = 0;
+    if (!endsWithin(kPatience) || waitpid(std::exchange(m_process, -1), &status, 0) < 0)
+        return std::nullopt;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 void BackgroundProgram::signal(int number) const {

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,10 +15,11 @@ namespace vexmoor::test {
 /// A program that runs beside the test and is ended with it, however the test ends.
 class BackgroundProgram {
   public:
-    using Environment = std::map<std::string, std::string>; ///< on top of the test's own
+    using Environment = std::map<std::string, std::string>;
 
     struct Setting {
-        Environment environment = {};
+        Environment environment = {};    ///< on top of the test's own
+        bool hasOnlyEnvironment = false; ///< nothing of the test's own
         Path output = {};  ///< where its standard output goes; the test's own where none is given
         Path errors = {};  ///< the same for what it complains of
         int keepOpen = -1; ///< a descriptor that the program shall have too; -1 for none
@@ -36,8 +38,12 @@ class BackgroundProgram {
     /// Kills it and waits for its end.
     void kill();
 
+    /// Waits until it ended, half a minute at the most: its exit status, -1 where a signal ended
+    /// it, nothing where it runs on.
+    std::optional<int> end();
+
   private:
-    [[nodiscard]] bool endsSoon() const;
+    bool endsWithin(int milliseconds) const;
 
     pid_t m_process = -1;
 };

@@ -4,21 +4,25 @@
 
 namespace vexmoor::test {
 
-Path PrivateBus::configuration() const {
+Path PrivateBus::configuration(const Path& services) const {
     return m_folder.write(
         "bus.conf",
         "<busconfig><type>session</type><listen>" + address() + "</listen><servicedir>" +
-            (m_folder / "services").string() +
+            services.string() +
             "</servicedir><policy context=\"default\"><allow own=\"*\"/>"
             "<allow send_destination=\"*\" eavesdrop=\"true\"/><allow eavesdrop=\"true\"/>"
             "</policy></busconfig>");
 }
 
+std::vector<std::string> PrivateBus::words(const std::string& configuration) const {
+    return {"dbus-daemon", configuration, "--nofork",
+            "--nopidfile", "--nosyslog",  "--address=" + address()};
+}
+
 PrivateBus::PrivateBus(Services services)
-    : m_daemon({"dbus-daemon",
-                services == Services::installed ? "--session"
-                                                : "--config-file=" + configuration().string(),
-                "--nofork", "--nopidfile", "--nosyslog", "--address=" + address()},
+    : m_daemon(words(services == Services::installed
+                         ? "--session"
+                         : "--config-file=" + configuration(folder() / "services").string()),
                {.environment = {{"HOME", folder()},
                                 {"XDG_CACHE_HOME", folder() / "cache"},
                                 {"XDG_CONFIG_HOME", folder() / "config"},
@@ -27,6 +31,16 @@ PrivateBus::PrivateBus(Services services)
                                 {"DBUS_SESSION_BUS_ADDRESS", address()},
                                 {"DISPLAY", ""},
                                 {"WAYLAND_DISPLAY", ""}}}) {
+    waitForIt();
+}
+
+PrivateBus::PrivateBus(const Path& services, const BackgroundProgram::Environment& environment)
+    : m_daemon(words("--config-file=" + configuration(services).string()),
+               {.environment = environment, .hasOnlyEnvironment = true, .errors = "/dev/null"}) {
+    waitForIt();
+}
+
+void PrivateBus::waitForIt() const {
     if (!eventually([this] { return listensAt(socket()); }))
         throw std::runtime_error("the bus does not start");
 }

@@ -13,12 +13,19 @@ class PrivateBus {
 
     explicit PrivateBus(Services services = Services::own);
 
+    /// Starts the services that are described in that folder, in that environment and nothing else.
+    PrivateBus(const Path& services, const BackgroundProgram::Environment& environment);
+
+    void die() { m_daemon.kill(); }
+
     [[nodiscard]] std::string address() const { return "unix:path=" + socket().string(); }
     [[nodiscard]] const Path& folder() const { return m_folder.path(); }
 
   private:
     [[nodiscard]] Path socket() const { return m_folder / "bus"; }
-    [[nodiscard]] Path configuration() const;
+    [[nodiscard]] std::vector<std::string> words(const std::string& configuration) const;
+    [[nodiscard]] Path configuration(const Path& services) const;
+    void waitForIt() const;
 
     TemporaryDirectory m_folder;
     BackgroundProgram m_daemon;

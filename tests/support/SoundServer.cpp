@@ -25,8 +25,8 @@ SoundServer::SoundServer(const Path& folder)
                                                        {"DBUS_SESSION_BUS_ADDRESS",
                                                         "unix:path=/nonexistent"}},
       m_server({"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
-                "--log-level=error", "-L", "module-null-sink sink_name=nul rate=44100", "-L",
-                "module-native-protocol-unix auth-anonymous=1 socket=" + m_socket.string()},
+                "--log-level=error", "-L", "module-null-sink sink_name=nul rate=44100 norewinds=1",
+                "-L", "module-native-protocol-unix auth-anonymous=1 socket=" + m_socket.string()},
                {.environment = m_environment}) {
     if (!eventually([this] { return listensAt(m_socket); }))
         throw std::runtime_error("the sound server does not start");

@@ -1,5 +1,7 @@
 #include "Desk.h"
 
+#include "support/PaintRoot.h"
+
 #include "dock/linux/X11Connection.h"
 
 #include <QPainter>
@@ -16,25 +18,6 @@ int noArguments = 1;
 char programName[] = "vexmoor";
 char* programNames[] = {programName, nullptr};
 
-/// The desktop in one colour, told to compositors too.
-void paintRoot(const QColor& colour) {
-    xcb_connection_t* const x = x11::connection();
-    const xcb_window_t root = x11::root();
-    const xcb_pixmap_t pixmap = xcb_generate_id(x);
-    xcb_create_pixmap(x, 24, pixmap, root, 1, 1);
-    const xcb_gcontext_t context = xcb_generate_id(x);
-    const std::uint32_t pixel = colour.rgb();
-    xcb_create_gc(x, context, pixmap, XCB_GC_FOREGROUND, &pixel);
-    const xcb_rectangle_t whole{0, 0, 1, 1};
-    xcb_poly_fill_rectangle(x, pixmap, context, 1, &whole);
-    for (const char* property : {"_XROOTPMAP_ID", "ESETROOT_PMAP_ID"})
-        xcb_change_property(x, XCB_PROP_MODE_REPLACE, root, x11::atom(property), XCB_ATOM_PIXMAP,
-                            32, 1, &pixmap);
-    xcb_change_window_attributes(x, root, XCB_CW_BACK_PIXMAP, &pixmap);
-    xcb_clear_area(x, 0, root, 0, 0, 0, 0);
-    xcb_flush(x);
-}
-
 } // namespace
 
 Desk::Desk(const Setting& setting) : session(setting.size), m_background(setting.background) {
@@ -44,7 +27,7 @@ Desk::Desk(const Setting& setting) : session(setting.size), m_background(setting
     compositor = std::make_unique<Compositor>();
     if (setting.compositor)
         startCompositor();
-    paintRoot(setting.background);
+    paintRoot(x11::connection(), setting.background.rgb());
     tile = std::make_unique<TileWindow>(defaults, *compositor);
 }
 
