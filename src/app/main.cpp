@@ -81,7 +81,7 @@ int main(int argc, char** argv) {
         return kRefused;
     }
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("vexmoor"));
+    QApplication::setApplicationName(QLatin1String(ApplicationService::kName)); // windows' class
     QApplication::setApplicationDisplayName(QStringLiteral("Vexmoor"));
     QApplication::setDesktopFileName(QLatin1String(ApplicationService::kName));
     QApplication::setQuitOnLastWindowClosed(false);
