@@ -85,6 +85,7 @@ BackgroundProgram::BackgroundProgram(const std::vector<std::string>& words,
 BackgroundProgram::~BackgroundProgram() {
     constexpr int kPatience = 2000; // milliseconds
     signal(SIGTERM);
+    signal(SIGCONT); // where it was stopped
     endsWithin(kPatience);
     kill();
 }
