@@ -1,0 +1,94 @@
+#include "FileManagerWindow.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+namespace vexmoor::test {
+namespace {
+
+/// The first pixels side by side, so many at least, that have the colour.
+std::optional<QRect> firstRun(const QImage& picture, QRgb colour, int shortest) {
+    for (int y = 0; y < picture.height(); ++y) {
+        int length = 0;
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.pixel(x, y) == colour)
+                ++length;
+            else if (length >= shortest)
+                return QRect(x - length, y, length, 1);
+            else
+                length = 0;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+const FileManager FileManager::kThunar{"thunar", "Thunar", 0xff3584e4};
+const FileManager FileManager::kPcmanfmQt{"pcmanfm-qt", "pcmanfm-qt", 0xff308cc6};
+
+FileManagerWindow::FileManagerWindow(DesktopSession& session, const FileManager& manager,
+                                     const std::string& folder,
+                                     const BackgroundProgram::Environment& changes)
+    : m_session(session), m_manager(manager),
+      m_program(session.start({manager.program, folder}, changes)) {
+    if (!eventually([this] { return window().has_value(); }))
+        throw std::runtime_error(std::string(manager.program) + " shows no window");
+    m_session.xdotool("windowmove --sync " + std::to_string(window().value().id) + " 10 40");
+}
+
+bool FileManagerWindow::selectAll(std::size_t count) {
+    return eventually([&] {
+        const auto active = m_session.screen().active();
+        if (!active || active->className != m_manager.className)
+            return false;
+        m_session.xdotool("key ctrl+a ctrl+c");
+        return copiedItems() == count;
+    });
+}
+
+bool FileManagerWindow::dragSelection(QPoint to) {
+    std::optional<QPoint> from; // what moved a moment ago may be painted where it was
+    const auto staysThere = [&] {
+        const auto before = std::exchange(from, selectedPoint());
+        return from && from == before;
+    };
+    if (!eventually(staysThere))
+        return false;
+    m_session.drag(*from, to);
+    return true;
+}
+
+std::optional<SeenWindow> FileManagerWindow::window() const {
+    return m_session.screen().find([this](const SeenWindow& window) {
+        return window.isManaged && window.className == m_manager.className;
+    });
+}
+
+/// How many items it put on the clipboard.
+std::size_t FileManagerWindow::copiedItems() const {
+    const auto uris =
+        m_session.command({"xclip", "-out", "-selection", "clipboard", "-target", "text/uri-list"})
+            .run();
+    const auto lines = std::count(uris.output.begin(), uris.output.end(), '\n');
+    const bool endsWithin = !uris.output.empty() && uris.output.back() != '\n';
+    return static_cast<std::size_t>(lines) + (endsWithin ? 1 : 0);
+}
+
+/// The middle of what is painted in its colour of selection, from the first run of it on that is
+/// wide enough for no letter.
+std::optional<QPoint> FileManagerWindow::selectedPoint() const {
+    constexpr int kRun = 20;
+    const QRect frame = window().value().frame;
+    const QImage picture = m_session.screen().picture().copy(frame);
+    const auto run = firstRun(picture, m_manager.selection, kRun);
+    if (!run)
+        return std::nullopt;
+    QRect item = *run;
+    while (countOf(picture.copy(run->translated(0, item.height())), {m_manager.selection}) > 0)
+        item.setHeight(item.height() + 1);
+    return frame.topLeft() + item.center();
+}
+
+} // namespace vexmoor::test
