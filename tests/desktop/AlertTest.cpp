@@ -1,0 +1,112 @@
+#include "DesktopTest.h"
+#include "FileManagerWindow.h"
+
+#include <algorithm>
+
+namespace vexmoor {
+namespace {
+
+using namespace test;
+
+const char* const kOne = "Dissolve this item forever?";
+
+/// The program dissolves, and asks before it does.
+struct AlertTest : DesktopTest {
+    void SetUp() override {
+        DesktopTest::SetUp();
+        if (IsSkipped())
+            return;
+        openSession();
+        item = session->write("old.iso", "nobody needs it");
+        session->run({VEXMOOR_PROGRAM, "settings", "mode", "dissolve"});
+    }
+    /// Answers what is asked by that key.
+    void answer(const std::string& sentence, const std::string& key) {
+        ASSERT_TRUE(cauldron->alerts(sentence)) << sentence;
+        session->press(key);
+    }
+    [[nodiscard]] bool nothingIsAsked() const {
+        return eventually([&] { return !cauldron->isAlerting(); });
+    }
+
+    Path item;
+};
+
+TEST_F(AlertTest, IsAnsweredByReturnAndEscape) {
+    start();
+    ASSERT_EQ(cauldron->feed({item}), 0);
+    answer(kOne, "Escape");
+    ASSERT_TRUE(nothingIsAsked());
+    EXPECT_TRUE(std::filesystem::exists(item));
+    EXPECT_EQ(cauldron->history().size(), 0U);
+
+    ASSERT_EQ(cauldron->feed({item}), 0);
+    ASSERT_TRUE(cauldron->alerts(kOne));
+    session->screen().keepPicture("dissolve-question");
+    session->press("Return");
+    ASSERT_TRUE(cauldron->records(1));
+    EXPECT_FALSE(std::filesystem::exists(item));
+    EXPECT_EQ(cauldron->history()[0]["mode"], "dissolve");
+    EXPECT_FALSE(std::filesystem::exists(session->home() / ".local/share/Trash/files/old.iso"));
+}
+
+TEST_F(AlertTest, IsNotShownAgainEvenWhereTheAnswerWasCancel) {
+    start();
+    ASSERT_EQ(cauldron->feed({item}), 0);
+    ASSERT_TRUE(cauldron->alerts(kOne));
+    const auto elements = cauldron->elements();
+    const auto box = std::find_if(elements.begin(), elements.end(), [](const auto& element) {
+        return element.role == "check box" && element.name == "Don't ask again";
+    });
+    ASSERT_NE(box, elements.end());
+    session->click(box->place.center());
+    session->press("Escape");
+    EXPECT_TRUE(eventually([&] { return cauldron->setting("confirmDissolve") == "off"; }));
+    EXPECT_TRUE(nothingIsAsked());
+    EXPECT_TRUE(std::filesystem::exists(item));
+    ASSERT_EQ(cauldron->feed({item}), 0);
+    EXPECT_TRUE(isGone(item));
+    EXPECT_FALSE(cauldron->isAlerting());
+}
+
+TEST_F(AlertTest, IsTakenForANoWhenTheProgramIsToEnd) {
+    start();
+    ASSERT_EQ(cauldron->feed({item}), 0);
+    ASSERT_TRUE(cauldron->alerts(kOne));
+    EXPECT_EQ(quit(), 0);
+    EXPECT_TRUE(std::filesystem::exists(item));
+    EXPECT_EQ(cauldron->history().size(), 0U);
+}
+
+TEST_F(AlertTest, LetsTheTileTakeMoreAndAsksForThatInItsTurn) {
+    const Path things = session->home() / "Things";
+    session->write("Things/one", "1");
+    session->write("Things/two", "2");
+    start({}); // the alert stands before the window
+    ASSERT_TRUE(eventually([&] { return cauldron->statsWindow().has_value(); }));
+    ASSERT_EQ(cauldron->feed({item}), 0);
+    ASSERT_TRUE(cauldron->alerts(kOne));
+
+    FileManagerWindow window(*session, FileManager::kPcmanfmQt, things);
+    ASSERT_TRUE(window.selectAll(2));
+    ASSERT_TRUE(window.dragSelection(cauldron->middle()));
+    const Path missing = session->home() / "missing";
+    ASSERT_EQ(cauldron->feed({missing}), 0);
+    EXPECT_TRUE(std::filesystem::exists(things / "one"));
+    EXPECT_TRUE(std::filesystem::exists(item));
+    session->screen().keepPicture("alert-before-window");
+
+    const auto alert = session->screen().find([](const SeenWindow& w) { return w.isDialog; });
+    session->xdotool("windowactivate --sync " + std::to_string(alert.value().id));
+    answer(kOne, "Return");
+    answer("Dissolve 2 items forever?", "Return");
+    answer(kOne, "Return");
+    answer("The cauldron rejected missing", "Return");
+    EXPECT_TRUE(nothingIsAsked());
+    EXPECT_TRUE(cauldron->records(3));
+    EXPECT_TRUE(std::filesystem::is_empty(things));
+    EXPECT_FALSE(std::filesystem::exists(item));
+}
+
+} // namespace
+} // namespace vexmoor

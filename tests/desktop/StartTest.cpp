@@ -1,0 +1,98 @@
+#include "DesktopTest.h"
+
+namespace vexmoor {
+namespace {
+
+using namespace test;
+
+struct StartTest : DesktopTest {
+    void SetUp() override {
+        DesktopTest::SetUp();
+        if (IsSkipped())
+            return;
+        openSession();
+        for (const char* name : {"one", "two ü", "three"})
+            items.push_back(session->write(name, name));
+    }
+    /// No window of the program's is there, the tile aside.
+    [[nodiscard]] bool hasOnlyTheTile() const {
+        return cauldron->tile() && !cauldron->statsWindow() && !cauldron->isAlerting();
+    }
+    std::vector<Path> items;
+};
+
+TEST_F(StartTest, HandsASecondStartsOrderToTheFirst) {
+    start();
+    EXPECT_EQ(cauldron->feed({items[0], items[1]}), 0);
+    EXPECT_TRUE(cauldron->records(2));
+    EXPECT_TRUE(hasOnlyTheTile());
+    EXPECT_EQ(session->command(Cauldron::words({"--background"})).run().status, 0);
+    EXPECT_TRUE(hasOnlyTheTile());
+
+    const std::string probe = session->command(Cauldron::words({"--probe"})).run().output;
+    EXPECT_THAT(probe, testing::Not(testing::HasSubstr("nil"))) << "the tile is found";
+
+    EXPECT_EQ(cauldron->feed({}), 0);
+    EXPECT_TRUE(eventually([&] { return cauldron->statsWindow().has_value(); }));
+    EXPECT_EQ(quit(), 0);
+    EXPECT_FALSE(session->hasService(Cauldron::kName));
+}
+
+TEST_F(StartTest, FeedsWhatItIsStartedWithAndOpensNoWindow) {
+    start({items[0], "file://" + items[2].string()});
+    EXPECT_TRUE(cauldron->records(2));
+    EXPECT_TRUE(hasOnlyTheTile());
+    EXPECT_EQ(quit(), 0);
+    start({});
+    EXPECT_TRUE(eventually([&] { return cauldron->statsWindow().has_value(); }));
+    EXPECT_EQ(cauldron->history().size(), 2U) << "it was kept";
+}
+
+TEST_F(StartTest, IsStartedByTheBusToOpenFiles) {
+    session->call(Cauldron::application(), "Open",
+                  {QStringList{"file://" + QString::fromStdString(items[0])}, QVariantMap{}});
+    EXPECT_TRUE(isGone(items[0]));
+    EXPECT_TRUE(session->hasService(Cauldron::kName));
+    const auto tile = session->screen().find([](const SeenWindow& w) { return w.isDock; });
+    EXPECT_TRUE(tile);
+    session->call(Cauldron::application(), "Activate", {QVariantMap{}});
+    EXPECT_TRUE(eventually([&] {
+        return session->screen()
+            .find([](const SeenWindow& w) { return w.title == "Vexmoor" && !w.isDock; })
+            .has_value();
+    }));
+}
+
+TEST_F(StartTest, IsKnownToTheDesktopByTheClassThatItsEntryNames) {
+    start();
+    EXPECT_THAT(
+        contents(Path(VEXMOOR_PACKAGING) / "org.vexmoor.Vexmoor.desktop"),
+        testing::HasSubstr("\nStartupWMClass=" + cauldron->tile().value().className + "\n"));
+}
+
+TEST_F(StartTest, EndsInTheMiddleOfABatchWithAllThatWasDoneOnRecord) {
+    constexpr int kMany = 20000;
+    const Path bin = session->home() / ".local/share/Trash/files";
+    std::vector<std::string> words;
+    for (int i = 0; i < kMany; ++i)
+        words.push_back(session->write("Many/" + std::to_string(i), std::to_string(i)));
+    const Tree before = treeOf(session->home() / "Many");
+    start(words);
+    ASSERT_TRUE(eventually([&] {
+        std::error_code none;
+        return !std::filesystem::is_empty(bin, none) && !none;
+    }));
+    EXPECT_EQ(quit(), 0);
+    const auto left = treeOf(session->home() / "Many").size();
+    const auto done = treeOf(bin).size();
+    EXPECT_GT(left, 0U);
+    EXPECT_EQ(done + left, before.size());
+
+    const auto answer =
+        nlohmann::json::parse(session->run({VEXMOOR_PROGRAM, "put-back", "--json"}));
+    EXPECT_EQ(answer["done"].size(), done);
+    EXPECT_EQ(treeOf(session->home() / "Many"), before);
+}
+
+} // namespace
+} // namespace vexmoor

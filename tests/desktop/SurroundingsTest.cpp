@@ -1,0 +1,84 @@
+#include "DesktopTest.h"
+#include "FileManagerWindow.h"
+
+#include <QImage>
+
+namespace vexmoor {
+namespace {
+
+using namespace test;
+
+const BackgroundProgram::Environment kNoBus{{"DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere"}};
+
+/// What the program works with is missing, or goes away while it runs.
+struct SurroundingsTest : DesktopTest {
+    Path picture(const std::string& name) {
+        const Path file = session->write(name, "");
+        QImage image(3000, 2000, QImage::Format_RGB32);
+        image.fill(Qt::darkCyan);
+        image.save(QString::fromStdString(file), "png");
+        return file;
+    }
+    /// Feeds a picture by a second start; whether it went and is on record.
+    [[nodiscard]] bool feeds(const std::string& name) {
+        const auto before = cauldron->history().size();
+        const Path item = picture(name);
+        return cauldron->feed({item}) == 0 && isGone(item) && cauldron->records(before + 1);
+    }
+};
+
+TEST_F(SurroundingsTest, TakesItemsWithoutSoundNotificationsAndPreviews) {
+    openSession({.sound = false, .notifications = false, .thumbnails = false});
+    start();
+    EXPECT_TRUE(feeds("one.png"));
+    EXPECT_FALSE(cauldron->isAlerting());
+    EXPECT_EQ(quit(), 0);
+}
+
+TEST_F(SurroundingsTest, TakesItemsWithoutASessionBus) {
+    openSession();
+    const Path item = picture("one.png");
+    start({item}, kNoBus);
+    EXPECT_TRUE(isGone(item));
+    EXPECT_TRUE(cauldron->records(1));
+    EXPECT_FALSE(cauldron->isAlerting());
+    EXPECT_EQ(quit(), 0);
+}
+
+TEST_F(SurroundingsTest, WaitsForNoSoundServerThatHangs) {
+    openSession();
+    start();
+    session->sound().stop();
+    EXPECT_TRUE(feeds("one.png"));
+    EXPECT_TRUE(feeds("two.png"));
+    EXPECT_EQ(quit(), 0);
+}
+
+TEST_F(SurroundingsTest, GoesOnWhenOneAfterTheOtherDies) {
+    constexpr const char* kThumbnailer = "org.freedesktop.thumbnails.Thumbnailer1";
+    openSession();
+    start();
+    EXPECT_TRUE(feeds("all-alive.png"));
+    session->endNotifications();
+    EXPECT_TRUE(feeds("no-notifications.png"));
+    EXPECT_TRUE(eventually([&] { return session->hasService(kThumbnailer); }));
+    session->signal(kThumbnailer, SIGKILL);
+    EXPECT_TRUE(feeds("new-thumbnailer.png"));
+    session->signal(kThumbnailer, SIGSTOP);
+    EXPECT_TRUE(feeds("no-answer.png"));
+    session->sound().die();
+    EXPECT_TRUE(feeds("no-sound.png"));
+
+    session->endBus();
+    picture("Things/no-bus.png");
+    FileManagerWindow window(*session, FileManager::kThunar, session->home() / "Things", kNoBus);
+    ASSERT_TRUE(window.selectAll(1));
+    ASSERT_TRUE(window.dragSelection(cauldron->middle()));
+    EXPECT_TRUE(cauldron->records(6));
+    EXPECT_TRUE(std::filesystem::is_empty(session->home() / "Things"));
+    EXPECT_FALSE(cauldron->isAlerting());
+    EXPECT_EQ(quit(), 0);
+}
+
+} // namespace
+} // namespace vexmoor
