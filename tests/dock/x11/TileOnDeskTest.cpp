@@ -50,7 +50,7 @@ struct TileOnDeskTest : testing::Test {
         desk = std::make_unique<Desk>(setting);
         ASSERT_TRUE(desk->showTile(icon()));
         // Between its first and its second frame a compositor may show neither rightly.
-        ASSERT_TRUE(eventually([&] {
+        ASSERT_TRUE(eventuallyInLoop([&] {
             return blurredPixels(desk->screen(), serverGeometry(*desk->tile), icon()) == 0 &&
                    desk->colourAroundPot() == setting.background;
         }));
