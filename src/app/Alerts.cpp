@@ -115,13 +115,10 @@ void Alerts::showFirst() {
         beep();
     QMessageBox& box = *first.box;
     QWidget* const window = m_window();
-    if (window != nullptr) {
-        box.setParent(window, box.windowFlags());
-        box.setWindowModality(Qt::WindowModal);
-    } else {
-        box.setWindowModality(Qt::NonModal);
-    }
-    box.setWindowFlag(Qt::WindowStaysOnTopHint);
+    // On top, as it answers what was done elsewhere; nothing to minimise or maximise.
+    box.setParent(window, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                              Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint);
+    box.setWindowModality(window != nullptr ? Qt::WindowModal : Qt::NonModal);
     connect(&box, &QMessageBox::finished, this, &Alerts::firstIsOver);
     box.show();
     box.raise();

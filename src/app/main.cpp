@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QWindow>
 
 #include <algorithm>
 #include <iostream>
@@ -54,6 +55,14 @@ void choosePlatform() {
         qputenv(kPlatform, "xcb");
 }
 
+/// Windows are of the class that is the application's name when the first of them is made: so they
+/// are known by the desktop entry. Screen readers say the name itself.
+void nameApplication() {
+    QApplication::setApplicationName(QLatin1String(ApplicationService::kName));
+    QWindow().create();
+    QApplication::setApplicationName(QStringLiteral("Vexmoor"));
+}
+
 bool displayAnswers() {
     return qgetenv(kPlatform) != "xcb" || native::displayAnswers();
 }
@@ -81,7 +90,7 @@ int main(int argc, char** argv) {
         return kRefused;
     }
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QLatin1String(ApplicationService::kName)); // windows' class
+    nameApplication();
     QApplication::setApplicationDisplayName(QStringLiteral("Vexmoor"));
     QApplication::setDesktopFileName(QLatin1String(ApplicationService::kName));
     QApplication::setQuitOnLastWindowClosed(false);

@@ -84,7 +84,7 @@ bool Cauldron::isAlerting() const {
 }
 
 std::vector<AccessibleElement> Cauldron::elements() const {
-    return AccessibleTree(m_session.bus()).elementsOf(kName);
+    return AccessibleTree(m_session.bus()).elementsOf("Vexmoor");
 }
 
 nlohmann::json Cauldron::history() const {
