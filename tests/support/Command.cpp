@@ -94,11 +94,6 @@ Command& Command::with(const std::string& variable, const std::string& value) {
     return *this;
 }
 
-Command& Command::without(const std::string& variable) {
-    m_environment[variable] = std::nullopt;
-    return *this;
-}
-
 Command& Command::withNothingElse() {
     m_hasNothingElse = true;
     return *this;
@@ -120,13 +115,6 @@ Command::Result Command::run() const {
 
 Command::Running Command::start() const {
     return start(Kind::plain);
-}
-
-Command::Result Command::runAndSignal(std::chrono::microseconds after, int signal) const {
-    auto running = start();
-    if (!running.endsWithin(after))
-        running.signal(signal);
-    return running.wait();
 }
 
 std::optional<Command::Result> Command::runUntilCall(long call, int count, int signal) const {
@@ -185,12 +173,8 @@ void Command::enterItsSurroundings() const {
     }
     if (m_hasNothingElse)
         forgetEnvironment();
-    for (const auto& [variable, value] : m_environment) {
-        if (value)
-            setenv(variable.c_str(), value->c_str(), 1);
-        else
-            unsetenv(variable.c_str());
-    }
+    for (const auto& [variable, value] : m_environment)
+        setenv(variable.c_str(), value.c_str(), 1);
 }
 
 void Command::becomeTheProgram() const {

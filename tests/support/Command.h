@@ -34,7 +34,6 @@ class Command {
     /// Removes the folder when it stands in it, before the program starts.
     Command& removingItsFolder();
     Command& with(const std::string& variable, const std::string& value);
-    Command& without(const std::string& variable);
     /// Leaves the test's own environment out, all but what sanitizers read.
     Command& withNothingElse();
     Command& input(std::string bytes);
@@ -43,9 +42,6 @@ class Command {
     /// Waits for its end. Throws where it cannot be started.
     [[nodiscard]] Result run() const;
     [[nodiscard]] Running start() const;
-
-    /// Sends it the signal when the time is over, if it still runs then, and waits for its end.
-    [[nodiscard]] Result runAndSignal(std::chrono::microseconds after, int signal) const;
 
     /// Sends it the signal when its main thread comes back from its `count`-th system call of that
     /// number, before it does anything else. Nothing where it made fewer or cannot be traced.
@@ -65,7 +61,7 @@ class Command {
     Path m_folder;
     bool m_removesItsFolder = false;
     bool m_hasNothingElse = false;
-    std::map<std::string, std::optional<std::string>> m_environment;
+    std::map<std::string, std::string> m_environment;
     std::string m_input;
     std::optional<uid_t> m_user;
 };
