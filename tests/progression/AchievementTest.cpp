@@ -4,7 +4,6 @@
 
 #include <gmock/gmock.h>
 
-#include <map>
 #include <sstream>
 
 namespace vexmoor::test {
@@ -40,15 +39,6 @@ TEST(Achievement, StandsInTheCatalogueWithItsUnitTargetAndReward) {
                                "streak30 days 30 frost\n"
                                "streak365 days 365 starlight secret\n"
                                "omnivore count 25 -\n");
-}
-
-TEST(Achievement, RewardsEverySkinButIronExactlyOnce) {
-    std::map<std::string_view, int> rewards;
-    for (const auto& achievement : Achievement::all())
-        if (achievement.reward != nullptr)
-            ++rewards[achievement.reward->id];
-    for (const auto& skin : Skin::all())
-        EXPECT_EQ(rewards[skin.id], skin.id == "iron" ? 0 : 1) << skin.id;
 }
 
 TEST(Achievement, MeasuresItsOwnPartOfTheProgress) {
