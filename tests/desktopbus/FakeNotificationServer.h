@@ -12,7 +12,7 @@
 
 namespace vexmoor::test {
 
-/// A server that writes down what it is to show. Its numbers begin where it is told.
+/// A server that writes down what it is to show. Its numbers begin at 1.
 class FakeNotificationServer : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
@@ -27,8 +27,7 @@ class FakeNotificationServer : public QObject, protected QDBusContext {
         QVariantMap hints;
     };
 
-    explicit FakeNotificationServer(QDBusConnection bus, uint firstId = 1)
-        : m_bus(std::move(bus)), m_nextId(firstId) {
+    explicit FakeNotificationServer(QDBusConnection bus) : m_bus(std::move(bus)) {
         if (!m_bus.registerObject("/org/freedesktop/Notifications", this,
                                   QDBusConnection::ExportAllContents) ||
             !m_bus.registerService(kName))
@@ -65,7 +64,7 @@ class FakeNotificationServer : public QObject, protected QDBusContext {
     static constexpr const char* kName = "org.freedesktop.Notifications";
 
     QDBusConnection m_bus;
-    uint m_nextId;
+    uint m_nextId = 1;
     std::vector<std::pair<QDBusMessage, uint>> m_held;
 };
 

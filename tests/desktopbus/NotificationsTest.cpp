@@ -127,7 +127,7 @@ TEST_F(NotificationsTest, SurviveTheServersAbsenceAndItsDeath) {
     QDBusConnection::disconnectFromBus("server"); // its unfinished answers fail with it
     EXPECT_FALSE(authorised());
     post("a");
-    m_server.emplace(connection("server"), 1);
+    m_server.emplace(connection("server"));
     EXPECT_TRUE(authorised());
     post("c");
     post("a");
