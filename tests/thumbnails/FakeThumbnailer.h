@@ -24,14 +24,13 @@ class FakeThumbnailer : public QObject, public QDBusContext {
     }
     ~FakeThumbnailer() override { m_bus.unregisterService(kName); }
 
-    QStringList types = {"image/jpeg"};
     bool answers = true;
     bool refuses = false;
     QStringList asked; ///< the addresses, with type, flavour and scheduler
 
   public slots:
     QStringList GetSupported(QStringList& mimeTypes) {
-        mimeTypes = types;
+        mimeTypes = QStringList{"image/jpeg"};
         asked << "supported";
         return {"file"};
     }

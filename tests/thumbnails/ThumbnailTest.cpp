@@ -24,7 +24,9 @@ using test::FakeThumbnailer;
 using test::Preview;
 
 /// A theme whose icons are squares: folders blue, any file green, text black and too large.
-void writeTheme(const Path& folder) {
+void writeTheme(const test::TemporaryDirectory& folder) {
+    folder.write("flat/index.theme",
+                 "[Icon Theme]\nName=flat\nDirectories=256\n[256]\nSize=256\nType=Threshold\n");
     std::filesystem::create_directories(folder / "flat/256");
     const auto icon = [&folder](const std::string& name, QColor colour, int side) {
         QImage image(side, side, QImage::Format_ARGB32);
@@ -34,11 +36,7 @@ void writeTheme(const Path& folder) {
     icon("folder", Qt::blue, 256);
     icon("text-x-generic", Qt::green, 256);
     icon("text-html", Qt::black, 256);
-    FILE* const index = std::fopen((folder / "flat/index.theme").c_str(), "w");
-    std::fputs("[Icon Theme]\nName=flat\nDirectories=256\n[256]\nSize=256\nType=Threshold\n",
-               index);
-    std::fclose(index);
-    QIcon::setThemeSearchPaths({QString::fromStdString(folder)});
+    QIcon::setThemeSearchPaths({QString::fromStdString(folder.path())});
     QIcon::setThemeName("flat");
 }
 
@@ -61,7 +59,7 @@ const std::string kPreview = "96x128 #ff0000";
 class ThumbnailTest : public testing::Test {
   protected:
     void SetUp() override {
-        writeTheme(m_folder.path());
+        writeTheme(m_folder);
         m_fake.emplace(connection("service"));
         m_thumbnail.emplace(connection("client"), ThumbnailCache(m_cacheHome), m_deadlines,
                             [this](std::chrono::milliseconds delay, QObject*, auto job) {
