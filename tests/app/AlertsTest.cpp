@@ -42,23 +42,14 @@ struct AlertsTest : testing::Test {
     Alerts alerts{[] { return nullptr; }};
 };
 
-TEST_F(AlertsTest, AnswersAQuestionByTheKeyboard) {
-    struct Case {
-        Qt::Key key;
-        bool ticks;
-    };
-    for (const auto& [key, ticks] :
-         {Case{Qt::Key_Return, false}, Case{Qt::Key_Escape, true}, Case{Qt::Key_Return, true}}) {
-        whenShown([key, ticks](QMessageBox& box) {
-            EXPECT_EQ(box.text(), "Dissolve?");
-            if (ticks)
-                QTest::keyClick(box.checkBox(), Qt::Key_Space);
-            QTest::keyClick(&box, key);
-        });
-        const auto answer = alerts.ask(kQuestion);
-        EXPECT_EQ(answer.confirmed, key == Qt::Key_Return);
-        EXPECT_EQ(answer.suppressed, ticks);
-    }
+TEST_F(AlertsTest, TakesAYesAndThatItIsTheLastOne) {
+    whenShown([](QMessageBox& box) {
+        QTest::keyClick(box.checkBox(), Qt::Key_Space);
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    const auto answer = alerts.ask(kQuestion);
+    EXPECT_TRUE(answer.confirmed);
+    EXPECT_TRUE(answer.suppressed);
 }
 
 TEST_F(AlertsTest, TakesTurnsInTheOrderInWhichTheyCame) {
