@@ -42,6 +42,7 @@ void FlameOverlayWindow::showFlame(const PixelCanvas& flame, const DeskRect& fra
     if (!isVisible()) {
         native::ignoreInput(winId());
         show();
+        native::setGeometry(winId(), m_place); // showing it rounds to Qt's points again
         native::raise(winId());
     }
 }
