@@ -22,6 +22,8 @@ constexpr std::int64_t kEntriesPerCount = 64;
 // Names that wait may take this much memory before batches get smaller with every level.
 constexpr std::size_t kWaitingBytes = std::size_t{1024} * 1024;
 constexpr std::size_t kLeastBatchBytes = 512;
+// A folder of very many files is read in larger and larger batches, up to this.
+constexpr std::size_t kMostBatchBytes = std::size_t{1024} * 1024;
 
 int descriptorOf(const SharedFolder& handle) {
     return handle ? handle->get() : -1;
@@ -93,7 +95,7 @@ void TreeWorker::step() {
 
 /// Visits what is no folder at once, so that only names of subfolders are kept for later.
 void TreeWorker::readBatch(TreeLevel& level) {
-    const std::size_t bytes = batchBytes();
+    const std::size_t bytes = batchBytes(level);
     const auto size = m_reader.read(level.handle->get(), bytes);
     if (!size && size.error().code.value() != ENOENT) // it is gone: nothing is in it
         level.folder->readError = size.error().code.value();
@@ -114,6 +116,8 @@ void TreeWorker::readBatch(TreeLevel& level) {
         shareIfWanted();
     }
     level.position = m_reader.position();
+    if (level.hasMoreToRead && level.waiting.empty())
+        level.batchBytes = std::min(2 * bytes, kMostBatchBytes);
     if (m_tally.entries >= kEntriesPerCount)
         report();
 }
@@ -252,6 +256,7 @@ bool TreeWorker::share(TreeLevel& level) {
     } else if (level.hasMoreToRead && !level.isRead) {
         level.hasMoreToRead = false;
         level.isReadByBoth = gift.isReadByBoth = true;
+        gift.batchBytes = level.batchBytes;
     } else {
         return false;
     }
@@ -260,9 +265,10 @@ bool TreeWorker::share(TreeLevel& level) {
     return true;
 }
 
-std::size_t TreeWorker::batchBytes() const {
+std::size_t TreeWorker::batchBytes(const TreeLevel& level) const {
     const std::size_t free = kWaitingBytes - std::min(kWaitingBytes, m_waitingBytes);
-    return std::clamp(free / 8, kLeastBatchBytes, FolderReader::kMostBytes);
+    const std::size_t usual = std::clamp(free / 8, kLeastBatchBytes, FolderReader::kUsualBytes);
+    return std::max(usual, std::min(free, level.batchBytes));
 }
 
 void TreeWorker::countStep() {

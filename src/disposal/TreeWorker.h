@@ -12,9 +12,10 @@ namespace vexmoor {
 /// the subfolders that wait to be entered.
 struct TreeLevel {
     TreeFolder* folder = nullptr;
-    SharedFolder handle;   ///< null while closed to keep within the bound on descriptors
-    std::string waiting{}; ///< names, each with a NUL behind it
-    off_t position = 0;    ///< where to read on after opening again
+    SharedFolder handle;        ///< null while closed to keep within the bound on descriptors
+    std::string waiting{};      ///< names, each with a NUL behind it
+    off_t position = 0;         ///< where to read on after opening again
+    std::size_t batchBytes = 0; ///< how much to read at once where there are no subfolders
     bool isRead = false;
     bool isReadByBoth = false;  ///< another worker reads from the same handle
     bool hasMoreToRead = false; ///< the last batch was a full one
@@ -53,7 +54,7 @@ class TreeWorker {
                                           const SharedFolder& child) const;
     void shareIfWanted();
     bool share(TreeLevel& level);
-    [[nodiscard]] std::size_t batchBytes() const;
+    [[nodiscard]] std::size_t batchBytes(const TreeLevel& level) const;
     void countStep();
     void report();
 

@@ -5,7 +5,10 @@
 #include <sys/types.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace vexmoor {
 
@@ -15,18 +18,19 @@ struct FolderEntry {
     bool isFolder = false; ///< false too where the file system does not tell
 };
 
-/// Reads the entries of open folders in bulk, "." and ".." left out. One reader serves any number
-/// of folders, one batch at a time. Two readers may read on from the same descriptor at once: each
+/// Reads the entries of open folders in bulk, "." and ".." left out. A batch comes in the order of
+/// the entries' inodes: where folders are hashed, theirs is random, and going by it would have a
+/// file system fetch the same blocks of inodes over and over. One reader serves any number of
+/// folders, one batch at a time. Two readers may read on from the same descriptor at once: each
 /// entry comes to one of them. One thread a reader.
 class FolderReader {
   public:
-    static constexpr std::size_t kMostBytes = std::size_t{64} * 1024;
+    static constexpr std::size_t kUsualBytes = std::size_t{64} * 1024;
 
-    FolderReader();
-
-    /// Fetches a batch at the descriptor's position, of at most `bytes` (up to kMostBytes; more
-    /// where not a single entry would fit). The number of bytes fetched: 0 at the end.
-    Result<std::size_t> read(int folder, std::size_t bytes = kMostBytes);
+    /// Fetches a batch at the descriptor's position, of at most `bytes` (more where not a single
+    /// entry would fit); takes up to twice as much memory, and keeps it. The number of bytes
+    /// fetched: 0 at the end.
+    Result<std::size_t> read(int folder, std::size_t bytes = kUsualBytes);
 
     /// The batch's next entry, null behind its last.
     const FolderEntry* next();
@@ -35,8 +39,13 @@ class FolderReader {
     [[nodiscard]] off_t position() const { return m_position; }
 
   private:
+    void takeOrder(std::size_t size);
+
+    using Place = std::pair<std::uint64_t, std::size_t>; ///< an inode, where its entry stands
+
     std::unique_ptr<char[]> m_buffer;
-    std::size_t m_size = 0;
+    std::size_t m_capacity = 0;
+    std::vector<Place> m_order;
     std::size_t m_next = 0;
     off_t m_position = 0;
     FolderEntry m_entry;

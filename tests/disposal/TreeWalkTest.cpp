@@ -135,6 +135,19 @@ TEST_F(TreeWalkTest, ShowsEveryEntryOnceAndFoldersAfterTheirContents) {
     }
 }
 
+// Too few for the second worker, whose entries would come in between.
+TEST_F(TreeWalkTest, VisitsFilesInTheOrderOfTheirInodes) {
+    makeEmptyFiles("tree", 300);
+    std::vector<std::uint64_t> inodes;
+    RecordingVisitor visitor;
+    visitor.onEntry = [&](const Path& entry) {
+        inodes.push_back(fileStatus(directory(), entry.c_str())->identity.inode);
+    };
+    walk(visitor);
+    EXPECT_EQ(inodes.size(), 300U);
+    EXPECT_TRUE(std::ranges::is_sorted(inodes));
+}
+
 TEST_F(TreeWalkTest, HoldsFewDescriptorsAtAnyDepth) {
     Path at = "tree";
     for (int level = 0; level < 150; ++level, at /= "d")

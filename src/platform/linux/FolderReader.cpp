@@ -2,6 +2,7 @@
 
 #include <dirent.h>
 
+#include <algorithm>
 #include <cerrno>
 
 namespace vexmoor {
@@ -14,30 +15,40 @@ bool isDots(const char* name) {
 
 } // namespace
 
-FolderReader::FolderReader() : m_buffer(std::make_unique_for_overwrite<char[]>(kMostBytes)) {}
-
 Result<std::size_t> FolderReader::read(int folder, std::size_t bytes) {
-    m_size = m_next = 0;
+    m_order.clear();
+    m_next = 0;
+    if (m_capacity < std::max(bytes, kUsualBytes)) {
+        m_capacity = std::max(bytes, kUsualBytes);
+        m_buffer = std::make_unique_for_overwrite<char[]>(m_capacity);
+    }
     ssize_t size = ::getdents64(folder, m_buffer.get(), bytes);
-    if (size < 0 && errno == EINVAL && bytes < kMostBytes)
-        size = ::getdents64(folder, m_buffer.get(), kMostBytes);
+    if (size < 0 && errno == EINVAL && bytes < kUsualBytes)
+        size = ::getdents64(folder, m_buffer.get(), kUsualBytes);
     if (size < 0)
         return Error::fromErrno(errno, "read");
-    m_size = static_cast<std::size_t>(size);
-    return m_size;
+    takeOrder(static_cast<std::size_t>(size));
+    return static_cast<std::size_t>(size);
+}
+
+void FolderReader::takeOrder(std::size_t size) {
+    for (std::size_t at = 0; at < size;) {
+        const auto* entry = reinterpret_cast<const dirent64*>(m_buffer.get() + at);
+        if (!isDots(entry->d_name))
+            m_order.emplace_back(entry->d_ino, at);
+        at += entry->d_reclen;
+        m_position = entry->d_off;
+    }
+    std::ranges::sort(m_order);
 }
 
 const FolderEntry* FolderReader::next() {
-    while (m_next < m_size) {
-        const auto* entry = reinterpret_cast<const dirent64*>(m_buffer.get() + m_next);
-        m_next += entry->d_reclen;
-        m_position = entry->d_off;
-        if (isDots(entry->d_name))
-            continue;
-        m_entry = {entry->d_name, entry->d_type == DT_DIR};
-        return &m_entry;
-    }
-    return nullptr;
+    if (m_next == m_order.size())
+        return nullptr;
+    const auto place = m_order[m_next++].second;
+    const auto* entry = reinterpret_cast<const dirent64*>(m_buffer.get() + place);
+    m_entry = {entry->d_name, entry->d_type == DT_DIR};
+    return &m_entry;
 }
 
 } // namespace vexmoor
