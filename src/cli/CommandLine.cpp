@@ -77,7 +77,7 @@ void addFeed(CLI::App& app, Invocation& invocation) {
         ->type_name("PATH");
 }
 
-void addBinCommands(CLI::App& app, Invocation& invocation) {
+void addPutBack(CLI::App& app, Invocation& invocation) {
     auto& putBack = *addCommand(app, invocation, "put-back", Command::putBack,
                                 "Put sacrifices back where they were; without arguments the whole "
                                 "last batch");
@@ -88,6 +88,9 @@ void addBinCommands(CLI::App& app, Invocation& invocation) {
     putBack.add_option("ITEM", invocation.items, "Ids or names, as the history shows them")
         ->type_name("ITEM")
         ->excludes(last);
+}
+
+void addDelete(CLI::App& app, Invocation& invocation) {
     auto& erase = *addCommand(app, invocation, "delete", Command::erase,
                               "Delete sacrifices from the Bin, forever");
     erase.add_flag("--yes", invocation.yes, "Do not ask");
@@ -97,16 +100,22 @@ void addBinCommands(CLI::App& app, Invocation& invocation) {
         ->required();
 }
 
-void addViews(CLI::App& app, Invocation& invocation) {
+void addHistory(CLI::App& app, Invocation& invocation) {
     auto& history = *addCommand(app, invocation, "history", Command::history,
                                 "Show the recent sacrifices, newest first, and their fate");
     history.add_option("-n", invocation.number, "How many at most")
         ->check(CLI::PositiveNumber)
         ->type_name("N");
     addJson(history, invocation);
+}
+
+void addStats(CLI::App& app, Invocation& invocation) {
     addJson(*addCommand(app, invocation, "stats", Command::stats,
                         "Show totals, the week, the streak, achievements and the cauldron"),
             invocation);
+}
+
+void addSettings(CLI::App& app, Invocation& invocation) {
     auto& settings = *addCommand(app, invocation, "settings", Command::settings,
                                  "List the settings, read one or set it");
     addJson(settings, invocation);
@@ -128,6 +137,17 @@ void addIntegrate(CLI::App& app, Invocation& invocation) {
         ->type_name("ACTION");
 }
 
+struct CommandDescription {
+    std::string_view name;
+    void (*add)(CLI::App& app, Invocation& invocation);
+};
+
+constexpr CommandDescription kCommands[] = {
+    {"feed", &addFeed},           {"put-back", &addPutBack}, {"delete", &addDelete},
+    {"history", &addHistory},     {"stats", &addStats},      {"settings", &addSettings},
+    {"integrate", &addIntegrate},
+};
+
 void takeGuards(Invocation& invocation) {
     for (auto* text : {&invocation.mode, &invocation.name, &invocation.value, &invocation.action})
         takeGuard(*text);
@@ -144,7 +164,7 @@ void decodeUris(std::vector<std::string>& items) {
 
 } // namespace
 
-std::unique_ptr<CLI::App> describeCommands(Invocation& invocation) {
+std::unique_ptr<CLI::App> describeCommands(Invocation& invocation, std::string_view only) {
     auto app = std::make_unique<CLI::App>(
         "Throws files away with a little ceremony. Without a command it opens the window.",
         "vexmoor");
@@ -160,17 +180,18 @@ std::unique_ptr<CLI::App> describeCommands(Invocation& invocation) {
         return "vexmoor: " + printable(sentence) + "\nTry '" + failed->get_display_name() +
                " --help'.\n";
     });
-    addFeed(*app, invocation);
-    addBinCommands(*app, invocation);
-    addViews(*app, invocation);
-    addIntegrate(*app, invocation);
+    const bool wantsAll = std::ranges::find(kCommands, only, &CommandDescription::name) ==
+                          std::ranges::end(kCommands);
+    for (const auto& command : kCommands)
+        if (wantsAll || command.name == only)
+            command.add(*app, invocation);
     return app;
 }
 
 ParsedCommandLine parseCommandLine(int argc, const char* const* argv) {
     ParsedCommandLine parsed;
     Invocation invocation;
-    const auto app = describeCommands(invocation);
+    const auto app = describeCommands(invocation, argc > 1 ? argv[1] : "");
     auto arguments = guarded({argv + std::min(argc, 1), argv + argc});
     std::ranges::reverse(arguments); // as the parser wants them
     try {

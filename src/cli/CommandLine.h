@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace CLI {
@@ -29,8 +30,9 @@ struct Invocation {
 };
 
 /// The one description of the commands: parsing, help, completions and the manual come from it. The
-/// invocation must outlive the description.
-std::unique_ptr<CLI::App> describeCommands(Invocation& invocation);
+/// invocation must outlive the description. Where `only` is the name of a command, nothing but that
+/// one is described: describing all takes longer than many a command.
+std::unique_ptr<CLI::App> describeCommands(Invocation& invocation, std::string_view only = {});
 
 /// Either an invocation, or what to print and the status to end with (help, version, usage errors).
 struct ParsedCommandLine {

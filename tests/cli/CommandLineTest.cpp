@@ -2,6 +2,7 @@
 
 #include "cli/ExitStatus.h"
 
+#include <CLI/CLI.hpp>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -72,6 +73,17 @@ TEST(CommandLine, RefusesWhatIsNotClearlyMeant) {
         EXPECT_THAT(parsed.error, HasSubstr(error));
         EXPECT_EQ(parsed.output, "");
     }
+}
+
+TEST(CommandLine, HelpsWithOneCommandAsThoughAllHadBeenDescribed) {
+    Invocation invocation;
+    const auto all = describeCommands(invocation);
+    const auto commands = all->get_subcommands([](const CLI::App*) { return true; });
+    EXPECT_EQ(commands.size(), 7U);
+    for (const auto* command : commands)
+        EXPECT_EQ(parse({command->get_name().c_str(), "--help"}).output, command->help("vexmoor"));
+    EXPECT_EQ(parse({"--help"}).output, all->help());
+    EXPECT_EQ(parse({"--help", "feed"}).output, parse({"feed", "--help"}).output);
 }
 
 } // namespace
