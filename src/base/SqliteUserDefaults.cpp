@@ -93,10 +93,20 @@ int foldLog(void*, sqlite3* database, const char* name, int frames) {
     return SQLITE_OK;
 }
 
-struct StatementCloser {
-    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+/// Ends what a statement that is used again does, and lets go of the values bound to it.
+class StatementReset {
+  public:
+    explicit StatementReset(sqlite3_stmt* statement) : m_statement(statement) {}
+    ~StatementReset() {
+        sqlite3_reset(m_statement);
+        sqlite3_clear_bindings(m_statement);
+    }
+    StatementReset(const StatementReset&) = delete;
+    StatementReset& operator=(const StatementReset&) = delete;
+
+  private:
+    sqlite3_stmt* const m_statement;
 };
-using Statement = std::unique_ptr<sqlite3_stmt, StatementCloser>;
 
 std::string blob(sqlite3_stmt* row, int column) {
     const auto size = static_cast<std::size_t>(sqlite3_column_bytes(row, column));
@@ -174,6 +184,10 @@ void SqliteUserDefaults::Closer::operator()(sqlite3* database) const {
     sqlite3_close(database);
 }
 
+void SqliteUserDefaults::Closer::operator()(sqlite3_stmt* statement) const {
+    sqlite3_finalize(statement);
+}
+
 SqliteUserDefaults::SqliteUserDefaults(std::filesystem::path file, FailureHandler onFailure)
     : m_file(std::move(file)), m_onFailure(std::move(onFailure)) {}
 
@@ -245,22 +259,31 @@ Result<void> SqliteUserDefaults::connect(Access access) {
     return *version == 0 ? Result<void>() : load();
 }
 
-Result<int> SqliteUserDefaults::formatVersion() {
+Result<void> SqliteUserDefaults::prepare(const char* sql, const char* operation,
+                                         Statement& statement) {
     sqlite3_stmt* raw = nullptr;
-    if (sqlite3_prepare_v2(m_database.get(), "PRAGMA user_version", -1, &raw, nullptr) != SQLITE_OK)
+    if (sqlite3_prepare_v2(m_database.get(), sql, -1, &raw, nullptr) != SQLITE_OK)
+        return lastError(operation);
+    statement.reset(raw);
+    return {};
+}
+
+Result<int> SqliteUserDefaults::formatVersion() {
+    Statement statement;
+    if (auto prepared = prepare("PRAGMA user_version", "open the database", statement); !prepared)
+        return std::move(prepared).error();
+    if (sqlite3_step(statement.get()) != SQLITE_ROW)
         return lastError("open the database");
-    const Statement statement(raw);
-    if (sqlite3_step(raw) != SQLITE_ROW)
-        return lastError("open the database");
-    return sqlite3_column_int(raw, 0);
+    return sqlite3_column_int(statement.get(), 0);
 }
 
 Result<void> SqliteUserDefaults::load() {
-    sqlite3_stmt* raw = nullptr;
-    if (sqlite3_prepare_v2(m_database.get(), "SELECT key, kind, value FROM defaults", -1, &raw,
-                           nullptr) != SQLITE_OK)
-        return lastError("read the database");
-    const Statement statement(raw);
+    Statement statement;
+    if (auto prepared =
+            prepare("SELECT key, kind, value FROM defaults", "read the database", statement);
+        !prepared)
+        return prepared;
+    sqlite3_stmt* const raw = statement.get();
     int step = SQLITE_ROW;
     while ((step = sqlite3_step(raw)) == SQLITE_ROW)
         if (auto stored = valueOf(raw))
@@ -295,10 +318,12 @@ Result<void> SqliteUserDefaults::store(std::string_view key, const std::optional
         return Error::fromErrno(EROFS, "write the database", m_file);
     const char* const sql = value ? "INSERT OR REPLACE INTO defaults VALUES (?, ?, ?)"
                                   : "DELETE FROM defaults WHERE key = ?";
-    sqlite3_stmt* raw = nullptr;
-    if (sqlite3_prepare_v2(m_database.get(), sql, -1, &raw, nullptr) != SQLITE_OK)
-        return lastError("write the database");
-    const Statement statement(raw);
+    Statement& statement = value ? m_insertion : m_removal;
+    if (!statement)
+        if (auto prepared = prepare(sql, "write the database", statement); !prepared)
+            return prepared;
+    sqlite3_stmt* const raw = statement.get();
+    const StatementReset reset(raw);
     sqlite3_bind_text64(raw, 1, key.data(), key.size(), SQLITE_STATIC, SQLITE_UTF8);
     if (value) {
         sqlite3_bind_text(raw, 2, kKinds[value->index()], -1, SQLITE_STATIC);

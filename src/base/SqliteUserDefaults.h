@@ -6,6 +6,7 @@
 #include <memory>
 
 struct sqlite3;
+struct sqlite3_stmt;
 
 namespace vexmoor {
 
@@ -37,10 +38,13 @@ class SqliteUserDefaults : public UserDefaults {
   private:
     struct Closer {
         void operator()(sqlite3* database) const;
+        void operator()(sqlite3_stmt* statement) const;
     };
+    using Statement = std::unique_ptr<sqlite3_stmt, Closer>;
 
     SqliteUserDefaults(std::filesystem::path file, FailureHandler onFailure);
     Result<void> connect(Access access);
+    Result<void> prepare(const char* sql, const char* operation, Statement& statement);
     Result<int> formatVersion();
     Result<void> load();
     Result<void> execute(const char* statement, const char* operation);
@@ -50,6 +54,8 @@ class SqliteUserDefaults : public UserDefaults {
     std::filesystem::path m_file;
     FailureHandler m_onFailure;
     std::unique_ptr<sqlite3, Closer> m_database;
+    Statement m_insertion; ///< made when it is first needed
+    Statement m_removal;
     std::map<std::string, Value, std::less<>> m_values;
     std::optional<std::filesystem::path> m_setAside;
     bool m_immutable = false; ///< read without a lock or a log
