@@ -15,6 +15,7 @@
 #include <QIcon>
 #include <QRandomGenerator>
 
+#include <iostream>
 #include <utility>
 
 namespace vexmoor {
@@ -279,8 +280,12 @@ QString AppDelegate::probe() const {
 }
 
 void AppDelegate::quit() {
-    m_alerts.close([this](const FailureReport& report) {
-        m_notifications.post({"stopped", report.message, report.informative});
+    // Each under a name of its own, as the same name would replace the one before. Where there are
+    // no notifications the log has them.
+    m_alerts.close([this, count = 0](const FailureReport& report) mutable {
+        std::cerr << "vexmoor-desktop: " << report.message << ". " << report.informative << "\n";
+        m_notifications.post(
+            {"ended-" + std::to_string(++count), report.message, report.informative});
     });
     m_intake.stop();
     m_subscriptions.push_back(m_intake.subscribeToBatches([this](std::size_t batches) {
