@@ -27,6 +27,7 @@ BackgroundProgram::Environment surroundings(const Path& home, double scale) {
         {"QT_SCALE_FACTOR", std::to_string(scale)},
         {"GSETTINGS_BACKEND", "memory"},
         {"GVFS_DISABLE_FUSE", "1"},
+        {"GIO_USE_VOLUME_MONITOR", "unix"}, // no system bus to ask for volumes
     };
     for (const char* name : {"PATH", "ASAN_OPTIONS", "LSAN_OPTIONS", "TSAN_OPTIONS"})
         if (const char* const value = std::getenv(name))
@@ -95,7 +96,8 @@ void DesktopSession::chooseServices(bool thumbnails) const {
     for (const auto& entry : std::filesystem::directory_iterator(installed)) {
         const std::string name = entry.path().filename();
         const bool isChosen = name.starts_with("org.a11y") || name.starts_with("org.xfce.Xfconf") ||
-                              name.starts_with("org.gtk.vfs") ||
+                              name.starts_with("org.gtk.vfs.Daemon") ||
+                              name.starts_with("org.gtk.vfs.Metadata") ||
                               (thumbnails && name.starts_with("org.xfce.Tumbler"));
         if (isChosen)
             std::filesystem::create_symlink(entry.path(), chosen / name);

@@ -2,6 +2,7 @@
 
 #include "DesktopSession.h"
 
+#include <memory>
 #include <ostream>
 
 namespace vexmoor::test {
@@ -39,7 +40,7 @@ class FileManagerWindow {
 
     DesktopSession& m_session;
     const FileManager& m_manager;
-    BackgroundProgram m_program;
+    std::unique_ptr<BackgroundProgram> m_program;
 };
 
 } // namespace vexmoor::test
