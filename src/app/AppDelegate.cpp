@@ -145,6 +145,7 @@ void AppDelegate::wireTile() {
 
 void AppDelegate::restWhileUnseen() {
     m_animator.setSuspended(m_sessionLock.isLocked() || !m_tile.isVisible());
+    m_windowTimers.setResting(m_sessionLock.isLocked());
 }
 
 void AppDelegate::wireDesktop() {
@@ -232,8 +233,8 @@ void AppDelegate::showStats() {
 
 StatsWindow& AppDelegate::statsWindow() {
     if (!m_statsWindow) {
-        m_statsWindow =
-            std::make_unique<StatsWindow>(m_ledger, m_settings, m_progression, &Date::now);
+        m_statsWindow = std::make_unique<StatsWindow>(m_ledger, m_settings, m_progression,
+                                                      &Date::now, m_windowTimers.maker());
         connect(m_statsWindow.get(), &StatsWindow::testFlamesRequested, this,
                 &AppDelegate::testFlames);
         buildMenu(*m_statsWindow);

@@ -18,6 +18,7 @@
 #include "dock/DockIconAnimator.h"
 #include "dock/DockTile.h"
 #include "dock/OwnDock.h"
+#include "dock/RestingTimers.h"
 #include "dock/Screens.h"
 #include "dock/TileWindow.h"
 #include "intake/Intake.h"
@@ -103,6 +104,7 @@ class AppDelegate : public QObject {
     std::unique_ptr<SerialQueue> m_work;
     Intake m_intake;
     std::unique_ptr<CommandService> m_commands; ///< once they may come
+    RestingTimers m_windowTimers;
     std::unique_ptr<StatsWindow> m_statsWindow; ///< made when it is first shown, and kept
     std::unique_ptr<WindowFrame> m_statsFrame;
     SessionLock m_sessionLock;

@@ -1,7 +1,10 @@
 #include "DesktopTest.h"
 #include "FileManagerWindow.h"
 
+#include <QDBusMessage>
 #include <QImage>
+
+#include <chrono>
 
 namespace vexmoor {
 namespace {
@@ -25,6 +28,24 @@ struct SurroundingsTest : DesktopTest {
         const Path item = picture(name);
         return cauldron->feed({item}) == 0 && isGone(item) && cauldron->records(before + 1);
     }
+    /// Whether the same is seen at every look, for longer than the pot rests between two frames.
+    [[nodiscard]] bool standsStill() const {
+        constexpr auto kLong = std::chrono::milliseconds(500);
+        const QImage first = session->screen().picture();
+        const auto start = std::chrono::steady_clock::now();
+        do {
+            if (session->screen().picture() != first)
+                return false;
+        } while (std::chrono::steady_clock::now() - start < kLong);
+        return true;
+    }
+    void tellScreenSaver(bool active) {
+        auto signal = QDBusMessage::createSignal("/ScreenSaver", kScreenSaver, "ActiveChanged");
+        signal << active;
+        session->bus().send(signal);
+    }
+
+    static constexpr const char* kScreenSaver = "org.freedesktop.ScreenSaver";
 };
 
 TEST_F(SurroundingsTest, TakesItemsWithoutSoundNotificationsAndPreviews) {
@@ -52,6 +73,18 @@ TEST_F(SurroundingsTest, WaitsForNoSoundServerThatHangs) {
     EXPECT_TRUE(feeds("one.png"));
     EXPECT_TRUE(feeds("two.png"));
     EXPECT_EQ(quit(), 0);
+}
+
+TEST_F(SurroundingsTest, StandsStillWhileTheScreenIsLocked) {
+    openSession();
+    start({});
+    ASSERT_TRUE(eventually([&] { return cauldron->statsWindow().has_value(); }));
+    session->bus().registerService(kScreenSaver);
+    EXPECT_FALSE(standsStill());
+    tellScreenSaver(true);
+    EXPECT_TRUE(eventually([&] { return standsStill(); }));
+    tellScreenSaver(false);
+    EXPECT_TRUE(eventually([&] { return !standsStill(); }));
 }
 
 TEST_F(SurroundingsTest, GoesOnWhenOneAfterTheOtherDies) {
