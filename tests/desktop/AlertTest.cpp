@@ -78,6 +78,18 @@ TEST_F(AlertTest, IsTakenForANoWhenTheProgramIsToEnd) {
     EXPECT_EQ(cauldron->history().size(), 0U);
 }
 
+TEST_F(AlertTest, LeavesNoFailureUntoldWhenTheProgramIsToEnd) {
+    session->run({VEXMOOR_PROGRAM, "settings", "confirmDissolve", "off"});
+    start();
+    for (const std::string name : {"seen", "waiting", "last"})
+        ASSERT_EQ(cauldron->feed({session->home() / name}), 0);
+    ASSERT_TRUE(cauldron->alerts("The cauldron rejected seen"));
+    EXPECT_EQ(quit(), 0);
+    EXPECT_THAT(session->notifications(),
+                testing::UnorderedElementsAre(testing::StartsWith("The cauldron rejected waiting"),
+                                              testing::StartsWith("The cauldron rejected last")));
+}
+
 TEST_F(AlertTest, LetsTheTileTakeMoreAndAsksForThatInItsTurn) {
     const Path things = session->home() / "Things";
     session->write("Things/one", "1");
