@@ -138,6 +138,22 @@ void CommandService::Stop(const QDBusMessage& message) {
             call->meter()->stop = true;
 }
 
+qulonglong CommandService::Progress(const QDBusMessage& message, qulonglong& bytes,
+                                    qulonglong& removed) {
+    qulonglong entries = 0;
+    bytes = 0;
+    removed = 0;
+    for (const auto& call : m_calls) {
+        if (call->message().service() != message.service())
+            continue;
+        const WorkMeter& meter = *call->meter();
+        entries += static_cast<qulonglong>(meter.entries.load());
+        bytes += static_cast<qulonglong>(meter.bytes.load());
+        removed += static_cast<qulonglong>(meter.removed.load());
+    }
+    return entries;
+}
+
 void CommandService::carryOut(const QDBusMessage& message, bool asks,
                               const std::function<void(BatchOptions, BatchCompletion)>& begin) {
     if (m_parts.intake.isStopped()) {

@@ -54,6 +54,7 @@ class CommandService : public QDBusAbstractAdaptor {
     QString Delete(const QStringList& items, bool ask, const QDBusMessage& message);
     void Set(const QString& name, const QString& value, const QDBusMessage& message);
     void Stop(const QDBusMessage& message);
+    qulonglong Progress(const QDBusMessage& message, qulonglong& bytes, qulonglong& removed);
 
   private:
     class Call;

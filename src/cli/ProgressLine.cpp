@@ -17,6 +17,24 @@ constexpr auto kBeforeFirst = 300ms;
 constexpr auto kBetween = 100ms;
 constexpr const char* kClearLine = "\r\x1b[K";
 
+/// Empty where nothing is counted yet.
+std::string textOf(const WorkMeter& meter, std::chrono::duration<double> elapsed) {
+    const auto entries = meter.entries.load();
+    const auto removed = meter.removed.load();
+    if (entries == 0 && removed == 0)
+        return {};
+    const auto done = removed > 0 ? removed : entries;
+    const auto rate = static_cast<std::int64_t>(static_cast<double>(done) / elapsed.count());
+    std::string text = countText(done);
+    if (removed > 0)
+        text =
+            entries > 0 ? "Dissolving: " + text + " of " + countText(entries) : "Deleting: " + text;
+    text += " items · ";
+    if (entries > 0)
+        text += byteCountText(meter.bytes.load()) + " · ";
+    return text + countText(rate) + " items/s";
+}
+
 } // namespace
 
 ProgressLine::ProgressLine(const WorkMeter& meter) : m_meter(meter) {
@@ -41,13 +59,10 @@ void ProgressLine::run() {
     auto pause = std::chrono::milliseconds(kBeforeFirst);
     for (std::unique_lock lock(m_mutex);
          !m_ended.wait_for(lock, pause, [this] { return m_isEnding; }); pause = kBetween) {
-        const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
-        const auto entries = m_meter.entries.load();
-        std::cerr << kClearLine << (m_meter.isDissolving ? "Dissolving: " : "")
-                  << countText(entries) << " items · " << byteCountText(m_meter.bytes.load())
-                  << " · "
-                  << countText(static_cast<std::int64_t>(double(entries) / elapsed.count()))
-                  << " items/s" << std::flush;
+        const std::string text = textOf(m_meter, std::chrono::steady_clock::now() - start);
+        if (text.empty())
+            continue;
+        std::cerr << kClearLine << text << std::flush;
         isShown = true;
     }
     if (isShown)

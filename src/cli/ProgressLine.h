@@ -9,11 +9,16 @@
 namespace vexmoor {
 
 /// While it lives, shows on a terminal what a meter counts: items, bytes, rate. Short work shows
-/// nothing, and where stderr is no terminal no thread is started.
+/// nothing, nor does work that has counted nothing yet, and where stderr is no terminal no thread
+/// is started.
 class ProgressLine {
   public:
     explicit ProgressLine(const WorkMeter& meter);
     ~ProgressLine();
+
+    /// Whether there is a terminal for it.
+    [[nodiscard]] bool isShown() const { return m_thread.joinable(); }
+
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;
 

@@ -2,6 +2,7 @@
 
 #include "cli/ExitStatus.h"
 #include "cli/Interrupt.h"
+#include "cli/ProgressLine.h"
 #include "intake/WriterLock.h"
 
 #include <algorithm>
@@ -66,18 +67,55 @@ Refusal noAnswer() {
             "The desktop application is running, but does not answer. Nothing was touched."};
 }
 
-/// Waits for the answer. When the meter is stopped, so is the work.
-std::variant<BusReply, BusError> sendAndStop(SessionBus& bus, BusCall call,
-                                             const WorkMeter& meter) {
-    bool isStopping = false;
-    return bus.send(std::move(call), SessionBus::kForEver, [&] {
-        if (!meter.stop || std::exchange(isStopping, true))
-            return;
-        auto stop = bus.call(kService, kPath, kInterface, "Stop");
-        stop.startNothing();
-        bus.sendOnly(std::move(stop));
-    });
-}
+/// The work of one call, seen from here: what it has done comes into the meter, and when the meter
+/// is stopped, so is the work.
+class DistantWork {
+  public:
+    DistantWork(SessionBus& bus, WorkMeter& meter, bool isWatched)
+        : m_bus(bus), m_meter(meter), m_isWatched(isWatched) {}
+
+    std::variant<BusReply, BusError> carryOut(BusCall call) {
+        return m_bus.send(std::move(call), SessionBus::kForEver, [this] { look(); });
+    }
+
+  private:
+    static constexpr std::chrono::seconds kPatience{1};
+
+    [[nodiscard]] BusCall call(const char* method) const {
+        auto call = m_bus.call(kService, kPath, kInterface, method);
+        call.startNothing();
+        return call;
+    }
+
+    void look() {
+        if (m_meter.stop && !std::exchange(m_isStopping, true))
+            m_bus.sendOnly(call("Stop"));
+        if (m_isWatched)
+            m_isWatched = readProgress();
+    }
+
+    /// False where it is not told.
+    bool readProgress() {
+        auto answer = m_bus.send(call("Progress"), kPatience);
+        auto* const reply = std::get_if<BusReply>(&answer);
+        if (reply == nullptr)
+            return false;
+        const auto entries = reply->number();
+        const auto bytes = reply->number();
+        const auto removed = reply->number();
+        if (!entries || !bytes || !removed)
+            return false;
+        m_meter.entries = static_cast<std::int64_t>(*entries);
+        m_meter.bytes = static_cast<std::int64_t>(*bytes);
+        m_meter.removed = static_cast<std::int64_t>(*removed);
+        return true;
+    }
+
+    SessionBus& m_bus;
+    WorkMeter& m_meter;
+    bool m_isWatched;
+    bool m_isStopping = false;
+};
 
 } // namespace
 
@@ -105,12 +143,13 @@ RunningDesktop::call(const char* method, const std::function<void(BusCall&)>& ad
         return starts || !keepsLock() ? std::nullopt : std::optional<Answer>(noBus(bus.error()));
     WorkMeter meter;
     const Interrupt interrupt(meter);
+    const ProgressLine progress(meter);
     for (const auto end = SteadyClock::now() + m_patience;;) {
         auto call = bus->call(kService, kPath, kInterface, method);
         if (!starts)
             call.startNothing();
         addArguments(call);
-        auto answer = sendAndStop(*bus, std::move(call), meter);
+        auto answer = DistantWork(*bus, meter, progress.isShown()).carryOut(std::move(call));
         if (auto* const reply = std::get_if<BusReply>(&answer))
             return Answer(std::move(*reply));
         const auto& error = std::get<BusError>(answer);

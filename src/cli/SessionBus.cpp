@@ -183,6 +183,13 @@ std::optional<std::vector<std::string>> BusReply::texts() {
     return result;
 }
 
+std::optional<std::uint64_t> BusReply::number() {
+    std::uint64_t value = 0;
+    if (library().readBasic(m_message.get(), 't', &value) <= 0)
+        return std::nullopt;
+    return value;
+}
+
 Result<SessionBus> SessionBus::connect() {
     if (!library().isWhole)
         return Error::fromErrno(ELIBACC, "load", "libsystemd.so.0");

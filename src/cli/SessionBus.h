@@ -58,6 +58,7 @@ class BusReply {
     // The next argument; nothing where it is something else.
     std::optional<std::string> text();
     std::optional<std::vector<std::string>> texts();
+    std::optional<std::uint64_t> number();
 
   private:
     BusMessagePointer m_message;
@@ -80,7 +81,8 @@ class SessionBus {
 
     static constexpr auto kForEver = std::chrono::microseconds::max();
 
-    /// Waits for the answer; meanwhile `whileWaiting` is called about ten times a second.
+    /// Waits for the answer; meanwhile `whileWaiting` is called about ten times a second. It may
+    /// send too.
     std::variant<BusReply, BusError> send(BusCall call, std::chrono::microseconds limit,
                                           const std::function<void()>& whileWaiting = {});
 

@@ -49,14 +49,7 @@ Result<std::optional<Path>> Disposer::dispose(const HeldItem& item, DisposeMode 
 }
 
 Result<std::optional<Path>> Disposer::dissolve(const HeldItem& item) {
-    if (m_meter != nullptr) { // what was measured is counted anew as it goes
-        m_meter->entries = 0;
-        m_meter->isDissolving = true;
-    }
-    auto removed = removeWhole(item.folder(), item.name, m_meter);
-    if (m_meter != nullptr)
-        m_meter->isDissolving = false;
-    if (!removed)
+    if (auto removed = removeWhole(item.folder(), item.name, m_meter); !removed)
         return std::move(removed).error();
     return std::optional<Path>();
 }

@@ -92,7 +92,7 @@ int RemovalVisitor::unlink(const TreePlace& place, const char* name, int flags) 
 void RemovalVisitor::account(const TreePlace& place, const char* name, int error,
                              TreeTally& tally) {
     if (error == 0)
-        ++tally.entries;
+        ++tally.removed;
     if (error == 0 || error == ENOENT)
         return;
     stay(place.folder);
@@ -177,7 +177,7 @@ RemovalReport removeTree(int directory, const char* name, WorkMeter* meter) {
     if (::unlinkat(directory, name, 0) == 0) {
         report.removed = 1;
         if (meter)
-            meter->entries.fetch_add(1, std::memory_order_relaxed);
+            meter->removed.fetch_add(1, std::memory_order_relaxed);
         return report;
     }
     if (errno != EISDIR)
@@ -189,7 +189,7 @@ RemovalReport removeTree(int directory, const char* name, WorkMeter* meter) {
     const auto outcome = TreeWalk(visitor, place->mountId, meter).run(directory, name);
     if (!outcome)
         return failWith(outcome.error().code.value());
-    report.removed = outcome->tally.entries;
+    report.removed = outcome->tally.removed;
     report.remaining = outcome->staying;
     report.stopped = outcome->stopped;
     return report;

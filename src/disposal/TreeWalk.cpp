@@ -65,7 +65,8 @@ Result<TreeWalk::Outcome> TreeWalk::run(int directory, const std::string& name) 
     TreeWorker(*this).work(std::move(level));
     if (m_secondWorker.joinable())
         m_secondWorker.join();
-    return Outcome{{m_done.entries, m_done.bytes}, above.stayingInAll, m_wasStopped};
+    return Outcome{
+        {m_done.entries, m_done.bytes, m_done.removed}, above.stayingInAll, m_wasStopped};
 }
 
 void TreeWalk::count(const TreeTally& done) {
@@ -74,6 +75,7 @@ void TreeWalk::count(const TreeTally& done) {
             continue;
         meter->entries.fetch_add(done.entries, std::memory_order_relaxed);
         meter->bytes.fetch_add(done.bytes, std::memory_order_relaxed);
+        meter->removed.fetch_add(done.removed, std::memory_order_relaxed);
     }
 }
 

@@ -49,8 +49,9 @@ struct TreePlace {
 
 /// What one worker has done so far.
 struct TreeTally {
-    std::int64_t entries = 0;
-    std::int64_t bytes = 0;
+    std::int64_t entries = 0; ///< measured
+    std::int64_t bytes = 0;   ///< of those
+    std::int64_t removed = 0;
 };
 
 /// What is done with a tree's entries. Called by two threads at once, but for each entry by one.

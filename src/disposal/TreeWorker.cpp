@@ -118,7 +118,7 @@ void TreeWorker::readBatch(TreeLevel& level) {
     level.position = m_reader.position();
     if (level.hasMoreToRead && level.waiting.empty())
         level.batchBytes = std::min(2 * bytes, kMostBatchBytes);
-    if (m_tally.entries >= kEntriesPerCount)
+    if (m_tally.entries + m_tally.removed >= kEntriesPerCount)
         report();
 }
 

@@ -9,11 +9,10 @@ namespace vexmoor {
 /// it to stop. Several operations may count on the same meter; it is brought up to date every few
 /// dozen entries and at the end.
 struct WorkMeter {
-    std::atomic<std::int64_t> entries{0};
-    std::atomic<std::int64_t> bytes{0};
+    std::atomic<std::int64_t> entries{0}; ///< measured
+    std::atomic<std::int64_t> bytes{0};   ///< of those
+    std::atomic<std::int64_t> removed{0};
     std::atomic<bool> stop{false};
-    /// What is counted is being dissolved; else it is only looked at.
-    std::atomic<bool> isDissolving{false};
 
     static_assert(std::atomic<bool>::is_always_lock_free);
 };

@@ -63,6 +63,26 @@ class CommandServiceTest : public ServedIntake {
     }
 };
 
+TEST_F(CommandServiceTest, TellsItsCallerHowFarItIs) {
+    const auto progressOf = [this](const char* caller) {
+        const auto pending = begin(caller, "Progress", {});
+        EXPECT_TRUE(eventuallyInLoop([&] { return pending.isFinished(); }));
+        return pending.reply().arguments();
+    };
+    const QVariantList none{0ULL, 0ULL, 0ULL};
+    QVariantList own;
+    QVariantList ofAnother;
+    around.whileBurning = [&] {
+        own = progressOf("caller");
+        ofAnother = progressOf("another");
+    };
+    const auto report = reportIn(call("Feed", feeding(make({"a", "b"}), "dissolve", false)));
+    const auto bytes = static_cast<qulonglong>(report.done[0].bytes + report.done[1].bytes);
+    EXPECT_EQ(own, (QVariantList{2ULL, bytes, 2ULL}));
+    EXPECT_EQ(ofAnother, none);
+    EXPECT_EQ(progressOf("caller"), none) << "it is over";
+}
+
 TEST_F(CommandServiceTest, FeedsByBytesAndTellsWhatBecameOfIt) {
     auto items = make({"new\nline", "broken\xff"});
     items.push_back(home / "missing");

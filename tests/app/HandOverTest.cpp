@@ -190,6 +190,17 @@ TEST_F(HandOverTest, DoesNotTakeNonsenseForAnAnswer) {
     EXPECT_THAT(result.errors, HasSubstr("can't be understood"));
 }
 
+TEST_F(HandOverTest, ShowsOnATerminalHowFarTheDesktopIs) {
+    leaveBus();
+    auto desktop = connection("desktop");
+    SlowService slow(desktop);
+    ASSERT_TRUE(desktop.registerObject(kPath, &slow, QDBusConnection::ExportAllSlots));
+    ASSERT_TRUE(desktop.registerService(kName));
+    const auto result = runOnTerminal({"feed", "--mode", "dissolve", "--yes", "a"}, "");
+    EXPECT_THAT(result.output, HasSubstr("Dissolving: 234 of 1,234 items · 5 MB · "));
+    EXPECT_EQ(result.status, 0) << result.output;
+}
+
 TEST_F(HandOverTest, WaitsForADesktopThatIsComing) {
     make({"a"});
     leaveBus();

@@ -35,6 +35,36 @@ class NonsenseService : public QObject {
     QString Feed(const QByteArrayList&, const QString&, bool) { return R"({"done": 7})"; }
 };
 
+/// Works until it was asked for its progress for a while.
+class SlowService : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.vexmoor.Commands1")
+
+  public:
+    explicit SlowService(QDBusConnection bus) : m_bus(std::move(bus)) {}
+
+  public slots:
+    QString Feed(const QByteArrayList&, const QString&, bool, const QDBusMessage& message) {
+        message.setDelayedReply(true);
+        m_call = message;
+        return {};
+    }
+    qulonglong Progress(qulonglong& bytes, qulonglong& removed) {
+        constexpr int kLooks = 8;
+        bytes = 5'000'000;
+        removed = 234;
+        if (++m_looks == kLooks)
+            m_bus.send(m_call.createReply(QStringLiteral(
+                R"({"done": [], "failures": [], "untouched": [], "unlocked": []})")));
+        return 1234;
+    }
+
+  private:
+    QDBusConnection m_bus;
+    QDBusMessage m_call;
+    int m_looks = 0;
+};
+
 /// An intake that takes commands on a bus of its own, while the test holds the writer's lock as the
 /// desktop program does.
 class ServedIntake : public IntakeTest {

@@ -228,13 +228,13 @@ TEST_F(TreeRemovalTest, StopsWhenTheMeterSaysSo) {
     const auto all = static_cast<std::int64_t>(contents("tree").size()) + 1;
     meter.stop = false;
     std::thread stopper([&] {
-        while (meter.entries < 100)
+        while (meter.removed < 100)
             std::this_thread::yield();
         meter.stop = true;
     });
     const auto report = remove("tree", &meter);
     stopper.join();
-    EXPECT_EQ(meter.entries, report.removed);
+    EXPECT_EQ(meter.removed, report.removed);
     EXPECT_THAT(report.failures, ElementsAre());
     EXPECT_EQ(report.stopped, exists("tree"));
     const auto left = exists("tree") ? static_cast<std::int64_t>(contents("tree").size()) + 1 : 0;

@@ -45,6 +45,8 @@ class Surroundings : public Dialogs,
     void play(std::vector<PicturePointer> pictures) override {
         events.push_back("burn " + std::to_string(pictures.size()));
         burned = std::move(pictures);
+        if (const auto meanwhile = std::exchange(whileBurning, nullptr))
+            meanwhile();
     }
     void play() override { events.emplace_back("sizzle"); }
     void load(const Path& item, std::function<void(PicturePointer)> completion) override {
@@ -75,7 +77,8 @@ class Surroundings : public Dialogs,
     std::vector<FailureReport> reports;
     std::vector<PicturePointer> burned;
     Answer answer{true, false};
-    std::function<void()> whileAsked; ///< happens once, while a question waits for its answer
+    std::function<void()> whileAsked;   ///< happens once, while a question waits for its answer
+    std::function<void()> whileBurning; ///< happens once, when the items are gone
     bool hasPictures = true;
     bool holdsThumbnails = false;
     std::vector<std::function<void()>> held;
