@@ -4,7 +4,9 @@
 #include "PhysicalGeometry.h"
 #include "PixelImage.h"
 
+#include <QGuiApplication>
 #include <QPainter>
+#include <QScreen>
 
 namespace vexmoor {
 namespace {
@@ -24,9 +26,9 @@ FlameOverlayWindow::FlameOverlayWindow(const Compositor& compositor)
 }
 
 void FlameOverlayWindow::showFlame(const PixelCanvas& flame, const DeskRect& frame) {
+    // Upside down by the same height as who said where: Qt's, in whole points.
+    const QRectF points = windowRect(frame, QGuiApplication::primaryScreen()->geometry());
     const std::vector<PhysicalScreen> screens = PhysicalScreen::all();
-    const QRectF primary = screens.front().points(screens.front().geometry);
-    const QRectF points = windowRect(frame, primary);
     const PhysicalScreen& screen =
         nearestScreen(screens, QPointF(points.center().x(), points.bottom()).toPoint());
     const QRect physical = screen.physical(points);

@@ -174,8 +174,9 @@ INSTANTIATE_TEST_SUITE_P(
         Desk::Setting{.scale = 1, .compositor = true, .background = kDusk},
         Desk::Setting{.scale = 1, .compositor = false, .background = kDusk},
         Desk::Setting{.scale = 2, .compositor = true, .background = kDusk, .size = "1600x1000"},
-        Desk::Setting{
-            .scale = 1.25, .compositor = false, .background = kDusk, .size = "1600x1000"}),
+        // On these a screen's height is no whole number of points.
+        Desk::Setting{.scale = 1.25, .compositor = false, .background = kDusk, .size = "1280x1024"},
+        Desk::Setting{.scale = 1.5, .compositor = true, .background = kDusk, .size = "1280x800"}),
     [](const auto& setting) {
         return std::string(setting.param.compositor ? "Composited" : "Plain") +
                std::to_string(std::lround(setting.param.scale * 100));
