@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QEventLoop>
 #include <QLabel>
 #include <QPushButton>
 
@@ -61,11 +60,11 @@ std::unique_ptr<QMessageBox> makeTelling(const std::string& message,
 
 } // namespace
 
-Alerts::Alerts(std::function<QWidget*()> window) : m_window(std::move(window)) {}
-
-Answer Alerts::ask(const Question& question) {
-    if (m_instead)
-        return {};
+void Alerts::ask(const Question& question, std::function<void(const Answer&)> answered) {
+    if (m_instead) {
+        answered({});
+        return;
+    }
     auto box = makeBox(question.message, question.informative);
     QPushButton* const confirm =
         box->addButton(QString::fromStdString(question.confirm), QMessageBox::AcceptRole);
@@ -74,15 +73,12 @@ Answer Alerts::ask(const Question& question) {
         box->addButton(QString::fromStdString(question.cancel), QMessageBox::RejectRole));
     if (question.suppression)
         box->setCheckBox(new QCheckBox(QString::fromStdString(*question.suppression), box.get()));
-    Answer answer;
-    QEventLoop loop;
-    await({.box = std::move(box), .report = std::nullopt, .answered = [&](QMessageBox& closed) {
-               answer.confirmed = closed.clickedButton() == confirm;
-               answer.suppressed = closed.checkBox() && closed.checkBox()->isChecked();
-               loop.quit();
+    await({.box = std::move(box),
+           .report = std::nullopt,
+           .answered = [confirm, answered = std::move(answered)](const QMessageBox& closed) {
+               answered({.confirmed = closed.clickedButton() == confirm,
+                         .suppressed = closed.checkBox() && closed.checkBox()->isChecked()});
            }});
-    loop.exec();
-    return answer;
 }
 
 void Alerts::report(const FailureReport& report) {
@@ -114,11 +110,10 @@ void Alerts::showFirst() {
     if (first.report)
         beep();
     QMessageBox& box = *first.box;
-    QWidget* const window = m_window();
+    box.setWindowModality(Qt::NonModal); // takes all flags away, so it comes first
     // On top, as it answers what was done elsewhere; nothing to minimise or maximise.
-    box.setParent(window, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                              Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint);
-    box.setWindowModality(window != nullptr ? Qt::WindowModal : Qt::NonModal);
+    box.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                       Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint);
     connect(&box, &QMessageBox::finished, this, &Alerts::firstIsOver);
     box.show();
     box.raise();

@@ -12,17 +12,15 @@
 
 namespace vexmoor {
 
-/// Asks and tells in alerts, one at a time in the order in which they came. An alert blocks the
-/// program's window, not the tile: what is dropped meanwhile is taken. Main thread.
+/// Asks and tells in alerts, one at a time in the order in which they came. An alert comes on top
+/// on the workspace that the user works on, wherever the program's window is, and blocks nothing:
+/// what is dropped meanwhile is taken. Main thread.
 class Alerts : public QObject, public Dialogs {
     Q_OBJECT
 
   public:
-    /// `window` answers what an alert stands before; null where no window is shown.
-    explicit Alerts(std::function<QWidget*()> window);
-
-    /// Waits, with the event loop running, until it was its turn and the user answered.
-    Answer ask(const Question& question) override;
+    /// Answers when its turn came and the user closed it.
+    void ask(const Question& question, std::function<void(const Answer&)> answered) override;
 
     /// Beeps when its turn comes; does not wait.
     void report(const FailureReport& report) override;
@@ -39,15 +37,14 @@ class Alerts : public QObject, public Dialogs {
   private:
     struct Turn {
         std::unique_ptr<QMessageBox> box;
-        std::optional<FailureReport> report;          ///< of an alert that tells
-        std::function<void(QMessageBox&)> answered{}; ///< of one that asks
+        std::optional<FailureReport> report;                ///< of an alert that tells
+        std::function<void(const QMessageBox&)> answered{}; ///< of one that asks
     };
 
     void await(Turn turn);
     void showFirst();
     void firstIsOver();
 
-    std::function<QWidget*()> m_window;
     std::deque<Turn> m_turns; ///< the first is on the screen
     std::function<void(const FailureReport&)> m_instead;
 };

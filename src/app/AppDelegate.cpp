@@ -45,10 +45,8 @@ class AppDelegate::NoUndoKey : public UndoKey {
 };
 
 AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBusConnection& bus)
-    : m_stores(stores), m_service(service), m_bus(bus), m_alerts([this]() -> QWidget* {
-          return m_statsWindow && m_statsWindow->isVisible() ? m_statsWindow.get() : nullptr;
-      }),
-      m_notifications(bus), m_ledger(stores.defaults(), &Date::now), m_settings(stores.defaults()),
+    : m_stores(stores), m_service(service), m_bus(bus), m_notifications(bus),
+      m_ledger(stores.defaults(), &Date::now), m_settings(stores.defaults()),
       m_progression(stores.defaults(), &m_ledger, &Date::now, m_notifications,
                     &CauldronArt::setCurrent),
       m_tile(stores.defaults(), m_compositor, tileManager()), m_accessibilityBus(bus),
@@ -78,7 +76,7 @@ AppDelegate::~AppDelegate() {
     if (m_commands)
         m_commands->giveBack(ApplicationService::kName);
     m_work.reset();                              // its jobs work with all the others
-    m_alerts.close([](const FailureReport&) {}); // alerts stand before the window
+    m_alerts.close([](const FailureReport&) {}); // whose answers go to the others
 }
 
 void AppDelegate::finishLaunching(const LaunchOptions& options) {

@@ -49,7 +49,9 @@ class CommandService::Call : public Dialogs {
     Call(QDBusMessage message, const QDBusConnection& bus, Dialogs& desktop)
         : m_message(std::move(message)), m_bus(bus), m_desktop(desktop) {}
 
-    Answer ask(const Question&) override { return {true, false}; }
+    void ask(const Question&, std::function<void(const Answer&)> answered) override {
+        answered({true, false});
+    }
     void report(const FailureReport& report) override {
         const auto* const bus = m_bus.interface(); // none once the connection is lost
         if (bus == nullptr || !bus->isServiceRegistered(m_message.service()))

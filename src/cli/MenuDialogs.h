@@ -11,9 +11,9 @@ namespace vexmoor {
 /// be asked, and failures become notifications of the desktop.
 class MenuDialogs : public Dialogs {
   public:
-    Answer ask(const Question&) override {
+    void ask(const Question&, std::function<void(const Answer&)> answered) override {
         m_lackedWindow = true;
-        return {};
+        answered({});
     }
     void report(const FailureReport& report) override { m_reports.push_back(report); }
     void beep() override {}

@@ -23,8 +23,11 @@ class TerminalDialogs : public Dialogs {
   public:
     explicit TerminalDialogs(bool assumeYes) : m_assumeYes(assumeYes) {}
 
-    /// Asks on the terminal; without one only --yes confirms.
-    Answer ask(const Question& question) override;
+    /// Asks on the terminal and waits; without one only --yes confirms.
+    Answer ask(const Question& question);
+    void ask(const Question& question, std::function<void(const Answer&)> answered) override {
+        answered(ask(question));
+    }
     void report(const FailureReport&) override {}
     void beep() override {}
 

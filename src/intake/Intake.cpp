@@ -35,6 +35,12 @@ void finish(const BatchCompletion& completion, BatchResult result) {
         completion(std::move(result));
 }
 
+void finishDeclined(const BatchCompletion& completion) {
+    BatchResult result;
+    result.declined = true;
+    finish(completion, std::move(result));
+}
+
 /// What went wrong beside the items themselves.
 void tell(Dialogs& dialogs, const BatchResult& result) {
     if (result.storeError)
@@ -82,30 +88,35 @@ void Intake::consume(const std::vector<Path>& items, bool fromFinder, BatchCompl
         return;
     }
     m_inFlight.insert(seen.begin(), seen.end()); // other batches may come while the user is asked
-    if (batch->mode == DisposeMode::dissolve) {
-        const bool declined = m_parts.settings.confirmDissolve.get() &&
-                              !confirmDissolve(batch->dialogs, batch->items.size());
-        disarm(fromFinder); // what is dissolved can't be undone, what was declined needs no undo
-        if (declined) {
-            for (const auto& path : seen)
-                m_inFlight.erase(path);
-            BatchResult result;
-            result.declined = true;
-            finish(batch->completion, std::move(result));
-            return;
-        }
-    }
+    if (batch->mode == DisposeMode::dissolve && m_parts.settings.confirmDissolve.get())
+        askToDissolve(batch, options);
+    else
+        beginFeed(batch, options);
+}
+
+void Intake::askToDissolve(const std::shared_ptr<Batch>& batch, const BatchOptions& options) {
+    batch->dialogs.ask(dissolveQuestion(batch->items.size()),
+                       [this, batch, options](const Answer& answer) {
+                           if (answer.suppressed)
+                               m_parts.settings.confirmDissolve.set(false);
+                           if (answer.confirmed) {
+                               beginFeed(batch, options);
+                               return;
+                           }
+                           disarm(batch->fromFinder); // what stays needs no undo
+                           for (const auto& item : batch->items)
+                               m_inFlight.erase(item.native());
+                           finishDeclined(batch->completion);
+                       });
+}
+
+void Intake::beginFeed(const std::shared_ptr<Batch>& batch, const BatchOptions& options) {
+    if (batch->mode == DisposeMode::dissolve)
+        disarm(batch->fromFinder); // what is dissolved can't be undone
     batch->meter = begin(options);
     if (m_parts.settings.sound.get())
         m_parts.sizzle.play();
     prefetch(batch);
-}
-
-bool Intake::confirmDissolve(Dialogs& dialogs, std::size_t count) {
-    const auto answer = dialogs.ask(dissolveQuestion(count));
-    if (answer.suppressed)
-        m_parts.settings.confirmDissolve.set(false);
-    return answer.confirmed;
 }
 
 /// Disposal begins when all thumbnails that were asked for have been answered.
@@ -192,13 +203,14 @@ void Intake::deleteImmediately(std::vector<Sacrifice> items, BatchCompletion com
         finishWithoutItems(JournalKind::erase, std::move(completion), options);
         return;
     }
-    if (!dialogsOf(options).ask(deleteQuestion(wanted)).confirmed) {
-        BatchResult result;
-        result.declined = true;
-        finish(completion, std::move(result));
-        return;
-    }
-    beginBinJob(JournalKind::erase, std::move(wanted), std::move(completion), options);
+    const auto question = deleteQuestion(wanted);
+    dialogsOf(options).ask(question, [this, wanted = std::move(wanted), options,
+                                      completion = std::move(completion)](const Answer& answer) {
+        if (answer.confirmed)
+            beginBinJob(JournalKind::erase, wanted, completion, options);
+        else
+            finishDeclined(completion);
+    });
 }
 
 void Intake::beginBinJob(JournalKind kind, std::vector<Sacrifice> items, BatchCompletion completion,

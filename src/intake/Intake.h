@@ -84,7 +84,8 @@ class Intake {
     struct BinBatch;
     using Meters = std::vector<std::shared_ptr<WorkMeter>>;
 
-    bool confirmDissolve(Dialogs& dialogs, std::size_t count);
+    void askToDissolve(const std::shared_ptr<Batch>& batch, const BatchOptions& options);
+    void beginFeed(const std::shared_ptr<Batch>& batch, const BatchOptions& options);
     void prefetch(const std::shared_ptr<Batch>& batch);
     void dispose(const std::shared_ptr<Batch>& batch);
     void complete(Batch& batch, DisposalJob::Output output);

@@ -46,11 +46,11 @@ struct FailureReport {
     std::vector<Failure> failures;
 };
 
-/// Asks and tells, modally.
 class Dialogs {
   public:
     virtual ~Dialogs() = default;
-    virtual Answer ask(const Question& question) = 0;
+    /// Answers once, at once or later.
+    virtual void ask(const Question& question, std::function<void(const Answer&)> answered) = 0;
     virtual void report(const FailureReport& report) = 0;
     virtual void beep() = 0;
 };

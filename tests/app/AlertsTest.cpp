@@ -1,19 +1,15 @@
 #include "app/Alerts.h"
 
-#include "support/MainLoop.h"
-
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
 #include <QTest>
-#include <QTimer>
 
 #include <gmock/gmock.h>
 
 namespace vexmoor {
 namespace {
 
-using test::eventuallyInLoop;
 using testing::ElementsAre;
 
 const Question kQuestion{"Dissolve?", "Forever.", "Dissolve", "Cancel", "Don't ask again"};
@@ -30,53 +26,46 @@ QMessageBox* shown() {
     return found;
 }
 
-/// Once an alert is there: does that to it.
-void whenShown(std::function<void(QMessageBox&)> act) {
-    QTimer::singleShot(0, qApp, [act = std::move(act)] {
-        ASSERT_TRUE(eventuallyInLoop([] { return shown() != nullptr; }));
-        act(*shown());
-    });
-}
-
 struct AlertsTest : testing::Test {
-    Alerts alerts{[] { return nullptr; }};
+    /// Asks, and keeps the answer.
+    void ask(const Question& question) {
+        alerts.ask(question, [this](const Answer& answer) { answers.push_back(answer); });
+    }
+    /// Presses a key at the alert that is shown, and notes what it says.
+    void press(Qt::Key key) {
+        ASSERT_NE(shown(), nullptr);
+        seen.push_back(shown()->text().toStdString());
+        QTest::keyClick(shown(), key);
+    }
+
+    Alerts alerts;
+    std::vector<Answer> answers;
+    std::vector<std::string> seen;
 };
 
 TEST_F(AlertsTest, TakesAYesAndThatItIsTheLastOne) {
-    whenShown([](QMessageBox& box) {
-        QTest::keyClick(box.checkBox(), Qt::Key_Space);
-        QTest::keyClick(&box, Qt::Key_Return);
-    });
-    const auto answer = alerts.ask(kQuestion);
-    EXPECT_TRUE(answer.confirmed);
-    EXPECT_TRUE(answer.suppressed);
+    ask(kQuestion);
+    ASSERT_NE(shown(), nullptr);
+    QTest::keyClick(shown()->checkBox(), Qt::Key_Space);
+    EXPECT_EQ(answers.size(), 0U);
+    press(Qt::Key_Return);
+    ASSERT_EQ(answers.size(), 1U);
+    EXPECT_TRUE(answers[0].confirmed);
+    EXPECT_TRUE(answers[0].suppressed);
+    EXPECT_EQ(shown(), nullptr);
 }
 
 TEST_F(AlertsTest, TakesTurnsInTheOrderInWhichTheyCame) {
-    std::vector<std::string> seen;
-    const auto note = [&](QMessageBox& box) {
-        seen.push_back(box.text().toStdString());
-        box.accept();
-    };
-    bool inner = true;
-    whenShown([&](QMessageBox& box) {
-        alerts.report({"Rejected a", "", {}});
-        EXPECT_EQ(shown(), &box) << "a report waits for the question";
-        QTimer::singleShot(0, qApp, [&] {
-            seen.push_back(box.text().toStdString());
-            QTest::keyClick(&box, Qt::Key_Return);
-            whenShown([&](QMessageBox& report) {
-                note(report);
-                whenShown([&](QMessageBox& second) {
-                    seen.push_back(second.text().toStdString());
-                    QTest::keyClick(&second, Qt::Key_Escape);
-                });
-            });
-        });
-        inner = alerts.ask({"Second?", "", "Yes", "No", std::nullopt}).confirmed;
-    });
-    EXPECT_TRUE(alerts.ask(kQuestion).confirmed);
-    EXPECT_FALSE(inner);
+    ask(kQuestion);
+    alerts.report({"Rejected a", "", {}});
+    ask({"Second?", "", "Yes", "No", std::nullopt});
+    press(Qt::Key_Return);
+    ASSERT_EQ(answers.size(), 1U) << "no answer waits for those after it";
+    EXPECT_TRUE(answers[0].confirmed);
+    press(Qt::Key_Return);
+    press(Qt::Key_Escape);
+    ASSERT_EQ(answers.size(), 2U);
+    EXPECT_FALSE(answers[1].confirmed);
     EXPECT_THAT(seen, ElementsAre("Dissolve?", "Rejected a", "Second?"));
 }
 
@@ -89,14 +78,16 @@ TEST_F(AlertsTest, DoesNotGrowWiderThanTheScreenByALongName) {
 
 TEST_F(AlertsTest, AnswersNoToAllWhenItIsClosed) {
     std::vector<std::string> told;
-    whenShown([&](QMessageBox&) {
-        alerts.report({"Waiting", "", {}});
-        alerts.close([&](const FailureReport& report) { told.push_back(report.message); });
-    });
-    EXPECT_FALSE(alerts.ask(kQuestion).confirmed);
-    EXPECT_FALSE(alerts.ask(kQuestion).confirmed) << "without asking";
+    ask(kQuestion);
+    alerts.report({"Waiting", "", {}});
+    ask(kQuestion);
+    alerts.close([&](const FailureReport& report) { told.push_back(report.message); });
+    ask(kQuestion);
     alerts.report({"Late", "", {}});
     EXPECT_EQ(shown(), nullptr);
+    ASSERT_EQ(answers.size(), 3U);
+    for (const Answer& answer : answers)
+        EXPECT_FALSE(answer.confirmed);
     EXPECT_THAT(told, ElementsAre("Waiting", "Late")) << "a report that nobody saw is not lost";
 }
 

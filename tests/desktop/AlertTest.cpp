@@ -90,12 +90,28 @@ TEST_F(AlertTest, LeavesNoFailureUntoldWhenTheProgramIsToEnd) {
                                               testing::StartsWith("The cauldron rejected last")));
 }
 
+TEST_F(AlertTest, ComesOnTopOnTheWorkspaceThatTheUserWorksOn) {
+    start({});
+    ASSERT_TRUE(eventually([&] { return cauldron->statsWindow().has_value(); }));
+    session->xdotool("set_num_desktops 2 set_desktop 1");
+    const FileManagerWindow window(*session, FileManager::kPcmanfmQt, session->home());
+    ASSERT_EQ(cauldron->feed({item}), 0);
+    ASSERT_TRUE(cauldron->alerts(kOne));
+    const auto alert = session->screen().find([](const SeenWindow& w) { return w.isDialog; });
+    const std::string id = std::to_string(alert.value().id);
+    EXPECT_EQ(session->run({"xdotool", "get_desktop_for_window", id}), "1\n");
+    EXPECT_THAT(session->run({"xprop", "-id", id, "_NET_WM_STATE", "_NET_WM_ALLOWED_ACTIONS"}),
+                testing::AllOf(testing::HasSubstr("_NET_WM_STATE_ABOVE"),
+                               testing::Not(testing::HasSubstr("_MAXIMIZE"))));
+    answer(kOne, "Escape");
+    EXPECT_TRUE(nothingIsAsked());
+}
+
 TEST_F(AlertTest, LetsTheTileTakeMoreAndAsksForThatInItsTurn) {
     const Path things = session->home() / "Things";
     session->write("Things/one", "1");
     session->write("Things/two", "2");
-    start({}); // the alert stands before the window
-    ASSERT_TRUE(eventually([&] { return cauldron->statsWindow().has_value(); }));
+    start();
     ASSERT_EQ(cauldron->feed({item}), 0);
     ASSERT_TRUE(cauldron->alerts(kOne));
 
@@ -106,7 +122,6 @@ TEST_F(AlertTest, LetsTheTileTakeMoreAndAsksForThatInItsTurn) {
     ASSERT_EQ(cauldron->feed({missing}), 0);
     EXPECT_TRUE(std::filesystem::exists(things / "one"));
     EXPECT_TRUE(std::filesystem::exists(item));
-    session->screen().keepPicture("alert-before-window");
 
     const auto alert = session->screen().find([](const SeenWindow& w) { return w.isDialog; });
     session->xdotool("windowactivate --sync " + std::to_string(alert.value().id));

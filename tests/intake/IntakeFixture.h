@@ -31,11 +31,12 @@ class Surroundings : public Dialogs,
                      public UndoKey,
                      public NotificationPort {
   public:
-    Answer ask(const Question& question) override {
+    void ask(const Question& question, std::function<void(const Answer&)> answered) override {
         events.push_back("ask " + question.message);
-        if (const auto meanwhile = std::exchange(whileAsked, nullptr))
-            meanwhile();
-        return answer;
+        if (holdsQuestions)
+            questions.push_back(std::move(answered));
+        else
+            answered(answer);
     }
     void report(const FailureReport& report) override {
         events.push_back("report " + report.message);
@@ -77,7 +78,8 @@ class Surroundings : public Dialogs,
     std::vector<FailureReport> reports;
     std::vector<PicturePointer> burned;
     Answer answer{true, false};
-    std::function<void()> whileAsked;   ///< happens once, while a question waits for its answer
+    bool holdsQuestions = false;
+    std::vector<std::function<void(const Answer&)>> questions; ///< that wait for their answers
     std::function<void()> whileBurning; ///< happens once, when the items are gone
     bool hasPictures = true;
     bool holdsThumbnails = false;

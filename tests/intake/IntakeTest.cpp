@@ -234,12 +234,26 @@ TEST_F(IntakeTest, LeavesUntouchedWhatHasNotBegunWhenAllIsStopped) {
     EXPECT_THAT(counts, ElementsAre(0, 1, 2, 1, 0));
 }
 
-TEST_F(IntakeTest, TakesWhatIsFedAgainWhileTheUserIsAskedOnlyOnce) {
-    const auto items = make({"a"});
+TEST_F(IntakeTest, BeginsWhatWasSaidYesToWhileOtherQuestionsWait) {
+    const auto items = make({"a", "b", "c"});
     program->settings.mode.set(DisposeMode::dissolve);
-    around.whileAsked = [&] { program->intake.consume(items, false); };
-    EXPECT_EQ(feed(items).done.size(), 1U);
-    EXPECT_TRUE(recent().size() == 1 && around.reports.empty());
+    around.holdsQuestions = true;
+    bool declined = false;
+    program->intake.consume({items[0]}, false,
+                            [&](const BatchResult& result) { declined = result.declined; });
+    program->intake.consume({items[1]}, false);
+    program->settings.mode.set(DisposeMode::bin);
+    EXPECT_EQ(feed({items[0], items[1]}).done.size(), 0U) << "taken already";
+    ASSERT_EQ(around.questions.size(), 2U);
+    around.questions[1]({true, false});
+    settle();
+    EXPECT_FALSE(exists(items[1]));
+    EXPECT_TRUE(exists(items[0]));
+    EXPECT_EQ(recent().at(0).mode, DisposeMode::dissolve) << "as it was asked";
+    around.questions[0]({false, false});
+    EXPECT_TRUE(declined);
+    EXPECT_EQ(feed({items[0], items[2]}).done.size(), 2U) << "free again";
+    EXPECT_THAT(around.reports, testing::IsEmpty());
 }
 
 TEST_F(IntakeTest, AsksAndTellsWhomTheBatchNames) {
