@@ -30,8 +30,10 @@ Notifications::Notifications(const QDBusConnection& bus) : m_bus(bus) {
     m_bus.connect(kService, kPath, kService, QStringLiteral("NotificationClosed"), this,
                   SLOT(closed(uint, uint)));
     const auto* const watcher =
-        new QDBusServiceWatcher(kService, m_bus, QDBusServiceWatcher::WatchForUnregistration, this);
-    connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this, &Notifications::forgetServer);
+        new QDBusServiceWatcher(kService, m_bus, QDBusServiceWatcher::WatchForOwnerChange, this);
+    connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+            [this](const QString&, const QString&, const QString& owner) { serverChanged(owner); });
+    askCapabilities();
 }
 
 void Notifications::requestAuthorization(std::function<void(bool granted)> completion) {
@@ -41,9 +43,8 @@ void Notifications::requestAuthorization(std::function<void(bool granted)> compl
         return;
     }
     callAsync(m_bus, call("GetCapabilities"), this, [this, completion](const QDBusMessage& answer) {
-        if (isAnswer(answer))
-            m_capabilities = answer.arguments().value(0).toStringList();
-        else
+        learnCapabilities(answer);
+        if (!isAnswer(answer))
             qCInfo(log) << "No server of notifications:" << answer.errorMessage();
         completion(isAnswer(answer));
     });
@@ -101,15 +102,35 @@ void Notifications::closed(uint id, uint) {
             shown.id = 0;
 }
 
-void Notifications::forgetServer() {
-    m_capabilities.clear();
+void Notifications::serverChanged(const QString& owner) {
+    m_capabilities.reset();
     for (Shown& shown : m_shown) // another server's numbers are other notifications
         shown.id = 0;
+    if (!owner.isEmpty())
+        askCapabilities();
 }
 
+/// Starts no server.
+void Notifications::askCapabilities() {
+    if (!m_bus.isConnected())
+        return;
+    QDBusMessage message = call("GetCapabilities");
+    message.setAutoStartService(false);
+    callAsync(m_bus, message, this,
+              [this](const QDBusMessage& answer) { learnCapabilities(answer); });
+}
+
+void Notifications::learnCapabilities(const QDBusMessage& answer) {
+    if (isAnswer(answer))
+        m_capabilities = answer.arguments().value(0).toStringList();
+}
+
+/// A server that has not told yet is taken for one that reads markup: an entity too many is better
+/// than a name that disappears.
 QString Notifications::bodyText(const std::string& body) const {
     const QString text = QString::fromStdString(body);
-    return m_capabilities.contains("body-markup") ? text.toHtmlEscaped() : text;
+    const bool isRead = !m_capabilities || m_capabilities->contains("body-markup");
+    return isRead ? text.toHtmlEscaped() : text;
 }
 
 } // namespace vexmoor

@@ -44,12 +44,14 @@ class Notifications : public QObject, public NotificationPort {
 
     void show(const Notification& notification);
     void answered(const QString& identifier, const QDBusMessage& answer);
-    void forgetServer();
+    void serverChanged(const QString& owner);
+    void askCapabilities();
+    void learnCapabilities(const QDBusMessage& answer);
     [[nodiscard]] QString bodyText(const std::string& body) const;
 
     QDBusConnection m_bus;
-    QStringList m_capabilities;
-    QHash<QString, Shown> m_shown; ///< by our identifier
+    std::optional<QStringList> m_capabilities; ///< of the server that runs, once it has told them
+    QHash<QString, Shown> m_shown;             ///< by our identifier
 };
 
 } // namespace vexmoor

@@ -36,6 +36,7 @@ class FakeNotificationServer : public QObject, protected QDBusContext {
     ~FakeNotificationServer() override { m_bus.unregisterService(kName); }
 
     QStringList capabilities = {"body", "actions"};
+    bool hasTold = false; ///< its capabilities
     std::vector<Call> calls;
     bool holdsAnswers = false; ///< until answer() is called
 
@@ -45,7 +46,10 @@ class FakeNotificationServer : public QObject, protected QDBusContext {
     }
 
   public slots:
-    QStringList GetCapabilities() { return capabilities; }
+    QStringList GetCapabilities() {
+        hasTold = true;
+        return capabilities;
+    }
     uint Notify(const QString&, uint replaces, const QString& icon, const QString& title,
                 const QString& body, const QStringList& actions, const QVariantMap& hints, int) {
         calls.push_back({replaces, icon, title, body, actions, hints});

@@ -49,6 +49,12 @@ class NotificationsTest : public testing::Test {
         return got && m_server->calls.size() == calls;
     }
 
+    [[nodiscard]] bool serverHasTold() {
+        const bool hasTold = eventuallyInLoop([&] { return m_server->hasTold; });
+        test::settle({"server", "client"});
+        return hasTold;
+    }
+
     test::PrivateBus m_bus;
     std::optional<FakeNotificationServer> m_server;
     std::optional<Notifications> m_notifications;
@@ -70,11 +76,24 @@ TEST_F(NotificationsTest, AreShownAsTheDesktopExpectsThem) {
 }
 
 TEST_F(NotificationsTest, AreNeverTakenForMarkup) {
-    m_server->capabilities << "body-markup";
-    ASSERT_TRUE(authorised());
-    post("achievement.first", "Salt & <b>pepper</b>");
+    const QString escaped = "Salt &amp; &lt;b&gt;pepper&lt;/b&gt;";
+    ASSERT_TRUE(serverHasTold());
+    post("a", "Salt & <b>pepper</b>");
     ASSERT_TRUE(serverGot(1));
-    EXPECT_EQ(m_server->calls.front().body, "Salt &amp; &lt;b&gt;pepper&lt;/b&gt;");
+    EXPECT_EQ(m_server->calls[0].body, "Salt & <b>pepper</b>");
+
+    m_server.reset();
+    m_server.emplace(connection("server"));
+    m_server->capabilities << "body-markup";
+    ASSERT_TRUE(serverHasTold());
+    post("a", "Salt & <b>pepper</b>");
+    ASSERT_TRUE(serverGot(1));
+    EXPECT_EQ(m_server->calls[0].body, escaped) << "it is another server";
+
+    Notifications early(connection("client"));
+    early.post({"b", "Title", "Salt & <b>pepper</b>"});
+    ASSERT_TRUE(serverGot(2));
+    EXPECT_EQ(m_server->calls[1].body, escaped) << "nothing is known of it yet";
 }
 
 TEST_F(NotificationsTest, ReplaceThoseOfTheSameIdentifierAsLongAsTheyStand) {
