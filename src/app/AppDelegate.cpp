@@ -6,6 +6,7 @@
 
 #include "art/CauldronArt.h"
 #include "dock/FlameOverlayWindow.h"
+#include "dock/StartupNotification.h"
 #include "intake/BinnedItems.h"
 #include "intake/Recovery.h"
 #include "intake/Texts.h"
@@ -147,7 +148,12 @@ void AppDelegate::restWhileUnseen() {
 }
 
 void AppDelegate::wireDesktop() {
-    connect(&m_notifications, &Notifications::activated, this, &AppDelegate::showStats);
+    connect(&m_notifications, &Notifications::activated, this,
+            [this](const QString&, const QByteArray& token) {
+                m_startup = token;
+                showStats();
+                endStartup();
+            });
     connect(&m_sessionLock, &SessionLock::lockedChanged, this, &AppDelegate::restWhileUnseen);
     connect(&m_updater, &Updater::finished, this, [this](const UpdateCheck& check) {
         m_alerts.tell(tr("Check for Updates"), sentenceFor(check));
@@ -163,11 +169,19 @@ void AppDelegate::subscribeToSettings() {
 }
 
 void AppDelegate::wireService() {
+    connect(&m_service, &ApplicationService::startupBegun, this,
+            [this](const QByteArray& id) { m_startup = id; });
+    connect(&m_service, &ApplicationService::startupEnded, this, &AppDelegate::endStartup);
     connect(&m_service, &ApplicationService::activateRequested, this, &AppDelegate::showStats);
     connect(&m_service, &ApplicationService::openRequested, this, &AppDelegate::open);
     connect(&m_service, &ApplicationService::actionRequested, this, &AppDelegate::act);
     m_service.setProbe([this] { return probe(); });
     m_service.deliverOrders();
+}
+
+void AppDelegate::endStartup() {
+    if (!m_startup.isEmpty())
+        native::endStartup(std::exchange(m_startup, {}));
 }
 
 void AppDelegate::open(const std::vector<Path>& items, int others) {
@@ -222,6 +236,8 @@ void AppDelegate::showTileMenu(QPoint position) {
 
 void AppDelegate::showStats() {
     StatsWindow& window = statsWindow();
+    if (!m_startup.isEmpty())
+        native::answerStartup(window.winId(), m_startup);
     window.show();
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
     fitOnScreen(window);

@@ -66,6 +66,7 @@ class AppDelegate : public QObject {
     void wireDesktop();
     void restWhileUnseen();
     void subscribeToSettings();
+    void endStartup();
     void open(const std::vector<Path>& items, int others);
     void act(const QString& action);
     void putBackLast();
@@ -109,6 +110,7 @@ class AppDelegate : public QObject {
     std::unique_ptr<WindowFrame> m_statsFrame;
     SessionLock m_sessionLock;
     Updater m_updater;
+    QByteArray m_startup; ///< what a launcher waits for at the moment; empty where none does
     bool m_receivedFilesAtLaunch = false;
     std::vector<Subscription> m_subscriptions;
 };

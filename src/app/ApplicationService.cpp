@@ -13,12 +13,20 @@ namespace {
 
 constexpr int kPatienceMilliseconds = 10000;
 constexpr const char* kApplication = "org.freedesktop.Application";
+// Where launchers say by what id they wait, and by what token the focus may be taken.
+constexpr const char* kStartup = "desktop-startup-id";
+constexpr const char* kToken = "activation-token";
 constexpr const char* kDiagnostics = "org.vexmoor.Diagnostics1";
 
 QDBusMessage order(const char* interface, const char* method) {
     return QDBusMessage::createMethodCall(QLatin1String(ApplicationService::kName),
                                           QLatin1String(ApplicationService::kPath),
                                           QLatin1String(interface), QLatin1String(method));
+}
+
+QVariantMap platformData(const std::string& startup) {
+    return startup.empty() ? QVariantMap()
+                           : QVariantMap{{kStartup, QString::fromStdString(startup)}};
 }
 
 } // namespace
@@ -40,8 +48,17 @@ ApplicationService::Claim ApplicationService::claimName() {
                                                                         : Claim::taken;
 }
 
-void ApplicationService::take(std::function<void()> order) {
-    m_waiting.push_back(std::move(order));
+void ApplicationService::take(std::function<void()> order, const QVariantMap& platformData) {
+    auto startup = platformData.value(QLatin1String(kStartup)).toByteArray();
+    if (startup.isEmpty())
+        startup = platformData.value(QLatin1String(kToken)).toByteArray();
+    m_waiting.push_back([this, startup, order = std::move(order)] {
+        if (!startup.isEmpty())
+            emit startupBegun(startup);
+        order();
+        if (!startup.isEmpty())
+            emit startupEnded();
+    });
     if (m_delivers) // not now: whoever sent it shall not wait until the user has answered
         QMetaObject::invokeMethod(this, &ApplicationService::deliverOrders, Qt::QueuedConnection);
 }
@@ -53,19 +70,20 @@ void ApplicationService::deliverOrders() {
         order();
 }
 
-bool ApplicationService::forwardActivate() const {
+bool ApplicationService::forwardActivate(const std::string& startup) const {
     auto message = order(kApplication, "Activate");
-    message << QVariantMap();
+    message << platformData(startup);
     return m_bus.call(message, QDBus::Block, kPatienceMilliseconds).type() ==
            QDBusMessage::ReplyMessage;
 }
 
-bool ApplicationService::forwardOpen(const std::vector<Path>& items, int others) const {
+bool ApplicationService::forwardOpen(const std::vector<Path>& items, int others,
+                                     const std::string& startup) const {
     QStringList uris(others, QStringLiteral("other:")); // its owner says what it thinks of them
     for (const auto& item : items)
         uris.push_back(QString::fromStdString(fileUri(item)));
     auto message = order(kApplication, "Open");
-    message << uris << QVariantMap();
+    message << uris << platformData(startup);
     return m_bus.call(message, QDBus::Block, kPatienceMilliseconds).type() ==
            QDBusMessage::ReplyMessage;
 }
@@ -82,11 +100,11 @@ std::optional<QString> ApplicationService::forwardProbe() const {
 ApplicationAdaptor::ApplicationAdaptor(ApplicationService& service)
     : QDBusAbstractAdaptor(&service), m_service(service) {}
 
-void ApplicationAdaptor::Activate(const QVariantMap&) {
-    m_service.take([this] { emit m_service.activateRequested(); });
+void ApplicationAdaptor::Activate(const QVariantMap& platformData) {
+    m_service.take([this] { emit m_service.activateRequested(); }, platformData);
 }
 
-void ApplicationAdaptor::Open(const QStringList& uris, const QVariantMap&) {
+void ApplicationAdaptor::Open(const QStringList& uris, const QVariantMap& platformData) {
     DroppedUris dropped;
     for (const auto& uri : uris) {
         if (auto path = pathFromFileUri(uri.toStdString()))
@@ -94,13 +112,13 @@ void ApplicationAdaptor::Open(const QStringList& uris, const QVariantMap&) {
         else
             ++dropped.others;
     }
-    m_service.take(
-        [this, dropped] { emit m_service.openRequested(dropped.items, dropped.others); });
+    m_service.take([this, dropped] { emit m_service.openRequested(dropped.items, dropped.others); },
+                   platformData);
 }
 
 void ApplicationAdaptor::ActivateAction(const QString& name, const QVariantList&,
-                                        const QVariantMap&) {
-    m_service.take([this, name] { emit m_service.actionRequested(name); });
+                                        const QVariantMap& platformData) {
+    m_service.take([this, name] { emit m_service.actionRequested(name); }, platformData);
 }
 
 DiagnosticsAdaptor::DiagnosticsAdaptor(ApplicationService& service)

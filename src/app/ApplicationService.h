@@ -37,9 +37,11 @@ class ApplicationService : public QObject {
     /// Hands out the orders that wait, and from now on each as it comes.
     void deliverOrders();
 
-    /// Sends an order to the owner of the name; false where it did not take it.
-    [[nodiscard]] bool forwardActivate() const;
-    [[nodiscard]] bool forwardOpen(const std::vector<Path>& items, int others) const;
+    /// Sends an order to the owner of the name; false where it did not take it. `startup` is the
+    /// launcher's id of the start that the order came with; empty where it has none.
+    [[nodiscard]] bool forwardActivate(const std::string& startup) const;
+    [[nodiscard]] bool forwardOpen(const std::vector<Path>& items, int others,
+                                   const std::string& startup) const;
 
     /// What the owner of the name answers to the diagnostic; nothing where there is none.
     [[nodiscard]] std::optional<QString> forwardProbe() const;
@@ -48,10 +50,13 @@ class ApplicationService : public QObject {
     void setProbe(std::function<QString()> probe) { m_probe = std::move(probe); }
     [[nodiscard]] QString probe() const { return m_probe ? m_probe() : QString(); }
 
-    /// Takes an order in.
-    void take(std::function<void()> order);
+    /// Takes an order in, and whatever a launcher says of it.
+    void take(std::function<void()> order, const QVariantMap& platformData);
 
   signals:
+    /// The order that comes next is what a launcher waits for; and it was carried out.
+    void startupBegun(const QByteArray& id);
+    void startupEnded();
     void activateRequested();
     /// Local items; `others` of what was named is not on this computer.
     void openRequested(const std::vector<vexmoor::Path>& items, int others);

@@ -57,9 +57,10 @@ Start::Outcome Start::begin() {
 }
 
 Start::Outcome Start::forward() {
-    const bool taken = m_options.items.empty() && m_options.others == 0
-                           ? m_options.background || m_service.forwardActivate()
-                           : m_service.forwardOpen(m_options.items, m_options.others);
+    const bool taken =
+        m_options.items.empty() && m_options.others == 0
+            ? m_options.background || m_service.forwardActivate(m_options.startup)
+            : m_service.forwardOpen(m_options.items, m_options.others, m_options.startup);
     if (!taken)
         return refuse(tr("Vexmoor is running already"), tr("But it does not answer."));
     return Outcome::forwarded;

@@ -71,8 +71,9 @@ bool displayAnswers() {
 
 int main(int argc, char** argv) {
     std::error_code gone; // then relative paths name nothing
-    const auto options = LaunchOptions::fromArguments({argv + std::min(argc, 1), argv + argc},
-                                                      std::filesystem::current_path(gone));
+    auto options = LaunchOptions::fromArguments({argv + std::min(argc, 1), argv + argc},
+                                                std::filesystem::current_path(gone));
+    options.startup = qgetenv("DESKTOP_STARTUP_ID").toStdString(); // before Qt takes it
     if (!options.unknown.empty()) {
         std::cerr << "vexmoor-desktop: there is no option " << options.unknown
                   << ". Try 'vexmoor-desktop --help'.\n";

@@ -25,6 +25,8 @@ QDBusMessage call(const char* method) {
 } // namespace
 
 Notifications::Notifications(const QDBusConnection& bus) : m_bus(bus) {
+    m_bus.connect(kService, kPath, kService, QStringLiteral("ActivationToken"), this,
+                  SLOT(activationToken(uint, QString)));
     m_bus.connect(kService, kPath, kService, QStringLiteral("ActionInvoked"), this,
                   SLOT(actionInvoked(uint, QString)));
     m_bus.connect(kService, kPath, kService, QStringLiteral("NotificationClosed"), this,
@@ -86,12 +88,19 @@ void Notifications::answered(const QString& identifier, const QDBusMessage& answ
         show(*next);
 }
 
+void Notifications::activationToken(uint id, const QString& token) {
+    for (Shown& shown : m_shown)
+        if (shown.id == id)
+            shown.token = token.toUtf8();
+}
+
 void Notifications::actionInvoked(uint id, const QString& action) {
     if (action != kDefaultAction)
         return;
-    for (auto shown = m_shown.cbegin(); shown != m_shown.cend(); ++shown)
+    for (auto shown = m_shown.begin(); shown != m_shown.end(); ++shown)
         if (shown->id == id && id != 0) {
-            emit activated(QString(shown.key()));
+            const QByteArray token = std::exchange(shown->token, {});
+            emit activated(QString(shown.key()), token);
             return;
         }
 }

@@ -27,10 +27,12 @@ class Notifications : public QObject, public NotificationPort {
     void post(const Notification& notification) override;
 
   signals:
-    /// The user chose one of those that were posted.
-    void activated(const QString& identifier);
+    /// The user chose one of those that were posted. `token` allows a window that is shown for it
+    /// to take the focus; empty where the server gave none.
+    void activated(const QString& identifier, const QByteArray& token);
 
   private slots:
+    void activationToken(uint id, const QString& token);
     void actionInvoked(uint id, const QString& action);
     void closed(uint id, uint reason);
 
@@ -40,6 +42,7 @@ class Notifications : public QObject, public NotificationPort {
         uint id = 0;                      ///< the server's; 0 until it has answered
         bool awaited = false;             ///< an answer is on its way
         std::optional<Notification> next; ///< to be shown after that answer
+        QByteArray token;                 ///< for the action that comes next
     };
 
     void show(const Notification& notification);

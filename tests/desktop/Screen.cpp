@@ -93,6 +93,24 @@ std::optional<SeenWindow> Screen::active() const {
     return window.empty() ? std::nullopt : seen(window.front(), true);
 }
 
+void Screen::watchLaunches() {
+    constexpr std::uint32_t kProperties = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(m_x, m_screen->root, XCB_CW_EVENT_MASK, &kProperties);
+    xcb_flush(m_x);
+}
+
+std::string Screen::launchMessages() {
+    while (const auto event = owned(xcb_poll_for_event(m_x))) {
+        const auto* const message =
+            reinterpret_cast<const xcb_client_message_event_t*>(event.get());
+        const int kind = event->response_type & 0x7f; // without the mark of what clients send
+        if (kind == XCB_CLIENT_MESSAGE && message->format == 8)
+            m_launchMessages.append(reinterpret_cast<const char*>(message->data.data8),
+                                    sizeof message->data.data8);
+    }
+    return m_launchMessages;
+}
+
 xcb_atom_t Screen::atom(const char* name) const {
     const auto reply = owned(xcb_intern_atom_reply(
         m_x, xcb_intern_atom(m_x, 0, static_cast<std::uint16_t>(std::strlen(name)), name),

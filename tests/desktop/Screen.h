@@ -42,6 +42,10 @@ class Screen {
     [[nodiscard]] std::vector<SeenWindow> windows() const;
     [[nodiscard]] std::optional<SeenWindow>
     find(const std::function<bool(const SeenWindow&)>& isWanted) const;
+    /// From now on, what launchers are told (Startup Notification Protocol).
+    void watchLaunches();
+    [[nodiscard]] std::string launchMessages();
+
     /// The window that keys go to.
     [[nodiscard]] std::optional<SeenWindow> active() const;
 
@@ -52,6 +56,7 @@ class Screen {
 
     xcb_connection_t* m_x;
     const xcb_screen_t* m_screen;
+    std::string m_launchMessages;
 };
 
 /// How many pixels of the picture have one of the colours.

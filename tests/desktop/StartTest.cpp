@@ -38,6 +38,25 @@ TEST_F(StartTest, HandsASecondStartsOrderToTheFirst) {
     EXPECT_FALSE(session->hasService(Cauldron::kName));
 }
 
+TEST_F(StartTest, AnswersTheLauncherOfASecondStart) {
+    start();
+    session->screen().watchLaunches();
+    const auto launch = [&](const std::string& id, const std::vector<std::string>& arguments) {
+        auto second = session->command(Cauldron::words(arguments));
+        EXPECT_EQ(second.with("DESKTOP_STARTUP_ID", id).run().status, 0);
+        return eventually([&] {
+            const std::string end = "remove: ID=\"" + id + "\"" + '\0';
+            return session->screen().launchMessages().find(end) != std::string::npos;
+        });
+    };
+    EXPECT_TRUE(launch("a-launcher/with a long name/1_TIME1000", {items[0]}));
+    EXPECT_TRUE(launch("launcher/2_TIME2000", {}));
+    ASSERT_TRUE(eventually([&] { return cauldron->statsWindow().has_value(); }));
+    EXPECT_THAT(session->run({"xprop", "-id", std::to_string(cauldron->statsWindow()->id),
+                              "_NET_STARTUP_ID"}),
+                testing::HasSubstr("launcher/2_TIME2000"));
+}
+
 TEST_F(StartTest, FeedsWhatItIsStartedWithAndOpensNoWindow) {
     start({items[0], "file://" + items[2].string()});
     EXPECT_TRUE(cauldron->records(2));

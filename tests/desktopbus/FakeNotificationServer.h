@@ -61,6 +61,7 @@ class FakeNotificationServer : public QObject, protected QDBusContext {
     }
 
   signals:
+    void ActivationToken(uint id, const QString& token);
     void ActionInvoked(uint id, const QString& action);
     void NotificationClosed(uint id, uint reason);
 

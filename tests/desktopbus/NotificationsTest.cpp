@@ -17,7 +17,9 @@ class NotificationsTest : public testing::Test {
         m_server.emplace(connection("server"));
         m_notifications.emplace(connection("client"));
         QObject::connect(&*m_notifications, &Notifications::activated, &*m_notifications,
-                         [this](const QString& identifier) { m_activated << identifier; });
+                         [this](const QString& identifier, const QByteArray& token) {
+                             m_activated << identifier << QString::fromUtf8(token);
+                         });
     }
 
     void TearDown() override {
@@ -130,10 +132,12 @@ TEST_F(NotificationsTest, TellWhichOfOursTheUserChose) {
     ASSERT_TRUE(serverGot(1));
     emit m_server->ActionInvoked(7, "default"); // another program's
     emit m_server->ActionInvoked(1, "other");
+    emit m_server->ActivationToken(1, "focus");
     emit m_server->ActionInvoked(1, "default");
-    ASSERT_TRUE(eventuallyInLoop([this] { return !m_activated.isEmpty(); }));
+    emit m_server->ActionInvoked(1, "default");
+    ASSERT_TRUE(eventuallyInLoop([this] { return m_activated.size() >= 4; }));
     test::settle({"server", "client"});
-    EXPECT_EQ(m_activated, QStringList{"a"});
+    EXPECT_EQ(m_activated, (QStringList{"a", "focus", "a", ""}));
 }
 
 TEST_F(NotificationsTest, SurviveTheServersAbsenceAndItsDeath) {
@@ -157,7 +161,7 @@ TEST_F(NotificationsTest, SurviveTheServersAbsenceAndItsDeath) {
     test::settle({"server", "client"});
     emit m_server->ActionInvoked(1, "default");
     ASSERT_TRUE(eventuallyInLoop([this] { return !m_activated.isEmpty(); }));
-    EXPECT_EQ(m_activated.size(), 1);
+    EXPECT_EQ(m_activated.size(), 2) << "an identifier and no token";
 }
 
 TEST_F(NotificationsTest, AnswerNobodyWhenTheyAreGone) {
