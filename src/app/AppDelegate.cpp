@@ -112,8 +112,7 @@ void AppDelegate::recordCutOffBatches() {
 void AppDelegate::serveCommands() {
     m_commands = std::make_unique<CommandService>(
         m_service, m_bus,
-        CommandService::Parts{m_intake, m_settings, m_progression,
-                              BinnedItems(m_ledger, m_stores.journal()), m_alerts,
+        CommandService::Parts{m_intake, m_settings, m_progression, binnedItems(), m_alerts,
                               [this](const auto& assignment) { return store(assignment); }});
 }
 
@@ -204,12 +203,16 @@ void AppDelegate::act(const QString& action) {
         showStats();
 }
 
+BinnedItems AppDelegate::binnedItems() const {
+    return {m_ledger, m_stores.journal()};
+}
+
 /// The newest batch of this run or of an earlier one.
 void AppDelegate::putBackLast() {
     if (m_undoStack.canUndo())
         m_undoStack.undo();
     else
-        m_intake.restore(BinnedItems(m_ledger, m_stores.journal()).lastBatch());
+        m_intake.restore(binnedItems().lastBatch());
 }
 
 void AppDelegate::undo() {
@@ -226,8 +229,9 @@ void AppDelegate::testFlames() {
 }
 
 void AppDelegate::showTileMenu(QPoint position) {
-    auto* const menu = new TileMenu(m_settings, m_undoStack);
-    connect(menu, &TileMenu::undoChosen, this, &AppDelegate::undo);
+    const bool canPutBack = m_undoStack.canUndo() || !binnedItems().lastBatch().empty();
+    auto* const menu = new TileMenu(m_settings, m_undoStack, canPutBack);
+    connect(menu, &TileMenu::putBackChosen, this, &AppDelegate::putBackLast);
     connect(menu, &TileMenu::testFlamesChosen, this, &AppDelegate::testFlames);
     connect(menu, &TileMenu::statsChosen, this, &AppDelegate::showStats);
     connect(menu, &TileMenu::quitChosen, this, &AppDelegate::quit);
@@ -251,6 +255,10 @@ StatsWindow& AppDelegate::statsWindow() {
                                                       &Date::now, m_windowTimers.maker());
         connect(m_statsWindow.get(), &StatsWindow::testFlamesRequested, this,
                 &AppDelegate::testFlames);
+        // The tile takes no keys: its menu comes by the window's menu key too.
+        m_statsWindow->setContextMenuPolicy(Qt::CustomContextMenu);
+        connect(m_statsWindow.get(), &QWidget::customContextMenuRequested, this,
+                [this](QPoint place) { showTileMenu(m_statsWindow->mapToGlobal(place)); });
         buildMenu(*m_statsWindow);
         m_statsFrame = std::make_unique<WindowFrame>(*m_statsWindow, m_stores.defaults());
     }

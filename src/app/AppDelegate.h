@@ -69,6 +69,7 @@ class AppDelegate : public QObject {
     void endStartup();
     void open(const std::vector<Path>& items, int others);
     void act(const QString& action);
+    [[nodiscard]] BinnedItems binnedItems() const;
     void putBackLast();
     void showTileMenu(QPoint position);
     StatsWindow& statsWindow();

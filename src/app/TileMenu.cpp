@@ -5,14 +5,14 @@
 
 namespace vexmoor {
 
-TileMenu::TileMenu(Settings& settings, const UndoStack& undoStack) {
+TileMenu::TileMenu(Settings& settings, const UndoStack& undoStack, bool canPutBack) {
     setAttribute(Qt::WA_DeleteOnClose);
-    QAction* const undo =
+    QAction* const putBack =
         addAction(undoStack.canUndo()
                       ? tr("Put Back %1").arg(QString::fromStdString(undoStack.undoActionName()))
                       : tr("Put Back Last Sacrifice"),
-                  this, &TileMenu::undoChosen);
-    undo->setEnabled(undoStack.canUndo());
+                  this, &TileMenu::putBackChosen);
+    putBack->setEnabled(canPutBack);
     addAction(tr("Test the Flames"), this, &TileMenu::testFlamesChosen);
     addSeparator();
     QAction* const dissolve = addAction(tr("Dissolve forever"), this, [&settings] {

@@ -7,15 +7,17 @@ namespace vexmoor {
 class Settings;
 class UndoStack;
 
-/// The menu of the tile's right button, made anew each time it opens. It goes when it is closed.
+/// The menu of the tile's right button and of the window's menu key, made anew each time it opens.
+/// It goes when it is closed.
 class TileMenu : public QMenu {
     Q_OBJECT
 
   public:
-    TileMenu(Settings& settings, const UndoStack& undoStack);
+    /// `canPutBack`: a batch, of this run or of an earlier one, has something left in the Bin.
+    TileMenu(Settings& settings, const UndoStack& undoStack, bool canPutBack);
 
   signals:
-    void undoChosen();
+    void putBackChosen();
     void testFlamesChosen();
     void statsChosen();
     void quitChosen();

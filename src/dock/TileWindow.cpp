@@ -3,6 +3,7 @@
 #include "DroppedUris.h"
 #include "NativeWindow.h"
 #include "PixelImage.h"
+#include "TileAccessible.h"
 #include "TileBadge.h"
 
 #include "art/CauldronArt.h"
@@ -42,6 +43,7 @@ TileWindow::TileWindow(UserDefaults& defaults, const Compositor& compositor, Man
     : m_defaults(defaults), m_compositor(compositor) {
     setWindowFlags(flagsFor(manager));
     setWindowTitle(QStringLiteral("Vexmoor"));
+    TileAccessible::install();
     setAccessibleName(QStringLiteral("Vexmoor"));
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -132,6 +134,7 @@ void TileWindow::setBadged(bool badged) {
     if (m_badged == badged)
         return;
     m_badged = badged;
+    setAccessibleDescription(badged ? tr("Dissolving forever") : QString());
     redraw();
 }
 
@@ -178,6 +181,10 @@ void TileWindow::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.drawImage(QPointF(0, 0), m_image);
+}
+
+void TileWindow::requestMenu() {
+    emit menuRequested(mapToGlobal(rect().center()));
 }
 
 void TileWindow::mousePressEvent(QMouseEvent* event) {

@@ -16,8 +16,8 @@
 namespace vexmoor {
 
 /// The application's tile: a small frameless window at the screen's edge that shows the icon and
-/// takes what is dropped on it. A click, the keyboard or a screen reader presses it (clicked());
-/// dragged, it follows the edges, and it remembers its place. Main thread.
+/// takes what is dropped on it. A click or a screen reader presses it (clicked()); dragged, it
+/// follows the edges, and it remembers its place. It never takes the focus. Main thread.
 class TileWindow : public QAbstractButton, public IconSink {
     Q_OBJECT
 
@@ -36,6 +36,9 @@ class TileWindow : public QAbstractButton, public IconSink {
     /// Shows the skull.
     void setBadged(bool badged);
 
+    /// Asks for the menu as the right button does.
+    void requestMenu();
+
     /// Where it is, in Qt's coordinates but exact to the physical pixel; nothing while it is
     /// hidden.
     [[nodiscard]] std::optional<QRectF> frame() const;
@@ -49,7 +52,7 @@ class TileWindow : public QAbstractButton, public IconSink {
     void dropped(const std::vector<vexmoor::Path>& items);
     /// Something that is not on this computer was dropped, beside items that were taken or alone.
     void refused(bool tookOthers);
-    /// The right button was pressed there.
+    /// The menu is wanted there.
     void menuRequested(QPoint globalPosition);
 
   protected:

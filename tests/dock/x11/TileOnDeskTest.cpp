@@ -152,6 +152,12 @@ TEST_F(TileOnDeskTest, IsPressedByClickAndByScreenReaderAndNeverTakesTheFocus) {
     ASSERT_NE(reader->actionInterface(), nullptr);
     reader->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_TRUE(eventuallyInLoop([&] { return clicks == 2; }));
+    menu = {};
+    reader->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    EXPECT_EQ(menu, middle);
+    EXPECT_EQ(reader->text(QAccessible::Description), "");
+    desk->tile->setBadged(true);
+    EXPECT_EQ(reader->text(QAccessible::Description), "Dissolving forever");
     EXPECT_TRUE(elsewhere.isActiveWindow());
 }
 

@@ -1,0 +1,33 @@
+#include "DesktopTest.h"
+
+namespace vexmoor {
+namespace {
+
+using namespace test;
+
+using KeyboardTest = DesktopTest;
+
+TEST_F(KeyboardTest, ReachesTheTilesMenuThroughTheWindow) {
+    openSession();
+    start({});
+    const auto hasFocus = [&](auto isIt) {
+        return eventually([&] {
+            const auto active = session->screen().active();
+            return active && isIt(*active);
+        });
+    };
+    ASSERT_TRUE(hasFocus([](const SeenWindow& window) { return window.title == "Vexmoor"; }));
+    session->press("Menu");
+    const auto menu = [&] {
+        return session->screen().find([](const SeenWindow& window) {
+            return !window.isManaged && !window.isDock && window.className == Cauldron::kName;
+        });
+    };
+    ASSERT_TRUE(eventually([&] { return menu().has_value(); }));
+    session->screen().keepPicture("menu-by-key");
+    session->press("Down Down Return"); // what can't be chosen yet is passed over
+    EXPECT_TRUE(eventually([&] { return cauldron->setting("mode") == "dissolve"; }));
+}
+
+} // namespace
+} // namespace vexmoor
