@@ -299,6 +299,13 @@ std::optional<UserDefaults::Value> SqliteUserDefaults::value(std::string_view ke
 }
 
 void SqliteUserDefaults::assign(std::string_view key, std::optional<Value> value) {
+    if (!m_inTransaction && !m_leftOver.empty()) {
+        if (const auto stored = transaction([&] { assign(key, std::move(value)); }); !stored)
+            m_onFailure(stored.error());
+        return;
+    }
+    if (m_inTransaction)
+        m_assigned.emplace(key);
     const auto stored =
         m_transactionFailure ? Result<void>(*m_transactionFailure) : store(key, value);
     if (value)
@@ -307,10 +314,20 @@ void SqliteUserDefaults::assign(std::string_view key, std::optional<Value> value
         m_values.erase(found);
     if (stored)
         return;
-    if (m_inTransaction)
+    if (m_inTransaction) {
         m_transactionFailure = stored.error();
-    else
-        m_onFailure(stored.error());
+        return;
+    }
+    m_leftOver.emplace(key);
+    m_onFailure(stored.error());
+}
+
+/// What failed before goes with what comes now: else later records could stand without it.
+Result<void> SqliteUserDefaults::storeLeftOver() {
+    for (const auto& key : m_leftOver)
+        if (auto stored = store(key, value(key)); !stored)
+            return stored;
+    return {};
 }
 
 Result<void> SqliteUserDefaults::store(std::string_view key, const std::optional<Value>& value) {
@@ -341,6 +358,8 @@ Result<void> SqliteUserDefaults::transaction(const std::function<void()>& body) 
     }
     if (auto begun = execute("BEGIN IMMEDIATE", "write the database"); !begun)
         m_transactionFailure = std::move(begun).error();
+    else if (auto stored = storeLeftOver(); !stored)
+        m_transactionFailure = std::move(stored).error();
     m_inTransaction = true;
     body();
     m_inTransaction = false;
@@ -348,6 +367,11 @@ Result<void> SqliteUserDefaults::transaction(const std::function<void()>& body) 
     auto committed = failure ? Result<void>(*failure) : execute("COMMIT", "write the database");
     if (!committed && m_database && sqlite3_get_autocommit(m_database.get()) == 0)
         sqlite3_exec(m_database.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+    if (committed)
+        m_leftOver.clear();
+    else
+        m_leftOver.merge(m_assigned);
+    m_assigned.clear();
     return committed;
 }
 

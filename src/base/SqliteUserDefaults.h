@@ -4,6 +4,7 @@
 
 #include <map>
 #include <memory>
+#include <set>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -49,6 +50,7 @@ class SqliteUserDefaults : public UserDefaults {
     Result<void> load();
     Result<void> execute(const char* statement, const char* operation);
     Result<void> store(std::string_view key, const std::optional<Value>& value);
+    Result<void> storeLeftOver();
     [[nodiscard]] Error lastError(const char* operation) const;
 
     std::filesystem::path m_file;
@@ -57,6 +59,9 @@ class SqliteUserDefaults : public UserDefaults {
     Statement m_insertion; ///< made when it is first needed
     Statement m_removal;
     std::map<std::string, Value, std::less<>> m_values;
+    using Keys = std::set<std::string, std::less<>>;
+    Keys m_leftOver; ///< whose values could not be stored yet
+    Keys m_assigned; ///< in the transaction that runs
     std::optional<std::filesystem::path> m_setAside;
     bool m_immutable = false; ///< read without a lock or a log
     bool m_inTransaction = false;

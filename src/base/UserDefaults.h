@@ -32,7 +32,8 @@ class UserDefaults {
 
     /// Runs `body` and commits all that it assigned as one transaction, synchronously: when this
     /// returns success, it is on the disk. A failure to store is returned, and nothing of the
-    /// body's assignments is stored; what was assigned can still be read from this object.
+    /// body's assignments is stored then: they can be read from this object, and are stored
+    /// together with what is assigned next.
     virtual Result<void> transaction(const std::function<void()>& body) = 0;
 
     [[nodiscard]] std::optional<bool> boolean(std::string_view key) const { return as<bool>(key); }

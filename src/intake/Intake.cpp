@@ -3,6 +3,7 @@
 #include "intake/Texts.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vexmoor {
 
@@ -255,7 +256,7 @@ void Intake::completeBinJob(BinBatch& batch, BinJob::Output output) {
 }
 
 /// One transaction for all that a batch changes, its journal's number included: from then on the
-/// journal has nothing to add.
+/// journal has nothing to add, nor have those whose changes could not be stored before.
 std::optional<Error> Intake::commit(std::optional<std::int64_t> journalNumber, JournalKind kind,
                                     DisposeMode mode, const std::function<void()>& changes) {
     const auto committed = m_parts.defaults.transaction([&] {
@@ -263,12 +264,17 @@ std::optional<Error> Intake::commit(std::optional<std::int64_t> journalNumber, J
         if (journalNumber)
             m_parts.defaults.assign(kRecordedKey, *journalNumber);
     });
+    if (journalNumber)
+        m_unsettled.push_back({*journalNumber, kind, mode});
     if (!committed)
         return committed.error();
-    if (journalNumber)
-        if (const auto closed = m_parts.journal.close(*journalNumber, kind, mode); !closed)
-            return closed.error();
-    return std::nullopt;
+    std::optional<Error> failure;
+    for (const auto& unsettled : std::exchange(m_unsettled, {}))
+        if (const auto closed =
+                m_parts.journal.close(unsettled.journal, unsettled.kind, unsettled.mode);
+            !closed)
+            failure = closed.error();
+    return failure;
 }
 
 std::shared_ptr<WorkMeter> Intake::begin(const BatchOptions& options) {

@@ -106,7 +106,15 @@ class Intake {
     void disarm(bool fromFinder);
 
     Parts m_parts;
+    /// A journal that stands open as the stores could not be written.
+    struct Unsettled {
+        std::int64_t journal;
+        JournalKind kind;
+        DisposeMode mode;
+    };
+
     Published<Meters> m_batches; ///< one meter each
+    std::vector<Unsettled> m_unsettled;
     bool m_stopped = false;
     std::set<std::string> m_inFlight;
 };

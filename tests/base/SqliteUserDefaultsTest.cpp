@@ -1,9 +1,9 @@
 #include "base/SqliteUserDefaults.h"
 
+#include "support/RawDatabase.h"
 #include "support/TemporaryDirectory.h"
 
 #include <gmock/gmock.h>
-#include <sqlite3.h>
 #include <sys/fsuid.h>
 #include <sys/stat.h>
 
@@ -17,33 +17,6 @@ using Access = SqliteUserDefaults::Access;
 using Data = UserDefaults::Data;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-/// Another program's connection to the database.
-class RawDatabase {
-  public:
-    explicit RawDatabase(const Path& file) { EXPECT_EQ(sqlite3_open(file.c_str(), &m_raw), 0); }
-    ~RawDatabase() { sqlite3_close(m_raw); }
-    RawDatabase(const RawDatabase&) = delete;
-    RawDatabase& operator=(const RawDatabase&) = delete;
-
-    /// The rows of the answer, their columns joined by "|".
-    std::vector<std::string> run(const char* sql) {
-        std::vector<std::string> rows;
-        const auto addRow = [](void* list, int count, char** texts, char**) {
-            std::string row;
-            for (int i = 0; i < count; ++i)
-                row.append(i > 0 ? "|" : "").append(texts[i] != nullptr ? texts[i] : "NULL");
-            static_cast<std::vector<std::string>*>(list)->push_back(std::move(row));
-            return 0;
-        };
-        EXPECT_EQ(sqlite3_exec(m_raw, sql, addRow, &rows, nullptr), SQLITE_OK)
-            << sql << ": " << sqlite3_errmsg(m_raw);
-        return rows;
-    }
-
-  private:
-    sqlite3* m_raw = nullptr;
-};
 
 /// Opens files with nobody's rights where the tests run as root, whom nothing is forbidden.
 class OrdinaryRights {
@@ -162,7 +135,7 @@ TEST_F(SqliteUserDefaultsTest, CommitsEveryAssignmentAtOnceAndABatchAsOne) {
     EXPECT_EQ(stored("b"), UserDefaults::Value(true));
 }
 
-TEST_F(SqliteUserDefaultsTest, StoresNothingOfABatchThatFailsAndTellsWhy) {
+TEST_F(SqliteUserDefaultsTest, StoresWhatFailedTogetherWithWhatIsAssignedNext) {
     const auto defaults = open();
     ASSERT_TRUE(defaults);
     RawDatabase(m_file).run("CREATE TRIGGER refuse BEFORE INSERT ON defaults WHEN NEW.key = 'bad' "
@@ -183,8 +156,17 @@ TEST_F(SqliteUserDefaultsTest, StoresNothingOfABatchThatFailsAndTellsWhy) {
 
     (*defaults)->assign("bad", false);
     EXPECT_EQ(m_failures.size(), 1U);
-    EXPECT_TRUE((*defaults)->transaction([&] { (*defaults)->assign("good", true); }));
-    EXPECT_EQ(stored("good"), UserDefaults::Value(true));
+    EXPECT_FALSE((*defaults)->transaction([&] { (*defaults)->assign("good", true); }))
+        << "nothing is stored without what came before it";
+    EXPECT_FALSE(stored("good"));
+
+    RawDatabase(m_file).run("DROP TRIGGER refuse");
+    (*defaults)->assign("before", std::nullopt);
+    EXPECT_FALSE(stored("before"));
+    for (const char* key : {"after", "good"})
+        EXPECT_EQ(stored(key), UserDefaults::Value(true)) << key;
+    EXPECT_EQ(stored("bad"), UserDefaults::Value(false));
+    EXPECT_EQ(m_failures.size(), 1U);
 }
 
 TEST_F(SqliteUserDefaultsTest, TellsThatAnotherProgramHoldsTheLockAndGoesOnAfterwards) {
@@ -200,7 +182,7 @@ TEST_F(SqliteUserDefaultsTest, TellsThatAnotherProgramHoldsTheLockAndGoesOnAfter
     }
     (*defaults)->assign("later", true);
     EXPECT_EQ(stored("later"), UserDefaults::Value(true));
-    EXPECT_FALSE(stored("batch"));
+    EXPECT_EQ(stored("batch"), UserDefaults::Value(true));
 }
 
 TEST_F(SqliteUserDefaultsTest, SetsACorruptDatabaseAsideWithItsLogAndStartsAfresh) {

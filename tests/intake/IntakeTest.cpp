@@ -2,6 +2,7 @@
 
 #include "intake/BinnedItems.h"
 #include "intake/Texts.h"
+#include "support/RawDatabase.h"
 
 #include <gmock/gmock.h>
 
@@ -232,6 +233,27 @@ TEST_F(IntakeTest, LeavesUntouchedWhatHasNotBegunWhenAllIsStopped) {
     EXPECT_EQ(feed(make({"after"})).untouched.size(), 1U);
     EXPECT_EQ(program->ledger.count.get(), 0);
     EXPECT_THAT(counts, ElementsAre(0, 1, 2, 1, 0));
+}
+
+TEST_F(IntakeTest, RecordsWhatCouldNotBeSavedTogetherWithWhatIsDoneNext) {
+    const auto items = make({"a", "b"});
+    const auto first = feed({items[0]}).done;
+    {
+        RawDatabase database(directories().ownData() / "defaults.db");
+        database.run("CREATE TRIGGER refuse BEFORE INSERT ON defaults "
+                     "BEGIN SELECT RAISE(ABORT, 'refused'); END");
+        EXPECT_TRUE(feed({items[1]}).storeError);
+        database.run("DROP TRIGGER refuse");
+    }
+    EXPECT_EQ(program->journal.open().size(), 1U);
+    program->intake.restore(first);
+    settle();
+    EXPECT_TRUE(exists(items[0]));
+    EXPECT_THAT(program->journal.open(), IsEmpty());
+    start();
+    EXPECT_EQ(program->ledger.count.get(), 2);
+    EXPECT_THAT(names(BinnedItems(program->ledger, program->journal).lastBatch()),
+                ElementsAre("b"));
 }
 
 TEST_F(IntakeTest, BeginsWhatWasSaidYesToWhileOtherQuestionsWait) {

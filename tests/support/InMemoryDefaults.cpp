@@ -37,10 +37,9 @@ Result<void> InMemoryDefaults::transaction(const std::function<void()>& body) {
     m_inTransaction = true;
     body();
     m_inTransaction = false;
-    const auto pending = std::exchange(m_pending, {});
     if (m_error)
-        return *m_error;
-    for (const auto& [key, value] : pending)
+        return *m_error; // what is pending goes with what comes next
+    for (const auto& [key, value] : std::exchange(m_pending, {}))
         apply(m_stored, key, value);
     ++m_commits;
     return {};

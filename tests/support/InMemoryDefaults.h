@@ -32,7 +32,7 @@ class InMemoryDefaults : public UserDefaults {
   private:
     Values m_values;
     Values m_stored;
-    std::vector<std::pair<std::string, std::optional<Value>>> m_pending; ///< of the transaction
+    std::vector<std::pair<std::string, std::optional<Value>>> m_pending; ///< not stored yet
     std::optional<Error> m_error;
     std::vector<Error> m_failures;
     int m_commits = 0;
