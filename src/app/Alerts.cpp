@@ -38,6 +38,9 @@ std::unique_ptr<QMessageBox> makeBox(const std::string& message, const std::stri
     box->setTextFormat(Qt::PlainText);
     box->setText(breakable(message));
     box->setInformativeText(breakable(informative));
+    // The box hands its format on to its own text only; names would be read as markup.
+    if (auto* const label = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
+        label->setTextFormat(Qt::PlainText);
     const double ratio = box->devicePixelRatioF();
     QPixmap pot = potPicture(static_cast<int>(std::lround(kCellPoints * ratio)));
     pot.setDevicePixelRatio(ratio);
@@ -75,9 +78,11 @@ void Alerts::ask(const Question& question, std::function<void(const Answer&)> an
         box->setCheckBox(new QCheckBox(QString::fromStdString(*question.suppression), box.get()));
     await({.box = std::move(box),
            .report = std::nullopt,
-           .answered = [confirm, answered = std::move(answered)](const QMessageBox& closed) {
-               answered({.confirmed = closed.clickedButton() == confirm,
-                         .suppressed = closed.checkBox() && closed.checkBox()->isChecked()});
+           .answered = [this, confirm, answered = std::move(answered)](const QMessageBox& closed) {
+               const bool isAnswer = !m_instead; // else the user closed nothing
+               answered({.confirmed = isAnswer && closed.clickedButton() == confirm,
+                         .suppressed = isAnswer && closed.checkBox() != nullptr &&
+                                       closed.checkBox()->isChecked()});
            }});
 }
 

@@ -303,6 +303,8 @@ QString AppDelegate::probe() const {
 }
 
 void AppDelegate::quit() {
+    if (std::exchange(m_isEnding, true))
+        return;
     // Each under a name of its own, as the same name would replace the one before. Where there are
     // no notifications the log has them.
     m_alerts.close([this, count = 0](const FailureReport& report) mutable {

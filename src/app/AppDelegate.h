@@ -113,6 +113,7 @@ class AppDelegate : public QObject {
     Updater m_updater;
     QByteArray m_startup; ///< what a launcher waits for at the moment; empty where none does
     bool m_receivedFilesAtLaunch = false;
+    bool m_isEnding = false;
     std::vector<Subscription> m_subscriptions;
 };
 

@@ -54,7 +54,8 @@ class CommandService::Call : public Dialogs {
     }
     void report(const FailureReport& report) override {
         const auto* const bus = m_bus.interface(); // none once the connection is lost
-        if (bus == nullptr || !bus->isServiceRegistered(m_message.service()))
+        if (!m_message.isReplyRequired() || bus == nullptr ||
+            !bus->isServiceRegistered(m_message.service()))
             m_desktop.report(report);
     }
     void beep() override {}

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
+#include <QLabel>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -69,6 +70,20 @@ TEST_F(AlertsTest, TakesTurnsInTheOrderInWhichTheyCame) {
     EXPECT_THAT(seen, ElementsAre("Dissolve?", "Rejected a", "Second?"));
 }
 
+TEST_F(AlertsTest, NeverTakesANameForMarkup) {
+    const QString names = "<i><!--: gone\n<a href=\"https://elsewhere\">b</a>: gone";
+    alerts.report({"The cauldron rejected 2 items", names.toStdString(), {}});
+    ASSERT_NE(shown(), nullptr);
+    int found = 0;
+    for (const QLabel* const label : shown()->findChildren<QLabel*>())
+        if (label->text() == names) {
+            EXPECT_EQ(label->textFormat(), Qt::PlainText);
+            ++found;
+        }
+    EXPECT_EQ(found, 1);
+    press(Qt::Key_Return);
+}
+
 TEST_F(AlertsTest, DoesNotGrowWiderThanTheScreenByALongName) {
     alerts.report({"The cauldron rejected " + std::string(255, 'W'), "x", {}});
     ASSERT_NE(shown(), nullptr);
@@ -79,6 +94,7 @@ TEST_F(AlertsTest, DoesNotGrowWiderThanTheScreenByALongName) {
 TEST_F(AlertsTest, AnswersNoToAllWhenItIsClosed) {
     std::vector<std::string> told;
     ask(kQuestion);
+    QTest::keyClick(shown()->checkBox(), Qt::Key_Space);
     alerts.report({"Waiting", "", {}});
     ask(kQuestion);
     alerts.close([&](const FailureReport& report) { told.push_back(report.message); });
@@ -86,8 +102,10 @@ TEST_F(AlertsTest, AnswersNoToAllWhenItIsClosed) {
     alerts.report({"Late", "", {}});
     EXPECT_EQ(shown(), nullptr);
     ASSERT_EQ(answers.size(), 3U);
-    for (const Answer& answer : answers)
+    for (const Answer& answer : answers) {
         EXPECT_FALSE(answer.confirmed);
+        EXPECT_FALSE(answer.suppressed) << "nobody said so";
+    }
     EXPECT_THAT(told, ElementsAre("Waiting", "Late")) << "a report that nobody saw is not lost";
 }
 

@@ -194,6 +194,13 @@ TEST_F(CommandServiceTest, WorksOnForACallerThatIsGoneAndTellsInItsPlace) {
     EXPECT_EQ(around.reports[0].message, "The cauldron rejected b");
 }
 
+TEST_F(CommandServiceTest, TellsInPlaceOfACallerThatWantsNoAnswer) {
+    auto message = QDBusMessage::createMethodCall(kName, kPath, "org.vexmoor.Commands1", "Feed");
+    message.setArguments(feeding({home / "b"}, "", false));
+    connection("caller").send(message);
+    EXPECT_TRUE(serveUntil([&] { return !around.reports.empty(); }));
+}
+
 TEST_F(CommandServiceTest, TakesNothingMoreOnceAllIsStopped) {
     const auto items = make({"a", "b"});
     around.holdsThumbnails = true;
