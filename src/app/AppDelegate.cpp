@@ -312,6 +312,7 @@ void AppDelegate::quit() {
         m_notifications.post(
             {"ended-" + std::to_string(++count), report.message, report.informative});
     });
+    m_service.stopTaking();
     m_intake.stop();
     m_subscriptions.push_back(m_intake.subscribeToBatches([this](std::size_t batches) {
         if (batches > 0)

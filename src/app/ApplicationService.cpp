@@ -16,6 +16,7 @@ constexpr const char* kApplication = "org.freedesktop.Application";
 // Where launchers say by what id they wait, and by what token the focus may be taken.
 constexpr const char* kStartup = "desktop-startup-id";
 constexpr const char* kToken = "activation-token";
+constexpr const char* kEnding = "org.vexmoor.Error.Ending";
 constexpr const char* kDiagnostics = "org.vexmoor.Diagnostics1";
 
 QDBusMessage order(const char* interface, const char* method) {
@@ -48,7 +49,13 @@ ApplicationService::Claim ApplicationService::claimName() {
                                                                         : Claim::taken;
 }
 
-void ApplicationService::take(std::function<void()> order, const QVariantMap& platformData) {
+void ApplicationService::take(std::function<void()> order, const QVariantMap& platformData,
+                              const QDBusMessage& message) {
+    if (m_refuses) {
+        message.setDelayedReply(true);
+        m_bus.send(message.createErrorReply(QLatin1String(kEnding), tr("Vexmoor is ending.")));
+        return;
+    }
     auto startup = platformData.value(QLatin1String(kStartup)).toByteArray();
     if (startup.isEmpty())
         startup = platformData.value(QLatin1String(kToken)).toByteArray();
@@ -70,22 +77,36 @@ void ApplicationService::deliverOrders() {
         order();
 }
 
-bool ApplicationService::forwardActivate(const std::string& startup) const {
+ApplicationService::Forwarding
+ApplicationService::forwardActivate(const std::string& startup) const {
     auto message = order(kApplication, "Activate");
     message << platformData(startup);
-    return m_bus.call(message, QDBus::Block, kPatienceMilliseconds).type() ==
-           QDBusMessage::ReplyMessage;
+    return forward(message);
 }
 
-bool ApplicationService::forwardOpen(const std::vector<Path>& items, int others,
-                                     const std::string& startup) const {
+ApplicationService::Forwarding ApplicationService::forwardOpen(const std::vector<Path>& items,
+                                                               int others,
+                                                               const std::string& startup) const {
     QStringList uris(others, QStringLiteral("other:")); // its owner says what it thinks of them
     for (const auto& item : items)
         uris.push_back(QString::fromStdString(fileUri(item)));
     auto message = order(kApplication, "Open");
     message << uris << platformData(startup);
-    return m_bus.call(message, QDBus::Block, kPatienceMilliseconds).type() ==
-           QDBusMessage::ReplyMessage;
+    return forward(message);
+}
+
+ApplicationService::Forwarding ApplicationService::forward(const QDBusMessage& order) const {
+    const auto reply = m_bus.call(order, QDBus::Block, kPatienceMilliseconds);
+    if (reply.type() == QDBusMessage::ReplyMessage)
+        return Forwarding::taken;
+    const bool isThere = m_bus.interface()->isServiceRegistered(QLatin1String(kName));
+    return reply.errorName() == QLatin1String(kEnding) || !isThere ? Forwarding::ending
+                                                                   : Forwarding::unanswered;
+}
+
+void ApplicationService::stopTaking() {
+    deliverOrders();
+    m_refuses = true;
 }
 
 std::optional<QString> ApplicationService::forwardProbe() const {
@@ -100,11 +121,12 @@ std::optional<QString> ApplicationService::forwardProbe() const {
 ApplicationAdaptor::ApplicationAdaptor(ApplicationService& service)
     : QDBusAbstractAdaptor(&service), m_service(service) {}
 
-void ApplicationAdaptor::Activate(const QVariantMap& platformData) {
-    m_service.take([this] { emit m_service.activateRequested(); }, platformData);
+void ApplicationAdaptor::Activate(const QVariantMap& platformData, const QDBusMessage& message) {
+    m_service.take([this] { emit m_service.activateRequested(); }, platformData, message);
 }
 
-void ApplicationAdaptor::Open(const QStringList& uris, const QVariantMap& platformData) {
+void ApplicationAdaptor::Open(const QStringList& uris, const QVariantMap& platformData,
+                              const QDBusMessage& message) {
     DroppedUris dropped;
     for (const auto& uri : uris) {
         if (auto path = pathFromFileUri(uri.toStdString()))
@@ -113,12 +135,13 @@ void ApplicationAdaptor::Open(const QStringList& uris, const QVariantMap& platfo
             ++dropped.others;
     }
     m_service.take([this, dropped] { emit m_service.openRequested(dropped.items, dropped.others); },
-                   platformData);
+                   platformData, message);
 }
 
 void ApplicationAdaptor::ActivateAction(const QString& name, const QVariantList&,
-                                        const QVariantMap& platformData) {
-    m_service.take([this, name] { emit m_service.actionRequested(name); }, platformData);
+                                        const QVariantMap& platformData,
+                                        const QDBusMessage& message) {
+    m_service.take([this, name] { emit m_service.actionRequested(name); }, platformData, message);
 }
 
 DiagnosticsAdaptor::DiagnosticsAdaptor(ApplicationService& service)

@@ -4,6 +4,7 @@
 
 #include <QDBusAbstractAdaptor>
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QObject>
 #include <QVariantMap>
 
@@ -37,11 +38,20 @@ class ApplicationService : public QObject {
     /// Hands out the orders that wait, and from now on each as it comes.
     void deliverOrders();
 
-    /// Sends an order to the owner of the name; false where it did not take it. `startup` is the
-    /// launcher's id of the start that the order came with; empty where it has none.
-    [[nodiscard]] bool forwardActivate(const std::string& startup) const;
-    [[nodiscard]] bool forwardOpen(const std::vector<Path>& items, int others,
-                                   const std::string& startup) const;
+    /// Hands out the orders that wait, and from now on refuses those that come.
+    void stopTaking();
+    [[nodiscard]] bool hasOrders() const { return !m_waiting.empty(); }
+
+    enum class Forwarding {
+        taken,
+        ending,     ///< the owner takes nothing any more, or has gone
+        unanswered, ///< it is there and does not say
+    };
+    /// Sends an order to the owner of the name. `startup` is the launcher's id of the start that
+    /// the order came with; empty where it has none.
+    [[nodiscard]] Forwarding forwardActivate(const std::string& startup) const;
+    [[nodiscard]] Forwarding forwardOpen(const std::vector<Path>& items, int others,
+                                         const std::string& startup) const;
 
     /// What the owner of the name answers to the diagnostic; nothing where there is none.
     [[nodiscard]] std::optional<QString> forwardProbe() const;
@@ -50,8 +60,9 @@ class ApplicationService : public QObject {
     void setProbe(std::function<QString()> probe) { m_probe = std::move(probe); }
     [[nodiscard]] QString probe() const { return m_probe ? m_probe() : QString(); }
 
-    /// Takes an order in, and whatever a launcher says of it.
-    void take(std::function<void()> order, const QVariantMap& platformData);
+    /// Takes in the order of that message, and whatever a launcher says of it.
+    void take(std::function<void()> order, const QVariantMap& platformData,
+              const QDBusMessage& message);
 
   signals:
     /// The order that comes next is what a launcher waits for; and it was carried out.
@@ -63,10 +74,13 @@ class ApplicationService : public QObject {
     void actionRequested(const QString& name);
 
   private:
+    [[nodiscard]] Forwarding forward(const QDBusMessage& order) const;
+
     QDBusConnection m_bus;
     std::function<QString()> m_probe;
     std::vector<std::function<void()>> m_waiting;
     bool m_delivers = false;
+    bool m_refuses = false;
 };
 
 /// What the service answers to as org.freedesktop.Application.
@@ -78,10 +92,11 @@ class ApplicationAdaptor : public QDBusAbstractAdaptor {
     explicit ApplicationAdaptor(ApplicationService& service);
 
   public slots:
-    void Activate(const QVariantMap& platformData);
-    void Open(const QStringList& uris, const QVariantMap& platformData);
+    void Activate(const QVariantMap& platformData, const QDBusMessage& message);
+    void Open(const QStringList& uris, const QVariantMap& platformData,
+              const QDBusMessage& message);
     void ActivateAction(const QString& name, const QVariantList& parameter,
-                        const QVariantMap& platformData);
+                        const QVariantMap& platformData, const QDBusMessage& message);
 
   private:
     ApplicationService& m_service;

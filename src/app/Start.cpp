@@ -15,6 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kPause = 50ms;
+constexpr auto kEndOfAnother = 3s;
 constexpr auto kSilentWait = 700ms; ///< before the user is told what is waited for
 
 /// Tells on the screen and, for those who started it there, on the terminal.
@@ -40,10 +41,12 @@ Start::Start(ApplicationService& service, const LaunchOptions& options)
     : m_service(service), m_options(options) {}
 
 Start::Outcome Start::begin() {
-    if (m_service.claimName() == ApplicationService::Claim::taken)
-        return forward();
+    if (const auto outcome = claimOrForward())
+        return *outcome;
     const auto directories = UserDirectories::ofProcess();
     auto lock = waitForLock(directories.ownData() / WriterLock::kFileName);
+    if (m_isCancelled)
+        return refuseForUser();
     if (!lock)
         return refuseForError(lock.error());
     if (!*lock)
@@ -56,41 +59,76 @@ Start::Outcome Start::begin() {
     return Outcome::running;
 }
 
-Start::Outcome Start::forward() {
-    const bool taken =
-        m_options.items.empty() && m_options.others == 0
-            ? m_options.background || m_service.forwardActivate(m_options.startup)
-            : m_service.forwardOpen(m_options.items, m_options.others, m_options.startup);
-    if (!taken)
+/// Nothing where the name is this process's, or nobody can have it.
+std::optional<Start::Outcome> Start::claimOrForward() {
+    bool isOurs = false;
+    auto forwarding = Forwarding::ending;
+    waitUntil(tr("Vexmoor is about to end"), tr("It starts anew when it is done."), [&] {
+        isOurs = m_service.claimName() != ApplicationService::Claim::taken;
+        if (!isOurs)
+            forwarding = forward();
+        return isOurs || forwarding != Forwarding::ending;
+    });
+    if (m_isCancelled)
+        return refuseForUser();
+    if (isOurs)
+        return std::nullopt;
+    if (forwarding == Forwarding::unanswered)
         return refuse(tr("Vexmoor is running already"), tr("But it does not answer."));
     return Outcome::forwarded;
 }
 
-/// Nothing where another desktop program has the lock, or the user did not want to wait.
+Start::Forwarding Start::forward() {
+    if (!m_options.items.empty() || m_options.others > 0)
+        return m_service.forwardOpen(m_options.items, m_options.others, m_options.startup);
+    return m_options.background ? Forwarding::taken : m_service.forwardActivate(m_options.startup);
+}
+
+/// Nothing where another desktop program has the lock and keeps it: one that ends leaves the bus
+/// before it lets go.
 Result<std::optional<WriterLock>> Start::waitForLock(const Path& file) {
     using Role = WriterLock::Role;
-    auto lock = WriterLock::tryTake(file, Role::desktop);
-    const auto isOver = [&] {
+    const auto end = std::chrono::steady_clock::now() + kEndOfAnother;
+    auto lock = Result<std::optional<WriterLock>>(std::nullopt);
+    waitUntil(tr("Vexmoor is still at work"), tr("The cauldron comes when it is done."), [&] {
+        lock = WriterLock::tryTake(file, Role::desktop);
+        if (!lock || *lock)
+            return true;
         const auto holder = WriterLock::holder(file);
-        return !lock || *lock || !holder || *holder == Role::desktop;
-    };
+        return holder && *holder == Role::desktop && std::chrono::steady_clock::now() > end;
+    });
+    return lock;
+}
+
+/// Runs the event loop until it is over, or until the user, who is told what is waited for,
+/// cancels.
+void Start::waitUntil(const QString& message, const QString& informative,
+                      const std::function<bool()>& isOver) {
     if (isOver())
-        return lock;
+        return;
     QEventLoop loop;
-    QMessageBox box(QMessageBox::Information, QStringLiteral("Vexmoor"),
-                    tr("A vexmoor command is still at work"), QMessageBox::Cancel);
-    box.setInformativeText(tr("The cauldron comes when it is done."));
-    QObject::connect(&box, &QMessageBox::rejected, &loop, &QEventLoop::quit);
+    QMessageBox box(QMessageBox::Information, QStringLiteral("Vexmoor"), message,
+                    QMessageBox::Cancel);
+    box.setInformativeText(informative);
+    QObject::connect(&box, &QMessageBox::rejected, &loop, [&] {
+        m_isCancelled = true;
+        loop.quit();
+    });
     QTimer::singleShot(kSilentWait, &box, &QMessageBox::show);
     QTimer retry;
     QObject::connect(&retry, &QTimer::timeout, &loop, [&] {
-        lock = WriterLock::tryTake(file, Role::desktop);
         if (isOver())
             loop.quit();
     });
     retry.start(kPause);
     loop.exec();
-    return lock;
+}
+
+/// Who cancels needs to hear of it only where something was to be fed, here or by another start.
+Start::Outcome Start::refuseForUser() const {
+    if (m_options.items.empty() && !m_service.hasOrders())
+        return Outcome::refused;
+    return refuse(tr("Vexmoor did not start"), tr("What was to be fed was left as it was."));
 }
 
 } // namespace vexmoor

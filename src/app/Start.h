@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -25,19 +26,27 @@ class Start {
 
     Start(ApplicationService& service, const LaunchOptions& options);
 
-    /// May run the event loop: while a command of the command line works, its end is waited for.
+    /// May run the event loop: while a command of the command line works, or an earlier start ends,
+    /// that is waited for.
     Outcome begin();
 
     /// After `running`.
     std::unique_ptr<Stores> takeStores() { return std::move(m_stores); }
 
   private:
-    Outcome forward();
+    using Forwarding = ApplicationService::Forwarding;
+
+    std::optional<Outcome> claimOrForward();
+    Forwarding forward();
     Result<std::optional<WriterLock>> waitForLock(const Path& file);
+    void waitUntil(const QString& message, const QString& informative,
+                   const std::function<bool()>& isOver);
+    [[nodiscard]] Outcome refuseForUser() const;
 
     ApplicationService& m_service;
     const LaunchOptions& m_options;
     std::unique_ptr<Stores> m_stores;
+    bool m_isCancelled = false;
 };
 
 } // namespace vexmoor

@@ -9,6 +9,7 @@ namespace vexmoor {
 namespace {
 
 using testing::ElementsAre;
+using testing::SizeIs;
 
 TEST(ApplicationServiceTest, KeepsEarlyOrdersUntilSomebodyCarriesThemOut) {
     const test::PrivateBus bus;
@@ -40,15 +41,20 @@ TEST(ApplicationServiceTest, KeepsEarlyOrdersUntilSomebodyCarriesThemOut) {
             message.setArguments(arguments);
             const auto reply = QDBusConnection("second").asyncCall(message);
             EXPECT_TRUE(test::eventuallyInLoop([&] { return reply.isFinished(); }));
-            EXPECT_FALSE(reply.isError()) << reply.error().message().toStdString();
+            return reply.error().name().toStdString();
         };
-        send("Open", {QStringList{"file:///a%20%FE", "http://elsewhere/b"}, QVariantMap()});
-        send("Activate", {QVariantMap()});
+        EXPECT_EQ(
+            send("Open", {QStringList{"file:///a%20%FE", "http://elsewhere/b"}, QVariantMap()}),
+            "");
+        EXPECT_EQ(send("Activate", {QVariantMap()}), "");
         EXPECT_THAT(orders, testing::IsEmpty());
         owner.deliverOrders();
-        send("ActivateAction", {"put-back", QVariantList(), QVariantMap()});
-        QCoreApplication::processEvents();
+        EXPECT_EQ(send("ActivateAction", {"put-back", QVariantList(), QVariantMap()}), "");
+        owner.stopTaking();
         EXPECT_THAT(orders, ElementsAre("open /a \xFE", "others 1", "activate", "act put-back"));
+        EXPECT_EQ(send("Activate", {QVariantMap()}), "org.vexmoor.Error.Ending");
+        QCoreApplication::processEvents();
+        EXPECT_THAT(orders, SizeIs(4));
     }
     QDBusConnection::disconnectFromBus("owner");
     QDBusConnection::disconnectFromBus("second");

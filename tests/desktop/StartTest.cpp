@@ -1,5 +1,9 @@
 #include "DesktopTest.h"
 
+#include <QDBusConnectionInterface>
+
+#include <algorithm>
+
 namespace vexmoor {
 namespace {
 
@@ -65,6 +69,32 @@ TEST_F(StartTest, FeedsWhatItIsStartedWithAndOpensNoWindow) {
     start({});
     EXPECT_TRUE(eventually([&] { return cauldron->statsWindow().has_value(); }));
     EXPECT_EQ(cauldron->history().size(), 2U) << "it was kept";
+}
+
+TEST_F(StartTest, LosesNoOrderThatComesWhileTheFirstEnds) {
+    std::size_t left = 0;
+    for (const Path& item : items) {
+        start();
+        const auto onTheBus = [&] {
+            return session->bus().interface()->registeredServiceNames().value().size();
+        };
+        const auto before = onTheBus();
+        cauldron->program().signal(SIGSTOP);
+        cauldron->program().signal(SIGTERM);
+        const auto second = session->start(Cauldron::words({item}));
+        EXPECT_TRUE(eventually([&] { return onTheBus() > before; }));
+        cauldron->program().signal(SIGCONT);
+        EXPECT_EQ(cauldron->program().end(), 0);
+        EXPECT_TRUE(eventually([&] {
+            const auto told = session->notifications(); // by the first, that it left it
+            return !std::filesystem::exists(item) ||
+                   static_cast<std::size_t>(
+                       std::count_if(told.begin(), told.end(), [](const std::string& text) {
+                           return text.find("as it was") != std::string::npos;
+                       })) > left;
+        }));
+        left += std::filesystem::exists(item) ? 1 : 0;
+    }
 }
 
 TEST_F(StartTest, IsStartedByTheBusToOpenFiles) {
