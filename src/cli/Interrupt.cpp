@@ -6,7 +6,6 @@ namespace vexmoor {
 
 namespace {
 
-constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
 std::atomic<WorkMeter*> interrupted = nullptr; // a signal handler has no other way to know
 
 void stop(int) {
@@ -14,23 +13,32 @@ void stop(int) {
         meter->stop = true;
 }
 
-void handleWith(void (*handler)(int)) {
+/// What is ignored, as nohup and shells have it for what runs in the background, stays so.
+void handle(int signal, void (*handler)(int)) {
     struct sigaction action {};
+    if (sigaction(signal, nullptr, &action) != 0 || action.sa_handler == SIG_IGN)
+        return;
     action.sa_handler = handler;
     action.sa_flags = static_cast<int>(SA_RESTART | SA_RESETHAND);
-    for (const int signal : kSignals)
-        sigaction(signal, &action, nullptr);
+    sigaction(signal, &action, nullptr);
+}
+
+void handleAll(void (*handler)(int), Interrupt::Work work) {
+    handle(SIGINT, handler);
+    handle(SIGTERM, handler);
+    if (work == Interrupt::Work::own)
+        handle(SIGHUP, handler);
 }
 
 } // namespace
 
-Interrupt::Interrupt(WorkMeter& meter) {
+Interrupt::Interrupt(WorkMeter& meter, Work work) : m_work(work) {
     interrupted = &meter;
-    handleWith(stop);
+    handleAll(stop, m_work);
 }
 
 Interrupt::~Interrupt() {
-    handleWith(SIG_DFL);
+    handleAll(SIG_DFL, m_work);
     interrupted = nullptr;
 }
 

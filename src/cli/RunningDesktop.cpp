@@ -142,7 +142,7 @@ RunningDesktop::call(const char* method, const std::function<void(BusCall&)>& ad
     if (!bus)
         return starts || !keepsLock() ? std::nullopt : std::optional<Answer>(noBus(bus.error()));
     WorkMeter meter;
-    const Interrupt interrupt(meter);
+    const Interrupt interrupt(meter, Interrupt::Work::ofOthers);
     const ProgressLine progress(meter);
     for (const auto end = SteadyClock::now() + m_patience;;) {
         auto call = bus->call(kService, kPath, kInterface, method);

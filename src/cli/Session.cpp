@@ -50,7 +50,7 @@ Session::~Session() = default;
 Result<std::unique_ptr<Session>> Session::openForWriting(bool assumeYes, bool& desktopRuns) {
     std::unique_ptr<Session> session(new Session(assumeYes));
     WorkMeter waiting;
-    const Interrupt interrupt(waiting);
+    const Interrupt interrupt(waiting, Interrupt::Work::own);
     auto lock = WriterLock::take(session->m_directories.ownData() / WriterLock::kFileName,
                                  WriterLock::Role::command, [&] { return waiting.stop.load(); });
     if (!lock)
@@ -114,7 +114,7 @@ void Session::recoverJournals() {
 
 void Session::run() {
     {
-        const Interrupt interrupt(*m_meter);
+        const Interrupt interrupt(*m_meter, Interrupt::Work::own);
         const ProgressLine progress(*m_meter);
         m_queue.runUntilEmpty();
     }

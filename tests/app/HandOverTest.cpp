@@ -53,15 +53,16 @@ class HandOverTest : public ServedIntake {
         return result.get();
     }
 
+    /// How many are on the bus.
+    [[nodiscard]] qsizetype present() const {
+        return connection("another").interface()->registeredServiceNames().value().size();
+    }
+
     /// Starts it, and lets it come to the bus.
     [[nodiscard]] Command::Running startAndMeet(std::vector<std::string> arguments) const {
-        const auto watched = connection("another");
-        const auto count = [&] {
-            return watched.interface()->registeredServiceNames().value().size();
-        };
-        const auto before = count();
+        const auto before = present();
         auto command = vexmoor(std::move(arguments)).start();
-        EXPECT_TRUE(serveUntil([&] { return count() > before; }));
+        EXPECT_TRUE(serveUntil([&] { return present() > before; }));
         return command;
     }
 
@@ -164,6 +165,22 @@ TEST_F(HandOverTest, StopsTheBatchAndTellsWhatWasDone) {
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.errors, HasSubstr("Stopped. Left as it was: 2 items."));
     EXPECT_TRUE(isThere("a"));
+}
+
+TEST_F(HandOverTest, LeavesTheTellingToTheDesktopWhenItsTerminalIsClosed) {
+    make({"a"});
+    around.holdsThumbnails = true;
+    const auto before = present();
+    auto command = vexmoor({"feed", "a", "gone"}).start();
+    ASSERT_TRUE(serveUntil([&] { return !around.held.empty(); }));
+    command.signal(SIGHUP);
+    EXPECT_EQ(end(command).signal, SIGHUP);
+    ASSERT_TRUE(serveUntil([&] { return present() == before; }));
+    around.answerThumbnails();
+    ASSERT_TRUE(serveUntil([&] { return program->intake.batches() == 0; }));
+    EXPECT_FALSE(isThere("a"));
+    EXPECT_EQ(service->stops, 0);
+    EXPECT_THAT(around.events, Contains("report The cauldron rejected gone"));
 }
 
 TEST_F(HandOverTest, SaysThatItDoesNotKnowWhenTheDesktopEndsInTheMiddle) {
