@@ -31,6 +31,8 @@ void begin(Session& session, const Invocation& invocation, BatchCompletion compl
     auto [items, missing] = isPutBack ? binned.toPutBack(invocation.items, invocation.last)
                                       : binned.named(invocation.items);
     options.missing = std::move(missing);
+    options.missing.insert(options.missing.end(), invocation.missing.begin(),
+                           invocation.missing.end());
     if (isPutBack)
         session.intake().restore(std::move(items), std::move(completion), options);
     else

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "intake/Ports.h"
+
 #include <memory>
 #include <optional>
 #include <string>
@@ -21,6 +23,7 @@ struct Invocation {
     bool yes = false;
     bool fromMenu = false;          ///< nobody reads a terminal
     std::vector<std::string> items; ///< paths, or ids and names
+    std::vector<Failure> missing;   ///< names among them that meant nothing when it was asked
     std::string mode;               ///< empty: that of the settings
     std::size_t last = 0;           ///< 0: not given
     std::size_t number = 40;

@@ -47,18 +47,23 @@ std::optional<Refusal> settleFeed(Invocation& invocation, Session& session) {
     return askFor(invocation, dissolveQuestion(count));
 }
 
-/// Names the items by their ids: by the time the desktop takes the command, their names could mean
-/// others.
+/// Names the items by their ids: by the time that the desktop takes the command, their names could
+/// mean others, and names that mean nothing could mean something that nobody was asked about.
 std::optional<Refusal> settleDelete(Invocation& invocation, const Session& session) {
-    const auto [items, missing] = session.binnedItems().named(invocation.items);
-    if (items.empty())
-        return std::nullopt;
+    auto [items, missing] = session.binnedItems().named(invocation.items);
+    std::ranges::move(missing, std::back_inserter(invocation.missing));
     invocation.items.clear();
     for (const auto& item : items)
         invocation.items.push_back(item.id.toString());
-    for (const auto& failure : missing)
-        invocation.items.push_back(failure.name);
-    return askFor(invocation, deleteQuestion(items));
+    return items.empty() ? std::nullopt : askFor(invocation, deleteQuestion(items));
+}
+
+/// What was not found is told with the rest.
+Outcome withMissing(Outcome outcome, const Invocation& invocation) {
+    if (auto* const report = std::get_if<BatchReport>(&outcome))
+        for (const auto& failure : invocation.missing)
+            report->failures.push_back({failure.name, describe(failure.error)});
+    return outcome;
 }
 
 std::optional<Refusal> settle(Invocation& invocation) {
@@ -175,7 +180,10 @@ std::optional<Outcome> handOver(Invocation& invocation) {
         return handOverSettled(invocation, true, Start::never);
     if (auto refusal = settle(invocation))
         return *std::move(refusal);
-    return handOverSettled(invocation, false, Start::never);
+    if (invocation.items.empty() && !invocation.missing.empty())
+        return withMissing(BatchReport(), invocation);
+    auto outcome = handOverSettled(invocation, false, Start::never);
+    return outcome ? std::optional(withMissing(*std::move(outcome), invocation)) : std::nullopt;
 }
 
 std::optional<Outcome> handOverFromMenu(const Invocation& invocation) {

@@ -3,6 +3,7 @@
 #include "base/JsonReader.h"
 #include "desktopbus/FakeNotificationServer.h"
 #include "intake/BatchReport.h"
+#include "support/RawDatabase.h"
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
@@ -151,6 +152,25 @@ TEST_F(HandOverTest, AsksOnItsOwnTerminalFirst) {
     make({"c"});
     EXPECT_THAT(runOnTerminal({"feed", "--mode", "dissolve", "c"}, "").output, Not(HasSubstr("?")));
     EXPECT_FALSE(isThere("c"));
+}
+
+TEST_F(HandOverTest, DeletesNothingThatNobodyWasAskedAbout) {
+    make({"a", "b"});
+    ASSERT_EQ(run({"feed", "a"}).status, 0);
+    RawDatabase database(directories().ownData() / "defaults.db");
+    database.run("CREATE TRIGGER refuse BEFORE INSERT ON defaults "
+                 "BEGIN SELECT RAISE(ABORT, 'refused'); END");
+    ASSERT_EQ(run({"feed", "b"}).status, 1); // the desktop knows of it, the history does not
+    for (const auto& names : {std::vector<std::string>{"b"}, {"a", "b"}}) {
+        std::vector<std::string> arguments{"delete", "--yes"};
+        arguments.insert(arguments.end(), names.begin(), names.end());
+        const auto result = run(arguments);
+        EXPECT_EQ(result.status, 1);
+        EXPECT_THAT(result.errors, HasSubstr("b is no longer in the Bin."));
+    }
+    EXPECT_TRUE(recent()[1].deleted);
+    EXPECT_FALSE(recent()[0].deleted);
+    EXPECT_TRUE(exists(*recent()[0].trashed));
 }
 
 TEST_F(HandOverTest, StopsTheBatchAndTellsWhatWasDone) {
