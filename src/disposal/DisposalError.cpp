@@ -43,6 +43,10 @@ class DisposalCategory : public std::error_category {
             return "Not all of it could be removed";
         case DisposalError::stopped:
             return "It was stopped.";
+        case DisposalError::replaced:
+            return "Something else took its place meanwhile, which was not touched.";
+        case DisposalError::isOwnData:
+            return "Vexmoor keeps its history here.";
         }
         return "Unknown error";
     }

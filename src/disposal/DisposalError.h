@@ -22,6 +22,8 @@ enum class DisposalError {
     noFreeName,
     partlyRemoved, ///< Error::operation tells what remains
     stopped,
+    replaced,
+    isOwnData,
 };
 
 const std::error_category& disposalCategory();

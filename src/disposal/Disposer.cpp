@@ -49,6 +49,9 @@ Result<std::optional<Path>> Disposer::dispose(const HeldItem& item, DisposeMode 
 }
 
 Result<std::optional<Path>> Disposer::dissolve(const HeldItem& item) {
+    const auto status = fileStatus(item.folder(), item.name.c_str());
+    if (status && status->identity != item.status.identity) // measuring it may have taken long
+        return disposalError(DisposalError::replaced);
     if (auto removed = removeWhole(item.folder(), item.name, m_meter); !removed)
         return std::move(removed).error();
     return std::optional<Path>();

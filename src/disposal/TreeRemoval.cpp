@@ -1,5 +1,6 @@
 #include "disposal/TreeRemoval.h"
 
+#include "disposal/DisposalError.h"
 #include "disposal/TreeWalk.h"
 #include "platform/FolderReader.h"
 
@@ -55,6 +56,10 @@ class RemovalVisitor : public TreeVisitor {
     explicit RemovalVisitor(std::vector<Error>& failures) : m_failures(failures) {}
 
     Entry visitEntry(const TreePlace& place, const char* name, TreeTally& tally) override {
+        if (isTop(place)) { // a folder when it was asked for
+            failForReplacement(place, name);
+            return Entry::visited;
+        }
         const int error = unlink(place, name, 0);
         if (error == EISDIR)
             return Entry::isFolder;
@@ -70,6 +75,9 @@ class RemovalVisitor : public TreeVisitor {
   private:
     static int unlink(const TreePlace& place, const char* name, int flags);
     static bool grantInside(const TreePlace& place);
+    static bool isTop(const TreePlace& place) { return place.folder.parent == nullptr; }
+    static int removeEmpty(const TreeFolder& folder, const TreePlace& parent);
+    void failForReplacement(const TreePlace& place, const char* name);
     void account(const TreePlace& place, const char* name, int error, TreeTally& tally);
 
     std::mutex m_mutex;
@@ -78,7 +86,7 @@ class RemovalVisitor : public TreeVisitor {
 
 /// Never on the folder in which the tree stands: that is not ours to change.
 bool RemovalVisitor::grantInside(const TreePlace& place) {
-    return place.folder.parent && grantOurselves(place.descriptor);
+    return !isTop(place) && grantOurselves(place.descriptor);
 }
 
 int RemovalVisitor::unlink(const TreePlace& place, const char* name, int flags) {
@@ -123,13 +131,35 @@ void RemovalVisitor::notEntered(const TreePlace& place, const char* name, int er
     account(place, name, isRemoved ? 0 : error, tally);
 }
 
+/// What has taken the place of a folder inside goes with the tree that the user named. At the top
+/// it is another item, which nobody named: ENOTDIR.
+int RemovalVisitor::removeEmpty(const TreeFolder& folder, const TreePlace& parent) {
+    const char* const name = folder.name.c_str();
+    if (isTop(parent)) {
+        const auto status = fileStatus(parent.descriptor, name);
+        if (status && status->identity != folder.identity)
+            return ENOTDIR;
+        return unlink(parent, name, AT_REMOVEDIR);
+    }
+    const int error = unlink(parent, name, AT_REMOVEDIR);
+    return error == ENOTDIR ? unlink(parent, name, 0) : error;
+}
+
+void RemovalVisitor::failForReplacement(const TreePlace& place, const char* name) {
+    stay(place.folder);
+    const std::lock_guard lock(m_mutex);
+    m_failures.push_back(disposalError(DisposalError::replaced, name));
+}
+
 TreeVisitor::Folder RemovalVisitor::leaveFolder(TreeFolder& folder, int descriptor,
                                                 const TreePlace& parent, TreeTally& tally) {
     int error = parent.descriptor < 0 ? ESTALE : ENOTEMPTY; // not to be found again, or not empty
     if (error == ENOTEMPTY && folder.stayingHere == 0) {
-        error = unlink(parent, folder.name.c_str(), AT_REMOVEDIR);
-        if (error == ENOTDIR) // something else has taken its place
-            error = unlink(parent, folder.name.c_str(), 0);
+        error = removeEmpty(folder, parent);
+        if (error == ENOTDIR) {
+            failForReplacement(parent, folder.name.c_str());
+            return Folder::left;
+        }
     }
     if (error == ENOTEMPTY && descriptor >= 0) {
         const std::int64_t found = countEntries(descriptor);

@@ -1,5 +1,6 @@
 #include "disposal/TreeRemoval.h"
 
+#include "disposal/DisposalError.h"
 #include "disposal/TreeSize.h"
 #include "TreeFixture.h"
 
@@ -215,6 +216,32 @@ TEST_F(TreeRemovalTest, MeasuresAndRemovesAVeryDeepChainWithFewDescriptors) {
         EXPECT_GT(treeSize(directory(), "chain"), 0);
         expectRemoved("chain", kDepth + 2);
     });
+}
+
+TEST_F(TreeRemovalTest, NeverTouchesWhatTookTheTreesPlaceMeanwhile) {
+    for (const bool isFolder : {false, true}) {
+        makeFolders("tree", 100, 50);
+        if (isFolder)
+            makeFolder("other");
+        else
+            makeFile("other");
+        WorkMeter meter;
+        bool isReplaced = false;
+        std::thread exchanging([&] {
+            while (meter.removed < 100)
+                std::this_thread::yield();
+            isReplaced = renameat2(directory(), "tree", directory(), "other", RENAME_EXCHANGE) == 0;
+        });
+        const auto report = remove("tree", &meter);
+        exchanging.join();
+        if (isReplaced) { // else all was over before
+            EXPECT_THAT(report.failures,
+                        ElementsAre(disposalError(DisposalError::replaced, "tree")));
+            EXPECT_TRUE(exists("tree"));
+        }
+        std::filesystem::remove_all(path() / "tree");
+        std::filesystem::remove_all(path() / "other");
+    }
 }
 
 TEST_F(TreeRemovalTest, StopsWhenTheMeterSaysSo) {
