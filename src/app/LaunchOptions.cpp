@@ -16,13 +16,18 @@ bool isForeignUri(const std::string& argument) {
            });
 }
 
+void addPath(LaunchOptions& options, const std::string& argument, const Path& folder) {
+    if (!argument.empty()) // it would name the current folder
+        options.items.push_back(folder / argument);
+}
+
 void addItem(LaunchOptions& options, const std::string& argument, const Path& folder) {
     if (const auto path = pathFromFileUri(argument))
         options.items.push_back(*path);
     else if (isForeignUri(argument))
         ++options.others;
-    else if (!argument.empty()) // it would name the current folder
-        options.items.push_back(folder / argument);
+    else
+        addPath(options, argument, folder);
 }
 
 } // namespace
@@ -33,7 +38,7 @@ LaunchOptions LaunchOptions::fromArguments(const std::vector<std::string>& argum
     bool onlyPaths = false;
     for (const auto& argument : arguments) {
         if (onlyPaths)
-            options.items.push_back(folder / argument);
+            addPath(options, argument, folder);
         else if (argument == "--")
             onlyPaths = true;
         else if (argument == "--probe")

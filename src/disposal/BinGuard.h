@@ -5,15 +5,16 @@
 #include "platform/MountTable.h"
 #include "platform/UserDirectories.h"
 
+#include <map>
 #include <optional>
 #include <set>
 
 namespace vexmoor {
 
 /// Tells what must never be disposed of: the home folder, mount points and what holds one, the
-/// Bins, what is inside one and what holds one. Files are told by device and inode, so that no
-/// other name or link gets past it. What it knows is as of its making, so one serves one batch. One
-/// thread.
+/// Bins and this program's own data, what is inside these and what holds them. Files are told by
+/// device and inode, so that no other name or link gets past it. What it knows is as of its making,
+/// so one serves one batch. One thread.
 class BinGuard {
   public:
     BinGuard(const UserDirectories& directories, MountTable& mounts);
@@ -26,15 +27,18 @@ class BinGuard {
 
   private:
     void learnBin(const Path& bin);
-    bool findsBinAbove(const HeldFolder& folder);
+    void learnHolders(const Path& path, DisposalError refusal);
+    const std::optional<DisposalError>& refusalInside(const HeldFolder& folder);
+    std::optional<DisposalError> findRefusalInside(const HeldFolder& folder);
     bool isVolumeBin(const HeldFolder& parent, const std::string& name);
 
     MountTable& m_mounts;
     std::optional<FileIdentity> m_home;
+    std::optional<FileIdentity> m_ownData;
     std::set<FileIdentity> m_bins;
-    std::set<FileIdentity> m_holders; ///< folders that a Bin of the user's lies in
+    std::map<FileIdentity, DisposalError> m_holders; ///< what these lie in, and why that stays
     std::optional<FileIdentity> m_lastFolder;
-    bool m_lastFolderInside = false;
+    std::optional<DisposalError> m_lastRefusal; ///< of what is in that folder
 };
 
 } // namespace vexmoor

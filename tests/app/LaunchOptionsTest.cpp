@@ -14,7 +14,7 @@ LaunchOptions parse(const std::vector<std::string>& arguments) {
 
 TEST(LaunchOptionsTest, TakesPathsAndUrisByteForByte) {
     const auto options = parse({"a b", "/c/", "file:///tmp/%FE%0A", "x:y", "./", "sftp://host/f",
-                                "", "--", "-d", "http://e"});
+                                "", "--", "", "-d", "http://e"});
     EXPECT_THAT(options.items, ElementsAre("/here/a b", "/c/", "/tmp/\xFE\n", "/here/x:y",
                                            "/here/./", "/here/-d", "/here/http://e"));
     EXPECT_EQ(options.others, 1) << "what is elsewhere";

@@ -114,6 +114,7 @@ TEST_F(BinTest, RefusesWhatMustNeverGoAndTouchesNothing) {
     write("kept", "x");
     (void)bin(path() / "kept");
     write("documents/file", "x");
+    write(".local/share/vexmoor/journal/1.open", "x");
     ASSERT_EQ(symlink(".local/share/Trash", (path() / "other name of the Bin").c_str()), 0);
     struct Case {
         Path item;
@@ -131,6 +132,8 @@ TEST_F(BinTest, RefusesWhatMustNeverGoAndTouchesNothing) {
         {binPath() / "files/kept", DisposalError::isInsideBin},
         {path() / "other name of the Bin/info", DisposalError::isBin},
         {path() / "other name of the Bin/files/kept", DisposalError::isInsideBin},
+        {path() / ".local/share/vexmoor", DisposalError::isOwnData},
+        {path() / ".local/share/vexmoor/journal/1.open", DisposalError::isOwnData},
     };
     giveToNobody();
     for (const auto& name : contents())
@@ -153,6 +156,40 @@ TEST_F(BinTest, RefusesWhatMustNeverGoAndTouchesNothing) {
             }
     });
     EXPECT_EQ(contents(), before);
+}
+
+TEST_F(BinTest, RefusesWhatReallyHoldsTheBinWhereLinksLeadThere) {
+    write("disk/home/.local/share/unrelated", "x");
+    write("big/Trash/files/kept", "x");
+    write("records/own/defaults.db", "x");
+    const auto link = [this](const char* target, const char* name) {
+        ASSERT_EQ(symlink((path() / target).c_str(), (path() / name).c_str()), 0);
+    };
+    link("disk/home", "home");
+    link("big/Trash", "disk/home/.local/share/Trash");
+    link("records/own", "disk/home/.local/share/vexmoor");
+    const struct {
+        const char* item;
+        DisposalError why;
+    } cases[] = {
+        {"disk", DisposalError::holdsBin},
+        {"disk/home", DisposalError::isHome},
+        {"home", DisposalError::holdsBin},
+        {"home/.local", DisposalError::holdsBin},
+        {"home/.local/share/Trash", DisposalError::holdsBin},
+        {"big", DisposalError::holdsBin},
+        {"big/Trash", DisposalError::isBin},
+        {"records", DisposalError::isOwnData},
+        {"records/own/defaults.db", DisposalError::isOwnData},
+    };
+    Disposer disposer({path() / "home", path() / "home/.local/share", geteuid()}, nullptr);
+    for (const auto& [item, why] : cases) {
+        const auto held = disposer.hold(path() / item);
+        ASSERT_FALSE(held.ok()) << item;
+        EXPECT_EQ(held.error().code, make_error_code(why))
+            << item << ": " << describe(held.error());
+    }
+    EXPECT_TRUE(disposer.hold(path() / "home/.local/share/unrelated").ok());
 }
 
 TEST_F(BinTest, TellsWhyAnItemCannotGoAndLeavesItThere) {
