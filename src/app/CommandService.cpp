@@ -88,16 +88,20 @@ void CommandService::giveBack(const char* name) {
 }
 
 QString CommandService::Feed(const QByteArrayList& items, const QString& mode, bool ask,
-                             const QDBusMessage& message) {
+                             const QList<qulonglong>& seen, const QDBusMessage& message) {
     const auto chosen = disposeModeFromRawValue(mode.toStdString());
     auto wanted = paths(items);
     if (!chosen && !mode.isEmpty())
         refuse(message, kUsage, "The mode can be: bin, dissolve.");
     else if (!wanted)
         refuse(message, kUsage, "Items are fed by their absolute paths.");
+    else if (!seen.isEmpty() && seen.size() != 2 * items.size())
+        refuse(message, kUsage, "What was seen is a device and an inode for each item.");
     else
         carryOut(message, ask, [&](BatchOptions options, BatchCompletion completion) {
             options.mode = chosen;
+            for (qsizetype i = 0; i < seen.size(); i += 2)
+                options.seen.push_back({seen[i], seen[i + 1]});
             m_parts.intake.consume(*wanted, false, std::move(completion), options);
         });
     return {};

@@ -49,7 +49,7 @@ class CommandService : public QDBusAbstractAdaptor {
 
   public slots:
     QString Feed(const QByteArrayList& items, const QString& mode, bool ask,
-                 const QDBusMessage& message);
+                 const QList<qulonglong>& seen, const QDBusMessage& message);
     QString PutBack(const QStringList& items, qulonglong last, const QDBusMessage& message);
     QString Delete(const QStringList& items, bool ask, const QDBusMessage& message);
     void Set(const QString& name, const QString& value, const QDBusMessage& message);

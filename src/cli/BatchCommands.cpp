@@ -22,6 +22,7 @@ void begin(Session& session, const Invocation& invocation, BatchCompletion compl
            BatchOptions options) {
     if (invocation.command == Command::feed) {
         options.mode = disposeModeFromRawValue(invocation.mode);
+        options.seen = invocation.seen;
         const std::vector<Path> items(invocation.items.begin(), invocation.items.end());
         session.intake().consume(items, false, std::move(completion), options);
         return;

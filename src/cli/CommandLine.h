@@ -1,6 +1,7 @@
 #pragma once
 
 #include "intake/Ports.h"
+#include "platform/FileManager.h"
 
 #include <memory>
 #include <optional>
@@ -23,6 +24,7 @@ struct Invocation {
     bool yes = false;
     bool fromMenu = false;          ///< nobody reads a terminal
     std::vector<std::string> items; ///< paths, or ids and names
+    std::vector<FileIdentity> seen; ///< what stood at each path when it was asked
     std::vector<Failure> missing;   ///< names among them that meant nothing when it was asked
     std::string mode;               ///< empty: that of the settings
     std::size_t last = 0;           ///< 0: not given

@@ -44,6 +44,9 @@ std::optional<Refusal> settleFeed(Invocation& invocation, Session& session) {
     const auto count = countOf(invocation.items);
     if (mode != DisposeMode::dissolve || count == 0 || !session.settings().confirmDissolve.get())
         return std::nullopt;
+    if (invocation.seen.empty())
+        std::ranges::transform(invocation.items, std::back_inserter(invocation.seen),
+                               [](const auto& item) { return identityAt(standardized(item)); });
     return askFor(invocation, dissolveQuestion(count));
 }
 
@@ -101,6 +104,15 @@ std::vector<std::string> asTexts(const std::vector<std::string>& items) {
     return texts;
 }
 
+std::vector<std::uint64_t> numbersOf(const std::vector<FileIdentity>& seen) {
+    std::vector<std::uint64_t> numbers;
+    for (const auto& identity : seen) {
+        numbers.push_back(identity.device);
+        numbers.push_back(identity.inode);
+    }
+    return numbers;
+}
+
 std::optional<RunningDesktop::Answer> tell(const RunningDesktop& desktop,
                                            const Invocation& invocation, bool asks, Start start) {
     const auto& items = invocation.items;
@@ -112,6 +124,7 @@ std::optional<RunningDesktop::Answer> tell(const RunningDesktop& desktop,
                 call.addByteStrings(items);
                 call.add(invocation.mode);
                 call.add(asks);
+                call.add(numbersOf(invocation.seen));
             },
             start);
     case Command::putBack:

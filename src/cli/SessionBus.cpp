@@ -140,6 +140,12 @@ void BusCall::add(const std::vector<std::string>& texts) {
     close();
 }
 
+void BusCall::add(const std::vector<std::uint64_t>& numbers) {
+    if (m_error == 0)
+        note(library().appendArray(m_message.get(), 't', numbers.data(),
+                                   numbers.size() * sizeof(std::uint64_t)));
+}
+
 void BusCall::addByteStrings(const std::vector<std::string>& items) {
     open('a', "ay");
     for (const auto& item : items)

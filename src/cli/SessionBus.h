@@ -32,6 +32,7 @@ class BusCall {
     void add(std::int32_t value);
     void add(std::uint64_t value);
     void add(const std::vector<std::string>& texts);
+    void add(const std::vector<std::uint64_t>& numbers);
     void addByteStrings(const std::vector<std::string>& items);
     /// A dictionary of one text.
     void addEntry(const std::string& key, const std::string& text);

@@ -26,7 +26,7 @@ DisposalJob::Output DisposalJob::run() {
 
 void DisposalJob::handle(const Path& path) {
     auto picture = pictureOf(path);
-    auto item = m_disposer.hold(path);
+    auto item = hold(path);
     if (!item) {
         m_output.result.failures.push_back(
             {displayText(lastComponent(path)), std::move(item).error()});
@@ -45,6 +45,17 @@ void DisposalJob::handle(const Path& path) {
     m_output.result.done.push_back(*std::move(sacrifice));
     m_output.offerings.push_back({path, bytes, item->status.isFolder()});
     addPicture(std::move(picture));
+}
+
+/// Nothing but what the user said yes to.
+Result<HeldItem> DisposalJob::hold(const Path& path) {
+    auto item = m_disposer.hold(path);
+    if (!item || m_input.seen.empty())
+        return item;
+    const auto seen = m_input.seen.find(path.native());
+    if (seen == m_input.seen.end() || seen->second != item->status.identity)
+        return disposalError(DisposalError::replaced);
+    return item;
 }
 
 Result<Sacrifice> DisposalJob::disposeOf(const HeldItem& item, std::int64_t bytes) {

@@ -9,6 +9,9 @@
 
 namespace vexmoor {
 
+/// What stood at paths when the user was asked.
+using SeenItems = std::map<std::string, FileIdentity>;
+
 /// The work-queue side of one fed batch: pictures, measures and disposes of its items in order.
 class DisposalJob {
   public:
@@ -18,6 +21,7 @@ class DisposalJob {
     struct Input {
         const std::vector<StoredPath>& items; ///< outlive the job
         DisposeMode mode = DisposeMode::bin;
+        SeenItems seen; ///< of all items, or empty where nobody was asked
         std::map<std::string, PicturePointer> thumbnails; ///< by path
         std::int64_t lastRecorded = 0; ///< number of the newest journal in the stores
     };
@@ -46,6 +50,7 @@ class DisposalJob {
 
   private:
     void handle(const Path& path);
+    Result<HeldItem> hold(const Path& path);
     Result<Sacrifice> disposeOf(const HeldItem& item, std::int64_t bytes);
     Result<void> intend(const JournalEntry& entry);
     PicturePointer pictureOf(const Path& path);

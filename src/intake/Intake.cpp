@@ -9,6 +9,7 @@ namespace vexmoor {
 
 struct Intake::Batch {
     std::vector<StoredPath> items;
+    SeenItems seen;
     std::vector<Failure> refused;
     DisposeMode mode = DisposeMode::bin;
     bool fromFinder = false;
@@ -63,6 +64,7 @@ void Intake::consume(const std::vector<Path>& items, bool fromFinder, BatchCompl
                      const BatchOptions& options) {
     const std::shared_ptr<Batch> batch(
         new Batch{.items = {},
+                  .seen = {},
                   .refused = {},
                   .mode = options.mode.value_or(m_parts.settings.mode.get()),
                   .fromFinder = fromFinder,
@@ -71,7 +73,8 @@ void Intake::consume(const std::vector<Path>& items, bool fromFinder, BatchCompl
                   .meter = nullptr,
                   .completion = std::move(completion)});
     std::set<std::string> seen;
-    for (const auto& item : items) {
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const Path& item = items[i];
         if (endsInDots(item)) {
             batch->refused.push_back(
                 {displayText(item.native()), disposalError(DisposalError::isDots)});
@@ -80,6 +83,8 @@ void Intake::consume(const std::vector<Path>& items, bool fromFinder, BatchCompl
         const Path path = standardized(item);
         if (!m_inFlight.contains(path.native()) && seen.insert(path.native()).second)
             batch->items.emplace_back(path);
+        if (i < options.seen.size())
+            batch->seen.emplace(path.native(), options.seen[i]);
     }
     if (batch->items.empty()) {
         if (!batch->refused.empty())
@@ -96,6 +101,9 @@ void Intake::consume(const std::vector<Path>& items, bool fromFinder, BatchCompl
 }
 
 void Intake::askToDissolve(const std::shared_ptr<Batch>& batch, const BatchOptions& options) {
+    if (batch->seen.empty())
+        for (const auto& item : batch->items)
+            batch->seen.emplace(item.native(), identityAt(item));
     batch->dialogs.ask(dissolveQuestion(batch->items.size()),
                        [this, batch, options](const Answer& answer) {
                            if (answer.suppressed)
@@ -141,13 +149,13 @@ void Intake::prefetch(const std::shared_ptr<Batch>& batch) {
 
 void Intake::dispose(const std::shared_ptr<Batch>& batch) {
     m_parts.work.post([this, batch, recorded = lastRecorded()] {
-        DisposalJob job({batch->items, batch->mode, std::move(batch->thumbnails), recorded},
-                        {m_parts.directories, m_parts.journal, m_parts.thumbnails, *batch->meter,
-                         m_parts.clock, [this](std::vector<PicturePointer> pictures) {
-                             m_parts.main.post([this, pictures = std::move(pictures)] {
-                                 m_parts.animation.play(pictures);
-                             });
-                         }});
+        DisposalJob job(
+            {batch->items, batch->mode, batch->seen, std::move(batch->thumbnails), recorded},
+            {m_parts.directories, m_parts.journal, m_parts.thumbnails, *batch->meter, m_parts.clock,
+             [this](std::vector<PicturePointer> pictures) {
+                 m_parts.main.post(
+                     [this, pictures = std::move(pictures)] { m_parts.animation.play(pictures); });
+             }});
         const auto output = std::make_shared<DisposalJob::Output>(job.run());
         m_parts.main.post([this, batch, output] { complete(*batch, std::move(*output)); });
     });

@@ -20,7 +20,10 @@ struct BatchOptions {
     std::optional<DisposeMode> mode{};  ///< else that of the settings
     Dialogs* dialogs = nullptr;         ///< who is asked and told, else the intake's; outlives it
     std::shared_ptr<WorkMeter> meter{}; ///< counts its file work and stops it between two items
-    std::vector<Failure> missing{};     ///< binned items that were not found: told with the rest
+    /// What stood at each item's path when the user was asked whether to dissolve it: nothing else
+    /// is dissolved. Empty where nobody was asked yet.
+    std::vector<FileIdentity> seen{};
+    std::vector<Failure> missing{}; ///< binned items that were not found: told with the rest
 };
 
 /// The path that everything fed goes through, and what is done with binned items afterwards. The

@@ -38,6 +38,9 @@ struct FileStatus {
 Result<FileStatus> fileStatus(int directory, const char* name);
 Result<FileStatus> fileStatus(const Path& path);
 
+/// Which file is there now; FileIdentity() where none can be seen.
+FileIdentity identityAt(const Path& path);
+
 /// A descriptor that only names the folder: good for the calls here, needs no right to read it.
 Result<FileDescriptor> openFolder(int directory, const char* name);
 Result<FileDescriptor> openFolder(const Path& path);

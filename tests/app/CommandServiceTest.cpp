@@ -48,11 +48,12 @@ class CommandServiceTest : public ServedIntake {
         return report.value_or(BatchReport());
     }
 
-    static Arguments feeding(const std::vector<Path>& items, const char* mode, bool ask) {
+    static Arguments feeding(const std::vector<Path>& items, const char* mode, bool ask,
+                             const QList<qulonglong>& seen = {}) {
         QByteArrayList list;
         for (const auto& item : items)
             list << QByteArray::fromStdString(item.native());
-        return {QVariant::fromValue(list), mode, ask};
+        return {QVariant::fromValue(list), mode, ask, QVariant::fromValue(seen)};
     }
 
     static std::vector<std::string> namesOf(const BatchReport& report) {
@@ -132,13 +133,23 @@ TEST_F(CommandServiceTest, RefusesWhatCouldBeTakenForAnotherItem) {
     for (const auto& arguments :
          {feeding({items[0], "a"}, "", false), feeding({items[0], "./a"}, "", false),
           feeding({items[0], ""}, "", false), feeding({cut}, "", false),
-          feeding(items, "burn", false)}) {
+          feeding(items, "burn", false), feeding(items, "", false, {1, 2, 3})}) {
         const auto answer = call("Feed", arguments);
         EXPECT_EQ(errorOf(answer), "org.vexmoor.Error.Usage");
         EXPECT_FALSE(answer.errorMessage().isEmpty());
     }
     EXPECT_TRUE(exists(items[0]));
     EXPECT_THAT(around.events, IsEmpty());
+}
+
+TEST_F(CommandServiceTest, DissolvesOnlyWhatItsCallerHasSeen) {
+    const auto items = make({"a", "b"});
+    const auto seen = identityAt(items[0]);
+    const auto report =
+        reportIn(call("Feed", feeding(items, "dissolve", false, {seen.device, seen.inode, 0, 0})));
+    EXPECT_THAT(namesOf(report), ElementsAre("a"));
+    EXPECT_EQ(report.failures.size(), 1U);
+    EXPECT_TRUE(exists(items[1]));
 }
 
 TEST_F(CommandServiceTest, SetsOrSaysWhyNot) {

@@ -32,7 +32,9 @@ class NonsenseService : public QObject {
     Q_CLASSINFO("D-Bus Interface", "org.vexmoor.Commands1")
 
   public slots:
-    QString Feed(const QByteArrayList&, const QString&, bool) { return R"({"done": 7})"; }
+    QString Feed(const QByteArrayList&, const QString&, bool, const QList<qulonglong>&) {
+        return R"({"done": 7})";
+    }
 };
 
 /// Works until it was asked for its progress for a while.
@@ -44,7 +46,8 @@ class SlowService : public QObject {
     explicit SlowService(QDBusConnection bus) : m_bus(std::move(bus)) {}
 
   public slots:
-    QString Feed(const QByteArrayList&, const QString&, bool, const QDBusMessage& message) {
+    QString Feed(const QByteArrayList&, const QString&, bool, const QList<qulonglong>&,
+                 const QDBusMessage& message) {
         message.setDelayedReply(true);
         m_call = message;
         return {};

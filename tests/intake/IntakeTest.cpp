@@ -278,6 +278,25 @@ TEST_F(IntakeTest, BeginsWhatWasSaidYesToWhileOtherQuestionsWait) {
     EXPECT_THAT(around.reports, testing::IsEmpty());
 }
 
+TEST_F(IntakeTest, DissolvesNothingButWhatStoodThereWhenTheUserWasAsked) {
+    const auto items = make({"kept", "replaced", "folder/inside"});
+    program->settings.mode.set(DisposeMode::dissolve);
+    around.holdsQuestions = true;
+    BatchResult result;
+    program->intake.consume({items[0], items[1], home / "new", home / "folder"}, false,
+                            [&](const BatchResult& ended) { result = ended; });
+    std::filesystem::rename(items[1], home / "aside");
+    make({"replaced", "new", "folder/another"});
+    ASSERT_EQ(around.questions.size(), 1U);
+    around.questions[0]({true, false});
+    settle();
+    EXPECT_THAT(names(result.done), ElementsAre("kept", "folder"));
+    ASSERT_EQ(result.failures.size(), 2U);
+    for (const auto& failure : result.failures)
+        EXPECT_EQ(failure.error.code, make_error_code(DisposalError::replaced)) << failure.name;
+    EXPECT_TRUE(exists(items[1]) && exists(home / "new"));
+}
+
 TEST_F(IntakeTest, AsksAndTellsWhomTheBatchNames) {
     Surroundings terminal;
     terminal.answer = {false, false};

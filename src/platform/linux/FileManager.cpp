@@ -90,6 +90,11 @@ Result<FileStatus> fileStatus(const Path& path) {
     return fileStatus(AT_FDCWD, path.c_str());
 }
 
+FileIdentity identityAt(const Path& path) {
+    const auto status = fileStatus(path);
+    return status ? status->identity : FileIdentity();
+}
+
 Result<FileDescriptor> openFolder(int directory, const char* name) {
     return openAs(directory, name, 0);
 }
