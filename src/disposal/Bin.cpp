@@ -113,16 +113,16 @@ std::uint64_t Bin::homeMount() {
     }
 }
 
-Result<Path> Bin::putBack(const Path& place, const Path& destination,
-                          const PlaceObserver& willLand) {
+Result<Path> Bin::putBack(const Path& place, const TrashInfo& record,
+                          const DepartureObserver& willLeave) {
     auto bin = binOf(place);
     if (!bin)
         return std::move(bin).error();
     const std::string stored = lastComponent(place);
-    if (const auto status = fileStatus((*bin)->files(), stored.c_str()); !status)
-        return status.error().code == std::errc::no_such_file_or_directory
-                   ? disposalError(DisposalError::goneFromBin, place)
-                   : status.error();
+    const auto item = (*bin)->find(stored, record);
+    if (!item)
+        return item.error();
+    const Path& destination = record.path;
     if (!isUsable(destination))
         return disposalError(DisposalError::invalidDestination, destination);
     if (auto made = makeFolders(destination.parent_path(), kOrdinaryRights); !made)
@@ -137,7 +137,7 @@ Result<Path> Bin::putBack(const Path& place, const Path& destination,
     for (unsigned number = 1; number <= kMostNumbers; ++number) {
         const std::string name = number == 1 ? wanted : numberedName(wanted, number);
         Path landing = destination.parent_path() / name;
-        if (auto noted = willLand(landing); !noted)
+        if (auto noted = willLeave(*item, landing); !noted)
             return std::move(noted).error();
         const auto moved = moveWithoutReplacing((*bin)->files(), stored.c_str(),
                                                 (*folder)->descriptor.get(), name.c_str());
@@ -154,11 +154,18 @@ Result<Path> Bin::putBack(const Path& place, const Path& destination,
     return disposalError(DisposalError::noFreeName);
 }
 
-Result<void> Bin::erase(const Path& place, WorkMeter* meter) {
+Result<void> Bin::erase(const Path& place, const TrashInfo& record,
+                        const DepartureObserver& willLeave, WorkMeter* meter) {
     auto bin = binOf(place);
     if (!bin)
         return std::move(bin).error();
-    return (*bin)->erase(lastComponent(place), meter);
+    const std::string stored = lastComponent(place);
+    const auto item = (*bin)->find(stored, record);
+    if (!item)
+        return item.error();
+    if (auto noted = willLeave(*item, {}); !noted)
+        return noted;
+    return (*bin)->erase(stored, meter);
 }
 
 void Bin::removeLeftInfo(const Path& place, const Path& original) {
@@ -170,9 +177,10 @@ void Bin::removeLeftInfo(const Path& place, const Path& original) {
     if (status || status.error().code != std::errc::no_such_file_or_directory)
         return;
     const auto text = (*bin)->infoText(stored);
-    const auto info = TrashInfo::fromText(text.value_or(""));
-    const bool isCutShort = text && text->empty();
-    if (isCutShort || (info && (*bin)->top() / info->path == original))
+    if (!text)
+        return;
+    const auto info = TrashInfo::fromText(*text);
+    if (text->empty() || (info && (*bin)->names(*info, original))) // empty: cut short
         (void)(*bin)->removeInfo(stored); // left where it is, it is listed as empty, nothing worse
 }
 

@@ -12,6 +12,10 @@ namespace vexmoor {
 class Bin {
   public:
     using PlaceObserver = TrashDirectory::PlaceObserver;
+    /// Told of a binned item that is about to leave, and of the path that is tried for it, empty
+    /// where it is deleted; its failure keeps the item where it is.
+    using DepartureObserver =
+        std::function<Result<void>(const FileStatus& item, const Path& landing)>;
 
     Bin(const UserDirectories& directories, MountTable& mounts, BinGuard& guard);
 
@@ -20,13 +24,15 @@ class Bin {
     Result<Path> put(const HeldItem& item, std::int64_t bytes, Date date,
                      const PlaceObserver& willTake);
 
-    /// Moves a binned item to the path, or beside it under a numbered name where that is taken;
-    /// missing folders are made. Answers where it landed. `willLand` is told each place before it
-    /// is tried. Fails with goneFromBin where the Bin no longer holds it.
-    Result<Path> putBack(const Path& place, const Path& destination, const PlaceObserver& willLand);
+    /// Moves a binned item to the record's path, or beside it under a numbered name where that is
+    /// taken; missing folders are made. Answers where it landed. Only the item of the record
+    /// leaves, whatever else lies at its place by now (TrashDirectory::find).
+    Result<Path> putBack(const Path& place, const TrashInfo& record,
+                         const DepartureObserver& willLeave);
 
-    /// Deletes a binned item beyond recovery.
-    Result<void> erase(const Path& place, WorkMeter* meter);
+    /// Deletes a binned item beyond recovery, under the same condition.
+    Result<void> erase(const Path& place, const TrashInfo& record,
+                       const DepartureObserver& willLeave, WorkMeter* meter);
 
     /// Removes the info file that an interrupted move left behind: only where the Bin holds no such
     /// item and the file is the one that was written for `original`, or was cut off before a byte.

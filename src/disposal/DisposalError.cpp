@@ -39,6 +39,8 @@ class DisposalCategory : public std::error_category {
             return "Its recorded place can't be used.";
         case DisposalError::noFreeName:
             return "No free name was found for it.";
+        case DisposalError::withoutInfo:
+            return "The Bin no longer says where it came from. It was left there.";
         case DisposalError::partlyRemoved:
             return "Not all of it could be removed";
         case DisposalError::stopped:

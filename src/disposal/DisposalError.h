@@ -20,6 +20,7 @@ enum class DisposalError {
     notInBin,
     invalidDestination,
     noFreeName,
+    withoutInfo,   ///< it lies in the Bin, but whose it is cannot be told
     partlyRemoved, ///< Error::operation tells what remains
     stopped,
     replaced,

@@ -57,12 +57,14 @@ Result<std::optional<Path>> Disposer::dissolve(const HeldItem& item) {
     return std::optional<Path>();
 }
 
-Result<Path> Disposer::restore(const Path& from, const Path& to, const PlaceObserver& willLand) {
-    return m_bin.putBack(from, to, willLand);
+Result<Path> Disposer::restore(const Path& from, const TrashInfo& record,
+                               const DepartureObserver& willLeave) {
+    return m_bin.putBack(from, record, willLeave);
 }
 
-Result<void> Disposer::erase(const Path& place) {
-    return m_bin.erase(place, m_meter);
+Result<void> Disposer::erase(const Path& place, const TrashInfo& record,
+                             const DepartureObserver& willLeave) {
+    return m_bin.erase(place, record, willLeave, m_meter);
 }
 
 void Disposer::removeLeftInfo(const Path& place, const Path& original) {

@@ -13,6 +13,7 @@ namespace vexmoor {
 class Disposer {
   public:
     using PlaceObserver = Bin::PlaceObserver;
+    using DepartureObserver = Bin::DepartureObserver;
 
     /// The meter (optional, outlives this) counts the entries that are measured and dissolved, and
     /// stops both.
@@ -33,11 +34,14 @@ class Disposer {
     Result<std::optional<Path>> dispose(const HeldItem& item, DisposeMode mode, std::int64_t bytes,
                                         Date date, const PlaceObserver& willTake);
 
-    /// Moves a binned item back to `to`, or beside it under a free name; answers where it landed.
-    Result<Path> restore(const Path& from, const Path& to, const PlaceObserver& willLand);
+    /// Moves the binned item of the record back to the record's path, or beside it under a free
+    /// name; answers where it landed. See Bin::putBack.
+    Result<Path> restore(const Path& from, const TrashInfo& record,
+                         const DepartureObserver& willLeave);
 
-    /// Deletes a binned item.
-    Result<void> erase(const Path& place);
+    /// Deletes the binned item of the record.
+    Result<void> erase(const Path& place, const TrashInfo& record,
+                       const DepartureObserver& willLeave);
 
     /// See Bin::removeLeftInfo.
     void removeLeftInfo(const Path& place, const Path& original);

@@ -40,6 +40,10 @@ Result<FileDescriptor> openOrMake(int directory, const char* name, bool make, co
     return folder;
 }
 
+bool isMissing(const Error& error) {
+    return error.code == std::errc::no_such_file_or_directory;
+}
+
 /// A folder at the top of a volume that others can write to counts only where it is really ours.
 bool isOwnFolder(int folder, uid_t user) {
     const auto status = fileStatus(folder, "");
@@ -88,9 +92,8 @@ Result<TrashDirectory> TrashDirectory::openOfPlace(const Path& place) {
         return disposalError(DisposalError::notInBin, place);
     const auto folder = openFolder(bin);
     if (!folder)
-        return folder.error().code == std::errc::no_such_file_or_directory
-                   ? disposalError(DisposalError::goneFromBin, place)
-                   : Error{folder.error().code, "open the Bin", bin};
+        return isMissing(folder.error()) ? disposalError(DisposalError::goneFromBin, place)
+                                         : Error{folder.error().code, "open the Bin", bin};
     const Path parent = bin.parent_path();
     Path top;
     if (bin.filename().native().starts_with(".Trash-"))
@@ -98,7 +101,7 @@ Result<TrashDirectory> TrashDirectory::openOfPlace(const Path& place) {
     else if (parent.filename() == ".Trash")
         top = parent.parent_path();
     auto opened = openAt(folder->get(), bin, top, false);
-    if (!opened && opened.error().code == std::errc::no_such_file_or_directory)
+    if (!opened && isMissing(opened.error()))
         return disposalError(DisposalError::notInBin, place);
     return opened;
 }
@@ -183,12 +186,40 @@ Result<void> TrashDirectory::writeInfo(const std::string& name, const std::strin
     return error;
 }
 
-Result<void> TrashDirectory::erase(const std::string& name, WorkMeter* meter) {
-    const auto status = fileStatus(m_files.get(), name.c_str());
+Result<FileStatus> TrashDirectory::find(const std::string& name, const TrashInfo& record) const {
+    const auto gone = [&] {
+        return disposalError(DisposalError::goneFromBin, m_path / "files" / name);
+    };
+    auto status = fileStatus(m_files.get(), name.c_str());
     if (!status)
-        return status.error().code == std::errc::no_such_file_or_directory
-                   ? disposalError(DisposalError::goneFromBin, m_path / "files" / name)
-                   : status.error();
+        return isMissing(status.error()) ? gone() : std::move(status).error();
+    const auto text = infoText(name);
+    if (!text && !isMissing(text.error()))
+        return text.error();
+    const auto info = TrashInfo::fromText(text ? *text : std::string());
+    if (!info)
+        return disposalError(DisposalError::withoutInfo);
+    const auto infoSeconds = [&] {
+        const auto file = fileStatus(m_info.get(), infoName(name).c_str());
+        return file ? file->modifiedSeconds : 0;
+    };
+    const bool isSame =
+        names(*info, record.path) &&
+        (!record.deletionDate || info->isOfMoment(*record.deletionDate, infoSeconds));
+    return isSame ? std::move(status) : gone();
+}
+
+/// A relative path has lost the links that its item was named through.
+bool TrashDirectory::names(const TrashInfo& info, const Path& original) const {
+    const Path named = m_top / info.path;
+    if (named == original || m_top.empty())
+        return named == original;
+    std::error_code code;
+    const auto folder = std::filesystem::weakly_canonical(original.parent_path(), code);
+    return !code && named == folder / original.filename();
+}
+
+Result<void> TrashDirectory::erase(const std::string& name, WorkMeter* meter) {
     if (auto removed = removeWhole(m_files.get(), name, meter); !removed)
         return removed;
     return removeInfo(name);
@@ -202,17 +233,23 @@ Result<void> TrashDirectory::removeInfo(const std::string& name) {
     return {};
 }
 
-std::optional<std::string> TrashDirectory::infoText(const std::string& name) const {
-    const FileDescriptor file(::openat(m_info.get(), infoName(name).c_str(),
-                                       O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+Result<std::string> TrashDirectory::infoText(const std::string& name) const {
+    const std::string fileName = infoName(name);
+    const FileDescriptor file(
+        ::openat(m_info.get(), fileName.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+    const auto failure = [&] {
+        return Error::fromErrno(errno, "read", m_path / "info" / fileName);
+    };
     if (!file)
-        return std::nullopt;
+        return failure();
     std::string text;
     char buffer[4096];
     ssize_t count = 0;
     while (text.size() < kLongestInfo && (count = ::read(file.get(), buffer, sizeof buffer)) > 0)
         text.append(buffer, static_cast<std::size_t>(count));
-    return count < 0 ? std::nullopt : std::optional(std::move(text));
+    if (count < 0)
+        return failure();
+    return text;
 }
 
 void TrashDirectory::flushSizes() {

@@ -31,14 +31,22 @@ class TrashDirectory {
     Result<Path> take(const HeldItem& item, std::int64_t bytes, const TrashInfo& info,
                       const PlaceObserver& willTake);
 
-    /// Removes the item of that stored name beyond recovery, then its info file.
+    /// The item of that stored name, if it is still the one of the record: its info file says the
+    /// record's path, which is absolute there, and its date where the record has one. Fails with
+    /// goneFromBin where it is another or none, with withoutInfo where that cannot be told.
+    [[nodiscard]] Result<FileStatus> find(const std::string& name, const TrashInfo& record) const;
+
+    /// Removes the item of that stored name beyond recovery, whichever it is, then its info file.
     Result<void> erase(const std::string& name, WorkMeter* meter);
 
     /// Removes the info file; that it is missing is no failure.
     Result<void> removeInfo(const std::string& name);
 
-    /// The whole info file of that stored name; nothing where it cannot be read.
-    [[nodiscard]] std::optional<std::string> infoText(const std::string& name) const;
+    /// The whole info file of that stored name.
+    [[nodiscard]] Result<std::string> infoText(const std::string& name) const;
+
+    /// Whether such an info file is of an item that was at the absolute path.
+    [[nodiscard]] bool names(const TrashInfo& info, const Path& original) const;
 
     /// Writes what changed to directorysizes. It is a cache that others rebuild: failing to write
     /// it costs time, nothing else, and is not told.

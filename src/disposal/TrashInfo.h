@@ -3,6 +3,8 @@
 #include "base/Date.h"
 #include "base/Path.h"
 
+#include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,6 +21,11 @@ struct TrashInfo {
 
     /// Reads such a text; nothing where it has no usable Path.
     static std::optional<TrashInfo> fromText(std::string_view text);
+
+    /// Whether its date is the one that was written for that moment. Where the clock has another
+    /// time zone since, the date reads shifted; then the file's own time has to agree.
+    [[nodiscard]] bool isOfMoment(Date moment,
+                                  const std::function<std::int64_t()>& fileSeconds) const;
 };
 
 /// The name of the info file that belongs to a stored name.

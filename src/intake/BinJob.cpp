@@ -1,5 +1,7 @@
 #include "BinJob.h"
 
+#include "disposal/DisposalError.h"
+
 namespace vexmoor {
 
 BinJob::BinJob(JournalKind kind, const UserDirectories& directories, Journal& journal,
@@ -7,15 +9,19 @@ BinJob::BinJob(JournalKind kind, const UserDirectories& directories, Journal& jo
     : m_kind(kind), m_journal(journal), m_meter(meter), m_lastRecorded(lastRecorded),
       m_disposer(directories, &meter) {}
 
-BinJob::Output BinJob::run(const std::vector<Sacrifice>& items) {
+BinJob::Output BinJob::run(const std::vector<Sacrifice>& items, std::set<Uuid>& takenOut) {
     for (const auto& item : items) {
         if (!item.trashed || !item.original)
             continue;
         if (m_meter.stop)
             m_output.result.untouched.push_back(*item.trashed);
+        else if (takenOut.contains(item.id))
+            m_output.result.failures.push_back(
+                {item.name, disposalError(DisposalError::goneFromBin, *item.trashed)});
         else
             handle(item);
     }
+    takenOut.insert(m_output.done.begin(), m_output.done.end());
     if (m_writer) {
         m_output.journalNumber = m_writer->number();
         // The last outcome only saves a look at the disk, should this process die before the
@@ -26,11 +32,7 @@ BinJob::Output BinJob::run(const std::vector<Sacrifice>& items) {
 }
 
 void BinJob::handle(const Sacrifice& item) {
-    JournalEntry entry;
-    entry.sacrifice = item;
-    const auto status = fileStatus(*item.trashed);
-    entry.inode = status ? status->identity.inode : 0;
-    auto landing = act(entry);
+    auto landing = act(item);
     if (m_writer)
         m_writer->conclude(item.id, landing.ok());
     if (landing) {
@@ -46,16 +48,20 @@ void BinJob::handle(const Sacrifice& item) {
 }
 
 /// Where the item is afterwards; of a deleted one, where it was.
-Result<Path> BinJob::act(JournalEntry& entry) {
-    const Path place = *entry.sacrifice.trashed;
-    if (m_kind == JournalKind::putBack)
-        return m_disposer.restore(place, *entry.sacrifice.original, [&](const Path& landing) {
+Result<Path> BinJob::act(const Sacrifice& item) {
+    const Path place = *item.trashed;
+    const TrashInfo record{*item.original, item.date};
+    const auto willLeave = [&](const FileStatus& status, const Path& landing) {
+        JournalEntry entry;
+        entry.sacrifice = item;
+        entry.inode = status.identity.inode;
+        if (!landing.empty())
             entry.destination = landing;
-            return intend(entry);
-        });
-    if (auto intended = intend(entry); !intended)
-        return std::move(intended).error();
-    if (auto erased = m_disposer.erase(place); !erased)
+        return intend(entry);
+    };
+    if (m_kind == JournalKind::putBack)
+        return m_disposer.restore(place, record, willLeave);
+    if (auto erased = m_disposer.erase(place, record, willLeave); !erased)
         return std::move(erased).error();
     return place;
 }

@@ -22,11 +22,13 @@ class BinJob {
     BinJob(JournalKind kind, const UserDirectories& directories, Journal& journal, WorkMeter& meter,
            std::int64_t lastRecorded);
 
-    Output run(const std::vector<Sacrifice>& items);
+    /// `takenOut` are the items that batches before this one put back or deleted; what this one
+    /// does is added.
+    Output run(const std::vector<Sacrifice>& items, std::set<Uuid>& takenOut);
 
   private:
     void handle(const Sacrifice& item);
-    Result<Path> act(JournalEntry& entry);
+    Result<Path> act(const Sacrifice& item);
     Result<void> intend(const JournalEntry& entry);
 
     JournalKind m_kind;

@@ -28,6 +28,9 @@ struct Intake::BinBatch {
     Dialogs& dialogs;
     std::shared_ptr<WorkMeter> meter;
     BatchCompletion completion;
+    /// What the batches that are not over have put back or deleted: the ledger, which this one's
+    /// items were looked up in, did not know it yet.
+    std::shared_ptr<std::set<Uuid>> takenOut;
 };
 
 namespace {
@@ -216,22 +219,43 @@ void Intake::deleteImmediately(std::vector<Sacrifice> items, BatchCompletion com
     dialogsOf(options).ask(question, [this, wanted = std::move(wanted), options,
                                       completion = std::move(completion)](const Answer& answer) {
         if (answer.confirmed)
-            beginBinJob(JournalKind::erase, wanted, completion, options);
+            beginDeletion(wanted, completion, options);
         else
             finishDeclined(completion);
     });
 }
 
+/// What left the Bin while the user was asked is told as gone.
+void Intake::beginDeletion(const std::vector<Sacrifice>& items, BatchCompletion completion,
+                           BatchOptions options) {
+    std::vector<Sacrifice> wanted;
+    for (auto& item : refreshed(items)) {
+        if (item.canRestore())
+            wanted.push_back(std::move(item));
+        else
+            options.missing.push_back({item.name, disposalError(DisposalError::goneFromBin,
+                                                                item.trashed.value_or(item.name))});
+    }
+    if (wanted.empty())
+        finishWithoutItems(JournalKind::erase, std::move(completion), options);
+    else
+        beginBinJob(JournalKind::erase, std::move(wanted), std::move(completion), options);
+}
+
 void Intake::beginBinJob(JournalKind kind, std::vector<Sacrifice> items, BatchCompletion completion,
                          const BatchOptions& options) {
+    auto takenOut = m_takenOut.lock();
+    if (!takenOut)
+        m_takenOut = takenOut = std::make_shared<std::set<Uuid>>();
     runBinJob(std::shared_ptr<BinBatch>(new BinBatch{kind, std::move(items), options.missing,
                                                      dialogsOf(options), begin(options),
-                                                     std::move(completion)}));
+                                                     std::move(completion), std::move(takenOut)}));
 }
 
 void Intake::finishWithoutItems(JournalKind kind, BatchCompletion completion,
                                 const BatchOptions& options) {
-    BinBatch batch{kind, {}, options.missing, dialogsOf(options), nullptr, std::move(completion)};
+    BinBatch batch{kind,   {}, options.missing, dialogsOf(options), nullptr, std::move(completion),
+                   nullptr};
     if (batch.missing.empty())
         batch.dialogs.beep();
     completeBinJob(batch, {});
@@ -240,7 +264,8 @@ void Intake::finishWithoutItems(JournalKind kind, BatchCompletion completion,
 void Intake::runBinJob(const std::shared_ptr<BinBatch>& batch) {
     m_parts.work.post([this, batch, recorded = lastRecorded()] {
         BinJob job(batch->kind, m_parts.directories, m_parts.journal, *batch->meter, recorded);
-        const auto output = std::make_shared<BinJob::Output>(job.run(batch->items));
+        const auto output =
+            std::make_shared<BinJob::Output>(job.run(batch->items, *batch->takenOut));
         m_parts.main.post([this, batch, output] { completeBinJob(*batch, std::move(*output)); });
     });
 }

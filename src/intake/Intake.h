@@ -93,6 +93,8 @@ class Intake {
     void dispose(const std::shared_ptr<Batch>& batch);
     void complete(Batch& batch, DisposalJob::Output output);
     void registerUndo(const std::vector<Sacrifice>& done, bool fromFinder);
+    void beginDeletion(const std::vector<Sacrifice>& items, BatchCompletion completion,
+                       BatchOptions options);
     void beginBinJob(JournalKind kind, std::vector<Sacrifice> items, BatchCompletion completion,
                      const BatchOptions& options);
     void finishWithoutItems(JournalKind kind, BatchCompletion completion,
@@ -120,6 +122,7 @@ class Intake {
     std::vector<Unsettled> m_unsettled;
     bool m_stopped = false;
     std::set<std::string> m_inFlight;
+    std::weak_ptr<std::set<Uuid>> m_takenOut; ///< see BinBatch; the work queue's own
 };
 
 } // namespace vexmoor

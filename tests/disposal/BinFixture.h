@@ -34,11 +34,13 @@ class BinTest : public TreeTest {
         EXPECT_TRUE(place.ok()) << item << ": " << describe(place.error());
         return place.ok() && *place ? **place : Path();
     }
-    [[nodiscard]] Result<Path> putBack(const Path& place, const Path& to) const {
-        return Disposer(directories(), nullptr).restore(place, to, kUnobserved);
+    [[nodiscard]] Result<Path> putBack(const Path& place, const Path& to,
+                                       std::optional<Date> binned = {}) const {
+        return Disposer(directories(), nullptr).restore(place, {to, binned}, kUnseen);
     }
-    [[nodiscard]] Result<void> erase(const Path& place) const {
-        return Disposer(directories(), nullptr).erase(place);
+    [[nodiscard]] Result<void> erase(const Path& place, const Path& original,
+                                     std::optional<Date> binned = {}) const {
+        return Disposer(directories(), nullptr).erase(place, {original, binned}, kUnseen);
     }
 
     static std::string read(const Path& file) {
@@ -55,6 +57,9 @@ class BinTest : public TreeTest {
     }
 
     static inline const Disposer::PlaceObserver kUnobserved = [](const Path&) {
+        return Result<void>();
+    };
+    static inline const Disposer::DepartureObserver kUnseen = [](const FileStatus&, const Path&) {
         return Result<void>();
     };
 };

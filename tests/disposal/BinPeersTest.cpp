@@ -49,7 +49,7 @@ TEST_F(BinPeersTest, TheirItemsStandBesideOursAndAreEmptiedWithoutHarm) {
     const Path ours = bin(path() / "a.txt");
     EXPECT_EQ(read(binPath() / "files/a.txt"), "theirs");
     EXPECT_EQ(read(ours), "ours");
-    EXPECT_TRUE(erase(binPath() / "files/a.txt").ok());
+    EXPECT_TRUE(erase(binPath() / "files/a.txt", path() / "a.txt").ok());
     EXPECT_EQ(read(ours), "ours");
     const auto listed = run({"trash-list"});
     EXPECT_EQ(std::ranges::count(listed.output, '\n'), 1) << listed.output;

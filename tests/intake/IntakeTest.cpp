@@ -6,6 +6,8 @@
 
 #include <gmock/gmock.h>
 
+#include <fstream>
+
 namespace vexmoor::test {
 
 namespace {
@@ -188,6 +190,63 @@ TEST_F(IntakeTest, DeletesFromTheBinAfterAsking) {
     EXPECT_EQ(recent()[0].lost, true);
     EXPECT_EQ(recent()[1].deleted, clock.now);
     EXPECT_EQ(program->ledger.count.get(), 2) << "counts only grow";
+}
+
+TEST_F(IntakeTest, LeavesAnItemAloneThatTookThePlaceOfARecordsItem) {
+    const auto fed = feed(make({"a", "b"})).done;
+    for (const auto& item : fed) { // another program empties the Bin and bins items of its own
+        std::ofstream(Path(*item.trashed)) << "theirs";
+        std::ofstream(directories().dataHome / "Trash/info" / (item.name + ".trashinfo"))
+            << "[Trash Info]\nPath=/theirs/" + item.name + "\nDeletionDate=2024-03-31T12:00:00\n";
+    }
+    program->undoStack.undo();
+    settle();
+    EXPECT_EQ(around.reports.back().message, "Couldn't put back 2 items");
+    const auto second = feed(make({"a"})).done; // as "a.2", since "a" is theirs
+    program->intake.deleteImmediately({fed[0], fed[1]});
+    program->intake.deleteImmediately(second);
+    settle();
+    for (const auto& item : fed)
+        EXPECT_EQ(contents(*item.trashed), "theirs");
+    EXPECT_EQ(around.reports.back().message, "Couldn't delete 2 items");
+    EXPECT_EQ(recent()[0].deleted, clock.now);
+    EXPECT_EQ(recent()[1].lost, true);
+    EXPECT_FALSE(exists(home / "a"));
+}
+
+TEST_F(IntakeTest, DeletesNothingThatCameToThePlaceWhileTheQuestionStood) {
+    feed(make({"a"}));
+    around.holdsQuestions = true;
+    BatchResult result;
+    program->intake.deleteImmediately(recent(), [&](const BatchResult& ended) { result = ended; });
+    program->undoStack.undo();
+    settle();
+    const auto newer = feed({home / "a"}).done;
+    around.questions.at(0)({true, false});
+    settle();
+    EXPECT_EQ(contents(*newer.at(0).trashed), "a");
+    EXPECT_TRUE(recent()[0].canRestore());
+    ASSERT_EQ(result.failures.size(), 1U);
+    EXPECT_EQ(around.reports.back().informative, "a is no longer in the Bin.");
+    EXPECT_FALSE(recent()[1].lost) << "it was put back";
+}
+
+TEST_F(IntakeTest, TakesAnItemOutOnceHoweverManyOrdersWait) {
+    const Path a = make({"a"}).front();
+    feed({a});
+    const auto old = recent();
+    make({"a"});
+    program->intake.deleteImmediately(old);
+    program->intake.consume({a}, false); // takes the same place in the Bin in the same second
+    program->intake.deleteImmediately(old);
+    program->intake.restore(old);
+    settle();
+    EXPECT_EQ(around.reports.size(), 2U);
+    ASSERT_TRUE(recent()[0].canRestore());
+    EXPECT_EQ(recent()[0].trashed, old[0].trashed);
+    EXPECT_EQ(contents(*recent()[0].trashed), "a");
+    EXPECT_EQ(recent()[1].deleted, clock.now);
+    EXPECT_FALSE(recent()[1].lost);
 }
 
 TEST_F(IntakeTest, TellsOfBinnedItemsThatWereNotFoundWithTheRest) {
