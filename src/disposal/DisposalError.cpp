@@ -39,6 +39,8 @@ class DisposalCategory : public std::error_category {
             return "Its recorded place can't be used.";
         case DisposalError::noFreeName:
             return "No free name was found for it.";
+        case DisposalError::volumeNotThere:
+            return "It is in the Bin of a volume that is not there now.";
         case DisposalError::withoutInfo:
             return "The Bin no longer says where it came from. It was left there.";
         case DisposalError::partlyRemoved:
@@ -68,6 +70,9 @@ std::error_code make_error_code(DisposalError error) {
 std::string describe(const Error& error) {
     if (error.code == DisposalError::goneFromBin)
         return displayText(lastComponent(error.path)) + " is no longer in the Bin.";
+    if (error.code == DisposalError::volumeNotThere)
+        return displayText(lastComponent(error.path)) +
+               " is in the Bin of a volume that is not there now.";
     if (error.code == DisposalError::partlyRemoved)
         return error.message() + ": " + error.operation + ".";
     if (error.code.category() == disposalCategory())

@@ -20,8 +20,9 @@ enum class DisposalError {
     notInBin,
     invalidDestination,
     noFreeName,
-    withoutInfo,   ///< it lies in the Bin, but whose it is cannot be told
-    partlyRemoved, ///< Error::operation tells what remains
+    volumeNotThere, ///< the one whose Bin the item lies in
+    withoutInfo,    ///< it lies in the Bin, but whose it is cannot be told
+    partlyRemoved,  ///< Error::operation tells what remains
     stopped,
     replaced,
     isOwnData,

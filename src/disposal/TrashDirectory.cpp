@@ -40,6 +40,14 @@ Result<FileDescriptor> openOrMake(int directory, const char* name, bool make, co
     return folder;
 }
 
+/// The top folder of the volume whose Bin that is; none of a home Bin.
+Path topOf(const Path& bin) {
+    const Path parent = bin.parent_path();
+    if (bin.filename().native().starts_with(".Trash-"))
+        return parent;
+    return parent.filename() == ".Trash" ? parent.parent_path() : Path();
+}
+
 bool isMissing(const Error& error) {
     return error.code == std::errc::no_such_file_or_directory;
 }
@@ -91,19 +99,34 @@ Result<TrashDirectory> TrashDirectory::openOfPlace(const Path& place) {
     if (files.filename() != "files" || lastComponent(place) == "..")
         return disposalError(DisposalError::notInBin, place);
     const auto folder = openFolder(bin);
+    if (!folder && !isMissing(folder.error()))
+        return Error{folder.error().code, "open the Bin", bin};
     if (!folder)
-        return isMissing(folder.error()) ? disposalError(DisposalError::goneFromBin, place)
-                                         : Error{folder.error().code, "open the Bin", bin};
-    const Path parent = bin.parent_path();
-    Path top;
-    if (bin.filename().native().starts_with(".Trash-"))
-        top = parent;
-    else if (parent.filename() == ".Trash")
-        top = parent.parent_path();
-    auto opened = openAt(folder->get(), bin, top, false);
-    if (!opened && isMissing(opened.error()))
-        return disposalError(DisposalError::notInBin, place);
+        return disposalError(isOnAbsentVolume(place) ? DisposalError::volumeNotThere
+                                                     : DisposalError::goneFromBin,
+                             place);
+    auto opened = openAt(folder->get(), bin, topOf(bin), false);
+    if (!opened && isMissing(opened.error())) {
+        const auto item = fileStatus(place);
+        return disposalError(!item && isMissing(item.error()) ? DisposalError::goneFromBin
+                                                              : DisposalError::notInBin,
+                             place);
+    }
     return opened;
+}
+
+/// Without its volume a mount point is a plain folder, or is gone with it. A home Bin may be a link
+/// to another volume, or lie with all other data on one.
+bool TrashDirectory::isOnAbsentVolume(const Path& place) {
+    const Path bin = place.parent_path().parent_path();
+    const auto folder = fileStatus(bin / ".");
+    if (folder || !isMissing(folder.error()))
+        return false;
+    if (const Path top = topOf(bin); !top.empty()) {
+        const auto mounted = fileStatus(top);
+        return !mounted || !mounted->isMountPoint;
+    }
+    return fileStatus(bin).ok() || !fileStatus(bin.parent_path() / ".");
 }
 
 Result<TrashDirectory> TrashDirectory::openAt(int directory, Path path, Path top, bool make) {

@@ -22,8 +22,13 @@ class TrashDirectory {
     /// up (a real folder, sticky), else $top/.Trash-$uid. Fails with noBinOnVolume.
     static Result<TrashDirectory> openOnVolume(const Path& top, uid_t user);
 
-    /// The existing Bin that a binned item's place lies in; fails with notInBin.
+    /// The existing Bin that a binned item's place lies in. Fails with notInBin, with goneFromBin
+    /// where somebody deleted that Bin, and with volumeNotThere.
     static Result<TrashDirectory> openOfPlace(const Path& place);
+
+    /// Whether the place lies in the Bin of a volume that is not mounted now, so that nothing can
+    /// be said of the item.
+    static bool isOnAbsentVolume(const Path& place);
 
     /// Moves the item in: the info file is taken exclusively and written whole, then the item moved
     /// without replacing anything; on failure the info file is removed again. Answers the place.

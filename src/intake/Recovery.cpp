@@ -3,6 +3,8 @@
 #include "disposal/Disposer.h"
 #include "intake/Intake.h"
 
+#include <algorithm>
+
 namespace vexmoor {
 
 namespace {
@@ -38,6 +40,12 @@ bool happened(const JournalBatch& batch, const JournalEntry& entry) {
     return false;
 }
 
+/// Whether it cannot be seen now what became of the item.
+bool mustWait(const JournalEntry& entry) {
+    return entry.outcome == Outcome::unknown && entry.sacrifice.trashed &&
+           TrashDirectory::isOnAbsentVolume(*entry.sacrifice.trashed);
+}
+
 class Recoverer {
   public:
     Recoverer(Journal& journal, UserDefaults& defaults, Ledger& ledger, Progression& progression,
@@ -57,24 +65,38 @@ class Recoverer {
     }
 
   private:
+    /// A batch with items on a volume that is not there stays open and is told of once.
     void settle(const JournalBatch& batch) {
-        if (batch.number > m_defaults.integer(Intake::kRecordedKey).value_or(0)) {
-            if (const auto recorded = record(batch); !recorded) {
+        const bool isNew = batch.number > m_defaults.integer(Intake::kRecordedKey).value_or(0);
+        const auto waiting = std::ranges::find_if(batch.entries, mustWait);
+        const bool waits = waiting != batch.entries.end();
+        if (isNew || !waits) {
+            if (const auto recorded = record(batch, isNew, waits); !recorded) {
                 m_report.problems.push_back(recorded.error());
                 return;
             }
+        }
+        if (waits) {
+            if (isNew)
+                m_report.problems.push_back(
+                    disposalError(DisposalError::volumeNotThere, *waiting->sacrifice.trashed));
+            return;
         }
         if (const auto closed = m_journal.close(batch.number, batch.kind, batch.mode); !closed)
             m_report.problems.push_back(closed.error());
     }
 
-    Result<void> record(const JournalBatch& batch) {
+    /// Of a batch that waits, what is known already; of one that waited, the rest.
+    Result<void> record(const JournalBatch& batch, bool isNew, bool waits) {
         std::vector<Sacrifice> sacrifices;
         std::vector<Progression::Offering> offerings;
         std::set<Uuid> ids;
         for (const auto& entry : batch.entries) {
+            const bool isUnknown = entry.outcome == Outcome::unknown;
+            if (isUnknown ? waits || isInLedger(batch.kind, entry.sacrifice.id) : !isNew)
+                continue;
             const bool didHappen = happened(batch, entry);
-            if (entry.outcome == Outcome::unknown)
+            if (isUnknown)
                 removeLeftInfo(batch, entry);
             if (!didHappen)
                 continue;
@@ -85,6 +107,8 @@ class Recoverer {
             if (batch.mode == DisposeMode::dissolve)
                 sacrifices.back().original.reset();
         }
+        if (!isNew && ids.empty())
+            return {};
         return m_defaults.transaction([&] {
             const auto count = static_cast<std::int64_t>(ids.size());
             switch (batch.kind) {
@@ -102,8 +126,15 @@ class Recoverer {
                 m_report.deleted += count;
                 break;
             }
-            m_defaults.assign(Intake::kRecordedKey, batch.number);
+            if (isNew)
+                m_defaults.assign(Intake::kRecordedKey, batch.number);
         });
+    }
+
+    [[nodiscard]] bool isInLedger(JournalKind kind, const Uuid& id) const {
+        const auto& recent = m_ledger.recent.get();
+        const auto known = std::ranges::find(recent, id, &Sacrifice::id);
+        return known != recent.end() && (kind == JournalKind::feed || !known->canRestore());
     }
 
     /// An item that was on its way when the batch was cut off may have left an info file alone.

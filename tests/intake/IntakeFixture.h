@@ -3,6 +3,7 @@
 #include "base/PlainQueue.h"
 #include "base/SqliteUserDefaults.h"
 #include "disposal/DisposalError.h"
+#include "disposal/TrashInfo.h"
 #include "intake/Intake.h"
 #include "intake/Recovery.h"
 #include "support/FakeClock.h"
@@ -156,6 +157,21 @@ class IntakeTest : public testing::Test {
                                 [&](const BatchResult& ended) { result = ended; });
         settle();
         return result;
+    }
+
+    /// Where a file was that lies in the Bin of a volume ("usb", at home) and in the ledger.
+    /// Renaming that folder unplugs it: what is no mount point is no volume.
+    [[nodiscard]] Path fedToVolume(const std::string& name) const {
+        const Path bin = Path("usb") / (".Trash-" + std::to_string(geteuid()));
+        Sacrifice item;
+        item.id = Uuid::generate();
+        item.name = name;
+        item.date = clock.now;
+        item.original = home / "usb" / name;
+        item.trashed = home.write(bin / "files" / name, name);
+        home.write(bin / "info" / (name + ".trashinfo"), TrashInfo{name, item.date}.toText());
+        program->ledger.record({item});
+        return *item.original;
     }
 
     [[nodiscard]] const std::vector<Sacrifice>& recent() const {

@@ -214,6 +214,58 @@ TEST_F(IntakeTest, LeavesAnItemAloneThatTookThePlaceOfARecordsItem) {
     EXPECT_FALSE(exists(home / "a"));
 }
 
+TEST_F(IntakeTest, GivesNothingUpWhoseVolumeIsNotThere) {
+    const auto volume = [&](const char* state) { return home / state; };
+    const Path item = fedToVolume("a");
+    std::filesystem::rename(volume("usb"), volume("unplugged"));
+    for (const bool isMountPointThere : {false, true}) {
+        if (isMountPointThere)
+            std::filesystem::create_directory(volume("usb"));
+        for (const bool isPutBack : {true, false}) {
+            if (isPutBack)
+                program->intake.restore(recent());
+            else
+                program->intake.deleteImmediately(recent());
+            settle();
+            EXPECT_EQ(around.reports.back().informative,
+                      "a is in the Bin of a volume that is not there now.");
+            EXPECT_TRUE(recent()[0].canRestore());
+        }
+    }
+    EXPECT_TRUE(std::filesystem::is_empty(volume("usb")));
+    std::filesystem::remove(volume("usb"));
+    std::filesystem::rename(volume("unplugged"), volume("usb"));
+    program->intake.restore(recent());
+    settle();
+    EXPECT_EQ(contents(item), "a");
+}
+
+TEST_F(IntakeTest, TellsAHomeBinThatWasDeletedFromOneThatIsElsewhere) {
+    const Path bin = directories().dataHome / "Trash";
+    struct Case {
+        std::function<void()> happening;
+        bool isLost;
+    };
+    for (const auto& [happening, isLost] : {
+             Case{[&] { std::filesystem::rename(bin, home / "elsewhere"); }, true},
+             Case{[&] { std::filesystem::remove_all(bin / "files"); }, true},
+             Case{[&] {
+                      std::filesystem::rename(bin, home / "elsewhere");
+                      std::filesystem::create_symlink(home / "not mounted", bin);
+                  },
+                  false},
+         }) {
+        feed(make({"a"}));
+        happening();
+        program->intake.restore({recent()[0]});
+        settle();
+        EXPECT_EQ(recent()[0].lost.value_or(false), isLost);
+        EXPECT_FALSE(exists(home / "a"));
+        std::filesystem::remove_all(bin);
+        std::filesystem::remove_all(home / "elsewhere");
+    }
+}
+
 TEST_F(IntakeTest, DeletesNothingThatCameToThePlaceWhileTheQuestionStood) {
     feed(make({"a"}));
     around.holdsQuestions = true;

@@ -85,6 +85,53 @@ TEST_F(RecoveryTest, LooksAtTheDiskForIntentsWithoutAnOutcome) {
     EXPECT_TRUE(exists(directories().dataHome / "Trash/info/moved.trashinfo"));
 }
 
+TEST_F(RecoveryTest, DecidesNothingOfAVolumeThatIsNotThere) {
+    using Kind = JournalKind;
+    for (const auto kind : {Kind::feed, Kind::putBack, Kind::erase})
+        for (const bool happened : {true, false}) {
+            SCOPED_TRACE(static_cast<int>(kind) * 10 + (happened ? 1 : 0));
+            const Path original = fedToVolume("a");
+            JournalEntry entry;
+            entry.sacrifice = recent()[0];
+            const Path place = *entry.sacrifice.trashed;
+            entry.inode = fileStatus(place)->identity.inode;
+            if (kind == Kind::feed)
+                entry.sacrifice.id = Uuid::generate(); // the ledger has yet to hear of it
+            if (kind == Kind::putBack)
+                entry.destination = original;
+            const auto recorded = program->defaults->integer(Intake::kRecordedKey).value_or(0);
+            ASSERT_TRUE((*program->journal.begin(kind, DisposeMode::bin, recorded))->intend(entry));
+            if (happened ? kind != Kind::feed : kind == Kind::feed)
+                std::filesystem::rename(place, kind == Kind::erase ? home / "gone" : original);
+            const auto count = program->ledger.count.get();
+
+            std::filesystem::rename(home / "usb", home / "unplugged");
+            start();
+            ASSERT_EQ(program->recovery.problems.size(), 1U);
+            EXPECT_EQ(describe(program->recovery.problems[0]),
+                      "a is in the Bin of a volume that is not there now.");
+            feed(make({"another batch"}));
+            start();
+            EXPECT_TRUE(program->recovery.problems.empty()) << "told once";
+            EXPECT_TRUE(recent()[1].canRestore());
+            EXPECT_EQ(program->ledger.count.get(), count + 1);
+            EXPECT_EQ(program->journal.open().size(), 1U);
+
+            std::filesystem::rename(home / "unplugged", home / "usb");
+            for (int starts = 0; starts < 2; ++starts) {
+                start();
+                EXPECT_TRUE(program->journal.open().empty());
+                const bool isRecorded = happened && kind == Kind::feed;
+                EXPECT_EQ(program->ledger.count.get(), count + (isRecorded ? 2 : 1));
+                const auto& item = recent()[isRecorded ? 0 : 1];
+                EXPECT_EQ(item.restored.has_value(), happened && kind == Kind::putBack);
+                EXPECT_EQ(item.deleted.has_value(), happened && kind == Kind::erase);
+                EXPECT_EQ(item.id == entry.sacrifice.id, isRecorded || kind != Kind::feed);
+            }
+            std::filesystem::remove_all(home / "usb");
+        }
+}
+
 TEST_F(RecoveryTest, FindsTheWholeLastBatchHoweverLargeAfterARestart) {
     feed(make(90));
     feed(make({"newer"}));
