@@ -219,6 +219,9 @@ Result<FileStatus> TrashDirectory::find(const std::string& name, const TrashInfo
     const auto text = infoText(name);
     if (!text && !isMissing(text.error()))
         return text.error();
+    const Path written = m_top.empty() ? record.path : record.path.lexically_relative(m_top);
+    if (text && *text == TrashInfo{written, record.deletionDate}.toText())
+        return status; // saves understanding it, nearly always
     const auto info = TrashInfo::fromText(text ? *text : std::string());
     if (!info)
         return disposalError(DisposalError::withoutInfo);
@@ -267,11 +270,13 @@ Result<std::string> TrashDirectory::infoText(const std::string& name) const {
         return failure();
     std::string text;
     char buffer[4096];
-    ssize_t count = 0;
-    while (text.size() < kLongestInfo && (count = ::read(file.get(), buffer, sizeof buffer)) > 0)
+    ssize_t count = sizeof buffer;
+    while (count == sizeof buffer && text.size() < kLongestInfo) {
+        count = ::read(file.get(), buffer, sizeof buffer);
+        if (count < 0)
+            return failure();
         text.append(buffer, static_cast<std::size_t>(count));
-    if (count < 0)
-        return failure();
+    }
     return text;
 }
 
