@@ -10,7 +10,8 @@ namespace vexmoor {
 /// point begins no extension, a final one neither.
 std::pair<std::string_view, std::string_view> splitExtension(std::string_view name);
 
-/// The name to put back under when `name` is taken: "report 2.pdf".
+/// The name to put back under when `name` is taken: "report 2.pdf", shortened like storedName() but
+/// to 255 bytes.
 std::string numberedName(std::string_view name, unsigned number);
 
 /// The name to store in the Bin, at most 245 bytes so that its info file's name fits: the name

@@ -307,9 +307,13 @@ TEST_F(BinTest, PutsBackUnderANumberedNameAndMakesMissingFolders) {
         const char* second;
         const char* third;
     };
+    const std::string full(255, 'n');
+    const std::string fullSecond = full.substr(2) + " 2";
+    const std::string fullThird = full.substr(2) + " 3";
     for (const auto& [name, second, third] :
-         {Case{"report.pdf", "report 2.pdf", "report 3.pdf"}, Case{"Notes", "Notes 2", "Notes 3"},
-          Case{".profile", ".profile 2", ".profile 3"},
+         {Case{"report.pdf", "report 2.pdf", "report 3.pdf"},
+          Case{full.c_str(), fullSecond.c_str(), fullThird.c_str()},
+          Case{"Notes", "Notes 2", "Notes 3"}, Case{".profile", ".profile 2", ".profile 3"},
           Case{"a.tar.gz", "a.tar 2.gz", "a.tar 3.gz"}}) {
         const Path original = path() / "gone/with it" / name;
         std::vector<Path> places;
@@ -527,6 +531,17 @@ TEST(NumberedName, CutsStoredNamesAtACharactersBorder) {
         EXPECT_TRUE(isValidUtf8(stored)) << stored;
     }
     EXPECT_EQ(storedName(std::string(250, 'n') + ".txt", 2).substr(239), ".2.txt");
+    for (const unsigned number : {2U, 10000U}) {
+        const std::string numbered = numberedName(accents, number);
+        EXPECT_LE(numbered.size(), 255U);
+        EXPECT_GE(numbered.size(), 254U);
+        EXPECT_TRUE(isValidUtf8(numbered)) << numbered;
+        EXPECT_TRUE(numbered.ends_with(" " + std::to_string(number))) << numbered;
+    }
+    EXPECT_EQ(numberedName(std::string(251, 'n') + ".txt", 12).substr(247), "n 12.txt");
+    EXPECT_EQ(numberedName(std::string(249, 'n') + ".txt", 2).substr(248), "n 2.txt");
+    const std::string endless = "a." + std::string(253, 'e');
+    EXPECT_EQ(numberedName(endless, 2), endless.substr(0, 253) + " 2");
     EXPECT_EQ(storedName("a.txt", 3), "a.3.txt");
     EXPECT_EQ(storedName(".txt", 3), ".txt.3");
 }
