@@ -105,7 +105,7 @@ void AppDelegate::recordCutOffBatches() {
                               "What it had done is recorded now: " + std::to_string(recorded) +
                                   (recorded == 1 ? " item." : " items.")});
     for (const auto& problem : report.problems)
-        m_alerts.report(storeFailure(problem));
+        m_alerts.report(journalFailure(problem));
 }
 
 /// Not before what a crash cut off is recorded: a command begins a batch.

@@ -43,6 +43,8 @@ class DisposalCategory : public std::error_category {
             return "It is in the Bin of a volume that is not there now.";
         case DisposalError::withoutInfo:
             return "The Bin no longer says where it came from. It was left there.";
+        case DisposalError::journalSetAside:
+            return "It can't be understood and was set aside";
         case DisposalError::partlyRemoved:
             return "Not all of it could be removed";
         case DisposalError::stopped:
@@ -73,6 +75,8 @@ std::string describe(const Error& error) {
     if (error.code == DisposalError::volumeNotThere)
         return displayText(lastComponent(error.path)) +
                " is in the Bin of a volume that is not there now.";
+    if (error.code == DisposalError::journalSetAside)
+        return error.message() + " as " + displayText(error.path.native()) + ".";
     if (error.code == DisposalError::partlyRemoved)
         return error.message() + ": " + error.operation + ".";
     if (error.code.category() == disposalCategory())

@@ -20,9 +20,10 @@ enum class DisposalError {
     notInBin,
     invalidDestination,
     noFreeName,
-    volumeNotThere, ///< the one whose Bin the item lies in
-    withoutInfo,    ///< it lies in the Bin, but whose it is cannot be told
-    partlyRemoved,  ///< Error::operation tells what remains
+    volumeNotThere,  ///< the one whose Bin the item lies in
+    withoutInfo,     ///< it lies in the Bin, but whose it is cannot be told
+    journalSetAside, ///< Error::path is where it is now
+    partlyRemoved,   ///< Error::operation tells what remains
     stopped,
     replaced,
     isOwnData,

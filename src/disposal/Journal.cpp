@@ -22,6 +22,7 @@ namespace {
 constexpr int kFormatVersion = 1;
 constexpr std::string_view kOpenEnding = ".open";
 constexpr std::string_view kClosedEnding = ".closed";
+constexpr std::string_view kDamagedEnding = ".damaged";
 constexpr const char* kKindNames[] = {"feed", "put-back", "delete"};
 
 std::optional<JournalKind> kindNamed(const std::string& name) {
@@ -57,18 +58,19 @@ class Gatherer {
   public:
     explicit Gatherer(JournalBatch& batch) : m_batch(batch) {}
 
-    void take(const Json& line) {
+    /// False where an intent can't be understood.
+    bool take(const Json& line) {
         if (line.contains("intent")) {
             auto entry = entryFromJson(line);
-            if (!entry)
-                return;
+            if (!entry || !hasAllPaths(*entry))
+                return false;
             const auto [found, isNew] =
                 m_places.emplace(entry->sacrifice.id, m_batch.entries.size());
             if (isNew)
                 m_batch.entries.push_back(*std::move(entry));
             else
                 m_batch.entries[found->second] = *std::move(entry);
-            return;
+            return true;
         }
         for (const auto& [key, outcome] : {std::pair("done", JournalEntry::Outcome::done),
                                            std::pair("failed", JournalEntry::Outcome::failed)}) {
@@ -79,9 +81,16 @@ class Gatherer {
             if (place != m_places.end())
                 m_batch.entries[place->second].outcome = outcome;
         }
+        return true;
     }
 
   private:
+    [[nodiscard]] bool hasAllPaths(const JournalEntry& entry) const {
+        return entry.sacrifice.original &&
+               (entry.sacrifice.trashed || m_batch.mode == DisposeMode::dissolve) &&
+               (entry.destination || m_batch.kind != JournalKind::putBack);
+    }
+
     JournalBatch& m_batch;
     std::map<Uuid, std::size_t> m_places;
 };
@@ -152,11 +161,8 @@ Result<std::unique_ptr<JournalWriter>> Journal::begin(JournalKind kind, DisposeM
                                                       std::int64_t lastRecorded) {
     if (auto made = makeFolders(m_folder, 0700); !made)
         return std::move(made).error();
-    std::int64_t number = std::max(lastRecorded, m_last);
-    const auto [opened, kept] = list();
-    for (const auto* numbers : {&opened, &kept})
-        for (const auto other : *numbers)
-            number = std::max(number, other);
+    const auto [opened, kept, greatest] = list();
+    std::int64_t number = std::max({lastRecorded, m_last, greatest});
     for (std::size_t i = kKept; i < kept.size(); ++i)
         ::unlink(fileOf(kept[i], kClosedEnding).c_str());
     m_last = ++number;
@@ -186,6 +192,14 @@ Result<void> Journal::close(std::int64_t number, JournalKind kind, DisposeMode m
     return {};
 }
 
+Result<Path> Journal::setAside(std::int64_t number) {
+    const Path file = fileOf(number, kOpenEnding);
+    Path aside = fileOf(number, kDamagedEnding);
+    if (::rename(file.c_str(), aside.c_str()) != 0)
+        return Error::fromErrno(errno, "set aside", file);
+    return aside;
+}
+
 std::vector<std::int64_t> Journal::open() const {
     return list().open;
 }
@@ -204,10 +218,15 @@ Journal::Numbers Journal::list() const {
         const auto [rest, parsed] = std::from_chars(name.data(), name.data() + name.size(), number);
         const std::string_view ending(rest,
                                       static_cast<std::size_t>(name.data() + name.size() - rest));
-        if (parsed == std::errc() && ending == kOpenEnding)
+        if (parsed != std::errc())
+            continue;
+        if (ending == kOpenEnding)
             numbers.open.push_back(number);
-        else if (parsed == std::errc() && ending == kClosedEnding)
+        else if (ending == kClosedEnding)
             numbers.closed.push_back(number);
+        else if (ending != kDamagedEnding)
+            continue;
+        numbers.greatest = std::max(numbers.greatest, number);
     }
     std::ranges::sort(numbers.open);
     std::ranges::sort(numbers.closed, std::greater());
@@ -236,14 +255,18 @@ Result<JournalBatch> Journal::read(std::int64_t number) const {
         try {
             if (isFirst && stream.eof())
                 return batch; // cut off in its first line: nothing was begun
+            if (isFirst && line.is_object() && line.value("journal", 0) > kFormatVersion)
+                return Error::fromErrno(ENOTSUP, "read the newer format of", file);
             if (isFirst && !readHeader(line, batch))
                 return Error::fromErrno(EBADMSG, "read", file);
-            if (line.is_object() && !isFirst)
-                gatherer.take(line);
+            if (line.is_object() && !isFirst && !gatherer.take(line))
+                return Error::fromErrno(EBADMSG, "read", file);
         } catch (const Json::exception&) {
             return Error::fromErrno(EBADMSG, "read", file);
         }
     }
+    if (stream.bad())
+        return Error::fromErrno(errno != 0 ? errno : EIO, "read", file);
     return batch;
 }
 

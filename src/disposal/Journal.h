@@ -80,13 +80,19 @@ class Journal {
     /// Numbers of the closed journals, newest first.
     [[nodiscard]] std::vector<std::int64_t> closed() const;
 
-    /// Reads a journal; a last line that a crash cut short is left out.
+    /// Moves an open journal that can't be understood out of the way, and answers to where.
+    Result<Path> setAside(std::int64_t number);
+
+    /// Reads a journal; a last line that a crash cut short is left out. Fails with bad_message or
+    /// is_a_directory where it can't be understood: it has another format, or an entry that lacks
+    /// what its kind needs.
     [[nodiscard]] Result<JournalBatch> read(std::int64_t number) const;
 
   private:
     struct Numbers {
         std::vector<std::int64_t> open;   ///< oldest first
         std::vector<std::int64_t> closed; ///< newest first
+        std::int64_t greatest = 0;        ///< of all, those set aside too
     };
 
     [[nodiscard]] Numbers list() const;

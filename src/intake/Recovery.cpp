@@ -56,15 +56,23 @@ class Recoverer {
     RecoveryReport run() {
         for (const auto number : m_journal.open()) {
             auto batch = m_journal.read(number);
-            if (!batch)
-                m_report.problems.push_back(std::move(batch).error());
-            else
+            if (batch)
                 settle(*batch);
+            else
+                m_report.problems.push_back(setAside(number, std::move(batch).error()));
         }
         return std::move(m_report);
     }
 
   private:
+    /// What to tell of a journal that could not be read; only nonsense is set aside.
+    Error setAside(std::int64_t number, Error error) {
+        if (error.code != std::errc::bad_message && error.code != std::errc::is_a_directory)
+            return error;
+        const auto aside = m_journal.setAside(number);
+        return aside ? disposalError(DisposalError::journalSetAside, *aside) : aside.error();
+    }
+
     /// A batch with items on a volume that is not there stays open and is told of once.
     void settle(const JournalBatch& batch) {
         const bool isNew = batch.number > m_defaults.integer(Intake::kRecordedKey).value_or(0);

@@ -98,6 +98,12 @@ FailureReport storeFailure(const Error& error) {
             {{"history", error}}};
 }
 
+FailureReport journalFailure(const Error& error) {
+    return {"The journal of an earlier batch couldn't be settled",
+            inSentence(describe(error)),
+            {{"journal", error}}};
+}
+
 std::string sacrificeActionName(std::size_t count) {
     return count == 1 ? "Sacrifice" : "Sacrifice of " + std::to_string(count) + " Items";
 }

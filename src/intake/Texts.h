@@ -30,6 +30,7 @@ FailureReport damagedStore(const Path& aside);
 
 /// The items went where they should, but the stores could not be written.
 FailureReport storeFailure(const Error& error);
+FailureReport journalFailure(const Error& error);
 
 /// The name by which the Edit menu offers to undo a batch.
 std::string sacrificeActionName(std::size_t count);

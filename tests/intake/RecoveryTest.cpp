@@ -171,15 +171,64 @@ TEST_F(RecoveryTest, SettlesAJournalThatWasCutOffBeforeItsFirstIntent) {
     EXPECT_EQ(program->ledger.count.get(), 0);
 }
 
-TEST_F(RecoveryTest, ReportsAJournalThatCannotBeRead) {
+TEST_F(RecoveryTest, LeavesTheJournalOfANewerVersionToThatVersion) {
     program.reset();
-    const Path folder = directories().ownData() / "journal";
-    home.write(".local/share/vexmoor/journal/7.open", "no journal\n");
-    start();
-    ASSERT_EQ(program->recovery.problems.size(), 1U);
-    EXPECT_TRUE(exists(folder / "7.open"));
+    const Path open =
+        home.write(".local/share/vexmoor/journal/7.open", "{\"journal\":2,\"kind\":\"new\"}\n");
+    for (int starts = 0; starts < 2; ++starts) {
+        start();
+        EXPECT_EQ(program->recovery.problems.size(), 1U);
+        EXPECT_TRUE(exists(open));
+    }
     feed(make({"a"}));
     EXPECT_EQ(program->ledger.count.get(), 1);
+}
+
+TEST_F(RecoveryTest, SetsAJournalAsideThatMakesNoSenseAndTellsOfItOnce) {
+    const Path folder = directories().ownData() / "journal";
+    const Path file = make({"a"}).front();
+    const auto journal = [](const std::string& kind, const std::string& rest) {
+        return "{\"journal\":1,\"kind\":\"" + kind + "\",\"mode\":\"bin\"}\n" + rest + "\n";
+    };
+    const auto intent = [&](const std::string& paths) {
+        return R"({"intent":{"id":"0F8FAD5B-D9CB-469F-A165-70867728950E","name":"a","bytes":1,)"
+               R"("mode":"bin","date":1.0)" +
+               paths + R"(},"folder":false,"inode":)" +
+               std::to_string(fileStatus(file)->identity.inode) + R"(,"destination":")" +
+               file.native() + "\"}";
+    };
+    const std::string original = R"(,"original":")" + file.native() + '"';
+    const std::string trashed = R"(,"trashed":"/nowhere/files/a")";
+    const std::string done = "\n{\"done\":\"0F8FAD5B-D9CB-469F-A165-70867728950E\"}";
+    const std::string aFolder = "a folder";
+    std::int64_t number = 100;
+    for (const std::string& text :
+         {std::string("no journal\n"), journal("eat", ""), journal("feed", R"({"intent":5})"),
+          journal("feed", R"({"done":7})"), journal("put-back", intent(original)),
+          journal("put-back", intent(original) + done), journal("delete", intent(original)),
+          journal("delete", intent(trashed)), journal("feed", intent(original) + done),
+          journal("put-back", R"({"intent":{},"destination":3})"), aFolder}) {
+        SCOPED_TRACE(text);
+        program.reset();
+        const Path open = folder / (std::to_string(++number) + ".open");
+        const Path aside = folder / (std::to_string(number) + ".damaged");
+        if (text == aFolder)
+            home.write(".local/share/vexmoor/journal" / open.filename() / "inside", "");
+        else
+            home.write(".local/share/vexmoor/journal" / open.filename(), text);
+        start();
+        ASSERT_EQ(program->recovery.problems.size(), 1U);
+        EXPECT_EQ(describe(program->recovery.problems[0]),
+                  "It can't be understood and was set aside as " + aside.native() + ".");
+        EXPECT_TRUE(exists(aside));
+        EXPECT_FALSE(exists(open));
+        start();
+        EXPECT_TRUE(program->recovery.problems.empty());
+    }
+    EXPECT_EQ(program->ledger.count.get(), 0);
+    EXPECT_EQ(contents(file), "a");
+    feed({file});
+    EXPECT_EQ(program->journal.closed().front(), number + 1) << "its number is not given again";
 }
 
 } // namespace
