@@ -100,6 +100,7 @@ QString CommandService::Feed(const QByteArrayList& items, const QString& mode, b
     else
         carryOut(message, ask, [&](BatchOptions options, BatchCompletion completion) {
             options.mode = chosen;
+            options.tellsOfThoseOnTheWay = !ask;
             for (qsizetype i = 0; i < seen.size(); i += 2)
                 options.seen.push_back({seen[i], seen[i + 1]});
             m_parts.intake.consume(*wanted, false, std::move(completion), options);

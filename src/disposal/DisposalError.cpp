@@ -53,6 +53,8 @@ class DisposalCategory : public std::error_category {
             return "Something else took its place meanwhile, which was not touched.";
         case DisposalError::isOwnData:
             return "Vexmoor keeps its history here.";
+        case DisposalError::isOnTheWay:
+            return "It is on its way into the cauldron already.";
         }
         return "Unknown error";
     }

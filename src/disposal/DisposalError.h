@@ -27,6 +27,7 @@ enum class DisposalError {
     stopped,
     replaced,
     isOwnData,
+    isOnTheWay,
 };
 
 const std::error_category& disposalCategory();

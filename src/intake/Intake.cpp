@@ -84,8 +84,13 @@ void Intake::consume(const std::vector<Path>& items, bool fromFinder, BatchCompl
             continue;
         }
         const Path path = standardized(item);
-        if (!m_inFlight.contains(path.native()) && seen.insert(path.native()).second)
+        const bool isOnTheWay = m_inFlight.contains(path.native());
+        const bool isNew = seen.insert(path.native()).second;
+        if (isNew && !isOnTheWay)
             batch->items.emplace_back(path);
+        if (isNew && isOnTheWay && options.tellsOfThoseOnTheWay)
+            batch->refused.push_back(
+                {displayText(lastComponent(path)), disposalError(DisposalError::isOnTheWay)});
         if (i < options.seen.size())
             batch->seen.emplace(path.native(), options.seen[i]);
     }

@@ -23,7 +23,8 @@ struct BatchOptions {
     /// What stood at each item's path when the user was asked whether to dissolve it: nothing else
     /// is dissolved. Empty where nobody was asked yet.
     std::vector<FileIdentity> seen{};
-    std::vector<Failure> missing{}; ///< binned items that were not found: told with the rest
+    bool tellsOfThoseOnTheWay = false; ///< items left out for that are failures
+    std::vector<Failure> missing{};    ///< binned items that were not found: told with the rest
 };
 
 /// The path that everything fed goes through, and what is done with binned items afterwards. The

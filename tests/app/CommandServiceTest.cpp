@@ -170,6 +170,21 @@ TEST_F(CommandServiceTest, SetsOrSaysWhyNot) {
               "The setting could not be saved: No space left on device (write /db).");
 }
 
+TEST_F(CommandServiceTest, TellsWhatIsOnItsWayAlready) {
+    const auto items = make({"a", "b"});
+    around.holdsThumbnails = true;
+    const auto first = begin("caller", "Feed", feeding({items[0]}, "", false));
+    ASSERT_TRUE(serveUntil([&] { return !around.held.empty(); }));
+    const auto second = begin("another", "Feed", feeding({items[0], items[1]}, "", false));
+    ASSERT_TRUE(serveUntil([&] { return around.held.size() == 2; }));
+    around.answerThumbnails();
+    EXPECT_THAT(namesOf(reportIn(end(first))), ElementsAre("a"));
+    const auto report = reportIn(end(second));
+    EXPECT_THAT(namesOf(report), ElementsAre("b"));
+    EXPECT_EQ(report.failures, (std::vector<BatchReport::Failed>{
+                                   {"a", "It is on its way into the cauldron already."}}));
+}
+
 TEST_F(CommandServiceTest, StopsTheCallersOwnBatchesOnly) {
     const auto items = make({"a", "b"});
     around.holdsThumbnails = true;
