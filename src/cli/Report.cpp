@@ -43,7 +43,7 @@ int reportBatch(const BatchReport& report, const char* what, bool asJson) {
     else
         printDone(report, what);
     for (const auto& [name, text] : report.failures)
-        complain(printable(name) + ": " + printable(text));
+        complain((text.starts_with(name) ? "" : printable(name) + ": ") + printable(text));
     if (!report.untouched.empty())
         complain("Stopped. Left as it was: " +
                  counted(static_cast<std::int64_t>(report.untouched.size()), "item") + ".");

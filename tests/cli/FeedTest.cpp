@@ -82,7 +82,7 @@ TEST_F(FeedTest, EndsWithTheStatusThatTheManualPromises) {
         {{"feed", "a", "b"}, 0, "To the Bin: a (4 KB)\nTo the Bin: b (4 KB)\n", ""},
         {{"feed", "a"}, 1, "", "a: No such file or directory."},
         {{"put-back", "a", "c"}, 1, "Put back: a", "c is no longer in the Bin."},
-        {{"put-back", "a"}, 1, "", "a is no longer in the Bin."},
+        {{"put-back", "a"}, 1, "", "vexmoor: a is no longer in the Bin."},
         {{"delete", "b"}, 3, "", "--yes"},
         {{"delete", "--yes", "b"}, 0, "Deleted from the Bin: b", ""},
         {{"feed", "."}, 1, "", "Name it itself."},
