@@ -211,8 +211,10 @@ BinnedItems AppDelegate::binnedItems() const {
 void AppDelegate::putBackLast() {
     if (m_undoStack.canUndo())
         m_undoStack.undo();
-    else
+    else {
+        m_intake.storeLeftOver();
         m_intake.restore(binnedItems().lastBatch());
+    }
 }
 
 void AppDelegate::undo() {

@@ -111,6 +111,7 @@ QString CommandService::Feed(const QByteArrayList& items, const QString& mode, b
 QString CommandService::PutBack(const QStringList& items, qulonglong last,
                                 const QDBusMessage& message) {
     carryOut(message, false, [&](BatchOptions options, BatchCompletion completion) {
+        m_parts.intake.storeLeftOver();
         auto wanted = m_parts.binnedItems.toPutBack(texts(items), last);
         options.missing = std::move(wanted.missing);
         m_parts.intake.restore(std::move(wanted.items), std::move(completion), options);

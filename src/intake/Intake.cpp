@@ -315,6 +315,11 @@ std::optional<Error> Intake::commit(std::optional<std::int64_t> journalNumber, J
     return failure;
 }
 
+void Intake::storeLeftOver() {
+    if (!m_unsettled.empty())
+        (void)commit(std::nullopt, JournalKind::feed, DisposeMode::bin, [] {});
+}
+
 std::shared_ptr<WorkMeter> Intake::begin(const BatchOptions& options) {
     auto meter = options.meter ? options.meter : std::make_shared<WorkMeter>();
     if (m_stopped)

@@ -68,6 +68,10 @@ class Intake {
     void deleteImmediately(std::vector<Sacrifice> items, BatchCompletion completion = {},
                            const BatchOptions& options = {});
 
+    /// Tries once more to store what could not be stored, which was told when it failed: until then
+    /// it is not known what the last batch is.
+    void storeLeftOver();
+
     /// Leaves what has not begun untouched, of all batches that are there and that still come.
     void stop();
     [[nodiscard]] bool isStopped() const { return m_stopped; }

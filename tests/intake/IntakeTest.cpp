@@ -357,6 +357,9 @@ TEST_F(IntakeTest, RecordsWhatCouldNotBeSavedTogetherWithWhatIsDoneNext) {
         database.run("DROP TRIGGER refuse");
     }
     EXPECT_EQ(program->journal.open().size(), 1U);
+    program->intake.storeLeftOver();
+    EXPECT_THAT(names(BinnedItems(program->ledger, program->journal).lastBatch()),
+                ElementsAre("b"));
     program->intake.restore(first);
     settle();
     EXPECT_TRUE(exists(items[0]));
