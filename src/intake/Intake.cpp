@@ -75,25 +75,7 @@ void Intake::consume(const std::vector<Path>& items, bool fromFinder, BatchCompl
                   .dialogs = dialogsOf(options),
                   .meter = nullptr,
                   .completion = std::move(completion)});
-    std::set<std::string> seen;
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        const Path& item = items[i];
-        if (endsInDots(item)) {
-            batch->refused.push_back(
-                {displayText(item.native()), disposalError(DisposalError::isDots)});
-            continue;
-        }
-        const Path path = standardized(item);
-        const bool isOnTheWay = m_inFlight.contains(path.native());
-        const bool isNew = seen.insert(path.native()).second;
-        if (isNew && !isOnTheWay)
-            batch->items.emplace_back(path);
-        if (isNew && isOnTheWay && options.tellsOfThoseOnTheWay)
-            batch->refused.push_back(
-                {displayText(lastComponent(path)), disposalError(DisposalError::isOnTheWay)});
-        if (i < options.seen.size())
-            batch->seen.emplace(path.native(), options.seen[i]);
-    }
+    gather(*batch, items, options);
     if (batch->items.empty()) {
         if (!batch->refused.empty())
             complete(*batch, {});
@@ -101,11 +83,36 @@ void Intake::consume(const std::vector<Path>& items, bool fromFinder, BatchCompl
             finish(batch->completion, {});
         return;
     }
-    m_inFlight.insert(seen.begin(), seen.end()); // other batches may come while the user is asked
+    for (const auto& item : batch->items) // other batches may come while the user is asked
+        m_inFlight.insert(item.native());
     if (batch->mode == DisposeMode::dissolve && m_parts.settings.confirmDissolve.get())
         askToDissolve(batch, options);
     else
         beginFeed(batch, options);
+}
+
+/// Each item once, and why others are refused before anything is asked.
+void Intake::gather(Batch& batch, const std::vector<Path>& items,
+                    const BatchOptions& options) const {
+    std::set<std::string> seen;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const Path& item = items[i];
+        if (endsInDots(item)) {
+            batch.refused.push_back(
+                {displayText(item.native()), disposalError(DisposalError::isDots)});
+            continue;
+        }
+        const Path path = standardized(item);
+        const bool isOnTheWay = m_inFlight.contains(path.native());
+        const bool isNew = seen.insert(path.native()).second;
+        if (isNew && !isOnTheWay)
+            batch.items.emplace_back(path);
+        if (isNew && isOnTheWay && options.tellsOfThoseOnTheWay)
+            batch.refused.push_back(
+                {displayText(lastComponent(path)), disposalError(DisposalError::isOnTheWay)});
+        if (i < options.seen.size())
+            batch.seen.emplace(path.native(), options.seen[i]);
+    }
 }
 
 void Intake::askToDissolve(const std::shared_ptr<Batch>& batch, const BatchOptions& options) {

@@ -92,6 +92,7 @@ class Intake {
     struct BinBatch;
     using Meters = std::vector<std::shared_ptr<WorkMeter>>;
 
+    void gather(Batch& batch, const std::vector<Path>& items, const BatchOptions& options) const;
     void askToDissolve(const std::shared_ptr<Batch>& batch, const BatchOptions& options);
     void beginFeed(const std::shared_ptr<Batch>& batch, const BatchOptions& options);
     void prefetch(const std::shared_ptr<Batch>& batch);
