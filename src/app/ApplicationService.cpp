@@ -20,9 +20,11 @@ constexpr const char* kEnding = "org.vexmoor.Error.Ending";
 constexpr const char* kDiagnostics = "org.vexmoor.Diagnostics1";
 
 QDBusMessage order(const char* interface, const char* method) {
-    return QDBusMessage::createMethodCall(QLatin1String(ApplicationService::kName),
-                                          QLatin1String(ApplicationService::kPath),
-                                          QLatin1String(interface), QLatin1String(method));
+    auto message = QDBusMessage::createMethodCall(QLatin1String(ApplicationService::kName),
+                                                  QLatin1String(ApplicationService::kPath),
+                                                  QLatin1String(interface), QLatin1String(method));
+    message.setAutoStartService(false); // where the owner has just gone, this start takes its place
+    return message;
 }
 
 QVariantMap platformData(const std::string& startup) {

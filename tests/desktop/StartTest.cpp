@@ -81,7 +81,7 @@ TEST_F(StartTest, LosesNoOrderThatComesWhileTheFirstEnds) {
         const auto before = onTheBus();
         cauldron->program().signal(SIGSTOP);
         cauldron->program().signal(SIGTERM);
-        const auto second = session->start(Cauldron::words({item}));
+        auto second = session->start(Cauldron::words({item}));
         EXPECT_TRUE(eventually([&] { return onTheBus() > before; }));
         cauldron->program().signal(SIGCONT);
         EXPECT_EQ(cauldron->program().end(), 0);
@@ -94,6 +94,9 @@ TEST_F(StartTest, LosesNoOrderThatComesWhileTheFirstEnds) {
                        })) > left;
         }));
         left += std::filesystem::exists(item) ? 1 : 0;
+        second.signal(SIGTERM);
+        EXPECT_TRUE(second.end());
+        ASSERT_TRUE(eventually([&] { return !cauldron->tile(); })) << "to be taken for the next";
     }
 }
 
