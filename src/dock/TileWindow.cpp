@@ -93,7 +93,10 @@ std::optional<QRectF> TileWindow::frame() const {
     const std::vector<PhysicalScreen> screens = PhysicalScreen::all();
     if (!isVisible() || screens.empty())
         return std::nullopt;
-    return nearestScreen(screens, m_physical.center()).points(m_physical);
+    // Asked anew: Qt does not tell of every move that the window manager makes, least where a ratio
+    // is broken and both places are the same point.
+    const QRect physical = native::geometry(internalWinId()).value_or(m_physical);
+    return nearestScreen(screens, physical.center()).points(physical);
 }
 
 void TileWindow::moveEvent(QMoveEvent*) {

@@ -61,6 +61,8 @@ struct FlameOnDeskTest : testing::TestWithParam<Desk::Setting> {
             .random = [] { return 20; },
         }));
         animator->startIdle();
+        // The window manager places the tile, a little later than it is shown.
+        ASSERT_TRUE(eventuallyInLoop([this] { return serverGeometry(*desk->tile).top() > 0; }));
     }
 
     void frames(int count) {
