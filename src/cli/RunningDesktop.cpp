@@ -138,11 +138,11 @@ std::optional<RunningDesktop::Answer>
 RunningDesktop::call(const char* method, const std::function<void(BusCall&)>& addArguments,
                      Start start) const {
     const bool starts = start == Start::ifNeeded;
+    WorkMeter meter;
+    const Interrupt interrupt(meter, Interrupt::Work::ofOthers);
     auto bus = SessionBus::connect();
     if (!bus)
         return starts || !keepsLock() ? std::nullopt : std::optional<Answer>(noBus(bus.error()));
-    WorkMeter meter;
-    const Interrupt interrupt(meter, Interrupt::Work::ofOthers);
     const ProgressLine progress(meter);
     for (const auto end = SteadyClock::now() + m_patience;;) {
         auto call = bus->call(kService, kPath, kInterface, method);
