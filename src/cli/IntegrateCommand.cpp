@@ -1,8 +1,8 @@
 #include "Commands.h"
 
 #include "cli/ExitStatus.h"
-#include "cli/IntegrationFile.h"
-#include "cli/Programs.h"
+#include "integration/IntegrationFile.h"
+#include "integration/Programs.h"
 #include "cli/Terminal.h"
 #include "disposal/DisposalError.h"
 

@@ -1,6 +1,6 @@
 #include "MenuDialogs.h"
 
-#include "cli/Quoting.h"
+#include "integration/Quoting.h"
 #include "cli/SessionBus.h"
 
 #include <algorithm>

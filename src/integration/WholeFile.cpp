@@ -33,16 +33,24 @@ Path behindLinks(const Path& file) {
 
 } // namespace
 
-Result<std::string> readWholeFile(const Path& file) {
-    const FileDescriptor descriptor(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+Result<std::string> readWholeFile(const Path& file, std::size_t limit) {
+    const FileDescriptor descriptor(
+        ::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     if (!descriptor)
         return Error::fromErrno(errno, "open", file);
+    struct stat found {};
+    if (::fstat(descriptor.get(), &found) != 0)
+        return Error::fromErrno(errno, "examine", file);
+    if (!S_ISREG(found.st_mode))
+        return Error::fromErrno(EINVAL, "read (not a regular file)", file);
     std::string text;
     char buffer[16384];
     for (;;) {
         const ssize_t count = ::read(descriptor.get(), buffer, sizeof buffer);
         if (count == 0)
             return text;
+        if (count > 0 && text.size() + static_cast<std::size_t>(count) > limit)
+            return Error::fromErrno(EFBIG, "read", file);
         if (count > 0)
             text.append(buffer, static_cast<std::size_t>(count));
         else if (errno != EINTR)

@@ -1,4 +1,4 @@
-#include "cli/Quoting.h"
+#include "integration/Quoting.h"
 
 #include <gtest/gtest.h>
 

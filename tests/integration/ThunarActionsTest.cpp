@@ -1,4 +1,4 @@
-#include "cli/ThunarActions.h"
+#include "integration/ThunarActions.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Result.h"
-#include "cli/Integrations.h"
+#include "integration/Integrations.h"
 
 namespace vexmoor {
 

@@ -1,7 +1,7 @@
 #include "Integrations.h"
 
-#include "cli/Quoting.h"
-#include "cli/ThunarActions.h"
+#include "integration/Quoting.h"
+#include "integration/ThunarActions.h"
 
 namespace vexmoor {
 

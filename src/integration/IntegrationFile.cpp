@@ -1,7 +1,7 @@
 #include "IntegrationFile.h"
 
-#include "cli/ThunarActions.h"
-#include "cli/WholeFile.h"
+#include "integration/ThunarActions.h"
+#include "integration/WholeFile.h"
 #include "platform/FileManager.h"
 
 #include <sys/stat.h>
