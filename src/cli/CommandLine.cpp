@@ -4,6 +4,7 @@
 #include "cli/ExitStatus.h"
 #include "cli/Terminal.h"
 #include "intake/NamedSettings.h"
+#include "integration/FileManagers.h"
 
 #include <CLI/CLI.hpp>
 
@@ -67,14 +68,17 @@ void addFeed(CLI::App& app, Invocation& invocation) {
         ->check(CLI::IsMember({"bin", "dissolve"}))
         ->type_name("MODE");
     auto* const yes = feed.add_flag("--yes", invocation.yes, "Dissolve without asking");
-    feed.add_flag("--from-menu", invocation.fromMenu,
-                  "For menus: ask and tell on the desktop instead of a terminal")
-        ->excludes(yes);
+    auto* const fromMenu = feed.add_flag_callback(
+        "--from-menu", [&invocation] { invocation.fromMenu = true; },
+        "For menus: ask and report on the desktop instead of a terminal");
+    fromMenu->excludes(yes);
     addJson(feed, invocation);
-    feed.add_option("PATH", invocation.items, "What to feed; file:/// URIs are understood too")
-        ->required()
-        ->check(CLI::Validator(refuseEmpty, ""))
-        ->type_name("PATH");
+    auto* const paths =
+        feed.add_option("PATH", invocation.items, "What to feed; file:/// URIs are understood too")
+            ->required()
+            ->check(CLI::Validator(refuseEmpty, ""))
+            ->type_name("PATH");
+    fromMenu->each([paths](const std::string&) { paths->required(false); }); // nothing is selected
 }
 
 void addPutBack(CLI::App& app, Invocation& invocation) {
@@ -127,14 +131,32 @@ void addSettings(CLI::App& app, Invocation& invocation) {
         ->type_name("VALUE");
 }
 
+std::string integrationIds() {
+    std::string ids;
+    for (const auto& manager : kFileManagers)
+        ids += std::string(manager.id) + ",";
+    return ids + kAutostartId;
+}
+
+std::string refuseUnknownIntegration(const std::string& argument) {
+    const bool isKnown = argument == kAutostartId || argument == kFormerDolphinId ||
+                         fileManagerWithId(argument) != nullptr;
+    return isKnown ? "" : argument + " is not known. Known are " + integrationIds();
+}
+
 void addIntegrate(CLI::App& app, Invocation& invocation) {
     auto& integrate = *addCommand(app, invocation, "integrate", Command::integrate,
-                                  "Put \"Feed to Vexmoor\" into the menus of the file managers, "
+                                  "Put \"Feed to Vexmoor\" and its key into the file managers, "
                                   "and start with the session");
     addJson(integrate, invocation);
     integrate.add_option("ACTION", invocation.action, "What to do; without it, status")
         ->check(CLI::IsMember({"install", "remove", "status"}))
         ->type_name("ACTION");
+    integrate
+        .add_option("ID", invocation.items,
+                    "A file manager, or autostart; without one, all that are installed")
+        ->check(CLI::Validator(refuseUnknownIntegration, "{" + integrationIds() + "}"))
+        ->type_name("ID");
 }
 
 struct CommandDescription {

@@ -23,7 +23,7 @@ struct Invocation {
     bool json = false;
     bool yes = false;
     bool fromMenu = false;          ///< nobody reads a terminal
-    std::vector<std::string> items; ///< paths, or ids and names
+    std::vector<std::string> items; ///< paths, ids, names
     std::vector<FileIdentity> seen; ///< what stood at each path when it was asked
     std::vector<Failure> missing;   ///< names among them that meant nothing when it was asked
     std::string mode;               ///< empty: that of the settings
@@ -33,6 +33,11 @@ struct Invocation {
     std::string value;
     std::string action; ///< of integrate; empty: status
 };
+
+// The ids of the command integrate that are no file manager's: the start with the session, and a
+// former one of Dolphin.
+inline constexpr const char* kAutostartId = "autostart";
+inline constexpr const char* kFormerDolphinId = "kio";
 
 /// The one description of the commands: parsing, help, completions and the manual come from it. The
 /// invocation must outlive the description. Where `only` is the name of a command, nothing but that

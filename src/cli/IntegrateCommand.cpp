@@ -1,10 +1,10 @@
 #include "Commands.h"
 
 #include "cli/ExitStatus.h"
-#include "integration/IntegrationFile.h"
-#include "integration/Programs.h"
+#include "cli/Session.h"
 #include "cli/Terminal.h"
 #include "disposal/DisposalError.h"
+#include "integration/ManagerIntegration.h"
 
 #include <nlohmann/json.hpp>
 
@@ -19,8 +19,12 @@ using Json = nlohmann::ordered_json;
 namespace {
 
 struct Row {
-    Integration integration;
-    std::optional<IntegrationStatus> status; ///< nothing where it could not be found out
+    std::string id;
+    std::string title;
+    bool hasMenu = true;
+    Path file;
+    std::optional<IntegrationStatus> status; ///< nullopt if it could not be found out
+    std::optional<KeyState> key;             ///< nullopt for what has none
 };
 
 struct Failed {
@@ -28,10 +32,12 @@ struct Failed {
     std::string sentence;
 };
 
-const char* asWords(const std::optional<IntegrationStatus>& status) {
-    if (!status)
+const char* asWords(const Row& row) {
+    if (!row.hasMenu)
+        return "unsupported";
+    if (!row.status)
         return "unknown";
-    switch (*status) {
+    switch (*row.status) {
     case IntegrationStatus::notInstalled:
         return "not installed";
     case IntegrationStatus::installed:
@@ -44,79 +50,221 @@ const char* asWords(const std::optional<IntegrationStatus>& status) {
     return "unknown";
 }
 
-/// The program's place becomes text in files of several languages.
-bool canBeWritten(const Path& program) {
-    return program.is_absolute() && isValidUtf8(program.native()) &&
-           std::ranges::none_of(program.native(), [](char c) {
-               return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
-           });
-}
-
-std::string sentenceOf(const Integration& integration, const Error& error) {
-    if (error.code == std::errc::file_exists)
-        return displayText(integration.file.native()) + " is not ours. It was left as it is.";
-    if (error.code == std::errc::bad_message)
-        return displayText(integration.file.native()) +
-               " could not be understood. It was left as it is.";
-    return describe(error);
-}
-
-/// Carries the action out on each, and then looks how each is.
-std::vector<Row> carryOut(const std::string& action, std::vector<Integration> all,
-                          std::vector<Failed>& failures) {
-    std::vector<Row> rows;
-    for (auto& integration : all) {
-        const IntegrationFile file(integration);
-        const auto done = action == "install" && integration.isAvailable ? file.install()
-                          : action == "remove"                           ? file.remove()
-                                                                         : Result<void>();
-        const auto status = file.status();
-        if (!done)
-            failures.push_back({integration.id, sentenceOf(integration, done.error())});
-        else if (!status)
-            failures.push_back({integration.id, sentenceOf(integration, status.error())});
-        rows.push_back({std::move(integration), status ? std::optional(*status) : std::nullopt});
+const char* asWords(const KeyState& key) {
+    if (key.error)
+        return "unknown";
+    switch (key.status) {
+    case AcceleratorStatus::unsupported:
+        return "unsupported";
+    case AcceleratorStatus::notInstalled:
+        return "not installed";
+    case AcceleratorStatus::installed:
+        return "installed";
+    case AcceleratorStatus::otherKey:
+        return "other key";
+    case AcceleratorStatus::taken:
+        return "taken";
     }
-    return rows;
+    return "unknown";
 }
+
+std::string sentenceOf(const KeyState& key, bool hasMenu) {
+    const std::string title(key.manager->title);
+    if (key.error)
+        return "unknown";
+    switch (key.status) {
+    case AcceleratorStatus::unsupported:
+        return hasMenu ? "captured on X11; on Wayland there is the menu entry"
+                       : "captured on X11; nothing on Wayland";
+    case AcceleratorStatus::notInstalled:
+        return "not installed";
+    case AcceleratorStatus::installed:
+        return key.waitsForRestart ? "installed; it works after the next start of " + title
+                                   : "installed";
+    case AcceleratorStatus::otherKey:
+        return "the entry has another key or none by your own choice, which is kept";
+    case AcceleratorStatus::taken:
+        return "bound to something else in " + title + ", which is left so";
+    }
+    return "unknown";
+}
+
+std::string sentenceOf(const Error& error) {
+    const auto file = displayText(error.path.native());
+    if (error.code == std::errc::file_exists)
+        return file + " is not ours. It was left as it is.";
+    if (error.code == std::errc::bad_message)
+        return file + " could not be understood. It was left as it is.";
+    if (error.code == std::errc::invalid_argument)
+        return file + " is not a regular file. It was left as it is.";
+    if (error.code == std::errc::file_too_large)
+        return file + " is too long. It was left as it is.";
+    if (error.operation == "run" || error.operation == "read the version of")
+        return file + " does not report its version here, on which its key depends. Try "
+                      "again in a desktop session.";
+    return file + ": " + describe(error);
+}
+
+/// Carries one action out on what was asked for.
+class Integrator {
+  public:
+    Integrator(const Invocation& invocation, const IntegrationContext& context, bool wantsKey)
+        : m_invocation(invocation), m_context(context), m_wantsKey(wantsKey),
+          m_created(context.directories) {}
+
+    void carryOut() {
+        for (const auto& manager : kFileManagers)
+            carryOut(ManagerIntegration(manager, m_context));
+        if (m_invocation.items.empty() || isNamed(kAutostartId))
+            carryOutAutostart();
+    }
+
+    [[nodiscard]] const std::vector<Row>& rows() const { return m_rows; }
+    [[nodiscard]] const std::vector<Failed>& failures() const { return m_failures; }
+
+  private:
+    [[nodiscard]] bool does(const char* action) const { return m_invocation.action == action; }
+
+    [[nodiscard]] bool isNamed(std::string_view id) const {
+        return std::ranges::any_of(m_invocation.items, [&](const auto& item) {
+            return item == id || (item == kFormerDolphinId && id == "dolphin");
+        });
+    }
+
+    /// False if it failed, which is noted.
+    bool succeeded(const std::string& id, const Result<void>& done) {
+        if (!done)
+            m_failures.push_back({id, sentenceOf(done.error())});
+        return done.ok();
+    }
+
+    /// What is to be removed is looked for even where the file manager is gone.
+    void carryOut(const ManagerIntegration& integration) {
+        const std::string id(integration.manager().id);
+        const bool isAsked = m_invocation.items.empty() ? integration.isInstalled() : isNamed(id);
+        if (!isAsked && !(does("remove") && m_invocation.items.empty()))
+            return;
+        bool isWell = true;
+        if (does("install")) {
+            isWell = succeeded(id, integration.installMenu(m_created));
+            if (m_wantsKey)
+                isWell &= succeeded(id, integration.installKey(m_created));
+        } else if (does("remove")) {
+            isWell = succeeded(id, integration.removeKey(m_created));
+            isWell &= succeeded(id, integration.removeMenu(m_created));
+        }
+        if (isAsked)
+            look(integration, isWell);
+    }
+
+    void look(const ManagerIntegration& integration, bool isWell) {
+        Row row;
+        row.id = integration.manager().id;
+        row.title = integration.manager().title;
+        const auto menu = integration.menu();
+        row.hasMenu = menu.has_value();
+        if (menu)
+            lookAt(row, *menu, isWell);
+        row.key = integration.key();
+        if (row.key->error && isWell)
+            m_failures.push_back({row.id, sentenceOf(*row.key->error)});
+        m_rows.push_back(std::move(row));
+    }
+
+    void lookAt(Row& row, const IntegrationFile& file, bool isWell) {
+        row.file = file.file();
+        const auto status = file.status();
+        if (status)
+            row.status = *status;
+        else if (isWell)
+            m_failures.push_back({row.id, sentenceOf(status.error())});
+    }
+
+    void carryOutAutostart() {
+        const Integration entry = autostart(m_context);
+        const IntegrationFile file(entry, m_context.configDirs);
+        bool isWell = true;
+        if (does("install") && entry.isAvailable)
+            isWell = succeeded(kAutostartId, file.install(m_created));
+        else if (does("remove"))
+            isWell = succeeded(kAutostartId, file.remove(m_created));
+        m_created.removeEmptyFolders();
+        Row row;
+        row.id = kAutostartId;
+        row.title = "Start with the session";
+        lookAt(row, file, isWell);
+        m_rows.push_back(std::move(row));
+    }
+
+    const Invocation& m_invocation;
+    const IntegrationContext& m_context;
+    bool m_wantsKey;
+    CreatedPaths m_created;
+    std::vector<Row> m_rows;
+    std::vector<Failed> m_failures;
+};
 
 void print(const std::vector<Row>& rows) {
-    for (const auto& [integration, status] : rows)
-        std::cout << std::left << std::setw(22) << integration.title << "  " << std::setw(13)
-                  << asWords(status) << "  " << printable(integration.file.native()) << "\n";
+    for (const auto& row : rows) {
+        std::cout << std::left << std::setw(22) << row.title << "  " << std::setw(13)
+                  << asWords(row) << "  " << printable(row.file.native()) << "\n";
+        if (row.key)
+            std::cout << "  Ctrl+Backspace: " << sentenceOf(*row.key, row.hasMenu) << "\n";
+    }
+}
+
+Json jsonOf(const Row& row) {
+    Json json = {
+        {"id", row.id}, {"file", pathToJsonText(row.file.native())}, {"status", asWords(row)}};
+    if (row.key)
+        json["key"] = {{"status", asWords(*row.key)},
+                       {"file", pathToJsonText(row.key->file.native())},
+                       {"waits", row.key->waitsForRestart}};
+    return json;
 }
 
 void printJson(const std::vector<Row>& rows, const std::vector<Failed>& failures) {
     Json json = {{"integrations", Json::array()}, {"failures", Json::array()}};
-    for (const auto& [integration, status] : rows)
-        json["integrations"].push_back({{"id", integration.id},
-                                        {"file", pathToJsonText(integration.file.native())},
-                                        {"status", asWords(status)}});
+    for (const auto& row : rows)
+        json["integrations"].push_back(jsonOf(row));
     for (const auto& failure : failures)
         json["failures"].push_back({{"name", failure.id}, {"error", failure.sentence}});
     std::cout << json.dump(2) << "\n";
 }
 
+/// Whether Ctrl+Backspace is to feed the selection.
+Result<bool> wantsKey() {
+    const auto session = Session::openForReading();
+    if (!session)
+        return session.error();
+    return (*session)->settings().captureFinderDelete.get();
+}
+
 } // namespace
 
 int runIntegrate(const Invocation& invocation) {
-    const Path program = ownProgram();
-    const auto desktop = desktopProgram();
-    if (!canBeWritten(program) || (desktop && !canBeWritten(*desktop))) {
-        complain("This program's place has a name that file managers can't be told: " +
-                 printable(program.native()));
+    const auto context = IntegrationContext::ofProcess();
+    const bool installs = invocation.action == "install";
+    if (installs && !context.canBeWritten()) {
+        complain("File managers can't be given the name of this program's place: " +
+                 printable(context.program.native()));
         return kRefused;
     }
-    std::vector<Failed> failures;
-    const auto rows = carryOut(
-        invocation.action, integrations(UserDirectories::ofProcess(), program, desktop), failures);
+    const auto key = installs ? wantsKey() : Result(false);
+    if (!key) {
+        complain("The settings can't be read, so nothing was installed: " +
+                 printable(describe(key.error())));
+        return kRefused;
+    }
+    Integrator integrator(invocation, context, *key);
+    integrator.carryOut();
     if (invocation.json)
-        printJson(rows, failures);
+        printJson(integrator.rows(), integrator.failures());
     else
-        print(rows);
-    for (const auto& failure : failures)
+        print(integrator.rows());
+    for (const auto& failure : integrator.failures())
         complain(printable(failure.sentence));
-    return failures.empty() ? kAllDone : kSomeFailed;
+    return integrator.failures().empty() ? kAllDone : kSomeFailed;
 }
 
 } // namespace vexmoor

@@ -1,8 +1,5 @@
 #pragma once
 
-#include "base/Path.h"
-#include "base/Result.h"
-
 #include <chrono>
 #include <optional>
 
@@ -28,29 +25,6 @@ struct AcceleratorValidity {
     [[nodiscard]] bool isEffectiveFor(ProcessTime processStart) const {
         return since && (!needsRestart || processStart > *since);
     }
-};
-
-/// Ctrl+Backspace on our menu entry, in the configuration file of one file manager. Changes nothing
-/// but our own line; a file that cannot be read as such a file is left alone. Blocks on file
-/// access; one thread at a time.
-class Accelerator {
-  public:
-    virtual ~Accelerator() = default;
-
-    /// Empty if unsupported.
-    [[nodiscard]] virtual Path file() const = 0;
-
-    /// Fails if the file cannot be read or is not such a file.
-    [[nodiscard]] virtual Result<AcceleratorStatus> status() const = 0;
-
-    /// Does nothing unless the status is `notInstalled`.
-    virtual Result<void> install() = 0;
-
-    /// Takes our key away, and nothing else: a key that the user gave our entry stays.
-    virtual Result<void> remove() = 0;
-
-    /// Whether only a new process of the file manager notices a change.
-    [[nodiscard]] virtual bool needsRestart() const { return true; }
 };
 
 } // namespace vexmoor

@@ -8,36 +8,16 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 
 namespace vexmoor {
 
 namespace {
 
-constexpr mode_t kFolderMode = 0755;
 constexpr mode_t kProgramMode = 0755;
 constexpr mode_t kFileMode = 0644;
 
 bool isMissing(const Error& error) {
     return error.code == std::errc::no_such_file_or_directory;
-}
-
-/// What the system's administrator or distribution gave the user to begin with: a file of the
-/// user's own hides it.
-std::string systemThunarActions() {
-    const char* const variable = std::getenv("XDG_CONFIG_DIRS");
-    std::string_view rest = variable != nullptr && *variable != '\0' ? variable : "/etc/xdg";
-    while (!rest.empty()) {
-        const auto end = std::min(rest.find(':'), rest.size());
-        const Path folder(rest.substr(0, end));
-        rest.remove_prefix(std::min(end + 1, rest.size()));
-        if (!folder.is_absolute())
-            continue;
-        auto text = readWholeFile(folder / "Thunar/uca.xml");
-        if (text && ThunarActions::parse(*text))
-            return *std::move(text);
-    }
-    return kNoThunarActions;
 }
 
 } // namespace
@@ -62,7 +42,7 @@ Result<IntegrationStatus> IntegrationFile::status() const {
                                                                   : IntegrationStatus::differs;
 }
 
-Result<void> IntegrationFile::install() const {
+Result<void> IntegrationFile::install(CreatedPaths& created) const {
     const auto before = status();
     if (!before)
         return before.error();
@@ -70,20 +50,25 @@ Result<void> IntegrationFile::install() const {
         return {};
     if (*before == IntegrationStatus::notOurs)
         return notOurs();
-    if (auto made = makeFolders(m_integration.file.parent_path(), kFolderMode); !made)
+    if (auto made = created.makeFolders(m_integration.file.parent_path()); !made)
         return made;
     if (m_integration.kind == Integration::Kind::thunarAction) {
         auto text = newSharedText();
         if (!text)
             return std::move(text).error();
-        return replaceWholeFile(m_integration.file, *text, kFileMode);
+        std::error_code code;
+        const bool isNew = !std::filesystem::exists(m_integration.file, code);
+        auto written = replaceWholeFile(m_integration.file, *text, kFileMode);
+        if (written && isNew)
+            created.add(m_integration.file);
+        return written;
     }
     const bool mustRun = m_integration.kind == Integration::Kind::ownProgramFile;
     return replaceWholeFile(m_integration.file, m_integration.content,
                             mustRun ? kProgramMode : kFileMode);
 }
 
-Result<void> IntegrationFile::remove() const {
+Result<void> IntegrationFile::remove(CreatedPaths& created) const {
     const auto before = status();
     if (!before)
         return before.error();
@@ -91,17 +76,45 @@ Result<void> IntegrationFile::remove() const {
         return {};
     if (*before == IntegrationStatus::notOurs)
         return notOurs();
-    if (m_integration.kind == Integration::Kind::thunarAction) {
-        const auto text = sharedText();
-        if (!text)
-            return text.error();
-        const auto actions = ThunarActions::parse(*text);
-        return actions ? replaceWholeFile(m_integration.file, actions->without(), kFileMode)
-                       : Result<void>(notUnderstood());
-    }
+    if (m_integration.kind == Integration::Kind::thunarAction)
+        return removeShared(created);
     if (::unlink(m_integration.file.c_str()) != 0)
         return Error::fromErrno(errno, "remove", m_integration.file);
     return {};
+}
+
+Result<void> IntegrationFile::removeShared(CreatedPaths& created) const {
+    const auto text = sharedText();
+    if (!text)
+        return text.error();
+    const auto actions = ThunarActions::parse(*text);
+    if (!actions)
+        return notUnderstood();
+    const auto rest = actions->without();
+    const bool isOurs = created.contains(m_integration.file);
+    created.forget(m_integration.file);
+    if (!isOurs || rest != textToBeginWith())
+        return replaceWholeFile(m_integration.file, rest, kFileMode);
+    if (::unlink(m_integration.file.c_str()) != 0)
+        return Error::fromErrno(errno, "remove", m_integration.file);
+    return {};
+}
+
+/// What the system's administrator or distribution gave the user to begin with: a file of the
+/// user's own hides it.
+std::string IntegrationFile::textToBeginWith() const {
+    std::string_view rest = m_configDirs.empty() ? std::string_view("/etc/xdg") : m_configDirs;
+    while (!rest.empty()) {
+        const auto end = std::min(rest.find(':'), rest.size());
+        const Path folder(rest.substr(0, end));
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+        if (!folder.is_absolute())
+            continue;
+        auto text = readWholeFile(folder / "Thunar/uca.xml");
+        if (text && ThunarActions::parse(*text))
+            return *std::move(text);
+    }
+    return kNoThunarActions;
 }
 
 Result<IntegrationStatus> IntegrationFile::sharedStatus() const {
@@ -116,7 +129,7 @@ Result<IntegrationStatus> IntegrationFile::sharedStatus() const {
     const auto command = actions->command();
     if (!command)
         return IntegrationStatus::notInstalled;
-    // Thunar writes the file anew, and its user may have given the action another name or icon.
+    // Thunar rewrites the file, and its user may have given the action another name or icon.
     return *command == ThunarActions::commandOf(m_integration.content)
                ? IntegrationStatus::installed
                : IntegrationStatus::differs;
@@ -134,8 +147,7 @@ Result<std::string> IntegrationFile::newSharedText() const {
     auto text = sharedText();
     if (!text)
         return text;
-    const auto actions =
-        ThunarActions::parse(text->empty() ? systemThunarActions() : *std::move(text));
+    const auto actions = ThunarActions::parse(text->empty() ? textToBeginWith() : *std::move(text));
     if (!actions)
         return notUnderstood();
     return actions->with(m_integration.content);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Result.h"
+#include "integration/CreatedPaths.h"
 #include "integration/Integrations.h"
 
 namespace vexmoor {
@@ -9,24 +10,28 @@ enum class IntegrationStatus {
     notInstalled,
     installed,
     differs, ///< ours, but of another version or for another program
-    notOurs, ///< somebody else's file lies there
+    notOurs, ///< another file lies there
 };
 
 /// An integration on the disk. Files that are not ours, and what others wrote into a shared file,
 /// stay as they are; files are replaced whole or not at all.
 class IntegrationFile {
   public:
-    explicit IntegrationFile(const Integration& integration) : m_integration(integration) {}
+    /// `configDirs`: XDG_CONFIG_DIRS, where the files are that the user's own hide.
+    IntegrationFile(Integration integration, std::string configDirs)
+        : m_integration(std::move(integration)), m_configDirs(std::move(configDirs)) {}
+
+    [[nodiscard]] const Path& file() const { return m_integration.file; }
 
     /// Fails where the file cannot be read or, a shared one, cannot be understood.
     [[nodiscard]] Result<IntegrationStatus> status() const;
 
     /// Fails with `file_exists` where the file is not ours.
-    Result<void> install() const;
+    Result<void> install(CreatedPaths& created) const;
 
-    /// Nothing to do where it is not installed; fails with `file_exists` where the file is not
+    /// Does nothing if it is not installed; fails with `file_exists` where the file is not
     /// ours.
-    Result<void> remove() const;
+    Result<void> remove(CreatedPaths& created) const;
 
   private:
     [[nodiscard]] Result<IntegrationStatus> sharedStatus() const;
@@ -35,7 +40,11 @@ class IntegrationFile {
     [[nodiscard]] Error notOurs() const;
     [[nodiscard]] Error notUnderstood() const;
 
-    const Integration& m_integration;
+    [[nodiscard]] Result<void> removeShared(CreatedPaths& created) const;
+    [[nodiscard]] std::string textToBeginWith() const;
+
+    Integration m_integration;
+    std::string m_configDirs;
 };
 
 } // namespace vexmoor

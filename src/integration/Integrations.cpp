@@ -1,13 +1,16 @@
 #include "Integrations.h"
 
+#include "integration/Programs.h"
 #include "integration/Quoting.h"
 #include "integration/ThunarActions.h"
+
+#include <algorithm>
+#include <cstdlib>
 
 namespace vexmoor {
 
 namespace {
 
-constexpr const char* kTitle = "Feed to Vexmoor";
 constexpr const char* kIcon = "org.vexmoor.Vexmoor";
 constexpr const char* kComment = "Throw the selected items into the cauldron";
 
@@ -34,7 +37,7 @@ std::string script(const Path& program, const std::string& variable) {
 /// Nemo puts paths into the command without quoting them in all its versions; URIs between double
 /// quotes are safe in all of them.
 std::string nemoAction(const Path& program) {
-    return mark() + "[Nemo Action]\nActive=true\nName=" + kTitle + "\nComment=" + kComment +
+    return mark() + "[Nemo Action]\nActive=true\nName=" + kMenuTitle + "\nComment=" + kComment +
            "\nExec=" + keyFileEscaped(percentDoubled(shellQuoted(program.native()))) +
            " feed --from-menu -- %U\nIcon-Name=" + kIcon +
            "\nSelection=notnone\nExtensions=any;\nQuote=double\n";
@@ -42,7 +45,7 @@ std::string nemoAction(const Path& program) {
 
 std::string thunarAction(const Path& program) {
     const auto command = percentDoubled(shellQuoted(program.native())) + " feed --from-menu -- %F";
-    return std::string("<action>\n\t<icon>") + kIcon + "</icon>\n\t<name>" + kTitle +
+    return std::string("<action>\n\t<icon>") + kIcon + "</icon>\n\t<name>" + kMenuTitle +
            "</name>\n\t<submenu></submenu>\n\t<unique-id>" + kThunarActionId +
            "</unique-id>\n\t<command>" + xmlEscaped(command) + "</command>\n\t<description>" +
            kComment +
@@ -56,13 +59,13 @@ std::string serviceMenu(const Path& program) {
            "[Desktop Entry]\nType=Service\nX-KDE-ServiceTypes=KonqPopupMenu/Plugin\n"
            "MimeType=all/all;\nX-KDE-Protocols=file\nX-KDE-Priority=TopLevel\n"
            "Actions=feedToVexmoor;\n\n[Desktop Action feedToVexmoor]\nName=" +
-           kTitle + "\nIcon=" + kIcon + "\nExec=" + desktopExecQuoted(program.native()) +
+           kMenuTitle + "\nIcon=" + kIcon + "\nExec=" + desktopExecQuoted(program.native()) +
            " feed --from-menu -- %F\n";
 }
 
 /// The file managers' own standard for actions (DES-EMA).
 std::string desktopAction(const Path& program) {
-    return mark() + "[Desktop Entry]\nType=Action\nName=" + kTitle + "\nTooltip=" + kComment +
+    return mark() + "[Desktop Entry]\nType=Action\nName=" + kMenuTitle + "\nTooltip=" + kComment +
            "\nIcon=" + kIcon +
            "\nProfiles=feed;\n\n[X-Action-Profile feed]\nMimeTypes=all/all;\nSchemes=file;\n"
            "SelectionCount=>0\nExec=" +
@@ -70,7 +73,7 @@ std::string desktopAction(const Path& program) {
            " feed --from-menu -- %F\n";
 }
 
-std::string autostart(const Path& program) {
+std::string autostartEntry(const Path& program) {
     return mark() +
            "[Desktop Entry]\nType=Application\nName=Vexmoor\nComment=Throws files away with a "
            "little ceremony\nIcon=" +
@@ -80,29 +83,64 @@ std::string autostart(const Path& program) {
 
 } // namespace
 
-std::vector<Integration> integrations(const UserDirectories& directories, const Path& program,
-                                      const std::optional<Path>& desktopProgram) {
+IntegrationContext IntegrationContext::ofProcess() {
+    const auto variable = [](const char* name) {
+        const char* const value = std::getenv(name);
+        return std::string(value != nullptr ? value : "");
+    };
+    return {UserDirectories::ofProcess(), commandLineProgram(), vexmoor::desktopProgram(),
+            variable("PATH"), variable("XDG_CONFIG_DIRS")};
+}
+
+bool IntegrationContext::canBeWritten() const {
+    const auto can = [](const Path& file) {
+        return file.is_absolute() && isValidUtf8(file.native()) &&
+               std::ranges::none_of(file.native(), [](char c) {
+                   return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
+               });
+    };
+    return can(program) && (!desktopProgram || can(*desktopProgram));
+}
+
+std::optional<Integration> menuEntry(MenuEntryKind kind, const IntegrationContext& context) {
     using Kind = Integration::Kind;
-    const Path& data = directories.dataHome;
-    const Path& config = directories.configHome;
-    std::vector<Integration> all = {
-        {"nautilus", "Nautilus script", data / "nautilus/scripts" / kTitle,
-         script(program, "NAUTILUS_SCRIPT_SELECTED_URIS"), Kind::ownProgramFile},
-        {"caja", "Caja script", config / "caja/scripts" / kTitle,
-         script(program, "CAJA_SCRIPT_SELECTED_URIS"), Kind::ownProgramFile},
-        {"nemo", "Nemo action", data / "nemo/actions/vexmoor-feed.nemo_action",
-         nemoAction(program)},
-        {"thunar", "Thunar custom action", config / "Thunar/uca.xml", thunarAction(program),
-         Kind::thunarAction},
-        {"kio", "Dolphin service menu", data / "kio/servicemenus/vexmoor-feed.desktop",
-         serviceMenu(program), Kind::ownProgramFile}, // elsewhere than in /usr it must be one
-        {"pcmanfm", "PCManFM action", data / "file-manager/actions/vexmoor-feed.desktop",
-         desktopAction(program)}};
-    all.push_back({"autostart", "Start with the session",
-                   config / "autostart/org.vexmoor.Vexmoor.desktop",
-                   desktopProgram ? autostart(*desktopProgram) : "", Kind::ownFile,
-                   desktopProgram.has_value()});
-    return all;
+    const Path& data = context.directories.dataHome;
+    const Path& config = context.directories.configHome;
+    const Path& program = context.program;
+    switch (kind) {
+    case MenuEntryKind::nautilusScript:
+        return Integration{data / "nautilus/scripts" / kMenuTitle,
+                           script(program, "NAUTILUS_SCRIPT_SELECTED_URIS"), Kind::ownProgramFile};
+    case MenuEntryKind::cajaScript:
+        return Integration{config / "caja/scripts" / kMenuTitle,
+                           script(program, "CAJA_SCRIPT_SELECTED_URIS"), Kind::ownProgramFile};
+    case MenuEntryKind::nemoAction:
+        return Integration{data / "nemo/actions" / kNemoActionFile, nemoAction(program)};
+    case MenuEntryKind::thunarAction:
+        return Integration{config / "Thunar/uca.xml", thunarAction(program), Kind::thunarAction};
+    case MenuEntryKind::kioServiceMenu: // elsewhere than in /usr it must be a program
+        return Integration{data / "kio/servicemenus/vexmoor-feed.desktop", serviceMenu(program),
+                           Kind::ownProgramFile};
+    case MenuEntryKind::desktopAction:
+        return Integration{data / "file-manager/actions/vexmoor-feed.desktop",
+                           desktopAction(program)};
+    case MenuEntryKind::none:
+        break;
+    }
+    return std::nullopt;
+}
+
+Integration nemoScript(const IntegrationContext& context) {
+    return {context.directories.dataHome / "nemo/scripts" / kMenuTitle,
+            script(context.program, "NEMO_SCRIPT_SELECTED_URIS"),
+            Integration::Kind::ownProgramFile};
+}
+
+Integration autostart(const IntegrationContext& context) {
+    const auto& program = context.desktopProgram;
+    return {context.directories.configHome / "autostart/org.vexmoor.Vexmoor.desktop",
+            program ? autostartEntry(*program) : "", Integration::Kind::ownFile,
+            program.has_value()};
 }
 
 } // namespace vexmoor

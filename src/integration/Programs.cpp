@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <string_view>
 
@@ -9,28 +10,22 @@ namespace vexmoor {
 
 namespace {
 
+constexpr const char* kDesktopName = "vexmoor-desktop";
+
 bool canRun(const Path& file) {
     std::error_code code;
     return std::filesystem::is_regular_file(file, code) && ::access(file.c_str(), X_OK) == 0;
 }
 
-std::optional<Path> onSearchPath(const char* name) {
+std::string_view searchPath() {
     const char* const variable = std::getenv("PATH");
-    std::string_view rest = variable != nullptr ? variable : "";
-    while (!rest.empty()) {
-        const auto end = std::min(rest.find(':'), rest.size());
-        const Path folder(rest.substr(0, end));
-        rest.remove_prefix(std::min(end + 1, rest.size()));
-        if (folder.is_absolute() && canRun(folder / name))
-            return folder / name;
-    }
-    return std::nullopt;
+    return variable != nullptr ? variable : "";
 }
 
 /// `program` by its name on the search path where that is the same file.
 Path asOnSearchPath(const Path& program) {
     std::error_code code;
-    const auto found = onSearchPath(program.filename().c_str());
+    const auto found = programOnSearchPath(program.filename().native(), searchPath());
     return found && std::filesystem::equivalent(*found, program, code) ? *found : program;
 }
 
@@ -41,14 +36,31 @@ Path ownFile() {
 
 } // namespace
 
+std::optional<Path> programOnSearchPath(std::string_view name, std::string_view path) {
+    while (!path.empty()) {
+        const auto end = std::min(path.find(':'), path.size());
+        const Path folder(path.substr(0, end));
+        path.remove_prefix(std::min(end + 1, path.size()));
+        if (folder.is_absolute() && canRun(folder / name))
+            return folder / name;
+    }
+    return std::nullopt;
+}
+
 Path ownProgram() {
     return asOnSearchPath(ownFile());
 }
 
+Path commandLineProgram() {
+    const Path own = ownFile();
+    const Path beside = own.parent_path() / "vexmoor";
+    return own.filename() == kDesktopName && canRun(beside) ? asOnSearchPath(beside) : ownProgram();
+}
+
 std::optional<Path> desktopProgram() {
-    constexpr const char* kName = "vexmoor-desktop";
-    const Path beside = ownFile().parent_path() / kName;
-    return canRun(beside) ? asOnSearchPath(beside) : onSearchPath(kName);
+    const Path beside = ownFile().parent_path() / kDesktopName;
+    return canRun(beside) ? asOnSearchPath(beside)
+                          : programOnSearchPath(kDesktopName, searchPath());
 }
 
 } // namespace vexmoor

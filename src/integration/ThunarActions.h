@@ -16,10 +16,10 @@ inline constexpr const char* kNoThunarActions =
 /// The text of a uca.xml, in which one action may be ours. All else keeps every byte.
 class ThunarActions {
   public:
-    /// Nothing where the text is not the XML of such a file.
+    /// nullopt if the text is not the XML of such a file.
     static std::optional<ThunarActions> parse(std::string text);
 
-    /// The command of our action as it stands there, escapes and all; nothing where there is none.
+    /// The command of our action as it stands there, escapes and all; nullopt if there is none.
     [[nodiscard]] std::optional<std::string_view> command() const;
 
     /// The text with our action replaced by the element, or with the element as the last action.

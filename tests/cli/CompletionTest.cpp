@@ -39,6 +39,8 @@ std::vector<Case> cases() {
         {{"settings", "skin", "co"}, {"copper", "cobalt"}},
         {{"settings", "mode", "bin", ""}, {}},
         {{"integrate", ""}, {"install", "remove", "status"}},
+        {{"integrate", "install", "pc"}, {"pcmanfm", "pcmanfm-qt"}},
+        {{"integrate", "remove", "nemo", "aut"}, {"autostart"}},
     };
 }
 

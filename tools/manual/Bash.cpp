@@ -54,7 +54,8 @@ std::string argumentBranches(const CommandModel& program) {
             if (argument.names.front() == "PATH")
                 text += "        '" + command.name + " '*) return ;; # readline completes files\n";
             else if (!argument.choices.empty())
-                text += branch("'" + command.name + " " + std::to_string(i) + "'",
+                text += branch("'" + command.name + " '" +
+                                   (argument.isRepeated ? "*" : std::to_string(i)),
                                joined(argument.choices, " "));
         }
     return text + settingBranches();

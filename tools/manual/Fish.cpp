@@ -44,7 +44,8 @@ std::string argumentLines(const CommandModel& command) {
         if (argument.names.front() == "PATH")
             text += "complete -c vexmoor -n '__vexmoor_at " + command.name + "' -F\n";
         else if (!argument.choices.empty() && command.name != "settings")
-            text += wordsLine("__vexmoor_at " + command.name + " " + std::to_string(i),
+            text += wordsLine("__vexmoor_at " + command.name + " " + std::to_string(i) +
+                                  (argument.isRepeated ? " ..." : ""),
                               argument.choices, argument.description);
     }
     return text;
@@ -84,11 +85,13 @@ function __vexmoor_words
     end
 end
 
-# Whether the cursor stands in a command, behind so many names, the first of them this.
+# Whether the cursor stands in a command, behind so many names (or more: "..."), the first of them
+# this.
 function __vexmoor_at
     set -l words (__vexmoor_words)
     test "$words[1]" = "$argv[1]"; or return 1
     set -q argv[2]; or return 0
+    test "$argv[3]" = ...; and test (count $words) -gt $argv[2]; and return 0
     test (count $words) -eq (math $argv[2] + 1); or return 1
     set -q argv[3]; or return 0
     test "$words[2]" = "$argv[3]"
