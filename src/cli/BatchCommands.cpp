@@ -3,6 +3,7 @@
 #include "cli/ExitStatus.h"
 #include "cli/HandOver.h"
 #include "cli/MenuDialogs.h"
+#include "cli/MenuSelection.h"
 #include "cli/Report.h"
 #include "cli/Session.h"
 
@@ -73,6 +74,11 @@ Outcome carryOut(Invocation invocation, MenuDialogs& menu) {
     }
 }
 
+Refusal unknownSelection() {
+    return {kRefused, "The file manager does not answer whether this folder is selected or only on "
+                      "view. Nothing was touched."};
+}
+
 const char* wordsFor(Command command, const BatchReport& report) {
     if (command == Command::putBack)
         return "Put back";
@@ -99,8 +105,13 @@ int tell(const BatchReport& report, const Invocation& invocation) {
 } // namespace
 
 int runBatch(const Invocation& invocation) {
+    const auto selection =
+        invocation.fromMenu ? menuSelection(invocation.items) : MenuSelection::items;
+    if (selection == MenuSelection::nothing)
+        return kAllDone;
     MenuDialogs menu;
-    const auto outcome = carryOut(invocation, menu);
+    const auto outcome = selection == MenuSelection::unknown ? Outcome(unknownSelection())
+                                                             : carryOut(invocation, menu);
     const auto* const refusal = std::get_if<Refusal>(&outcome);
     if (refusal != nullptr) {
         complain(printable(refusal->sentence));

@@ -196,6 +196,13 @@ std::optional<std::uint64_t> BusReply::number() {
     return value;
 }
 
+std::optional<bool> BusReply::boolean() {
+    int value = 0;
+    if (library().readBasic(m_message.get(), 'b', &value) <= 0)
+        return std::nullopt;
+    return value != 0;
+}
+
 Result<SessionBus> SessionBus::connect() {
     if (!library().isWhole)
         return Error::fromErrno(ELIBACC, "load", "libsystemd.so.0");

@@ -60,6 +60,7 @@ class BusReply {
     std::optional<std::string> text();
     std::optional<std::vector<std::string>> texts();
     std::optional<std::uint64_t> number();
+    std::optional<bool> boolean();
 
   private:
     BusMessagePointer m_message;
