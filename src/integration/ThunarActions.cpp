@@ -1,12 +1,13 @@
 #include "ThunarActions.h"
 
+#include "integration/XmlTags.h"
+
 #include <vector>
 
 namespace vexmoor {
 
 namespace {
 
-constexpr std::string_view kRoot = "actions";
 constexpr std::string_view kSpace = " \t\r\n";
 constexpr auto kNone = std::string_view::npos;
 
@@ -27,98 +28,33 @@ std::string_view between(std::string_view text, std::string_view opening,
 
 } // namespace
 
-/// Walks over the tags; what holds no tags (comments, CDATA, instructions, the document type) is
-/// passed over.
-class ThunarActions::Reader {
-  public:
-    explicit Reader(ThunarActions& actions) : m_actions(actions), m_text(actions.m_text) {}
-
-    bool read() {
-        while ((m_next = m_text.find('<', m_next)) != kNone)
-            if (!readMarkup())
-                return false;
-        return m_isComplete;
-    }
-
-  private:
-    bool readMarkup() {
-        const auto rest = m_text.substr(m_next);
-        if (rest.starts_with("<!--"))
-            return skipPast("-->");
-        if (rest.starts_with("<![CDATA["))
-            return skipPast("]]>");
-        if (rest.starts_with("<?"))
-            return skipPast("?>");
-        if (rest.starts_with("<!"))
-            return skipPast(rest.find('[') < rest.find('>') ? "]>" : ">");
-        return readTag();
-    }
-
-    bool skipPast(std::string_view ending) {
-        const auto found = m_text.find(ending, m_next);
-        m_next = found + ending.size();
-        return found != kNone;
-    }
-
-    bool readTag() {
-        const auto begin = m_next;
-        if (!skipPast(">"))
-            return false;
-        const Span span{begin, m_next};
-        auto inner = m_text.substr(begin + 1, m_next - begin - 2);
-        const bool closes = inner.starts_with('/');
-        const bool isEmpty = inner.ends_with('/');
-        if (closes)
-            inner.remove_prefix(1);
-        const auto name = inner.substr(0, inner.find_first_of(" \t\r\n/"));
-        if (name.empty() || (closes && isEmpty) || m_isComplete)
-            return false;
-        if (closes)
-            return close(name, span);
-        if (m_open.empty() && name != kRoot)
-            return false;
-        m_open.push_back({name, span});
-        return !isEmpty || close(name, span);
-    }
-
-    bool close(std::string_view name, Span span) {
-        if (m_open.empty() || m_open.back().name != name)
-            return false;
-        const Span opening = m_open.back().span;
-        m_open.pop_back();
-        if (m_open.empty()) {
-            m_actions.m_closing = span;
-            m_isComplete = true;
-        } else if (m_open.size() == 1 && name == "action") {
-            if (m_isOurs)
-                m_actions.m_ours = Span{opening.begin, span.end};
-            m_isOurs = false;
-        } else if (m_open.size() == 2 && name == "unique-id") {
-            const auto id =
-                m_text.substr(opening.end, span.begin - std::min(span.begin, opening.end));
-            m_isOurs = trimmed(id) == kThunarActionId;
-        }
-        return true;
-    }
-
-    struct Element {
-        std::string_view name;
-        Span span;
-    };
-
-    ThunarActions& m_actions;
-    std::string_view m_text;
-    std::size_t m_next = 0;
-    std::vector<Element> m_open;
-    bool m_isOurs = false;
-    bool m_isComplete = false;
-};
-
+/// Looks for our action and for the end of the root.
 std::optional<ThunarActions> ThunarActions::parse(std::string text) {
     ThunarActions actions;
     actions.m_text = std::move(text);
-    if (!Reader(actions).read())
+    const std::string_view all = actions.m_text;
+    const auto tags = xmlTags(all);
+    if (!tags || tags->front().name != "actions")
         return std::nullopt;
+    std::vector<const XmlTag*> open;
+    bool isOurs = false;
+    for (const auto& tag : *tags) {
+        if (!tag.isClosing) {
+            if (!tag.isEmpty)
+                open.push_back(&tag);
+            continue;
+        }
+        const auto& opening = *open.back();
+        open.pop_back();
+        if (open.size() == 2 && tag.name == "unique-id")
+            isOurs = trimmed(all.substr(opening.end, tag.begin - opening.end)) == kThunarActionId;
+        if (open.size() == 1 && tag.name == "action") {
+            if (isOurs)
+                actions.m_ours = Span{opening.begin, tag.end};
+            isOurs = false;
+        }
+    }
+    actions.m_closing = {tags->back().begin, tags->back().end};
     return actions;
 }
 

@@ -36,7 +36,6 @@ class ThunarActions {
         std::size_t begin = 0;
         std::size_t end = 0;
     };
-    class Reader;
 
     std::string m_text;
     Span m_closing; ///< the tag that ends the root, or the whole of an empty one
