@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <ranges>
 
 namespace vexmoor {
 
@@ -27,12 +26,12 @@ AcceleratorFile::AcceleratorFile(Path file, std::unique_ptr<AcceleratorText> tex
 }
 
 void AcceleratorFile::alsoNeeds(Path file, std::unique_ptr<AcceleratorText> text) {
-    m_parts.push_back({std::move(file), std::move(text)});
+    m_parts.insert(m_parts.begin(), Part{std::move(file), std::move(text)});
 }
 
 Result<AcceleratorStatus> AcceleratorFile::status() const {
     AcceleratorStatus all = AcceleratorStatus::installed;
-    for (const auto& part : m_parts | std::views::reverse) {
+    for (const auto& part : m_parts) {
         const auto text = read(part);
         if (!text)
             return text.error();
@@ -49,7 +48,7 @@ Result<void> AcceleratorFile::install(CreatedPaths& created) const {
         return before.error();
     if (*before != AcceleratorStatus::notInstalled)
         return {};
-    for (const auto& part : m_parts | std::views::reverse)
+    for (const auto& part : m_parts)
         if (auto done = installIn(part, created); !done)
             return done;
     return {};

@@ -21,7 +21,7 @@ class AcceleratorFile {
     /// Another file without which the binding has no effect.
     void alsoNeeds(Path file, std::unique_ptr<AcceleratorText> text);
 
-    [[nodiscard]] const Path& file() const { return m_parts.front().file; }
+    [[nodiscard]] const Path& file() const { return m_parts.back().file; }
 
     /// Fails if the file cannot be read or, with `bad_message`, is not such a file.
     [[nodiscard]] Result<AcceleratorStatus> status() const;
@@ -44,7 +44,7 @@ class AcceleratorFile {
     static Result<void> installIn(const Part& part, CreatedPaths& created);
     static Result<void> removeFrom(const Part& part, CreatedPaths& created);
 
-    std::vector<Part> m_parts; ///< the binding's own first
+    std::vector<Part> m_parts; ///< the binding's own last
     bool m_needsRestart;
 };
 

@@ -25,7 +25,7 @@ namespace {
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
-constexpr std::size_t kLongestOutput = 64 * 1024;
+constexpr std::size_t kLongestOutput = 65536;
 
 Path folderOf(pid_t process) {
     return Path("/proc") / std::to_string(process);
@@ -97,6 +97,7 @@ class ChildEnvironment {
         for (char** variable = environ; variable != nullptr && *variable != nullptr; ++variable)
             if (!isChanged(*variable))
                 m_variables.emplace_back(*variable);
+        m_pointers.reserve(m_variables.size() + 1);
         for (auto& variable : m_variables)
             m_pointers.push_back(variable.data());
         m_pointers.push_back(nullptr);
