@@ -7,6 +7,8 @@ find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets DBus)
 # Qt 6.4's moc can read <chrono> only after this.
 set(CMAKE_AUTOMOC_MOC_OPTIONS --include QtCore/qglobal.h)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb xcb-shape xcb-xfixes)
+pkg_check_modules(XKB REQUIRED IMPORTED_TARGET xcb xcb-xfixes xcb-xinput xcb-xkb xcb-xtest
+                  xkbcommon xkbcommon-x11)
 if(VEXMOOR_TESTS)
   find_package(GTest REQUIRED)
   include(GoogleTest)

@@ -82,7 +82,8 @@ void Alerts::ask(const Question& question, std::function<void(const Answer&)> an
                const bool isAnswer = !m_instead; // else the user closed nothing
                answered({.confirmed = isAnswer && closed.clickedButton() == confirm,
                          .suppressed = isAnswer && closed.checkBox() != nullptr &&
-                                       closed.checkBox()->isChecked()});
+                                       closed.checkBox()->isChecked(),
+                         .isGiven = isAnswer});
            }});
 }
 

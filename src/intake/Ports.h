@@ -32,6 +32,7 @@ struct Question {
 struct Answer {
     bool confirmed = false;
     bool suppressed = false; ///< the check box was on when the question closed
+    bool isGiven = false;    ///< by the user; false if the question was withdrawn
 };
 
 /// One item that an operation failed for; the name is text to show.

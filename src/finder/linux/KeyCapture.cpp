@@ -1,0 +1,76 @@
+#include "finder/KeyCapture.h"
+
+#include "X11EventTap.h"
+#include "X11FinderSelection.h"
+
+#include "finder/FocusTracker.h"
+
+#include <QGuiApplication>
+
+#include <utility>
+
+namespace vexmoor {
+
+namespace {
+
+/// By grabs, synthesised keys and the accessibility bus.
+class X11KeyCapture : public KeyCapture {
+  public:
+    explicit X11KeyCapture(Parts parts)
+        : m_focus(parts.session, std::move(parts.programIsInvisible)),
+          m_tap({.bindsKeyItself = std::move(parts.bindsKeyItself),
+                 .keyIsHeld = std::move(parts.keyIsHeld),
+                 .fileManagerActivated = [this](auto process) { m_focus.setProcess(process); }}),
+          m_selection(parts.automation, parts.main, parts.session,
+                      [this](std::uint8_t key) { m_tap.ignoreNext(key); }) {}
+
+    [[nodiscard]] bool isPossible() const override { return true; }
+    EventTap& tap() override { return m_tap; }
+    Workspace& workspace() override { return m_tap; }
+    FocusedElement& focus() override { return m_focus; }
+    FinderSelection& selection() override { return m_selection; }
+    void refresh() override { m_tap.refresh(); }
+
+  private:
+    FocusTracker m_focus;
+    X11EventTap m_tap;
+    X11FinderSelection m_selection;
+};
+
+class NoKeyCapture : public KeyCapture,
+                     public EventTap,
+                     public Workspace,
+                     public FocusedElement,
+                     public FinderSelection {
+  public:
+    [[nodiscard]] bool isPossible() const override { return false; }
+    EventTap& tap() override { return *this; }
+    Workspace& workspace() override { return *this; }
+    FocusedElement& focus() override { return *this; }
+    FinderSelection& selection() override { return *this; }
+    void refresh() override {}
+
+    bool install(Handler) override { return false; }
+    void enable() override {}
+    void remove() override {}
+    void captureUndoKey(bool) override {}
+    std::optional<std::string> frontmostApplication() override { return std::nullopt; }
+    bool isText() override { return true; }
+    void query(Completion completion) override { completion(SelectionError::failed); }
+};
+
+/// Under Wayland, XWayland shows only the keys of X11 windows.
+bool isX11Session() {
+    return QGuiApplication::platformName() == QStringLiteral("xcb") &&
+           !qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+}
+
+} // namespace
+
+std::unique_ptr<KeyCapture> KeyCapture::forSession(Parts parts) {
+    if (isX11Session())
+        return std::make_unique<X11KeyCapture>(std::move(parts));
+    return std::make_unique<NoKeyCapture>();
+}
+
+} // namespace vexmoor

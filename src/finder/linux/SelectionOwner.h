@@ -1,0 +1,52 @@
+#pragma once
+
+#include "SelectionData.h"
+#include "XConnection.h"
+
+#include <list>
+
+namespace vexmoor::x11 {
+
+/// Owns a selection and gives its content to the programs that ask, in pieces where it is long
+/// (ICCCM, section 2). One thread.
+class SelectionOwner {
+  public:
+    /// The window is this program's own and selects property changes.
+    SelectionOwner(XConnection& connection, xcb_window_t window, xcb_atom_t selection);
+
+    /// Becomes the owner. Without content the selection has no owner afterwards.
+    void own(SelectionContent content);
+
+    [[nodiscard]] bool owns() const { return m_owns; }
+    [[nodiscard]] const SelectionContent& content() const { return m_content; }
+
+    /// Whether a program is still being given a long content.
+    [[nodiscard]] bool isTransferring() const { return !m_transfers.empty(); }
+
+    /// Answers the event if it is about the selection.
+    void take(const xcb_generic_event_t& event);
+
+  private:
+    /// A content on its way to a program that reads it in pieces.
+    struct Transfer {
+        xcb_window_t requestor;
+        xcb_atom_t property;
+        SelectionData data;
+        std::size_t sent = 0;
+    };
+
+    void answer(const xcb_selection_request_event_t& request);
+    bool convert(xcb_window_t requestor, xcb_atom_t target, xcb_atom_t property);
+    bool convertMultiple(const xcb_selection_request_event_t& request);
+    void sendPiece(const xcb_property_notify_event_t& event);
+    [[nodiscard]] std::vector<xcb_atom_t> targets();
+
+    XConnection& m_connection;
+    xcb_window_t m_window;
+    xcb_atom_t m_selection;
+    bool m_owns = false;
+    SelectionContent m_content;
+    std::list<Transfer> m_transfers;
+};
+
+} // namespace vexmoor::x11

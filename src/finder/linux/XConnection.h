@@ -1,0 +1,57 @@
+#pragma once
+
+#include "dock/linux/X11Connection.h"
+
+#include <xcb/xcb.h>
+
+#include <chrono>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vexmoor::x11 {
+
+using Event = Reply<xcb_generic_event_t>;
+
+/// A connection to the display of this program's own, beside that of Qt; one thread.
+class XConnection {
+  public:
+    /// Null if the display, by default that of DISPLAY, cannot be reached.
+    static std::unique_ptr<XConnection> open(const char* display = nullptr);
+    XConnection(const XConnection&) = delete;
+    XConnection& operator=(const XConnection&) = delete;
+    ~XConnection();
+
+    [[nodiscard]] xcb_connection_t* get() const { return m_connection; }
+    [[nodiscard]] xcb_window_t root() const { return m_root; }
+    [[nodiscard]] bool isBroken() const { return xcb_connection_has_error(m_connection) != 0; }
+    [[nodiscard]] int descriptor() const { return xcb_get_file_descriptor(m_connection); }
+
+    /// Asks the server once for each name.
+    xcb_atom_t atom(const std::string& name);
+    [[nodiscard]] std::string atomName(xcb_atom_t atom) const;
+
+    /// The next event; null if none comes until the deadline.
+    [[nodiscard]] Event waitForEvent(std::chrono::steady_clock::time_point deadline) const;
+
+    /// The property's bytes, whatever its type, up to 64 KiB; empty if there is none.
+    [[nodiscard]] std::string bytes(xcb_window_t window, xcb_atom_t property) const;
+    /// The property's first 32-bit values.
+    [[nodiscard]] std::vector<std::uint32_t> numbers(xcb_window_t window,
+                                                     xcb_atom_t property) const;
+
+    /// Waits until the server has carried out all requests.
+    void sync() const;
+
+  private:
+    explicit XConnection(xcb_connection_t* connection);
+
+    xcb_connection_t* m_connection;
+    xcb_window_t m_root;
+    std::map<std::string, xcb_atom_t> m_atoms;
+};
+
+} // namespace vexmoor::x11
