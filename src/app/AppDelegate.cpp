@@ -39,12 +39,6 @@ QImage pdfIcon() {
 
 } // namespace
 
-/// No key of the file manager is taken yet, so none is given back.
-class AppDelegate::NoUndoKey : public UndoKey {
-  public:
-    void disarm() override {}
-};
-
 AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBusConnection& bus)
     : m_stores(stores), m_service(service), m_bus(bus), m_notifications(bus),
       m_ledger(stores.defaults(), &Date::now), m_settings(stores.defaults()),
@@ -62,10 +56,12 @@ AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBu
            .makeTimer = std::make_unique<QtFrameTimer>,
            .random = [] { return QRandomGenerator::system()->generate64(); }}),
       m_sizzle(m_audio), m_thumbnails(Thumbnail::forSession()),
-      m_undoKey(std::make_unique<NoUndoKey>()), m_work(std::make_unique<SerialQueue>()),
+      m_fileManagerKey({stores.defaults(), m_settings, m_alerts, m_notifications, m_main,
+                        m_accessibilityBus, bus, IntegrationContext::ofProcess()}),
+      m_work(std::make_unique<SerialQueue>()),
       m_intake({stores.directories(), stores.defaults(), m_ledger, m_settings, m_progression,
                 stores.journal(), &m_undoStack, m_main, *m_work, m_alerts, m_animator, m_sizzle,
-                *m_thumbnails, *m_undoKey, &Date::now}),
+                *m_thumbnails, m_fileManagerKey.undoKey(), &Date::now}),
       m_sessionLock(bus, QDBusConnection::systemBus()),
       m_updater(QDBusConnection::systemBus(), QCoreApplication::applicationFilePath()) {
     tellOfStoreFailures();
@@ -85,6 +81,7 @@ void AppDelegate::finishLaunching(const LaunchOptions& options) {
     serveCommands();
     wireDesktop();
     wireTile();
+    wireFileManagerKey();
     subscribeToSettings();
     m_tile.show();
     if (!options.items.empty() || options.others > 0)
@@ -113,7 +110,8 @@ void AppDelegate::serveCommands() {
     m_commands = std::make_unique<CommandService>(
         m_service, m_bus,
         CommandService::Parts{m_intake, m_settings, m_progression, binnedItems(), m_alerts,
-                              [this](const auto& assignment) { return store(assignment); }});
+                              [this](const auto& assignment) { return store(assignment); },
+                              [this] { return m_fileManagerKey.fedByMenuCommand(); }});
 }
 
 void AppDelegate::tellOfStoreFailures() {
@@ -159,12 +157,22 @@ void AppDelegate::wireDesktop() {
     });
 }
 
+void AppDelegate::wireFileManagerKey() {
+    connect(&m_fileManagerKey, &FileManagerKey::selectionFed, this,
+            [this](const Selection& selection, bool byKey) {
+                consume(selection.items, selection.others, byKey);
+            });
+    connect(&m_fileManagerKey, &FileManagerKey::undoRequested, this, &AppDelegate::undo);
+    connect(&m_fileManagerKey, &FileManagerKey::settingsRequested, this, &AppDelegate::showStats);
+}
+
 void AppDelegate::subscribeToSettings() {
     m_subscriptions.push_back(
         m_settings.escapeDock.subscribe([this](bool escape) { m_animator.setEscapeDock(escape); }));
     m_subscriptions.push_back(m_settings.mode.subscribe(
         [this](DisposeMode mode) { m_tile.setBadged(mode == DisposeMode::dissolve); }));
     m_animator.startIdle();
+    m_fileManagerKey.begin();
 }
 
 void AppDelegate::wireService() {
@@ -185,13 +193,17 @@ void AppDelegate::endStartup() {
 
 void AppDelegate::open(const std::vector<Path>& items, int others) {
     m_receivedFilesAtLaunch = true;
-    consume(items, false);
-    if (others > 0)
-        m_alerts.report(foreignReport(!items.empty()));
+    consume(items, others, false);
 }
 
 void AppDelegate::consume(const std::vector<Path>& items, bool fromFinder) {
     m_intake.consume(items, fromFinder);
+}
+
+void AppDelegate::consume(const std::vector<Path>& items, int others, bool fromFinder) {
+    consume(items, fromFinder);
+    if (others > 0)
+        m_alerts.report(foreignReport(!items.empty()));
 }
 
 void AppDelegate::act(const QString& action) {
@@ -232,7 +244,10 @@ void AppDelegate::testFlames() {
 
 void AppDelegate::showTileMenu(QPoint position) {
     const bool canPutBack = m_undoStack.canUndo() || !binnedItems().lastBatch().empty();
-    auto* const menu = new TileMenu(m_settings, m_undoStack, canPutBack);
+    auto* const menu =
+        new TileMenu(m_settings, m_undoStack, canPutBack, m_fileManagerKey.canCapture());
+    connect(menu, &TileMenu::feedSelectionChosen, &m_fileManagerKey,
+            &FileManagerKey::feedSelection);
     connect(menu, &TileMenu::putBackChosen, this, &AppDelegate::putBackLast);
     connect(menu, &TileMenu::testFlamesChosen, this, &AppDelegate::testFlames);
     connect(menu, &TileMenu::statsChosen, this, &AppDelegate::showStats);

@@ -3,6 +3,7 @@
 #include "app/Alerts.h"
 #include "app/ApplicationService.h"
 #include "app/CommandService.h"
+#include "app/FileManagerKey.h"
 #include "app/LaunchOptions.h"
 #include "app/MainLoop.h"
 #include "app/Stores.h"
@@ -49,6 +50,8 @@ class AppDelegate : public QObject {
     void finishLaunching(const LaunchOptions& options);
 
     void consume(const std::vector<Path>& items, bool fromFinder);
+    /// The same, and reports that `others` of what was chosen is not on this computer.
+    void consume(const std::vector<Path>& items, int others, bool fromFinder);
     void showStats();
     void showOnboarding();
     void testFlames();
@@ -58,12 +61,11 @@ class AppDelegate : public QObject {
     void quit();
 
   private:
-    class NoUndoKey;
-
     void recordCutOffBatches();
     void wireService();
     void wireTile();
     void wireDesktop();
+    void wireFileManagerKey();
     void restWhileUnseen();
     void subscribeToSettings();
     void endStartup();
@@ -102,7 +104,7 @@ class AppDelegate : public QObject {
     CanberraOutput m_audio;
     Sizzle m_sizzle;
     std::unique_ptr<Thumbnail> m_thumbnails;
-    std::unique_ptr<NoUndoKey> m_undoKey;
+    FileManagerKey m_fileManagerKey;
     std::unique_ptr<SerialQueue> m_work;
     Intake m_intake;
     std::unique_ptr<CommandService> m_commands; ///< once they may come

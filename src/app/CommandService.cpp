@@ -103,7 +103,8 @@ QString CommandService::Feed(const QByteArrayList& items, const QString& mode, b
             options.tellsOfThoseOnTheWay = !ask;
             for (qsizetype i = 0; i < seen.size(); i += 2)
                 options.seen.push_back({seen[i], seen[i + 1]});
-            m_parts.intake.consume(*wanted, false, std::move(completion), options);
+            const bool byKey = ask && m_parts.fedByMenuCommand();
+            m_parts.intake.consume(*wanted, byKey, std::move(completion), options);
         });
     return {};
 }

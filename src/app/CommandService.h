@@ -35,6 +35,8 @@ class CommandService : public QDBusAbstractAdaptor {
         Dialogs& dialogs; ///< told of failures whose caller is gone
         /// Runs an assignment; answers why it could not be stored, if it could not.
         std::function<std::optional<Error>(const std::function<void()>&)> store;
+        /// A file manager's menu command feeds; whether its key caused that.
+        std::function<bool()> fedByMenuCommand;
     };
 
     /// `object` is the one that is registered on the bus.

@@ -5,8 +5,11 @@
 
 namespace vexmoor {
 
-TileMenu::TileMenu(Settings& settings, const UndoStack& undoStack, bool canPutBack) {
+TileMenu::TileMenu(Settings& settings, const UndoStack& undoStack, bool canPutBack,
+                   bool canFeedSelection) {
     setAttribute(Qt::WA_DeleteOnClose);
+    addAction(tr("Feed File Manager Selection"), this, &TileMenu::feedSelectionChosen)
+        ->setEnabled(canFeedSelection);
     QAction* const putBack =
         addAction(undoStack.canUndo()
                       ? tr("Put Back %1").arg(QString::fromStdString(undoStack.undoActionName()))

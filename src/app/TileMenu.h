@@ -14,9 +14,12 @@ class TileMenu : public QMenu {
 
   public:
     /// `canPutBack`: a batch, of this run or of an earlier one, has something left in the Bin.
-    TileMenu(Settings& settings, const UndoStack& undoStack, bool canPutBack);
+    /// `canFeedSelection`: the session lets programs ask a file manager for its selection.
+    TileMenu(Settings& settings, const UndoStack& undoStack, bool canPutBack,
+             bool canFeedSelection);
 
   signals:
+    void feedSelectionChosen();
     void putBackChosen();
     void testFlamesChosen();
     void statsChosen();

@@ -107,7 +107,8 @@ class ServedIntake : public IntakeTest {
                                               [this](const std::function<void()>& assignment) {
                                                   assignment();
                                                   return storeFailure;
-                                              }});
+                                              },
+                                              [this] { return fedByKey; }});
         ASSERT_TRUE(desktop.registerObject(kPath, &object));
         ASSERT_TRUE(desktop.registerService(kName));
     }

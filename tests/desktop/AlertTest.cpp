@@ -97,7 +97,7 @@ TEST_F(AlertTest, ComesOnTopOnTheWorkspaceThatTheUserWorksOn) {
     start({});
     ASSERT_TRUE(eventually([&] { return cauldron->statsWindow().has_value(); }));
     session->xdotool("set_num_desktops 2 set_desktop 1");
-    const FileManagerWindow window(*session, FileManager::kPcmanfmQt, session->home());
+    const FileManagerWindow window(*session, DrivenFileManager::kPcmanfmQt, session->home());
     ASSERT_EQ(cauldron->feed({item}), 0);
     ASSERT_TRUE(cauldron->alerts(kOne));
     const auto alert = session->screen().find([](const SeenWindow& w) { return w.isDialog; });
@@ -118,7 +118,7 @@ TEST_F(AlertTest, LetsTheTileTakeMoreAndAsksForThatInItsTurn) {
     ASSERT_EQ(cauldron->feed({item}), 0);
     ASSERT_TRUE(cauldron->alerts(kOne));
 
-    FileManagerWindow window(*session, FileManager::kPcmanfmQt, things);
+    FileManagerWindow window(*session, DrivenFileManager::kPcmanfmQt, things);
     ASSERT_TRUE(window.selectAll(2));
     ASSERT_TRUE(window.dragSelection(cauldron->middle()));
     const Path missing = session->home() / "missing";

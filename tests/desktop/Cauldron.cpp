@@ -114,4 +114,12 @@ void Cauldron::putBack() const {
     m_session.call(application(), "ActivateAction", {"put-back", QVariantList{}, QVariantMap{}});
 }
 
+void Cauldron::feedSelection() const {
+    const QPoint place = middle();
+    m_session.xdotool("mousemove " + std::to_string(place.x()) + " " + std::to_string(place.y()) +
+                      " click 3");
+    eventually([this] { return flames().has_value(); }); // the menu is of the same kind
+    m_session.press("Down Return");
+}
+
 } // namespace vexmoor::test

@@ -51,6 +51,8 @@ class Cauldron {
 
     /// By the action of its desktop entry.
     void putBack() const;
+    /// By the first entry of the tile's menu.
+    void feedSelection() const;
 
     BackgroundProgram& program() { return m_program; }
 

@@ -11,7 +11,7 @@ using testing::MatchesRegex;
 
 struct DropTest : DesktopTest {
     /// Drags all items of the folder onto the tile.
-    void drag(const FileManager& kind, const std::string& folder, std::size_t count) {
+    void drag(const DrivenFileManager& kind, const std::string& folder, std::size_t count) {
         manager = std::make_unique<FileManagerWindow>(*session, kind, folder);
         ASSERT_TRUE(manager->selectAll(count));
         ASSERT_TRUE(manager->dragSelection(cauldron->middle()));
@@ -32,7 +32,7 @@ struct DropTest : DesktopTest {
 
 struct DropCase {
     const char* name;
-    const FileManager& manager;
+    const DrivenFileManager& manager;
     bool compositor;
     bool byKey; ///< put back by Ctrl+Z in the program's window, or by the action of its entry
 
@@ -97,8 +97,8 @@ TEST_P(FileManagerDropTest, GoesUpInFlamesToTheBinAndComesBackByteForByte) {
 
 INSTANTIATE_TEST_SUITE_P(
     , FileManagerDropTest,
-    testing::Values(DropCase{"thunar", FileManager::kThunar, false, true},
-                    DropCase{"pcmanfm-qt", FileManager::kPcmanfmQt, true, false}),
+    testing::Values(DropCase{"thunar", DrivenFileManager::kThunar, false, true},
+                    DropCase{"pcmanfm-qt", DrivenFileManager::kPcmanfmQt, true, false}),
     [](const auto& drop) { return std::string(drop.param.compositor ? "PcmanfmQt" : "Thunar"); });
 
 TEST_F(DropTest, SwarmsAroundTheTileAndComesBackAsOneBatchHoweverManyItAre) {
@@ -108,7 +108,7 @@ TEST_F(DropTest, SwarmsAroundTheTileAndComesBackAsOneBatchHoweverManyItAre) {
         session->write(things / ("item " + std::to_string(i)), std::to_string(i));
     const Tree before = treeOf(session->home() / things);
     start();
-    drag(FileManager::kThunar, session->home() / things, kMany);
+    drag(DrivenFileManager::kThunar, session->home() / things, kMany);
     EXPECT_TRUE(eventually([&] {
         const auto flames = cauldron->flames();
         return flames && flames->frame.width() > cauldron->tile().value().frame.width();
@@ -127,7 +127,7 @@ TEST_F(DropTest, RefusesWhatIsNotOnThisComputerWithASentence) {
     start();
     ASSERT_EQ(cauldron->feed({session->home() / "notes.txt"}), 0);
     ASSERT_TRUE(cauldron->records(1));
-    drag(FileManager::kThunar, "trash:///", 1);
+    drag(DrivenFileManager::kThunar, "trash:///", 1);
     EXPECT_TRUE(cauldron->alerts("It takes only files and folders that are on this computer."));
     session->screen().keepPicture("refused");
     session->press("Return");

@@ -25,10 +25,16 @@ std::optional<QRect> firstRun(const QImage& picture, QRgb colour, int shortest) 
 
 } // namespace
 
-const FileManager FileManager::kThunar{"thunar", "Thunar", 0xff3584e4};
-const FileManager FileManager::kPcmanfmQt{"pcmanfm-qt", "pcmanfm-qt", 0xff308cc6};
+const DrivenFileManager DrivenFileManager::kThunar{"thunar", "Thunar", 0xff3584e4, "F2", "ctrl+f"};
+const DrivenFileManager DrivenFileManager::kPcmanfmQt{"pcmanfm-qt", "pcmanfm-qt", 0xff308cc6, "F2",
+                                                      "ctrl+i"};
+const DrivenFileManager DrivenFileManager::kNautilus{"nautilus", "org.gnome.Nautilus", 0, "F2",
+                                                     "ctrl+f"};
+const DrivenFileManager DrivenFileManager::kNemo{"nemo", "Nemo", 0, "F2", "ctrl+f"};
+const DrivenFileManager DrivenFileManager::kCaja{"caja", "Caja", 0, "F2", "ctrl+f"};
+const DrivenFileManager DrivenFileManager::kDolphin{"dolphin", "dolphin", 0, "F2", "ctrl+i"};
 
-FileManagerWindow::FileManagerWindow(DesktopSession& session, const FileManager& manager,
+FileManagerWindow::FileManagerWindow(DesktopSession& session, const DrivenFileManager& manager,
                                      const std::string& folder,
                                      const BackgroundProgram::Environment& changes)
     : m_session(session), m_manager(manager) {
@@ -46,13 +52,17 @@ FileManagerWindow::FileManagerWindow(DesktopSession& session, const FileManager&
 }
 
 bool FileManagerWindow::selectAll(std::size_t count) {
-    return eventually([&] {
+    const bool areSelected = eventually([&] {
+        m_session.click(middle());
         const auto active = m_session.screen().active();
         if (!active || active->className != m_manager.className)
             return false;
-        m_session.xdotool("key ctrl+a ctrl+c");
+        m_session.xdotool("key ctrl+a sleep 0.1 key ctrl+c sleep 0.1"); // as fast as a hand
         return copiedItems() == count;
     });
+    if (!areSelected)
+        m_session.screen().keepPicture(std::string("not-selected-") + m_manager.program);
+    return areSelected;
 }
 
 bool FileManagerWindow::dragSelection(QPoint to) {

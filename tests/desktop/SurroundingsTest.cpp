@@ -112,7 +112,8 @@ TEST_F(SurroundingsTest, GoesOnWhenOneAfterTheOtherDies) {
 
     session->endBus();
     picture("Things/no-bus.png");
-    FileManagerWindow window(*session, FileManager::kThunar, session->home() / "Things", kNoBus);
+    FileManagerWindow window(*session, DrivenFileManager::kThunar, session->home() / "Things",
+                             kNoBus);
     ASSERT_TRUE(window.selectAll(1));
     ASSERT_TRUE(window.dragSelection(cauldron->middle()));
     EXPECT_TRUE(cauldron->records(6));

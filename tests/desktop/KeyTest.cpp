@@ -1,0 +1,319 @@
+#include "DesktopTest.h"
+#include "FileManagerWindow.h"
+#include "finder/x11/DeviceKeyboard.h"
+
+#include "base/SqliteUserDefaults.h"
+#include "finder/Automation.h"
+
+namespace vexmoor {
+namespace {
+
+using namespace test;
+
+/// Ctrl+Backspace in a file manager that shows a folder of files.
+struct KeyTest : DesktopTest {
+    void openDesk(const char* consent = "granted") {
+        openSession({.sound = false});
+        if (consent != nullptr)
+            store(Automation::kKey, std::string(consent));
+        keyboard = std::make_unique<DeviceKeyboard>(session->display().name());
+        session->write(things / "first.txt", "1");
+        session->write(things / "second ünïcode.txt", "2");
+    }
+    void store(std::string_view key, const UserDefaults::Value& value) const {
+        const Path data = session->home() / ".local/share/vexmoor";
+        std::filesystem::create_directories(data);
+        auto defaults = SqliteUserDefaults::open(
+            data / "defaults.db", SqliteUserDefaults::Access::readWrite, [](const Error&) {});
+        defaults.value()->assign(key, value);
+    }
+    void openFileManager(const DrivenFileManager& kind) {
+        manager.reset(); // or it would take the second start
+        manager = std::make_unique<FileManagerWindow>(*session, kind, session->home() / things);
+    }
+    /// The program's window takes the focus from it at the start.
+    void openFirst(const DrivenFileManager& kind) {
+        openFileManager(kind);
+        start({});
+        ASSERT_TRUE(eventually([this] {
+            const auto active = session->screen().active();
+            return active && active->className == Cauldron::kName;
+        }));
+    }
+    void feedByKey() { keyboard->press({"Control_L", "BackSpace"}); }
+    void undoByKey() { keyboard->press({"Control_L", "z"}); }
+
+    /// Something else is fed by the key after all: what was pressed before is over by then.
+    void expectTheKeyToFeedNow(std::size_t recordsAfterwards) {
+        session->write(things / "last.txt", "3");
+        ASSERT_TRUE(manager->selectAll(treeOf(session->home() / things).size()));
+        feedByKey();
+        EXPECT_TRUE(cauldron->records(recordsAfterwards));
+    }
+    [[nodiscard]] std::string clipboard(const std::string& target = "STRING") const {
+        return session->command({"xclip", "-out", "-selection", "clipboard", "-target", target})
+            .run()
+            .output;
+    }
+    void copy(const Path& file, const std::string& target = "STRING") const {
+        session->run({"sh", "-c", R"(xclip -in -selection clipboard -target "$1" "$0" >/dev/null)",
+                      file, target});
+    }
+    [[nodiscard]] Tree tree() const { return treeOf(session->home() / things); }
+
+    const Path things = "Things";
+    std::unique_ptr<DeviceKeyboard> keyboard;
+    std::unique_ptr<FileManagerWindow> manager;
+};
+
+struct KeyCase {
+    const char* name;
+    const DrivenFileManager* manager;
+    enum class Way {
+        captured,
+        capturedAsItRunsAlready, ///< and binds the key itself only from its next start on
+        bound,
+    } way;
+
+    friend void PrintTo(const KeyCase& one, std::ostream* out) { *out << one.name; }
+};
+
+struct FileManagerKeyTest : KeyTest, testing::WithParamInterface<KeyCase> {
+    void SetUp() override {
+        KeyTest::SetUp();
+        ASSERT_TRUE(Command::exists(GetParam().manager->program));
+        openDesk();
+    }
+    void open() {
+        if (GetParam().way == KeyCase::Way::capturedAsItRunsAlready) {
+            openFirst(*GetParam().manager);
+            return;
+        }
+        start();
+        if (GetParam().way == KeyCase::Way::bound) {
+            ASSERT_TRUE(eventually([this] { return keyStatus() == "installed"; }));
+        }
+        openFileManager(*GetParam().manager);
+    }
+    [[nodiscard]] std::string keyStatus() const {
+        const auto status = nlohmann::json::parse(session->run(
+            {VEXMOOR_PROGRAM, "integrate", "status", GetParam().manager->program, "--json"}));
+        return status.at("integrations").at(0).at("key").at("status");
+    }
+};
+
+TEST_P(FileManagerKeyTest, FeedsTheSelectionAndCtrlZNextPutsItBack) {
+    const Tree before = tree();
+    open();
+    ASSERT_TRUE(manager->selectAll(2));
+    copy(session->write("copied", "what the user copied"));
+
+    feedByKey();
+    ASSERT_TRUE(cauldron->records(2));
+    EXPECT_TRUE(tree().empty());
+    EXPECT_EQ(clipboard(), "what the user copied");
+    session->screen().keepPicture(std::string("key-") + GetParam().name);
+
+    undoByKey();
+    EXPECT_TRUE(cauldron->records(2, "restored"));
+    EXPECT_EQ(tree(), before);
+}
+
+TEST_P(FileManagerKeyTest, LeavesTheKeyToTextFields) {
+    open();
+    for (const char* keys : {GetParam().manager->rename, "ctrl+l", GetParam().manager->search}) {
+        ASSERT_TRUE(manager->selectAll(2));
+        session->press(std::string("Escape Home space ") + keys);
+        session->xdotool("sleep 0.5"); // until a hand would go on
+        feedByKey();
+        session->press("Escape Escape");
+    }
+    openFileManager(*GetParam().manager);
+    expectTheKeyToFeedNow(3);
+}
+
+constexpr KeyCase kAlways[] = {
+    {"ThunarThatRunsAlready", &DrivenFileManager::kThunar, KeyCase::Way::capturedAsItRunsAlready},
+    {"Thunar", &DrivenFileManager::kThunar, KeyCase::Way::bound},
+    {"PcmanfmQt", &DrivenFileManager::kPcmanfmQt, KeyCase::Way::captured},
+};
+/// Run by `./test all`, which installs them.
+constexpr KeyCase kMore[] = {
+    {"NautilusThatRunsAlready", &DrivenFileManager::kNautilus,
+     KeyCase::Way::capturedAsItRunsAlready},
+    {"Nautilus", &DrivenFileManager::kNautilus, KeyCase::Way::bound},
+    {"NemoThatRunsAlready", &DrivenFileManager::kNemo, KeyCase::Way::capturedAsItRunsAlready},
+    {"Nemo", &DrivenFileManager::kNemo, KeyCase::Way::bound},
+    {"Caja", &DrivenFileManager::kCaja, KeyCase::Way::captured},
+    {"Dolphin", &DrivenFileManager::kDolphin, KeyCase::Way::captured},
+};
+const auto kName = [](const auto& one) { return std::string(one.param.name); };
+
+INSTANTIATE_TEST_SUITE_P(, FileManagerKeyTest, testing::ValuesIn(kAlways), kName);
+INSTANTIATE_TEST_SUITE_P(All, FileManagerKeyTest, testing::ValuesIn(kMore), kName);
+
+struct KeyRulesTest : KeyTest {
+    void open() {
+        openDesk();
+        start();
+        openFileManager(DrivenFileManager::kPcmanfmQt);
+    }
+    [[nodiscard]] bool isAsking() const { return cauldron->isAlerting(); }
+};
+
+TEST_F(KeyRulesTest, FeedsAHeldKeyOnceAndNothingWhereNothingIsSelected) {
+    open();
+    feedByKey();
+    ASSERT_TRUE(manager->selectAll(2));
+    keyboard->hold("Control_L");
+    keyboard->hold("BackSpace");
+    ASSERT_TRUE(cauldron->records(2));
+    session->write(things / "next.txt", "after the selection");
+    session->xdotool("sleep 1"); // the server repeats the key 25 times in a second
+    keyboard->release("BackSpace");
+    keyboard->release("Control_L");
+    EXPECT_EQ(tree().size(), 1u);
+    expectTheKeyToFeedNow(4);
+}
+
+TEST_F(KeyRulesTest, LeavesCtrlZToTheFileManagerAfterAClick) {
+    open();
+    ASSERT_TRUE(manager->selectAll(2));
+    feedByKey();
+    ASSERT_TRUE(cauldron->records(2));
+    session->click(manager->middle());
+    undoByKey();
+    expectTheKeyToFeedNow(3);
+    EXPECT_TRUE(cauldron->records(0, "restored"));
+}
+
+TEST_F(KeyRulesTest, LeavesTheKeyToOtherProgramsAndReleasesItWhenItIsKilled) {
+    open();
+    const Path log = session->home() / "typed";
+    const auto keyReaches = [&](std::size_t times) {
+        return eventually([&] {
+            feedByKey();
+            const std::string typed = contents(log);
+            std::size_t count = 0;
+            for (auto at = typed.find("BackSpace"); at != std::string::npos;
+                 at = typed.find("BackSpace", at + 1))
+                ++count;
+            return count >= times;
+        });
+    };
+    const auto editor = session->start({"sh", "-c", "exec stdbuf -oL xev > " + log.native()});
+    ASSERT_TRUE(eventually([&] {
+        return session->command({"xdotool", "getactivewindow", "getwindowname"}).run().output ==
+               "Event Tester\n";
+    }));
+    EXPECT_TRUE(keyReaches(2));
+    EXPECT_EQ(tree().size(), 2u);
+
+    session->xdotool("windowactivate --sync " + std::to_string(manager->id()));
+    ASSERT_TRUE(manager->selectAll(2));
+    cauldron->program().kill();
+    session->press("F2"); // a field to type in
+    keyboard->press({"Control_L", "BackSpace"});
+    EXPECT_EQ(tree().size(), 2u);
+    session->xdotool("search --name 'Event Tester' windowactivate --sync");
+    EXPECT_TRUE(keyReaches(4));
+}
+
+TEST_F(KeyRulesTest, GivesTheClipboardBackWithAllItsTargetsAndLongOnes) {
+    open();
+    std::string picture = "\x89PNG\r\n";
+    for (int i = 0; picture.size() < 3'000'000; ++i)
+        picture += std::to_string(i) + '\0';
+    ASSERT_TRUE(manager->selectAll(2));
+    copy(session->write("picture", picture), "image/png");
+    feedByKey();
+    ASSERT_TRUE(cauldron->records(2));
+    EXPECT_TRUE(clipboard("image/png") == picture);
+    EXPECT_EQ(clipboard("x-kde-passwordManagerHint"), "secret");
+}
+
+TEST_F(KeyRulesTest, AsksForConsentOnceAndExplainsItselfOnceWhereItIsRefused) {
+    openDesk(nullptr);
+    start();
+    openFileManager(DrivenFileManager::kPcmanfmQt);
+    ASSERT_TRUE(manager->selectAll(2));
+    feedByKey();
+    ASSERT_TRUE(cauldron->alerts("“Vexmoor” wants access to control the file manager."));
+    session->screen().keepPicture("consent");
+    session->press("Return");
+    EXPECT_TRUE(cauldron->records(2)) << "allowed by Return, the selection is fed";
+
+    quit();
+    store(Automation::kKey, std::string("denied"));
+    start();
+    session->write(things / "another.txt", "3");
+    openFileManager(DrivenFileManager::kPcmanfmQt);
+    ASSERT_TRUE(manager->selectAll(1));
+    feedByKey();
+    ASSERT_TRUE(cauldron->alerts("Vexmoor can't see what's selected in the file manager"));
+    session->screen().keepPicture("refused-consent");
+    session->press("Escape");
+    ASSERT_TRUE(eventually([this] { return !isAsking(); }));
+    EXPECT_EQ(tree().size(), 1u);
+}
+
+TEST_F(KeyRulesTest, FollowsTheSettingAndFeedsTheSelectionFromTheTilesMenuToo) {
+    open();
+    session->run({VEXMOOR_PROGRAM, "settings", "captureFinderDelete", "off"});
+    ASSERT_TRUE(manager->selectAll(2));
+    feedByKey();
+    cauldron->feedSelection();
+    ASSERT_TRUE(cauldron->records(2));
+    EXPECT_TRUE(tree().empty());
+    session->run({VEXMOOR_PROGRAM, "settings", "captureFinderDelete", "on"});
+    expectTheKeyToFeedNow(3);
+}
+
+TEST_F(KeyRulesTest, ReportsAFileManagerThatShowsNoFocus) {
+    openDesk();
+    openFileManager(DrivenFileManager::kPcmanfmQt);
+    start();
+    ASSERT_TRUE(manager->selectAll(2));
+    feedByKey();
+    EXPECT_TRUE(eventually([this] {
+        return testing::Value(session->notifications(),
+                              testing::Contains(testing::StartsWith(
+                                  "Ctrl+Backspace doesn't work in this file manager")));
+    }));
+    EXPECT_EQ(tree().size(), 2u);
+}
+
+TEST_F(KeyRulesTest, FindsTheFocusOfAFileManagerThatHadItBeforeTheStart) {
+    openDesk();
+    openFileManager(DrivenFileManager::kThunar);
+    ASSERT_TRUE(manager->selectAll(2));
+    start();
+    EXPECT_TRUE(eventually([this] {
+        if (tree().size() == 2)
+            feedByKey();
+        return cauldron->history().size() == 2;
+    }));
+}
+
+/// Without Latin letters on the keyboard no key gives the "c" of a copy.
+struct LayoutKeyTest : KeyTest, testing::WithParamInterface<const DrivenFileManager*> {};
+
+TEST_P(LayoutKeyTest, FeedsTheSelectionWithAKeyboardWithoutLatinLetters) {
+    openDesk();
+    start();
+    openFileManager(*GetParam());
+    ASSERT_TRUE(manager->selectAll(2));
+    session->run({"setxkbmap", "ru"});
+    feedByKey();
+    ASSERT_TRUE(cauldron->records(2));
+    EXPECT_TRUE(tree().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , LayoutKeyTest, testing::Values(&DrivenFileManager::kThunar, &DrivenFileManager::kPcmanfmQt),
+    [](const auto& one) {
+        return std::string(one.param == &DrivenFileManager::kThunar ? "Thunar" : "PcmanfmQt");
+    });
+
+} // namespace
+} // namespace vexmoor
