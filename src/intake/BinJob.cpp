@@ -6,8 +6,8 @@ namespace vexmoor {
 
 BinJob::BinJob(JournalKind kind, const UserDirectories& directories, Journal& journal,
                WorkMeter& meter, std::int64_t lastRecorded)
-    : m_kind(kind), m_journal(journal), m_meter(meter), m_lastRecorded(lastRecorded),
-      m_disposer(directories, &meter) {}
+    : m_kind(kind), m_meter(meter), m_disposer(directories, &meter),
+      m_journal(journal, kind, DisposeMode::bin, lastRecorded) {}
 
 BinJob::Output BinJob::run(const std::vector<Sacrifice>& items, std::set<Uuid>& takenOut) {
     for (const auto& item : items) {
@@ -22,19 +22,13 @@ BinJob::Output BinJob::run(const std::vector<Sacrifice>& items, std::set<Uuid>& 
             handle(item);
     }
     takenOut.insert(m_output.done.begin(), m_output.done.end());
-    if (m_writer) {
-        m_output.journalNumber = m_writer->number();
-        // The last outcome only saves a look at the disk, should this process die before the
-        // commit.
-        (void)m_writer->flush();
-    }
+    m_output.journalNumber = m_journal.end();
     return std::move(m_output);
 }
 
 void BinJob::handle(const Sacrifice& item) {
     auto landing = act(item);
-    if (m_writer)
-        m_writer->conclude(item.id, landing.ok());
+    m_journal.conclude(item.id, landing.ok());
     if (landing) {
         m_output.result.done.push_back(item);
         if (m_kind == JournalKind::putBack)
@@ -57,23 +51,13 @@ Result<Path> BinJob::act(const Sacrifice& item) {
         entry.inode = status.identity.inode;
         if (!landing.empty())
             entry.destination = landing;
-        return intend(entry);
+        return m_journal.intend(entry);
     };
     if (m_kind == JournalKind::putBack)
         return m_disposer.restore(place, record, willLeave);
     if (auto erased = m_disposer.erase(place, record, willLeave); !erased)
         return std::move(erased).error();
     return place;
-}
-
-Result<void> BinJob::intend(const JournalEntry& entry) {
-    if (!m_writer) {
-        auto begun = m_journal.begin(m_kind, DisposeMode::bin, m_lastRecorded);
-        if (!begun)
-            return std::move(begun).error();
-        m_writer = *std::move(begun);
-    }
-    return m_writer->intend(entry);
 }
 
 } // namespace vexmoor

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "disposal/Disposer.h"
-#include "disposal/Journal.h"
+#include "intake/BatchJournal.h"
 #include "intake/BatchResult.h"
 
 #include <set>
@@ -29,14 +29,11 @@ class BinJob {
   private:
     void handle(const Sacrifice& item);
     Result<Path> act(const Sacrifice& item);
-    Result<void> intend(const JournalEntry& entry);
 
     JournalKind m_kind;
-    Journal& m_journal;
     WorkMeter& m_meter;
-    std::int64_t m_lastRecorded;
     Disposer m_disposer;
-    std::unique_ptr<JournalWriter> m_writer;
+    BatchJournal m_journal;
     Output m_output;
 };
 

@@ -4,7 +4,8 @@ namespace vexmoor {
 
 DisposalJob::DisposalJob(Input input, Surroundings surroundings)
     : m_input(std::move(input)), m_surroundings(std::move(surroundings)),
-      m_disposer(m_surroundings.directories, &m_surroundings.meter) {}
+      m_disposer(m_surroundings.directories, &m_surroundings.meter),
+      m_journal(m_surroundings.journal, JournalKind::feed, m_input.mode, m_input.lastRecorded) {}
 
 DisposalJob::Output DisposalJob::run() {
     m_output.result.done.reserve(m_input.items.size()); // growing would hold them twice
@@ -15,12 +16,7 @@ DisposalJob::Output DisposalJob::run() {
         else
             handle(path);
     }
-    if (m_writer) {
-        m_output.journalNumber = m_writer->number();
-        // The last outcome only saves a look at the disk, should this process die before the
-        // commit.
-        (void)m_writer->flush();
-    }
+    m_output.journalNumber = m_journal.end();
     return std::move(m_output);
 }
 
@@ -70,32 +66,20 @@ Result<Sacrifice> DisposalJob::disposeOf(const HeldItem& item, std::int64_t byte
     sacrifice.date = m_surroundings.clock();
     sacrifice.original = item.path;
     if (m_input.mode == DisposeMode::dissolve)
-        if (auto intended = intend(entry); !intended)
+        if (auto intended = m_journal.intend(entry); !intended)
             return std::move(intended).error();
     auto place =
         m_disposer.dispose(item, m_input.mode, bytes, sacrifice.date, [&](const Path& wanted) {
             entry.sacrifice.trashed = wanted;
-            return intend(entry);
+            return m_journal.intend(entry);
         });
-    if (m_writer)
-        m_writer->conclude(sacrifice.id, place.ok());
+    m_journal.conclude(sacrifice.id, place.ok());
     if (!place)
         return std::move(place).error();
     sacrifice.trashed = *std::move(place);
     if (!sacrifice.trashed)
         sacrifice.original.reset();
     return std::move(sacrifice);
-}
-
-Result<void> DisposalJob::intend(const JournalEntry& entry) {
-    if (!m_writer) {
-        auto begun =
-            m_surroundings.journal.begin(JournalKind::feed, m_input.mode, m_input.lastRecorded);
-        if (!begun)
-            return std::move(begun).error();
-        m_writer = *std::move(begun);
-    }
-    return m_writer->intend(entry);
 }
 
 PicturePointer DisposalJob::pictureOf(const Path& path) {

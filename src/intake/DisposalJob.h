@@ -1,7 +1,7 @@
 #pragma once
 
 #include "disposal/Disposer.h"
-#include "disposal/Journal.h"
+#include "intake/BatchJournal.h"
 #include "intake/BatchResult.h"
 #include "progression/Progression.h"
 
@@ -52,14 +52,13 @@ class DisposalJob {
     void handle(const Path& path);
     Result<HeldItem> hold(const Path& path);
     Result<Sacrifice> disposeOf(const HeldItem& item, std::int64_t bytes);
-    Result<void> intend(const JournalEntry& entry);
     PicturePointer pictureOf(const Path& path);
     void addPicture(PicturePointer picture);
 
     Input m_input;
     Surroundings m_surroundings;
     Disposer m_disposer;
-    std::unique_ptr<JournalWriter> m_writer;
+    BatchJournal m_journal;
     std::size_t m_picturesLoaded = 0;
     Output m_output;
 };

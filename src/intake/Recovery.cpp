@@ -1,7 +1,7 @@
 #include "Recovery.h"
 
 #include "disposal/Disposer.h"
-#include "intake/Intake.h"
+#include "intake/Settlement.h"
 
 #include <algorithm>
 
@@ -75,7 +75,7 @@ class Recoverer {
 
     /// A batch with items on a volume that is not there stays open and is told of once.
     void settle(const JournalBatch& batch) {
-        const bool isNew = batch.number > m_defaults.integer(Intake::kRecordedKey).value_or(0);
+        const bool isNew = batch.number > m_defaults.integer(Settlement::kRecordedKey).value_or(0);
         const auto waiting = std::ranges::find_if(batch.entries, mustWait);
         const bool waits = waiting != batch.entries.end();
         if (isNew || !waits) {
@@ -135,7 +135,7 @@ class Recoverer {
                 break;
             }
             if (isNew)
-                m_defaults.assign(Intake::kRecordedKey, batch.number);
+                m_defaults.assign(Settlement::kRecordedKey, batch.number);
         });
     }
 

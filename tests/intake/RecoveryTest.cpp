@@ -99,7 +99,7 @@ TEST_F(RecoveryTest, DecidesNothingOfAVolumeThatIsNotThere) {
                 entry.sacrifice.id = Uuid::generate(); // the ledger has yet to hear of it
             if (kind == Kind::putBack)
                 entry.destination = original;
-            const auto recorded = program->defaults->integer(Intake::kRecordedKey).value_or(0);
+            const auto recorded = program->defaults->integer(Settlement::kRecordedKey).value_or(0);
             ASSERT_TRUE((*program->journal.begin(kind, DisposeMode::bin, recorded))->intend(entry));
             if (happened ? kind != Kind::feed : kind == Kind::feed)
                 std::filesystem::rename(place, kind == Kind::erase ? home / "gone" : original);
