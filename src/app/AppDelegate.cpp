@@ -64,8 +64,8 @@ AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBu
       m_sizzle(m_audio), m_thumbnails(Thumbnail::forSession()),
       m_undoKey(std::make_unique<NoUndoKey>()), m_work(std::make_unique<SerialQueue>()),
       m_intake({stores.directories(), stores.defaults(), m_ledger, m_settings, m_progression,
-                stores.journal(), &m_undoStack, m_main, *m_work, m_alerts, m_animator, m_sizzle,
-                *m_thumbnails, *m_undoKey, &Date::now}),
+                binnedItems(), stores.journal(), &m_undoStack, m_main, *m_work, m_alerts,
+                m_animator, m_sizzle, *m_thumbnails, *m_undoKey, &Date::now}),
       m_sessionLock(bus, QDBusConnection::systemBus()),
       m_updater(QDBusConnection::systemBus(), QCoreApplication::applicationFilePath()) {
     tellOfStoreFailures();
@@ -98,14 +98,18 @@ void AppDelegate::recordCutOffBatches() {
     if (m_stores.defaults().setAside())
         m_alerts.report(damagedStore(*m_stores.defaults().setAside()));
     const auto report = recover(m_stores.journal(), m_stores.defaults(), m_ledger, m_progression,
-                                m_stores.directories());
+                                binnedItems(), m_stores.directories());
     const auto recorded = report.disposed + report.putBack + report.deleted;
     if (recorded > 0)
         m_notifications.post({"recovery", "An earlier batch was cut off",
                               "What it had done is recorded now: " + std::to_string(recorded) +
                                   (recorded == 1 ? " item." : " items.")});
+    if (!report.failures.empty())
+        m_alerts.report(intakeFailures(report.failures));
     for (const auto& problem : report.problems)
         m_alerts.report(journalFailure(problem));
+    if (!report.unlocked.empty())
+        m_progression.notify(report.unlocked);
 }
 
 /// Not before what a crash cut off is recorded: a command begins a batch.
@@ -204,7 +208,7 @@ void AppDelegate::act(const QString& action) {
 }
 
 BinnedItems AppDelegate::binnedItems() const {
-    return {m_ledger, m_stores.journal()};
+    return {m_ledger, m_stores.defaults().records()};
 }
 
 /// The newest batch of this run or of an earlier one.

@@ -50,6 +50,13 @@ Result<Path> Bin::put(const HeldItem& item, std::int64_t bytes, Date date,
     return place;
 }
 
+Result<Path> Bin::expectedPlace(const HeldItem& item) {
+    auto bin = binFor(item);
+    if (!bin)
+        return std::move(bin).error();
+    return (*bin)->expectedPlace(item.name);
+}
+
 Result<TrashDirectory*> Bin::binFor(const HeldItem& item) {
     const auto mount = item.parent->status.mountId;
     if (const auto found = m_byMount.find(mount); found != m_byMount.end())

@@ -24,6 +24,9 @@ class Bin {
     Result<Path> put(const HeldItem& item, std::int64_t bytes, Date date,
                      const PlaceObserver& willTake);
 
+    /// The place that put() will most likely find for the item.
+    Result<Path> expectedPlace(const HeldItem& item);
+
     /// Moves a binned item to the record's path, or beside it under a numbered name where that is
     /// taken; missing folders are made. Answers where it landed. Only the item of the record
     /// leaves, whatever else lies at its place by now (TrashDirectory::find).

@@ -55,6 +55,15 @@ class DisposalCategory : public std::error_category {
             return "Vexmoor keeps its history here.";
         case DisposalError::isOnTheWay:
             return "It is on its way into the cauldron already.";
+        case DisposalError::journalLost:
+            return "The journal is empty or gone, though batches were noted in it. Items of the "
+                   "last ones may be in the Bin without a record";
+        case DisposalError::volumeAway:
+            return "It was being dissolved on a volume that is not there now.";
+        case DisposalError::failedBefore:
+            return "It failed before the batch was cut off";
+        case DisposalError::ambiguous:
+            return "Several items are meant by this";
         }
         return "Unknown error";
     }
@@ -79,6 +88,15 @@ std::string describe(const Error& error) {
                " is in the Bin of a volume that is not there now.";
     if (error.code == DisposalError::journalSetAside)
         return error.message() + " as " + displayText(error.path.native()) + ".";
+    if (error.code == DisposalError::journalLost)
+        return error.message() + " (" + displayText(error.path.native()) + ").";
+    if (error.code == DisposalError::volumeAway)
+        return displayText(lastComponent(error.path)) +
+               " was being dissolved on a volume that is not there now.";
+    if (error.code == DisposalError::failedBefore)
+        return error.message() + (error.operation.empty() ? "." : ": " + error.operation);
+    if (error.code == DisposalError::ambiguous)
+        return error.message() + ": " + error.operation + ". Name one by its id or its path.";
     if (error.code == DisposalError::partlyRemoved)
         return error.message() + ": " + error.operation + ".";
     if (error.code.category() == disposalCategory())

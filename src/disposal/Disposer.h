@@ -43,6 +43,14 @@ class Disposer {
     Result<void> erase(const Path& place, const TrashInfo& record,
                        const DepartureObserver& willLeave);
 
+    /// The place in the Bin that the item will most likely take: only a guess.
+    Result<Path> expectedPlace(const HeldItem& item) { return m_bin.expectedPlace(item); }
+
+    /// Where the item's volume is mounted; nullopt if it can't be told.
+    [[nodiscard]] std::optional<Path> mountPointOf(const HeldItem& item) {
+        return m_mounts.mountPoint(item.parent->status.mountId);
+    }
+
     /// See Bin::removeLeftInfo.
     void removeLeftInfo(const Path& place, const Path& original);
 

@@ -185,6 +185,25 @@ Result<Path> TrashDirectory::take(const HeldItem& item, std::int64_t bytes, cons
     return disposalError(DisposalError::noFreeName);
 }
 
+Path TrashDirectory::expectedPlace(const std::string& name) {
+    const unsigned first = name == m_expectedClashName ? m_expectedClashNumber : 1;
+    std::string stored;
+    for (unsigned attempt = 0; attempt < kNamesInOrder; ++attempt) {
+        const unsigned number = first + attempt;
+        stored = storedName(name, number);
+        if (m_expected.contains(stored) || fileStatus(m_files.get(), stored.c_str()) ||
+            fileStatus(m_info.get(), infoName(stored).c_str()))
+            continue;
+        if (number > 1) {
+            m_expectedClashName = name;
+            m_expectedClashNumber = number + 1;
+        }
+        break;
+    }
+    m_expected.insert(stored);
+    return m_path / "files" / stored;
+}
+
 Result<void> TrashDirectory::writeInfo(const std::string& name, const std::string& text) {
     const std::string file = infoName(name);
     FileDescriptor info(::openat(m_info.get(), file.c_str(),

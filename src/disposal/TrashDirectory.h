@@ -6,6 +6,7 @@
 #include "disposal/WorkMeter.h"
 
 #include <functional>
+#include <set>
 
 namespace vexmoor {
 
@@ -35,6 +36,10 @@ class TrashDirectory {
     /// A folder's allocated bytes go into directorysizes at the next flushSizes().
     Result<Path> take(const HeldItem& item, std::int64_t bytes, const TrashInfo& info,
                       const PlaceObserver& willTake);
+
+    /// The place that take() will most likely find for an item of that name, after those that were
+    /// expected for others before.
+    Path expectedPlace(const std::string& name);
 
     /// The item of that stored name, if it is still the one of the record: its info file says the
     /// record's path, which is absolute there, and its date where the record has one. Fails with
@@ -78,6 +83,9 @@ class TrashDirectory {
     DirectorySizes m_sizes;
     std::string m_lastClashName;
     unsigned m_lastClashNumber = 1;
+    std::set<std::string> m_expected;
+    std::string m_expectedClashName;
+    unsigned m_expectedClashNumber = 1;
 };
 
 } // namespace vexmoor

@@ -8,23 +8,32 @@ namespace vexmoor {
 /// does nothing leaves none. One thread.
 class BatchJournal {
   public:
-    BatchJournal(Journal& journal, JournalKind kind, DisposeMode mode, std::int64_t lastRecorded)
-        : m_journal(journal), m_kind(kind), m_mode(mode), m_lastRecorded(lastRecorded) {}
+    BatchJournal(Journal& journal, JournalKind kind, DisposeMode mode, const JournalStart& start)
+        : m_journal(journal), m_kind(kind), m_mode(mode), m_start(start) {}
 
-    /// Without success nothing may be done to the item.
+    /// Gathers an intent; it counts when sync() puts it on the disk.
     Result<void> intend(const JournalEntry& entry);
 
-    /// How an item ended whose intent was noted; ignored where none was.
-    void conclude(const Uuid& id, bool done);
+    /// Without success nothing may be done to the items whose intents were gathered.
+    Result<void> sync();
 
-    /// Writes the last outcomes and returns the journal's number, nullopt if none was begun.
-    std::optional<std::int64_t> end();
+    /// Both for one more item, or for one that goes another way than was intended.
+    Result<void> intendNow(const JournalEntry& entry);
+
+    /// Work on an item has begun that may be cut off in its middle.
+    void begin(const Uuid& id);
+
+    /// How an item ended whose intent was noted; ignored where none was.
+    void conclude(const Uuid& id, const std::optional<Error>& failure);
+
+    /// Writes the last outcomes; nullopt if none was begun.
+    std::optional<JournalMark> end();
 
   private:
     Journal& m_journal;
     JournalKind m_kind;
     DisposeMode m_mode;
-    std::int64_t m_lastRecorded;
+    JournalStart m_start;
     std::unique_ptr<JournalWriter> m_writer;
 };
 

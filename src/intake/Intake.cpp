@@ -59,8 +59,7 @@ std::vector<Sacrifice> restorable(std::vector<Sacrifice> items) {
 
 } // namespace
 
-Intake::Intake(Parts parts)
-    : m_parts(std::move(parts)), m_settlement(m_parts.defaults, m_parts.journal) {}
+Intake::Intake(Parts parts) : m_parts(std::move(parts)), m_settlement(m_parts.defaults) {}
 
 void Intake::consume(const std::vector<Path>& items, bool fromFinder, BatchCompletion completion,
                      const BatchOptions& options) {
@@ -131,15 +130,14 @@ void Intake::prefetch(const std::shared_ptr<Batch>& batch) {
 }
 
 void Intake::dispose(const std::shared_ptr<Batch>& batch) {
-    m_parts.work.post([this, batch, recorded = m_settlement.lastRecorded()] {
-        DisposalJob job({batch->fed.items, batch->mode, batch->fed.seen,
-                         std::move(batch->thumbnails), recorded},
-                        {m_parts.directories, m_parts.journal, m_parts.thumbnails, *batch->meter,
-                         m_parts.clock, [this](std::vector<PicturePointer> pictures) {
-                             m_parts.main.post([this, pictures = std::move(pictures)] {
-                                 m_parts.animation.play(pictures);
-                             });
-                         }});
+    m_parts.work.post([this, batch, start = m_settlement.start()] {
+        DisposalJob job(
+            {batch->fed.items, batch->mode, batch->fed.seen, std::move(batch->thumbnails), start},
+            {m_parts.directories, m_parts.journal, m_parts.thumbnails, *batch->meter, m_parts.clock,
+             [this](std::vector<PicturePointer> pictures) {
+                 m_parts.main.post(
+                     [this, pictures = std::move(pictures)] { m_parts.animation.play(pictures); });
+             }});
         const auto output = std::make_shared<DisposalJob::Output>(job.run());
         m_parts.main.post([this, batch, output] { complete(*batch, std::move(*output)); });
     });
@@ -151,11 +149,11 @@ void Intake::complete(Batch& batch, DisposalJob::Output output) {
         m_inFlight.erase(item.native());
     if (!output.animationStarted && !output.pictures.empty())
         m_parts.animation.play(std::move(output.pictures));
-    result.storeError =
-        m_settlement.commit(output.journalNumber, JournalKind::feed, batch.mode, [&] {
-            m_parts.ledger.record(result.done);
-            result.unlocked = m_parts.progression.record(output.offerings, batch.mode);
-        });
+    result.storeError = m_settlement.commit(output.journal, [&] {
+        m_parts.ledger.record(result.done);
+        m_parts.binnedItems.add(output.journal ? output.journal->number : 0, result.done);
+        result.unlocked = m_parts.progression.record(output.offerings, batch.mode);
+    });
     registerUndo(result.done, batch.fromFinder);
     result.failures.insert(result.failures.begin(), batch.fed.refused.begin(),
                            batch.fed.refused.end());
@@ -182,7 +180,7 @@ void Intake::registerUndo(const std::vector<Sacrifice>& done, bool fromFinder) {
 
 void Intake::restore(std::vector<Sacrifice> items, BatchCompletion completion,
                      const BatchOptions& options) {
-    auto wanted = restorable(refreshed(std::move(items)));
+    auto wanted = m_parts.binnedItems.current(std::move(items));
     if (wanted.empty()) {
         finishWithoutItems(JournalKind::putBack, std::move(completion), options);
         return;
@@ -211,14 +209,11 @@ void Intake::deleteImmediately(std::vector<Sacrifice> items, BatchCompletion com
 /// What left the Bin while the user was asked is told as gone.
 void Intake::beginDeletion(const std::vector<Sacrifice>& items, BatchCompletion completion,
                            BatchOptions options) {
-    std::vector<Sacrifice> wanted;
-    for (auto& item : refreshed(items)) {
-        if (item.canRestore())
-            wanted.push_back(std::move(item));
-        else
+    auto wanted = m_parts.binnedItems.current(items);
+    for (const auto& item : items)
+        if (std::ranges::find(wanted, item.id, &Sacrifice::id) == wanted.end())
             options.missing.push_back({item.name, disposalError(DisposalError::goneFromBin,
                                                                 item.trashed.value_or(item.name))});
-    }
     if (wanted.empty())
         finishWithoutItems(JournalKind::erase, std::move(completion), options);
     else
@@ -245,10 +240,10 @@ void Intake::finishWithoutItems(JournalKind kind, BatchCompletion completion,
 }
 
 void Intake::runBinJob(const std::shared_ptr<BinBatch>& batch) {
-    m_parts.work.post([this, batch, recorded = m_settlement.lastRecorded()] {
-        BinJob job(batch->kind, m_parts.directories, m_parts.journal, *batch->meter, recorded);
-        const auto output =
-            std::make_shared<BinJob::Output>(job.run(batch->items, *batch->takenOut));
+    m_parts.work.post([this, batch, start = m_settlement.start()] {
+        BinJob job(batch->kind, m_parts.directories, m_parts.journal, *batch->meter, start,
+                   batch->items, *batch->takenOut);
+        const auto output = std::make_shared<BinJob::Output>(job.run());
         m_parts.main.post([this, batch, output] { completeBinJob(*batch, std::move(*output)); });
     });
 }
@@ -256,13 +251,8 @@ void Intake::runBinJob(const std::shared_ptr<BinBatch>& batch) {
 void Intake::completeBinJob(BinBatch& batch, BinJob::Output output) {
     auto& result = output.result;
     const bool isPutBack = batch.kind == JournalKind::putBack;
-    const std::set<Uuid> none;
     if (!batch.items.empty())
-        result.storeError =
-            m_settlement.commit(output.journalNumber, batch.kind, DisposeMode::bin, [&] {
-                m_parts.ledger.mark(isPutBack ? output.done : none, output.lost,
-                                    isPutBack ? none : output.done);
-            });
+        result.storeError = m_settlement.commit(output.journal, [&] { mark(output, isPutBack); });
     result.failures.insert(result.failures.begin(), batch.missing.begin(), batch.missing.end());
     tell(batch.dialogs, result);
     if (!result.failures.empty())
@@ -272,17 +262,16 @@ void Intake::completeBinJob(BinBatch& batch, BinJob::Output output) {
     m_batches.end(batch.meter);
 }
 
-Dialogs& Intake::dialogsOf(const BatchOptions& options) const {
-    return options.dialogs != nullptr ? *options.dialogs : m_parts.dialogs;
+void Intake::mark(const BinJob::Output& output, bool isPutBack) {
+    const std::set<Uuid> none;
+    m_parts.ledger.mark(isPutBack ? output.done : none, output.lost,
+                        isPutBack ? none : output.done);
+    m_parts.binnedItems.remove(output.done);
+    m_parts.binnedItems.remove(output.lost);
 }
 
-std::vector<Sacrifice> Intake::refreshed(std::vector<Sacrifice> items) const {
-    const auto& recent = m_parts.ledger.recent.get();
-    for (auto& item : items)
-        if (const auto known = std::ranges::find(recent, item.id, &Sacrifice::id);
-            known != recent.end())
-            item = *known;
-    return items;
+Dialogs& Intake::dialogsOf(const BatchOptions& options) const {
+    return options.dialogs != nullptr ? *options.dialogs : m_parts.dialogs;
 }
 
 void Intake::disarm(bool fromFinder) {

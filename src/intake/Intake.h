@@ -4,6 +4,7 @@
 #include "disposal/Ledger.h"
 #include "disposal/Settings.h"
 #include "intake/BinJob.h"
+#include "intake/BinnedItems.h"
 #include "intake/DisposalJob.h"
 #include "intake/FedItems.h"
 #include "intake/RunningBatches.h"
@@ -40,6 +41,7 @@ class Intake {
         Ledger& ledger;
         Settings& settings;
         Progression& progression;
+        BinnedItems binnedItems;
         Journal& journal;
         UndoStack* undoStack; ///< none where nothing is ever undone
         Executor& main;
@@ -105,8 +107,8 @@ class Intake {
                             const BatchOptions& options);
     void runBinJob(const std::shared_ptr<BinBatch>& batch);
     void completeBinJob(BinBatch& batch, BinJob::Output output);
+    void mark(const BinJob::Output& output, bool isPutBack);
     [[nodiscard]] Dialogs& dialogsOf(const BatchOptions& options) const;
-    [[nodiscard]] std::vector<Sacrifice> refreshed(std::vector<Sacrifice> items) const;
     void disarm(bool fromFinder);
 
     Parts m_parts;

@@ -4,41 +4,37 @@
 #include "disposal/Journal.h"
 
 #include <functional>
-#include <vector>
 
 namespace vexmoor {
 
-/// Stores what batches changed, each with its journal's number, and closes the journals. Main
-/// thread.
+/// Stores what batches changed, each with its mark in the journal. Main thread.
 class Settlement {
   public:
-    /// Key of the newest journal's number that is in the stores.
+    /// Number of the newest batch that is in the stores, and where it ends in the journal.
     static constexpr const char* kRecordedKey = "journal.recorded";
+    static constexpr const char* kPositionKey = "journal.position";
 
-    Settlement(UserDefaults& defaults, Journal& journal)
-        : m_defaults(defaults), m_journal(journal) {}
+    explicit Settlement(UserDefaults& defaults) : m_defaults(defaults) {}
 
-    /// One transaction for all that a batch changes, its journal's number included: from then on
-    /// the journal has nothing to add, nor have those whose changes could not be stored before.
-    std::optional<Error> commit(std::optional<std::int64_t> journalNumber, JournalKind kind,
-                                DisposeMode mode, const std::function<void()>& changes);
+    /// One transaction for all that a batch changes, its mark included: from then on the journal
+    /// has nothing to add, nor for batches whose changes could not be stored before. Where it has
+    /// the batch, the transaction needs no sync.
+    std::optional<Error> commit(const std::optional<JournalMark>& mark,
+                                const std::function<void()>& changes);
 
     /// Tries again to store what could not be stored.
     void storeLeftOver();
 
-    [[nodiscard]] std::int64_t lastRecorded() const;
+    /// For the batch that begins next. The stores are brought to the disk where the journal is full
+    /// and can begin again.
+    [[nodiscard]] JournalStart start();
+
+    static JournalPosition position(const UserDefaults& defaults);
+    static void assign(UserDefaults& defaults, const JournalMark& mark);
 
   private:
-    /// A journal that stays open as the stores could not be written.
-    struct Unsettled {
-        std::int64_t journal;
-        JournalKind kind;
-        DisposeMode mode;
-    };
-
     UserDefaults& m_defaults;
-    Journal& m_journal;
-    std::vector<Unsettled> m_unsettled;
+    bool m_hasLeftOver = false;
 };
 
 } // namespace vexmoor

@@ -64,14 +64,14 @@ Progression::Progression(UserDefaults& defaults, const Ledger* ledger, Clock clo
     m_onSkinChosen(skin);
 }
 
-std::vector<Achievement> Progression::record(std::span<const Offering> offerings,
-                                             DisposeMode mode) {
+std::vector<Achievement> Progression::record(std::span<const Offering> offerings, DisposeMode mode,
+                                             std::optional<Date> moment) {
     if (offerings.empty())
         return {};
     auto updated = progress();
     for (const auto& offering : offerings)
         add(updated, offering, mode);
-    advanceStreak(updated);
+    advanceStreak(updated, moment);
     std::vector<Achievement> earned;
     for (const auto& achievement : Achievement::all())
         if (!isUnlocked(updated, achievement) &&
@@ -83,8 +83,10 @@ std::vector<Achievement> Progression::record(std::span<const Offering> offerings
     return earned;
 }
 
-void Progression::advanceStreak(Progress& progress) const {
-    const Date today = m_calendar.startOfDay(m_clock());
+void Progression::advanceStreak(Progress& progress, std::optional<Date> moment) const {
+    const Date today = m_calendar.startOfDay(moment.value_or(m_clock()));
+    if (moment && progress.lastDay && today < *progress.lastDay)
+        return;
     const auto days =
         progress.lastDay ? m_calendar.daysBetween(*progress.lastDay, today) : std::nullopt;
     if (!progress.lastDay)

@@ -127,16 +127,19 @@ class IntakeTest : public testing::Test {
                            .value()),
               ledger(*defaults, test.clock.clock()), settings(*defaults),
               progression(*defaults, &ledger, test.clock.clock(), test.around, [](const Skin&) {}),
-              recovery(recover(journal, *defaults, ledger, progression, test.directories())),
-              intake({test.directories(), *defaults, ledger, settings, progression, journal,
-                      &undoStack, main, work, test.around, test.around, test.around, test.around,
-                      test.around, test.clock.clock()}) {}
+              binnedItems(ledger, defaults->records()),
+              recovery(recover(journal, *defaults, ledger, progression, binnedItems,
+                               test.directories())),
+              intake({test.directories(), *defaults, ledger, settings, progression, binnedItems,
+                      journal, &undoStack, main, work, test.around, test.around, test.around,
+                      test.around, test.around, test.clock.clock()}) {}
 
         Journal journal;
         std::unique_ptr<SqliteUserDefaults> defaults;
         Ledger ledger;
         Settings settings;
         Progression progression;
+        BinnedItems binnedItems;
         RecoveryReport recovery;
         UndoStack undoStack;
         PlainQueue main;
@@ -171,6 +174,7 @@ class IntakeTest : public testing::Test {
         item.trashed = home.write(bin / "files" / name, name);
         home.write(bin / "info" / (name + ".trashinfo"), TrashInfo{name, item.date}.toText());
         program->ledger.record({item});
+        program->binnedItems.add(0, {item});
         return *item.original;
     }
 

@@ -304,7 +304,7 @@ TEST_F(IntakeTest, TakesAnItemOutOnceHoweverManyOrdersWait) {
 TEST_F(IntakeTest, TellsOfBinnedItemsThatWereNotFoundWithTheRest) {
     feed(make({"a"}));
     around.events.clear();
-    const BinnedItems binned(program->ledger, program->journal);
+    const BinnedItems& binned = program->binnedItems;
     for (const bool isAlone : {true, false}) {
         auto [items, missing] = binned.toPutBack(
             isAlone ? std::vector<std::string>{"b"}
@@ -356,18 +356,15 @@ TEST_F(IntakeTest, RecordsWhatCouldNotBeSavedTogetherWithWhatIsDoneNext) {
         EXPECT_TRUE(feed({items[1]}).storeError);
         database.run("DROP TRIGGER refuse");
     }
-    EXPECT_EQ(program->journal.open().size(), 1U);
     program->intake.storeLeftOver();
-    EXPECT_THAT(names(BinnedItems(program->ledger, program->journal).lastBatch()),
-                ElementsAre("b"));
+    EXPECT_THAT(names(program->binnedItems.lastBatch()), ElementsAre("b"));
     program->intake.restore(first);
     settle();
     EXPECT_TRUE(exists(items[0]));
-    EXPECT_THAT(program->journal.open(), IsEmpty());
+    EXPECT_FALSE(needsRecovery(program->journal, *program->defaults));
     start();
     EXPECT_EQ(program->ledger.count.get(), 2);
-    EXPECT_THAT(names(BinnedItems(program->ledger, program->journal).lastBatch()),
-                ElementsAre("b"));
+    EXPECT_THAT(names(program->binnedItems.lastBatch()), ElementsAre("b"));
 }
 
 TEST_F(IntakeTest, BeginsWhatWasSaidYesToWhileOtherQuestionsWait) {

@@ -18,6 +18,29 @@ class RecoveryTest : public IntakeTest {
         }
         start();
     }
+
+    /// An item at the path, and the place in the Bin that it is about to take or leave.
+    [[nodiscard]] JournalEntry entryFor(const Path& item, const Path& place) const {
+        JournalEntry entry;
+        entry.sacrifice.id = Uuid::generate();
+        entry.sacrifice.name = item.filename();
+        entry.sacrifice.date = clock.now;
+        entry.sacrifice.original = item;
+        entry.sacrifice.trashed = place;
+        entry.inode = identityAt(item).inode;
+        return entry;
+    }
+
+    /// As a process does it that dies then.
+    void noteIntents(JournalKind kind, const std::vector<JournalEntry>& entries,
+                     DisposeMode mode = DisposeMode::bin) const {
+        const auto writer =
+            program->journal.begin(kind, mode, Settlement(*program->defaults).start());
+        ASSERT_TRUE(writer);
+        for (const auto& entry : entries)
+            (*writer)->intend(entry);
+        ASSERT_TRUE((*writer)->sync());
+    }
 };
 
 TEST_F(RecoveryTest, RecordsOnceWhatACutOffBatchHadDone) {
@@ -59,30 +82,28 @@ TEST_F(RecoveryTest, RecordsCutOffDissolvesPutBacksAndDeletions) {
 }
 
 TEST_F(RecoveryTest, LooksAtTheDiskForIntentsWithoutAnOutcome) {
-    feed(make({"moved", "not moved", "never tried"}));
-    const auto moved = recent()[2];
-    const auto notMoved = recent()[1];
-    program.reset();
-    // As if the last batch were cut off at its second item: info reserved, nothing moved.
-    const Path journal = directories().ownData() / "journal";
-    std::filesystem::rename(*notMoved.trashed, *notMoved.original);
-    std::string text = contents(journal / "1.closed");
-    const auto firstDone = text.find("{\"done\"");
-    const auto secondDone = text.find("{\"done\"", firstDone + 1);
-    std::ofstream(journal / "1.open", std::ios::binary)
-        << text.substr(0, firstDone)
-        << text.substr(text.find('\n', firstDone) + 1, secondDone - text.find('\n', firstDone) - 1)
-        << "{\"intent\":{\"id\":\"torn";
-    std::filesystem::remove(journal / "1.closed");
-    for (const char* suffix : {"", "-wal", "-shm"})
-        std::filesystem::remove(directories().ownData() / ("defaults.db" + std::string(suffix)));
+    const auto items = make({"moved", "not moved", "never tried"});
+    const Path bin = directories().dataHome / "Trash";
+    std::vector<JournalEntry> entries;
+    for (const auto& item : items)
+        entries.push_back(entryFor(item, bin / "files" / item.filename()));
+    noteIntents(JournalKind::feed, entries);
+    // As if the batch were cut off at its second item: info written, nothing moved.
+    for (const char* const name : {"moved", "not moved"})
+        home.write(Path(".local/share/Trash/info") / (std::string(name) + ".trashinfo"),
+                   TrashInfo{home / name, clock.now}.toText());
+    std::filesystem::create_directories(bin / "files");
+    std::filesystem::rename(items[0], bin / "files/moved");
     start();
     EXPECT_EQ(program->recovery.disposed, 1);
     ASSERT_EQ(recent().size(), 1U);
-    EXPECT_EQ(recent()[0].id, moved.id);
-    EXPECT_TRUE(exists(*notMoved.original));
-    EXPECT_FALSE(exists(directories().dataHome / "Trash/info/not moved.trashinfo"));
-    EXPECT_TRUE(exists(directories().dataHome / "Trash/info/moved.trashinfo"));
+    EXPECT_EQ(recent()[0].id, entries[0].sacrifice.id);
+    EXPECT_TRUE(exists(items[1]));
+    EXPECT_FALSE(exists(bin / "info/not moved.trashinfo"));
+    EXPECT_TRUE(exists(bin / "info/moved.trashinfo"));
+    program->intake.restore(program->binnedItems.lastBatch());
+    settle();
+    EXPECT_EQ(contents(items[0]), "moved");
 }
 
 TEST_F(RecoveryTest, DecidesNothingOfAVolumeThatIsNotThere) {
@@ -99,8 +120,7 @@ TEST_F(RecoveryTest, DecidesNothingOfAVolumeThatIsNotThere) {
                 entry.sacrifice.id = Uuid::generate(); // the ledger has yet to hear of it
             if (kind == Kind::putBack)
                 entry.destination = original;
-            const auto recorded = program->defaults->integer(Settlement::kRecordedKey).value_or(0);
-            ASSERT_TRUE((*program->journal.begin(kind, DisposeMode::bin, recorded))->intend(entry));
+            noteIntents(kind, {entry});
             if (happened ? kind != Kind::feed : kind == Kind::feed)
                 std::filesystem::rename(place, kind == Kind::erase ? home / "gone" : original);
             const auto count = program->ledger.count.get();
@@ -115,12 +135,12 @@ TEST_F(RecoveryTest, DecidesNothingOfAVolumeThatIsNotThere) {
             EXPECT_TRUE(program->recovery.problems.empty()) << "told once";
             EXPECT_TRUE(recent()[1].canRestore());
             EXPECT_EQ(program->ledger.count.get(), count + 1);
-            EXPECT_EQ(program->journal.open().size(), 1U);
+            EXPECT_TRUE(needsRecovery(program->journal, *program->defaults));
 
             std::filesystem::rename(home / "unplugged", home / "usb");
             for (int starts = 0; starts < 2; ++starts) {
                 start();
-                EXPECT_TRUE(program->journal.open().empty());
+                EXPECT_FALSE(needsRecovery(program->journal, *program->defaults));
                 const bool isRecorded = happened && kind == Kind::feed;
                 EXPECT_EQ(program->ledger.count.get(), count + (isRecorded ? 2 : 1));
                 const auto& item = recent()[isRecorded ? 0 : 1];
@@ -136,10 +156,10 @@ TEST_F(RecoveryTest, FindsTheWholeLastBatchHoweverLargeAfterARestart) {
     feed(make(90));
     feed(make({"newer"}));
     start();
-    BinnedItems binned(program->ledger, program->journal);
+    const BinnedItems& binned = program->binnedItems;
     EXPECT_EQ(binned.lastBatch().size(), 1U);
     EXPECT_EQ(binned.newest(60).size(), 60U);
-    ASSERT_TRUE(binned.find("item 3"));
+    ASSERT_EQ(binned.named({"item 3"}).items.size(), 1U);
     program->intake.restore(binned.lastBatch());
     settle();
     auto batch = binned.lastBatch();
@@ -149,15 +169,23 @@ TEST_F(RecoveryTest, FindsTheWholeLastBatchHoweverLargeAfterARestart) {
     for (int i = 0; i < 90; ++i)
         EXPECT_TRUE(exists(home / ("item " + std::to_string(i)))) << i;
     EXPECT_TRUE(binned.lastBatch().empty());
-    EXPECT_FALSE(binned.find("item 3"));
+    EXPECT_TRUE(binned.named({"item 3"}).items.empty());
 }
 
-TEST_F(RecoveryTest, KeepsTheJournalsOfTheNewestBatches) {
-    for (int i = 0; i < 25; ++i)
-        feed(make({"file"}));
-    EXPECT_LE(program->journal.closed().size(), Journal::kKept + 1);
-    EXPECT_EQ(program->journal.closed().front(), 25);
-    EXPECT_TRUE(program->journal.open().empty());
+TEST_F(RecoveryTest, PutsBackBatchByBatchHoweverLongAgo) {
+    constexpr int kBatches = 60;
+    for (int i = 0; i < kBatches; ++i)
+        feed(make({"a " + std::to_string(i), "b " + std::to_string(i)}));
+    for (int i = kBatches; i-- > 0;) {
+        start();
+        const auto batch = program->binnedItems.lastBatch();
+        ASSERT_EQ(batch.size(), 2U) << i;
+        EXPECT_EQ(batch[0].name, "b " + std::to_string(i));
+        program->intake.restore(batch);
+        settle();
+    }
+    EXPECT_TRUE(program->binnedItems.all().empty());
+    EXPECT_TRUE(exists(home / "a 0"));
 }
 
 TEST_F(RecoveryTest, SettlesAJournalThatWasCutOffBeforeItsFirstIntent) {
@@ -166,7 +194,7 @@ TEST_F(RecoveryTest, SettlesAJournalThatWasCutOffBeforeItsFirstIntent) {
         home.write(".local/share/vexmoor/journal/7.open", text);
         start();
         EXPECT_TRUE(program->recovery.problems.empty()) << text;
-        EXPECT_TRUE(program->journal.open().empty()) << text;
+        EXPECT_FALSE(needsRecovery(program->journal, *program->defaults)) << text;
     }
     EXPECT_EQ(program->ledger.count.get(), 0);
 }
@@ -174,7 +202,7 @@ TEST_F(RecoveryTest, SettlesAJournalThatWasCutOffBeforeItsFirstIntent) {
 TEST_F(RecoveryTest, LeavesTheJournalOfANewerVersionToThatVersion) {
     program.reset();
     const Path open =
-        home.write(".local/share/vexmoor/journal/7.open", "{\"journal\":2,\"kind\":\"new\"}\n");
+        home.write(".local/share/vexmoor/journal/7.open", "{\"journal\":3,\"kind\":\"new\"}\n");
     for (int starts = 0; starts < 2; ++starts) {
         start();
         EXPECT_EQ(program->recovery.problems.size(), 1U);
@@ -228,7 +256,8 @@ TEST_F(RecoveryTest, SetsAJournalAsideThatMakesNoSenseAndTellsOfItOnce) {
     EXPECT_EQ(program->ledger.count.get(), 0);
     EXPECT_EQ(contents(file), "a");
     feed({file});
-    EXPECT_EQ(program->journal.closed().front(), number + 1) << "its number is not given again";
+    EXPECT_EQ(program->defaults->integer(Settlement::kRecordedKey), number + 1)
+        << "its number is not given again";
 }
 
 } // namespace

@@ -60,6 +60,7 @@ extern "C" {
 
 VEXMOOR_WRAP(ssize_t, write, (int f, const void* b, size_t n), (f, b, n))
 VEXMOOR_WRAP(ssize_t, pwrite64, (int f, const void* b, size_t n, long o), (f, b, n, o))
+VEXMOOR_WRAP(ssize_t, pwrite, (int f, const void* b, size_t n, long o), (f, b, n, o))
 VEXMOOR_WRAP(int, renameat2, (int a, const char* b, int c, const char* d, unsigned e),
              (a, b, c, d, e))
 VEXMOOR_WRAP(int, renameat, (int a, const char* b, int c, const char* d), (a, b, c, d))

@@ -53,11 +53,13 @@ extern "C" {
 KILL_AFTER(int, openat, (int d, const char* p, int f, mode_t m), (d, p, f, m))
 KILL_AFTER(ssize_t, write, (int f, const void* b, size_t n), (f, b, n))
 KILL_AFTER(ssize_t, pwrite64, (int f, const void* b, size_t n, long o), (f, b, n, o))
+KILL_AFTER(ssize_t, pwrite, (int f, const void* b, size_t n, long o), (f, b, n, o))
 KILL_AFTER(int, renameat2, (int a, const char* b, int c, const char* d, unsigned e),
            (a, b, c, d, e))
 KILL_AFTER(int, rename, (const char* a, const char* b), (a, b))
 KILL_AFTER(int, unlinkat, (int a, const char* b, int c), (a, b, c))
 KILL_AFTER(int, unlink, (const char* a), (a))
 KILL_AFTER(int, fdatasync, (int a), (a))
+KILL_AFTER(int, close, (int a), (a))
 
 } // extern "C"
