@@ -50,7 +50,7 @@ void BinJob::handle(const Sacrifice& item) {
 /// Where the item is afterwards; of a deleted one, where it was.
 Result<Path> BinJob::act(const Sacrifice& item) {
     const Path place = *item.trashed;
-    const TrashInfo record{*item.original, item.date};
+    const BinRecord record = item.binRecord();
     const auto willLeave = [&](const FileStatus& status, const Path& landing) {
         JournalEntry entry;
         entry.sacrifice = item;

@@ -37,13 +37,13 @@ void DisposalJob::handle(const Path& path) {
         m_output.result.untouched.push_back(path);
         return;
     }
-    auto sacrifice = disposeOf(*item, bytes);
-    if (!sacrifice) {
-        m_output.result.failures.push_back({displayText(item->name), std::move(sacrifice).error()});
+    auto entry = disposeOf(*item, bytes);
+    if (!entry) {
+        m_output.result.failures.push_back({displayText(item->name), std::move(entry).error()});
         return;
     }
-    m_output.result.done.push_back(*std::move(sacrifice));
-    m_output.offerings.push_back({path, bytes, item->status.isFolder()});
+    m_output.offerings.push_back({path, entry->sacrifice.bytes, entry->isFolder});
+    m_output.result.done.push_back(std::move(entry->sacrifice));
     addPicture(std::move(picture));
 }
 
@@ -58,7 +58,7 @@ Result<HeldItem> DisposalJob::hold(const Path& path) {
     return item;
 }
 
-Result<Sacrifice> DisposalJob::disposeOf(const HeldItem& item, std::int64_t bytes) {
+Result<JournalEntry> DisposalJob::disposeOf(const HeldItem& item, std::int64_t bytes) {
     JournalEntry entry;
     entry.isFolder = item.status.isFolder();
     entry.inode = item.status.identity.inode;
@@ -72,19 +72,24 @@ Result<Sacrifice> DisposalJob::disposeOf(const HeldItem& item, std::int64_t byte
     if (m_input.mode == DisposeMode::dissolve)
         if (auto intended = intend(entry); !intended)
             return std::move(intended).error();
-    auto place =
+    auto disposed =
         m_disposer.dispose(item, m_input.mode, bytes, sacrifice.date, [&](const Path& wanted) {
             entry.sacrifice.trashed = wanted;
             return intend(entry);
         });
     if (m_writer)
-        m_writer->conclude(sacrifice.id, place.ok());
-    if (!place)
-        return std::move(place).error();
-    sacrifice.trashed = *std::move(place);
-    if (!sacrifice.trashed)
+        m_writer->conclude(sacrifice.id, disposed.ok());
+    if (!disposed)
+        return std::move(disposed).error();
+    sacrifice.bytes = disposed->bytes;
+    entry.isFolder = disposed->isFolder;
+    if (disposed->binned) {
+        sacrifice.trashed = disposed->binned->place;
+        sacrifice.facts = disposed->binned->facts;
+    } else {
         sacrifice.original.reset();
-    return std::move(sacrifice);
+    }
+    return entry;
 }
 
 Result<void> DisposalJob::intend(const JournalEntry& entry) {

@@ -51,7 +51,7 @@ class DisposalJob {
   private:
     void handle(const Path& path);
     Result<HeldItem> hold(const Path& path);
-    Result<Sacrifice> disposeOf(const HeldItem& item, std::int64_t bytes);
+    Result<JournalEntry> disposeOf(const HeldItem& item, std::int64_t bytes);
     Result<void> intend(const JournalEntry& entry);
     PicturePointer pictureOf(const Path& path);
     void addPicture(PicturePointer picture);

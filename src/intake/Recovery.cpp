@@ -103,6 +103,8 @@ class Recoverer {
             const bool isUnknown = entry.outcome == Outcome::unknown;
             if (isUnknown ? waits || isInLedger(batch.kind, entry.sacrifice.id) : !isNew)
                 continue;
+            if (isUnknown)
+                returnLeaving(entry);
             const bool didHappen = happened(batch, entry);
             if (isUnknown)
                 removeLeftInfo(batch, entry);
@@ -143,6 +145,14 @@ class Recoverer {
         const auto& recent = m_ledger.recent.get();
         const auto known = std::ranges::find(recent, id, &Sacrifice::id);
         return known != recent.end() && (kind == JournalKind::feed || !known->canRestore());
+    }
+
+    /// An item that was on its way out of the Bin is in none of its places.
+    void returnLeaving(const JournalEntry& entry) {
+        if (!entry.sacrifice.trashed)
+            return;
+        if (const auto returned = m_disposer.returnLeaving(*entry.sacrifice.trashed); !returned)
+            m_report.problems.push_back(returned.error());
     }
 
     /// An item that was on its way when the batch was cut off may have left an info file alone.

@@ -258,8 +258,10 @@ TEST_F(BinTest, DeletesFromTheBinAndKeepsTheInfoOfWhatCannotGo) {
     ASSERT_EQ(chmod((path() / "shared").c_str(), 01777), 0);
     giveToNobody();
     giveToNobody("shared/ours");
-    for (const auto* part : {".local", ".local/share", ".local/share/Trash",
-                             ".local/share/Trash/files", ".local/share/Trash/info"})
+    for (const auto* part :
+         {".local", ".local/share", ".local/share/Trash", ".local/share/Trash/files",
+          ".local/share/Trash/info", ".local/share/Trash/vexmoor-leaving",
+          ".local/share/Trash/vexmoor-leaving/files", ".local/share/Trash/vexmoor-leaving/info"})
         giveToNobody(part);
     const Path stubborn = bin(path() / "shared");
     ASSERT_EQ(lchown(infoOf(stubborn).c_str(), kNobody, kNobody), 0);
