@@ -47,16 +47,21 @@ std::vector<std::string> namesIn(int folder) {
     return names;
 }
 
+/// Into a folder that only we use.
+Result<void> moveToOurs(int from, int to, const char* name) {
+    return moveWithoutReplacing(from, name, to, name, [to] { return to; });
+}
+
 /// To move a folder elsewhere changes what ".." means in it, which needs the right to write to it.
 Result<void> moveEvenLocked(int from, int to, const char* name) {
-    auto moved = moveWithoutReplacing(from, name, to, name);
+    auto moved = moveToOurs(from, to, name);
     if (moved || moved.error().code != std::errc::permission_denied)
         return moved;
     const auto status = fileStatus(from, name);
     const bool isLocked = status && status->isFolder() && (status->mode & S_IWUSR) == 0;
     if (!isLocked || ::fchmodat(from, name, (status->mode & 07777) | S_IWUSR, 0) != 0)
         return moved;
-    return moveWithoutReplacing(from, name, to, name);
+    return moveToOurs(from, to, name);
 }
 
 } // namespace
@@ -237,7 +242,7 @@ Result<void> TrashDirectory::removeInfo(const Found& item) {
         return opened;
     const std::string file = infoName(item.name);
     const char* const name = file.c_str();
-    const auto moved = moveWithoutReplacing(m_info.get(), name, m_leaving->info(), name);
+    const auto moved = moveToOurs(m_info.get(), m_leaving->info(), name);
     if (!moved)
         return isMissing(moved.error())
                    ? Result<void>()

@@ -59,7 +59,8 @@ Result<FileDescriptor> openFolderItself(int directory, const char* name);
 /// an empty folder, and anything else gets its new name by a hard link before it loses the old one;
 /// where there are no hard links either, that fails. `scratch`, where given, opens a folder of the
 /// same file system that only we use, or answers -1: with it a file that takes the old name in the
-/// meantime is moved instead, without it that file may be removed.
+/// meantime is moved instead, without it that file may be removed. It may be the folder that the
+/// item goes to.
 Result<void> moveWithoutReplacing(int fromDirectory, const char* fromName, int toDirectory,
                                   const char* toName, const std::function<int()>& scratch = {});
 

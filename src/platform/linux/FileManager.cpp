@@ -36,9 +36,10 @@ bool isUnsupported(int error) {
     return error == EINVAL || error == ENOSYS || error == ENOTSUP;
 }
 
-/// rename(2) puts a folder on nothing or on an empty folder; all else is EEXIST here.
-Result<void> moveFolder(int fromDirectory, const char* fromName, int toDirectory,
-                        const char* toName) {
+/// For a folder, which rename(2) puts on nothing or on an empty folder, and for any item where only
+/// we use the folder that it goes to.
+Result<void> moveOntoNothing(int fromDirectory, const char* fromName, int toDirectory,
+                             const char* toName) {
     if (const auto taken = fileStatus(toDirectory, toName); taken)
         return Error::fromErrno(EEXIST, "move");
     else if (taken.error().code != std::errc::no_such_file_or_directory)
@@ -155,9 +156,10 @@ Result<void> moveWithoutReplacing(int fromDirectory, const char* fromName, int t
     const auto status = fileStatus(fromDirectory, fromName);
     if (!status)
         return status.error();
-    return status->isFolder()
-               ? moveFolder(fromDirectory, fromName, toDirectory, toName)
-               : moveByLink(fromDirectory, fromName, toDirectory, toName, scratch ? scratch() : -1);
+    const int ours = scratch ? scratch() : -1;
+    return status->isFolder() || ours == toDirectory
+               ? moveOntoNothing(fromDirectory, fromName, toDirectory, toName)
+               : moveByLink(fromDirectory, fromName, toDirectory, toName, ours);
 }
 
 Result<Path> currentPath(int directory) {
