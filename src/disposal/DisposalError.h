@@ -15,7 +15,7 @@ enum class DisposalError {
     isBin,
     isInsideBin,
     holdsBin,
-    noBinOnVolume,
+    noBinOnVolume, ///< Error::operation says why, where that is known
     otherVolume,
     notInBin,
     invalidDestination,
@@ -28,6 +28,7 @@ enum class DisposalError {
     replaced,
     isOwnData,
     isOnTheWay,
+    isPartOfSystem,
 };
 
 const std::error_category& disposalCategory();

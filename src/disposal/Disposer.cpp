@@ -1,5 +1,6 @@
 #include "Disposer.h"
 
+#include "base/Saturated.h"
 #include "disposal/TreeSize.h"
 #include "disposal/WholeRemoval.h"
 
@@ -34,7 +35,7 @@ std::int64_t Disposer::size(const HeldItem& item) const {
         return treeSize(item.folder(), item.name.c_str(), m_meter);
     if (m_meter != nullptr) {
         m_meter->entries.fetch_add(1, std::memory_order_relaxed);
-        m_meter->bytes.fetch_add(item.status.allocatedBytes, std::memory_order_relaxed);
+        addSaturated(m_meter->bytes, item.status.allocatedBytes);
     }
     return item.status.allocatedBytes;
 }
