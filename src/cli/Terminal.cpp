@@ -10,21 +10,6 @@
 
 namespace vexmoor {
 
-std::string printable(std::string_view text) {
-    std::string result;
-    for (const char c : displayText(text)) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte >= 0x20 && byte != 0x7F) {
-            result += c;
-        } else {
-            char escaped[8];
-            std::snprintf(escaped, sizeof escaped, c == '\n' ? "\\n" : "\\x%02x", byte);
-            result += escaped;
-        }
-    }
-    return result;
-}
-
 std::string counted(std::int64_t count, const std::string& noun) {
     return countText(count) + " " + noun + (count == 1 ? "" : "s");
 }

@@ -50,9 +50,11 @@ class DisposalCategory : public std::error_category {
         case DisposalError::stopped:
             return "It was stopped.";
         case DisposalError::replaced:
-            return "Something else took its place meanwhile, which was not touched.";
+            return "Something else took its place in the meantime, which was not touched.";
         case DisposalError::isOwnData:
             return "Vexmoor keeps its history here.";
+        case DisposalError::isPartOfSystem:
+            return "It is a part of the running system, which no Bin can hold.";
         case DisposalError::isOnTheWay:
             return "It is on its way into the cauldron already.";
         case DisposalError::journalLost:
@@ -99,6 +101,8 @@ std::string describe(const Error& error) {
         return error.message() + ": " + error.operation + ". Name one by its id or its path.";
     if (error.code == DisposalError::partlyRemoved)
         return error.message() + ": " + error.operation + ".";
+    if (error.code == DisposalError::noBinOnVolume && !error.operation.empty())
+        return "There is no Bin on its volume, and none could be made: " + error.operation + ".";
     if (error.code.category() == disposalCategory())
         return error.message();
     std::string sentence = error.message();

@@ -15,7 +15,7 @@ enum class DisposalError {
     isBin,
     isInsideBin,
     holdsBin,
-    noBinOnVolume,
+    noBinOnVolume, ///< Error::operation says why, where that is known
     otherVolume,
     notInBin,
     invalidDestination,
@@ -32,6 +32,7 @@ enum class DisposalError {
     volumeAway,   ///< it was being dissolved there when the batch was cut off
     failedBefore, ///< in a batch that was cut off; Error::operation says why
     ambiguous,    ///< Error::operation lists what the name can mean
+    isPartOfSystem,
 };
 
 const std::error_category& disposalCategory();

@@ -38,6 +38,8 @@ std::optional<JournalEntry> entryFromJson(const Json& json) {
     entry.sacrifice = *std::move(sacrifice);
     entry.isFolder = json.value("folder", false);
     entry.inode = json.value("inode", std::uint64_t{0});
+    if (const auto facts = json.find("facts"); facts != json.end())
+        entry.sacrifice.facts = factsFromJson(*facts);
     entry.destination = pathUnder(json, "destination");
     entry.volume = pathUnder(json, "volume");
     return entry;
@@ -149,6 +151,8 @@ std::string headerLine(std::int64_t number, JournalKind kind, DisposeMode mode) 
 std::string intentLine(const JournalEntry& entry) {
     Json json = {
         {"intent", toJson(entry.sacrifice)}, {"folder", entry.isFolder}, {"inode", entry.inode}};
+    if (entry.sacrifice.facts != ItemFacts())
+        json["facts"] = toJson(entry.sacrifice.facts);
     if (entry.destination)
         json["destination"] = pathToJsonText(entry.destination->native());
     if (entry.volume)

@@ -74,7 +74,7 @@ void BinJob::carryOut(LeavingItem& item) {
 Result<Path> BinJob::act(LeavingItem& item) {
     const auto& sacrifice = *item.record;
     const Path place = *sacrifice.trashed;
-    const TrashInfo record{*sacrifice.original, sacrifice.date};
+    const BinRecord record = sacrifice.binRecord();
     const auto willLeave = [&](const FileStatus& status, const Path& landing) {
         auto& entry = item.entry;
         const auto destination = landing.empty() ? std::nullopt : std::optional(landing);

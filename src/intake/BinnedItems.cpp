@@ -20,6 +20,21 @@ std::string bytesOf(const Uuid& id) {
     return {id.bytes.begin(), id.bytes.end()};
 }
 
+/// The record's JSON, with the facts that belong to it.
+std::string contentOf(const Sacrifice& item) {
+    auto json = toJson(item);
+    json["facts"] = toJson(item.facts);
+    return jsonText(json);
+}
+
+std::optional<Sacrifice> itemOf(const RecordTable::Record& record) {
+    const auto json = parsedJson(record.content);
+    auto item = sacrificeFromJson(json);
+    if (item && json.contains("facts"))
+        item->facts = factsFromJson(json["facts"]);
+    return item;
+}
+
 /// The bytes that the item was called by.
 std::string nameOf(const Sacrifice& item) {
     return lastComponent(*item.original);
@@ -155,7 +170,7 @@ void BinnedItems::add(std::int64_t batch, const std::vector<Sacrifice>& items) {
     bool added = false;
     for (const auto& item : items)
         if (item.canRestore()) {
-            m_table.append({batch, bytesOf(item.id), nameOf(item), jsonText(toJson(item))});
+            m_table.append({batch, bytesOf(item.id), nameOf(item), contentOf(item)});
             added = true;
         }
     if (added)
@@ -181,8 +196,12 @@ void BinnedItems::visit(const Filter& filter, const Visitor& visitor) const {
         if (const auto look = filter(record); look != Look::take)
             return look == Look::pass;
         const auto known = recent.find(record.id);
-        auto item = known != recent.end() ? std::optional(*known->second)
-                                          : sacrificeFromJson(parsedJson(record.content));
+        auto item = itemOf(record);
+        if (item && known != recent.end()) {
+            const auto facts = item->facts;
+            item = *known->second;
+            item->facts = facts;
+        }
         if (!item || !item->canRestore() || !places.insert(item->trashed->native()).second)
             return true;
         return visitor(record.group, *item);
@@ -257,27 +276,27 @@ BinnedItems::Named BinnedItems::toPutBack(const std::vector<std::string>& wanted
 }
 
 std::vector<Sacrifice> BinnedItems::current(std::vector<Sacrifice> items) const {
+    std::set<std::string> wanted;
+    for (const auto& item : items)
+        wanted.insert(bytesOf(item.id));
+    std::map<std::string, Sacrifice> left;
+    (void)m_table.visit([&](const RecordTable::Record& record) {
+        if (wanted.contains(record.id))
+            if (auto item = itemOf(record))
+                left.emplace(record.id, *std::move(item));
+        return left.size() < wanted.size();
+    });
     std::map<Uuid, const Sacrifice*> recent;
     for (const auto& item : m_ledger.recent.get())
         recent[item.id] = &item;
-    std::set<std::string> unknown;
-    for (auto& item : items)
-        if (const auto known = recent.find(item.id); known != recent.end())
-            item = *known->second;
-        else
-            unknown.insert(bytesOf(item.id));
-    std::set<std::string> left;
-    if (!unknown.empty())
-        (void)m_table.visit([&](const RecordTable::Record& record) {
-            if (unknown.contains(record.id))
-                left.insert(record.id);
-            return left.size() < unknown.size();
-        });
-    std::erase_if(items, [&](const Sacrifice& item) {
-        return !item.canRestore() ||
-               (!recent.contains(item.id) && !left.contains(bytesOf(item.id)));
-    });
-    return items;
+    std::vector<Sacrifice> current;
+    for (const auto& item : items) {
+        const auto found = left.find(bytesOf(item.id));
+        const auto known = recent.find(item.id);
+        if (found != left.end() && (known == recent.end() || known->second->canRestore()))
+            current.push_back(found->second);
+    }
+    return current;
 }
 
 bool BinnedItems::hasAny(const std::vector<Sacrifice>& items) const {

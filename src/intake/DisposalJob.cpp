@@ -40,6 +40,7 @@ std::optional<FedItem> DisposalJob::prepare(std::size_t number) {
     sacrifice.mode = m_input.mode;
     sacrifice.date = m_surroundings.clock();
     sacrifice.original = item.held.path;
+    sacrifice.facts = ItemFacts::of(item.held.status, true);
     if (auto intended = intend(item); !intended) {
         fail(item, intended.error());
         return std::nullopt;
@@ -83,7 +84,7 @@ Result<HeldItem> DisposalJob::hold(const Path& path) {
     return item;
 }
 
-Result<std::optional<Path>> DisposalJob::dispose(FedItem& item) {
+Result<Disposer::Disposed> DisposalJob::dispose(FedItem& item) {
     auto& sacrifice = item.entry.sacrifice;
     if (m_input.mode == DisposeMode::dissolve && item.entry.isFolder)
         m_journal.begin(sacrifice.id);
@@ -98,17 +99,21 @@ Result<std::optional<Path>> DisposalJob::dispose(FedItem& item) {
 
 void DisposalJob::carryOut(FedItem& item) {
     --m_picturesAwaited;
-    auto place = dispose(item);
+    auto disposed = dispose(item);
     auto& sacrifice = item.entry.sacrifice;
-    m_journal.conclude(sacrifice.id, place ? std::nullopt : std::optional(place.error()));
-    if (!place) {
-        fail(item, place.error());
+    m_journal.conclude(sacrifice.id, disposed ? std::nullopt : std::optional(disposed.error()));
+    if (!disposed) {
+        fail(item, disposed.error());
         return;
     }
-    m_output.offerings.push_back({item.held.path, sacrifice.bytes, item.entry.isFolder});
-    sacrifice.trashed = *std::move(place);
-    if (!sacrifice.trashed)
+    sacrifice.bytes = disposed->bytes;
+    m_output.offerings.push_back({item.held.path, disposed->bytes, disposed->isFolder});
+    if (disposed->binned) {
+        sacrifice.trashed = disposed->binned->place;
+        sacrifice.facts = disposed->binned->facts;
+    } else {
         sacrifice.original.reset();
+    }
     m_output.result.done.push_back(std::move(sacrifice));
     addPicture(std::move(item.picture));
 }

@@ -63,7 +63,7 @@ class DisposalJob : private GroupedWork<FedItem> {
     void leave(const FedItem& item) override;
     Result<HeldItem> hold(const Path& path);
     Result<void> intend(FedItem& item);
-    Result<std::optional<Path>> dispose(FedItem& item);
+    Result<Disposer::Disposed> dispose(FedItem& item);
     void limitFolders(const HeldItem& item);
     PicturePointer pictureOf(const Path& path);
     void addPicture(PicturePointer picture);

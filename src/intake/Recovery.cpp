@@ -197,6 +197,8 @@ class Recoverer {
 
     void decide(const JournalBatch& batch, const JournalEntry& entry, Recorded& recorded) {
         const auto& sacrifice = entry.sacrifice;
+        if (entry.outcome == Outcome::unknown)
+            returnLeaving(entry);
         const bool didHappen = happened(batch, entry);
         if (entry.outcome == Outcome::unknown)
             removeLeftInfo(batch, entry);
@@ -204,6 +206,9 @@ class Recoverer {
             reportFailure(batch, entry);
             return;
         }
+        // A power cut may have left it empty. Where it can't be mended, the record knows the way.
+        if (sacrifice.canRestore() && batch.kind == JournalKind::feed)
+            (void)m_disposer.repairInfo(*sacrifice.trashed, sacrifice.binRecord());
         recorded.ids.insert(sacrifice.id);
         recorded.sacrifices.push_back(sacrifice);
         recorded.offerings.push_back(
@@ -213,7 +218,7 @@ class Recoverer {
     }
 
     /// Whether what was intended for the item took place.
-    [[nodiscard]] bool happened(const JournalBatch& batch, const JournalEntry& entry) const {
+    [[nodiscard]] bool happened(const JournalBatch& batch, const JournalEntry& entry) {
         if (entry.outcome != Outcome::unknown)
             return entry.outcome == Outcome::done;
         const auto& sacrifice = entry.sacrifice;
@@ -221,13 +226,22 @@ class Recoverer {
         case JournalKind::feed:
             if (batch.mode == DisposeMode::dissolve)
                 return isGone(*sacrifice.original);
-            return liesAt(*sacrifice.trashed, entry.inode);
+            return liesAt(*sacrifice.trashed, entry.inode) ||
+                   m_disposer.check(*sacrifice.trashed, sacrifice.binRecord());
         case JournalKind::putBack:
             return liesAt(*entry.destination, entry.inode) && isGone(*sacrifice.trashed);
         case JournalKind::erase:
             return isGone(*sacrifice.trashed);
         }
         return false;
+    }
+
+    /// An item that was on its way out of the Bin is in none of its places.
+    void returnLeaving(const JournalEntry& entry) {
+        if (!entry.sacrifice.trashed)
+            return;
+        if (const auto returned = m_disposer.returnLeaving(*entry.sacrifice.trashed); !returned)
+            m_report.problems.push_back(returned.error());
     }
 
     void reportFailure(const JournalBatch& batch, const JournalEntry& entry) {

@@ -1,6 +1,6 @@
 #include "Progression.h"
 
-#include "base/Checked.h"
+#include "base/Saturated.h"
 #include "base/LowerCase.h"
 #include "disposal/Ledger.h"
 
@@ -22,13 +22,13 @@ Progress freshProgress(const Ledger* ledger) {
 }
 
 void add(Progress& progress, const Progression::Offering& offering, DisposeMode mode) {
-    progress.items = checkedSum(progress.items, 1);
-    progress.bytes = checkedSum(progress.bytes, offering.bytes);
+    progress.items = saturatedSum(progress.items, 1);
+    progress.bytes = saturatedSum(progress.bytes, offering.bytes);
     progress.biggest = std::max(progress.biggest, offering.bytes);
     if (offering.isFolder)
-        progress.folders = checkedSum(progress.folders, 1);
+        progress.folders = saturatedSum(progress.folders, 1);
     if (mode == DisposeMode::dissolve)
-        progress.dissolved = checkedSum(progress.dissolved, 1);
+        progress.dissolved = saturatedSum(progress.dissolved, 1);
     // Bytes that are not text are no type that anybody could tell from another.
     if (const auto extension = pathExtension(offering.url.native()); !extension.empty())
         progress.extensions.insert(lowercased(displayText(extension)));
@@ -92,7 +92,7 @@ void Progression::advanceStreak(Progress& progress, std::optional<Date> moment) 
     if (!progress.lastDay)
         progress.streak = 1;
     else if (days && *days != 0)
-        progress.streak = *days == 1 ? checkedSum(progress.streak, 1) : 1;
+        progress.streak = *days == 1 ? saturatedSum(progress.streak, 1) : 1;
     progress.lastDay = today;
     progress.bestStreak = std::max(progress.bestStreak, progress.streak);
 }

@@ -17,8 +17,8 @@ namespace vexmoor {
 class Ledger;
 
 /// Turns what is offered into totals, streaks, achievements and skins. Every change is one
-/// assignment to the defaults, so that a transaction around a call makes it part of a batch. An
-/// overflow of a total ends the program. Main thread only.
+/// assignment to the defaults, so that a transaction around a call makes it part of a batch. Totals
+/// stay at the greatest number. Main thread only.
 class Progression {
   public:
     /// One disposed item.
