@@ -181,23 +181,23 @@ Result<JournalFile::Contents> JournalFile::read(JournalPosition from) const {
     Contents contents;
     contents.end = from.offset;
     std::size_t place = 0;
-    std::optional<std::int64_t> unread;
+    std::int64_t unread = -1; ///< where what can't be read begins
     while (place < bytes->size()) {
         const auto rest = std::string_view(*bytes).substr(place);
         const auto offset = from.offset + static_cast<std::int64_t>(place);
         if (const auto header = blockAt(rest, offset, from.generation);
-            header && (!unread || header->synced > *unread)) {
-            contents.isDamaged = contents.isDamaged || unread;
-            unread.reset();
+            header && (unread < 0 || header->synced > unread)) {
+            contents.isDamaged = contents.isDamaged || unread >= 0;
+            unread = -1;
             const auto length = static_cast<std::size_t>(header->length);
             place += kHeader + length;
             contents.end = from.offset + static_cast<std::int64_t>(place);
             contents.blocks.push_back({std::string(rest.substr(kHeader, length)), contents.end});
             continue;
         }
-        if (!unread && rest.starts_with(kEnd))
+        if (unread < 0 && rest.starts_with(kEnd))
             break;
-        if (!unread)
+        if (unread < 0)
             unread = offset;
         place = std::min(bytes->find(mark, place + 1), bytes->size());
     }
