@@ -31,15 +31,13 @@ std::optional<Path> pathUnder(const Json& json, const char* key) {
 }
 
 std::optional<JournalEntry> entryFromJson(const Json& json) {
-    auto sacrifice = sacrificeFromJson(json["intent"]);
+    auto sacrifice = recordFromJson(json["intent"]);
     if (!sacrifice)
         return std::nullopt;
     JournalEntry entry;
     entry.sacrifice = *std::move(sacrifice);
     entry.isFolder = json.value("folder", false);
     entry.inode = json.value("inode", std::uint64_t{0});
-    if (const auto facts = json.find("facts"); facts != json.end())
-        entry.sacrifice.facts = factsFromJson(*facts);
     entry.destination = pathUnder(json, "destination");
     entry.volume = pathUnder(json, "volume");
     return entry;
@@ -149,15 +147,15 @@ std::string headerLine(std::int64_t number, JournalKind kind, DisposeMode mode) 
 }
 
 std::string intentLine(const JournalEntry& entry) {
-    Json json = {
-        {"intent", toJson(entry.sacrifice)}, {"folder", entry.isFolder}, {"inode", entry.inode}};
-    if (entry.sacrifice.facts != ItemFacts())
-        json["facts"] = toJson(entry.sacrifice.facts);
-    if (entry.destination)
-        json["destination"] = pathToJsonText(entry.destination->native());
-    if (entry.volume)
-        json["volume"] = pathToJsonText(entry.volume->native());
-    return json.dump() + "\n";
+    std::string line = R"({"intent":)" + recordText(entry.sacrifice) + R"(,"folder":)" +
+                       (entry.isFolder ? "true" : "false") + R"(,"inode":)" +
+                       std::to_string(entry.inode);
+    for (const auto& [key, path] :
+         {std::pair("destination", &entry.destination), {"volume", &entry.volume}})
+        if (*path)
+            line +=
+                ",\"" + std::string(key) + "\":" + Json(pathToJsonText((*path)->native())).dump();
+    return line + "}\n";
 }
 
 std::string begunLine(const Uuid& id) {

@@ -266,8 +266,7 @@ Path TrashDirectory::expectedPlace(const std::string& name) {
     for (unsigned attempt = 0; attempt < kNamesInOrder; ++attempt) {
         const unsigned number = first + attempt;
         stored = storedName(name, number);
-        if (m_expected.contains(stored) || fileStatus(m_files.get(), stored.c_str()) ||
-            fileStatus(m_info.get(), infoName(stored).c_str()))
+        if (m_expected.contains(stored) || fileStatus(m_info.get(), infoName(stored).c_str()))
             continue;
         if (number > 1) {
             m_expectedClashName = name;

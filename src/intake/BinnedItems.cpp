@@ -20,19 +20,8 @@ std::string bytesOf(const Uuid& id) {
     return {id.bytes.begin(), id.bytes.end()};
 }
 
-/// The record's JSON, with the facts that belong to it.
-std::string contentOf(const Sacrifice& item) {
-    auto json = toJson(item);
-    json["facts"] = toJson(item.facts);
-    return jsonText(json);
-}
-
 std::optional<Sacrifice> itemOf(const RecordTable::Record& record) {
-    const auto json = parsedJson(record.content);
-    auto item = sacrificeFromJson(json);
-    if (item && json.contains("facts"))
-        item->facts = factsFromJson(json["facts"]);
-    return item;
+    return recordFromJson(parsedJson(record.content));
 }
 
 /// The bytes that the item was called by.
@@ -170,7 +159,7 @@ void BinnedItems::add(std::int64_t batch, const std::vector<Sacrifice>& items) {
     bool added = false;
     for (const auto& item : items)
         if (item.canRestore()) {
-            m_table.append({batch, bytesOf(item.id), nameOf(item), contentOf(item)});
+            m_table.append({batch, bytesOf(item.id), nameOf(item), recordText(item)});
             added = true;
         }
     if (added)
