@@ -15,19 +15,20 @@ Path OlderJournals::fileOf(std::int64_t number, std::string_view ending) const {
     return m_folder / (std::to_string(number) + std::string(ending));
 }
 
-std::vector<std::int64_t> OlderJournals::numbers(std::string_view ending) const {
-    std::vector<std::int64_t> numbers;
+OlderJournals::OlderJournals(Path folder) : m_folder(std::move(folder)) {
     std::error_code code;
     for (std::filesystem::directory_iterator entry(m_folder, code), end; !code && entry != end;
          entry.increment(code)) {
         const std::string name = entry->path().filename();
         std::int64_t number = 0;
         const auto [rest, parsed] = std::from_chars(name.data(), name.data() + name.size(), number);
-        if (parsed == std::errc() && std::string_view(rest) == ending)
-            numbers.push_back(number);
+        if (parsed == std::errc() && std::string_view(rest) == kOpenEnding)
+            m_open.push_back(number);
+        if (parsed == std::errc() && std::string_view(rest) == kClosedEnding)
+            m_closed.push_back(number);
     }
-    std::ranges::sort(numbers);
-    return numbers;
+    std::ranges::sort(m_open);
+    std::ranges::sort(m_closed);
 }
 
 Result<JournalBatch> OlderJournals::read(std::int64_t number) const {

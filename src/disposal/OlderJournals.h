@@ -11,12 +11,13 @@ namespace vexmoor {
 /// when what they say is in the stores.
 class OlderJournals {
   public:
-    explicit OlderJournals(Path folder) : m_folder(std::move(folder)) {}
+    /// Looks which there are.
+    explicit OlderJournals(Path folder);
 
     /// Numbers of the open ones, oldest first.
-    [[nodiscard]] std::vector<std::int64_t> open() const { return numbers(kOpenEnding); }
+    [[nodiscard]] const std::vector<std::int64_t>& open() const { return m_open; }
     /// Numbers of the closed ones, oldest first.
-    [[nodiscard]] std::vector<std::int64_t> closed() const { return numbers(kClosedEnding); }
+    [[nodiscard]] const std::vector<std::int64_t>& closed() const { return m_closed; }
 
     /// Fails with bad_message or is_a_directory where it can't be understood. A last line that a
     /// crash cut short is left out.
@@ -33,10 +34,11 @@ class OlderJournals {
     static constexpr std::string_view kOpenEnding = ".open";
     static constexpr std::string_view kClosedEnding = ".closed";
 
-    [[nodiscard]] std::vector<std::int64_t> numbers(std::string_view ending) const;
     [[nodiscard]] Path fileOf(std::int64_t number, std::string_view ending) const;
 
     Path m_folder;
+    std::vector<std::int64_t> m_open;
+    std::vector<std::int64_t> m_closed;
 };
 
 } // namespace vexmoor

@@ -20,11 +20,15 @@ std::vector<Sacrifice> binnedBy(const OlderJournals& journals, std::int64_t numb
 
 } // namespace
 
+bool areOlderRecordsAdopted(const OlderJournals& journals, const UserDefaults& defaults) {
+    return defaults.boolean(kAdoptedKey) && journals.closed().empty();
+}
+
 Result<void> adoptOlderRecords(OlderJournals& journals, UserDefaults& defaults,
                                const Ledger& ledger, BinnedItems& binnedItems) {
-    const auto closed = journals.closed();
-    if (defaults.boolean(kAdoptedKey) && closed.empty())
+    if (areOlderRecordsAdopted(journals, defaults))
         return {};
+    const auto closed = journals.closed();
     std::map<Uuid, Sacrifice> recent;
     for (const auto& item : ledger.recent.get())
         recent.emplace(item.id, item);

@@ -12,4 +12,6 @@ namespace vexmoor {
 Result<void> adoptOlderRecords(OlderJournals& journals, UserDefaults& defaults,
                                const Ledger& ledger, BinnedItems& binnedItems);
 
+bool areOlderRecordsAdopted(const OlderJournals& journals, const UserDefaults& defaults);
+
 } // namespace vexmoor

@@ -26,12 +26,18 @@ bool isGone(const Path& path) {
     return !status && status.error().code == std::errc::no_such_file_or_directory;
 }
 
+bool needsRecovery(const Journal& journal, const OlderJournals& older,
+                   const UserDefaults& defaults) {
+    return journal.holdsMoreThan(Settlement::position(defaults)) || defaults.data(kWaitingKey) ||
+           !older.open().empty();
+}
+
 /// Goes through the batches and gathers what is to be stored.
 class Recoverer {
   public:
-    Recoverer(Journal& journal, UserDefaults& defaults, Ledger& ledger, Progression& progression,
-              BinnedItems binnedItems, const UserDirectories& directories)
-        : m_journal(journal), m_older(journal.folder()), m_defaults(defaults), m_ledger(ledger),
+    Recoverer(Journal& journal, OlderJournals older, UserDefaults& defaults, Ledger& ledger,
+              Progression& progression, BinnedItems binnedItems, const UserDirectories& directories)
+        : m_journal(journal), m_older(std::move(older)), m_defaults(defaults), m_ledger(ledger),
           m_progression(progression), m_binnedItems(binnedItems), m_disposer(directories, nullptr) {
     }
 
@@ -326,7 +332,11 @@ bool needsRecovery(const Journal& journal, const UserDefaults& defaults) {
 RecoveryReport recover(Journal& journal, UserDefaults& defaults, Ledger& ledger,
                        Progression& progression, BinnedItems binnedItems,
                        const UserDirectories& directories) {
-    return Recoverer(journal, defaults, ledger, progression, binnedItems, directories).run();
+    const OlderJournals older(journal.folder());
+    if (areOlderRecordsAdopted(older, defaults) && !needsRecovery(journal, older, defaults))
+        return {}; // nearly always: looking further would cost a small batch a good part of its
+                   // time
+    return Recoverer(journal, older, defaults, ledger, progression, binnedItems, directories).run();
 }
 
 } // namespace vexmoor
