@@ -70,7 +70,8 @@ Result<std::unique_ptr<Session>> Session::openForReading() {
     std::unique_ptr<Session> session(new Session(false));
     if (auto opened = session->openStores(SqliteUserDefaults::Access::readOnly); !opened)
         return std::move(opened).error();
-    if (needsRecovery(session->m_journal, *session->m_defaults)) {
+    if (needsRecovery(session->m_journal, *session->m_defaults, session->binnedItems(),
+                      session->m_directories)) {
         auto lock = WriterLock::tryTake(session->m_directories.ownData() / WriterLock::kFileName,
                                         WriterLock::Role::command);
         if (lock && *lock && session->openStores(SqliteUserDefaults::Access::readWrite)) {

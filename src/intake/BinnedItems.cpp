@@ -225,13 +225,17 @@ std::vector<Sacrifice> BinnedItems::newest(std::size_t count) const {
     return items;
 }
 
+void BinnedItems::visit(const std::function<bool(const Sacrifice&)>& visitor) const {
+    visit([](const auto&) { return Look::take; },
+          [&](std::int64_t, const Sacrifice& item) { return visitor(item); });
+}
+
 std::vector<Sacrifice> BinnedItems::all() const {
     std::vector<Sacrifice> items;
-    visit([](const auto&) { return Look::take; },
-          [&](std::int64_t, const Sacrifice& item) {
-              items.push_back(item);
-              return true;
-          });
+    visit([&](const Sacrifice& item) {
+        items.push_back(item);
+        return true;
+    });
     return items;
 }
 

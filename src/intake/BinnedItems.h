@@ -29,6 +29,10 @@ class BinnedItems {
     /// The newest `count` items that are in the Bin.
     [[nodiscard]] std::vector<Sacrifice> newest(std::size_t count) const;
 
+    /// Passes those that can still be put back to the visitor, newest first, until it returns
+    /// false.
+    void visit(const std::function<bool(const Sacrifice&)>& visitor) const;
+
     /// All that can still be put back, newest first, whether or not it is found in the Bin.
     [[nodiscard]] std::vector<Sacrifice> all() const;
 

@@ -26,10 +26,32 @@ bool isGone(const Path& path) {
     return !status && status.error().code == std::errc::no_such_file_or_directory;
 }
 
-bool needsRecovery(const Journal& journal, const OlderJournals& older,
-                   const UserDefaults& defaults) {
+/// Of an item in the home Bin: other volumes may be gone, or hang.
+bool isInHomeBin(const Sacrifice& item, const UserDirectories& directories) {
+    return Path(*item.trashed).parent_path() == directories.dataHome / "Trash/files";
+}
+
+/// A power cut empties the info files that were written last, as their names reach the disk before
+/// what is in them. So the newest tells.
+bool areInfosEmpty(const BinnedItems& binnedItems, const UserDirectories& directories) {
+    constexpr int kMostLooks = 16;
+    int looks = 0;
+    bool isEmpty = false;
+    binnedItems.visit([&](const Sacrifice& item) {
+        if (!isInHomeBin(item, directories) || !fileStatus(*item.trashed))
+            return ++looks < kMostLooks;
+        const auto info = fileStatus(directories.dataHome / "Trash/info" /
+                                     infoName(lastComponent(*item.trashed)));
+        isEmpty = !info || info->size == 0;
+        return false;
+    });
+    return isEmpty;
+}
+
+bool needsRecovery(const Journal& journal, const OlderJournals& older, const UserDefaults& defaults,
+                   const BinnedItems& binnedItems, const UserDirectories& directories) {
     return journal.holdsMoreThan(Settlement::position(defaults)) || defaults.data(kWaitingKey) ||
-           !older.open().empty();
+           !older.open().empty() || areInfosEmpty(binnedItems, directories);
 }
 
 /// Goes through the batches and gathers what is to be stored.
@@ -38,8 +60,8 @@ class Recoverer {
     Recoverer(Journal& journal, OlderJournals older, UserDefaults& defaults, Ledger& ledger,
               Progression& progression, BinnedItems binnedItems, const UserDirectories& directories)
         : m_journal(journal), m_older(std::move(older)), m_defaults(defaults), m_ledger(ledger),
-          m_progression(progression), m_binnedItems(binnedItems), m_disposer(directories, nullptr) {
-    }
+          m_progression(progression), m_binnedItems(binnedItems), m_directories(directories),
+          m_disposer(directories, nullptr) {}
 
     RecoveryReport run() {
         m_mark = {m_defaults.integer(Settlement::kRecordedKey).value_or(0),
@@ -50,6 +72,8 @@ class Recoverer {
         takeWaiting();
         takeOlder();
         takeJournal();
+        if (areInfosEmpty(m_binnedItems, m_directories))
+            repairInfos();
         if (!m_hasNews)
             return std::move(m_report);
         if (const auto stored = m_defaults.transaction([this] { store(); }); !stored) {
@@ -70,6 +94,19 @@ class Recoverer {
         std::vector<Progression::Offering> offerings;
         std::set<Uuid> ids;
     };
+
+    /// Of the recorded items, the newest first, as far back as some of them lack one.
+    void repairInfos() {
+        constexpr int kMostWhole = 1000;
+        int whole = 0;
+        m_binnedItems.visit([&](const Sacrifice& item) {
+            if (!isInHomeBin(item, m_directories))
+                return true;
+            const auto repaired = m_disposer.repairInfo(*item.trashed, item.binRecord());
+            whole = repaired && *repaired ? 0 : whole + 1;
+            return whole < kMostWhole;
+        });
+    }
 
     void takeWaiting() {
         const auto text = m_defaults.data(kWaitingKey);
@@ -162,7 +199,7 @@ class Recoverer {
         recorded.batch.entries.clear();
         JournalBatch waiting = recorded.batch;
         for (const auto& entry : batch.entries) {
-            if (entry.outcome == Outcome::unknown && mustWait(batch, entry))
+            if (entry.outcome != Outcome::failed && mustWait(batch, entry))
                 waiting.entries.push_back(entry);
             else
                 decide(batch, entry, recorded);
@@ -223,21 +260,24 @@ class Recoverer {
             recorded.sacrifices.back().original.reset();
     }
 
-    /// Whether what was intended for the item took place.
+    /// Whether what was intended for the item took place. What was done may be undone by a power
+    /// cut, which can keep the note and lose the move.
     [[nodiscard]] bool happened(const JournalBatch& batch, const JournalEntry& entry) {
-        if (entry.outcome != Outcome::unknown)
-            return entry.outcome == Outcome::done;
         const auto& sacrifice = entry.sacrifice;
+        const bool isDone = entry.outcome == Outcome::done;
+        if (entry.outcome == Outcome::failed)
+            return false;
+        if (batch.mode == DisposeMode::dissolve)
+            return isDone ? !liesAt(*sacrifice.original, entry.inode) : isGone(*sacrifice.original);
+        const bool isInBin = liesAt(*sacrifice.trashed, entry.inode) ||
+                             m_disposer.check(*sacrifice.trashed, sacrifice.binRecord());
         switch (batch.kind) {
         case JournalKind::feed:
-            if (batch.mode == DisposeMode::dissolve)
-                return isGone(*sacrifice.original);
-            return liesAt(*sacrifice.trashed, entry.inode) ||
-                   m_disposer.check(*sacrifice.trashed, sacrifice.binRecord());
+            return isInBin || (isDone && !liesAt(*sacrifice.original, entry.inode));
         case JournalKind::putBack:
-            return liesAt(*entry.destination, entry.inode) && isGone(*sacrifice.trashed);
+            return !isInBin && (isDone || liesAt(*entry.destination, entry.inode));
         case JournalKind::erase:
-            return isGone(*sacrifice.trashed);
+            return !isInBin && (isDone || isGone(*sacrifice.trashed));
         }
         return false;
     }
@@ -312,6 +352,7 @@ class Recoverer {
     Ledger& m_ledger;
     Progression& m_progression;
     BinnedItems m_binnedItems;
+    UserDirectories m_directories;
     Disposer m_disposer;
     VolumeCheck m_volumes;
     JournalMark m_mark;
@@ -324,16 +365,18 @@ class Recoverer {
 
 } // namespace
 
-bool needsRecovery(const Journal& journal, const UserDefaults& defaults) {
-    return journal.holdsMoreThan(Settlement::position(defaults)) || defaults.data(kWaitingKey) ||
-           !OlderJournals(journal.folder()).open().empty();
+bool needsRecovery(const Journal& journal, const UserDefaults& defaults,
+                   const BinnedItems& binnedItems, const UserDirectories& directories) {
+    return needsRecovery(journal, OlderJournals(journal.folder()), defaults, binnedItems,
+                         directories);
 }
 
 RecoveryReport recover(Journal& journal, UserDefaults& defaults, Ledger& ledger,
                        Progression& progression, BinnedItems binnedItems,
                        const UserDirectories& directories) {
     const OlderJournals older(journal.folder());
-    if (areOlderRecordsAdopted(older, defaults) && !needsRecovery(journal, older, defaults))
+    if (areOlderRecordsAdopted(older, defaults) &&
+        !needsRecovery(journal, older, defaults, binnedItems, directories))
         return {}; // nearly always: looking further would cost a small batch a good part of its
                    // time
     return Recoverer(journal, older, defaults, ledger, progression, binnedItems, directories).run();

@@ -22,13 +22,15 @@ struct RecoveryReport {
 
 /// Brings the stores up to what happened: goes through the batches of the journal that a kill or a
 /// power cut left unrecorded, looks at where their items are, and records each that did move, once.
-/// What can't be seen now, as its volume is not there, waits for a later start. Nothing of the
-/// user's is moved or deleted. Main thread, under the writer's lock, before any batch.
+/// Info files that a power cut left empty are written again. What can't be seen now, as its volume
+/// is not there, waits for a later start. Nothing of the user's is moved or deleted. Main thread,
+/// under the writer's lock, before any batch.
 RecoveryReport recover(Journal& journal, UserDefaults& defaults, Ledger& ledger,
                        Progression& progression, BinnedItems binnedItems,
                        const UserDirectories& directories);
 
 /// Whether recover() may find something. Cheap.
-bool needsRecovery(const Journal& journal, const UserDefaults& defaults);
+bool needsRecovery(const Journal& journal, const UserDefaults& defaults,
+                   const BinnedItems& binnedItems, const UserDirectories& directories);
 
 } // namespace vexmoor

@@ -178,6 +178,10 @@ class IntakeTest : public testing::Test {
         return *item.original;
     }
 
+    [[nodiscard]] bool needsRecovery() const {
+        return vexmoor::needsRecovery(program->journal, *program->defaults, program->binnedItems,
+                                      directories());
+    }
     [[nodiscard]] const std::vector<Sacrifice>& recent() const {
         return program->ledger.recent.get();
     }

@@ -361,7 +361,7 @@ TEST_F(IntakeTest, RecordsWhatCouldNotBeSavedTogetherWithWhatIsDoneNext) {
     program->intake.restore(first);
     settle();
     EXPECT_TRUE(exists(items[0]));
-    EXPECT_FALSE(needsRecovery(program->journal, *program->defaults));
+    EXPECT_FALSE(needsRecovery());
     start();
     EXPECT_EQ(program->ledger.count.get(), 2);
     EXPECT_THAT(names(program->binnedItems.lastBatch()), ElementsAre("b"));

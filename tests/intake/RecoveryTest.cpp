@@ -135,12 +135,12 @@ TEST_F(RecoveryTest, DecidesNothingOfAVolumeThatIsNotThere) {
             EXPECT_TRUE(program->recovery.problems.empty()) << "told once";
             EXPECT_TRUE(recent()[1].canRestore());
             EXPECT_EQ(program->ledger.count.get(), count + 1);
-            EXPECT_TRUE(needsRecovery(program->journal, *program->defaults));
+            EXPECT_TRUE(needsRecovery());
 
             std::filesystem::rename(home / "unplugged", home / "usb");
             for (int starts = 0; starts < 2; ++starts) {
                 start();
-                EXPECT_FALSE(needsRecovery(program->journal, *program->defaults));
+                EXPECT_FALSE(needsRecovery());
                 const bool isRecorded = happened && kind == Kind::feed;
                 EXPECT_EQ(program->ledger.count.get(), count + (isRecorded ? 2 : 1));
                 const auto& item = recent()[isRecorded ? 0 : 1];
@@ -172,6 +172,22 @@ TEST_F(RecoveryTest, FindsTheWholeLastBatchHoweverLargeAfterARestart) {
     EXPECT_TRUE(binned.named({"item 3"}).items.empty());
 }
 
+TEST_F(RecoveryTest, WritesInfoFilesAgainThatAPowerCutEmptied) {
+    const auto items = make({"a", "b", "c"});
+    feed(items);
+    const auto infoOf = [&](const char* name) {
+        return directories().dataHome / "Trash/info" / (std::string(name) + ".trashinfo");
+    };
+    const auto whole = contents(infoOf("a"));
+    for (const char* const name : {"a", "c"})
+        std::filesystem::resize_file(infoOf(name), 0);
+    EXPECT_TRUE(needsRecovery());
+    start();
+    EXPECT_EQ(contents(infoOf("a")), whole);
+    EXPECT_NE(contents(infoOf("c")), "");
+    EXPECT_FALSE(needsRecovery());
+}
+
 TEST_F(RecoveryTest, PutsBackBatchByBatchHoweverLongAgo) {
     constexpr int kBatches = 60;
     for (int i = 0; i < kBatches; ++i)
@@ -194,7 +210,7 @@ TEST_F(RecoveryTest, SettlesAJournalThatWasCutOffBeforeItsFirstIntent) {
         home.write(".local/share/vexmoor/journal/7.open", text);
         start();
         EXPECT_TRUE(program->recovery.problems.empty()) << text;
-        EXPECT_FALSE(needsRecovery(program->journal, *program->defaults)) << text;
+        EXPECT_FALSE(needsRecovery()) << text;
     }
     EXPECT_EQ(program->ledger.count.get(), 0);
 }
