@@ -213,6 +213,7 @@ BinnedItems AppDelegate::binnedItems() const {
 
 /// The newest batch of this run or of an earlier one.
 void AppDelegate::putBackLast() {
+    m_undoStack.refresh();
     if (m_undoStack.canUndo())
         m_undoStack.undo();
     else {
@@ -222,6 +223,7 @@ void AppDelegate::putBackLast() {
 }
 
 void AppDelegate::undo() {
+    m_undoStack.refresh();
     if (m_undoStack.canUndo())
         m_undoStack.undo();
     else
@@ -235,6 +237,7 @@ void AppDelegate::testFlames() {
 }
 
 void AppDelegate::showTileMenu(QPoint position) {
+    m_undoStack.refresh();
     const bool canPutBack = m_undoStack.canUndo() || !binnedItems().lastBatch().empty();
     auto* const menu = new TileMenu(m_settings, m_undoStack, canPutBack);
     connect(menu, &TileMenu::putBackChosen, this, &AppDelegate::putBackLast);

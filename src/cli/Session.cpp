@@ -9,6 +9,12 @@
 
 namespace vexmoor {
 
+namespace {
+
+constexpr int kSilentLooks = 20; ///< at the lock that another command holds: about a second
+
+} // namespace
+
 /// No pictures, no flames, no sound on a terminal.
 class Session::Silence : public BatchAnimation,
                          public SizzlePlayer,
@@ -51,8 +57,13 @@ Result<std::unique_ptr<Session>> Session::openForWriting(bool assumeYes, bool& d
     std::unique_ptr<Session> session(new Session(assumeYes));
     WorkMeter waiting;
     const Interrupt interrupt(waiting, Interrupt::Work::own);
+    int looks = 0;
     auto lock = WriterLock::take(session->m_directories.ownData() / WriterLock::kFileName,
-                                 WriterLock::Role::command, [&] { return waiting.stop.load(); });
+                                 WriterLock::Role::command, [&] {
+                                     if (++looks == kSilentLooks)
+                                         complain("Waiting for another command to end.");
+                                     return waiting.stop.load();
+                                 });
     if (!lock)
         return std::move(lock).error();
     if (!*lock) {

@@ -173,9 +173,10 @@ void Intake::registerUndo(const std::vector<Sacrifice>& done, bool fromFinder) {
     }
     if (m_parts.undoStack == nullptr)
         return;
-    auto items = restorable(done);
-    auto name = sacrificeActionName(items.size());
-    m_parts.undoStack->push(std::move(name), [this, items = std::move(items)] { restore(items); });
+    const auto items = std::make_shared<const std::vector<Sacrifice>>(restorable(done));
+    m_parts.undoStack->push(
+        sacrificeActionName(items->size()), [this, items] { restore(*items); },
+        [this, items] { return m_parts.binnedItems.hasAny(*items); });
 }
 
 void Intake::restore(std::vector<Sacrifice> items, BatchCompletion completion,
@@ -253,6 +254,8 @@ void Intake::completeBinJob(BinBatch& batch, BinJob::Output output) {
     const bool isPutBack = batch.kind == JournalKind::putBack;
     if (!batch.items.empty())
         result.storeError = m_settlement.commit(output.journal, [&] { mark(output, isPutBack); });
+    if (m_parts.undoStack != nullptr)
+        m_parts.undoStack->refresh();
     result.failures.insert(result.failures.begin(), batch.missing.begin(), batch.missing.end());
     tell(batch.dialogs, result);
     if (!result.failures.empty())
