@@ -74,6 +74,27 @@ TEST_P(FaultTest, LosesNothingWhicheverCallFails) {
 
 constexpr auto kSupported = Faults::NoReplace::supported;
 
+TEST_F(FaultTest, SyncsTheIntentsOfAGroupOnce) {
+    constexpr int kItems = 2000;
+    const auto syncsOf = [](const std::function<void()>& batch) {
+        const int before = Faults::syncs();
+        batch();
+        return Faults::syncs() - before;
+    };
+    const auto one = make({"one"});
+    const auto many = make(kItems);
+    EXPECT_EQ(syncsOf([&] { feed(one); }), 1);
+    const auto putBackLast = [&] {
+        program->intake.restore(program->binnedItems.lastBatch());
+        settle();
+    };
+    EXPECT_EQ(syncsOf(putBackLast), 1);
+    constexpr int kSlowMachine = 40; // groups end after some time too
+    EXPECT_LE(syncsOf([&] { feed(many); }), kSlowMachine);
+    EXPECT_LE(syncsOf(putBackLast), kSlowMachine);
+    EXPECT_TRUE(exists(many.back()));
+}
+
 INSTANTIATE_TEST_SUITE_P(Errors, FaultTest,
                          testing::Values(std::pair(EIO, kSupported), std::pair(ENOSPC, kSupported),
                                          std::pair(EACCES, kSupported),

@@ -423,6 +423,54 @@ TEST_F(IntakeTest, AsksAndTellsWhomTheBatchNames) {
     EXPECT_THAT(around.reports, testing::IsEmpty());
 }
 
+TEST_F(IntakeTest, TakesNamesAsBytesAndGuessesNothing) {
+    const auto items = make({"caf\xe8.txt", "one/same", "two/same", "report.pdf"});
+    const auto done = feed(items).done;
+    make({"report.pdf"});
+    const auto newest = feed({items[3]}).done.at(0).id;
+    const auto& binned = program->binnedItems;
+    const auto id = done[0].id.toString();
+    const struct {
+        std::string wanted;
+        std::optional<Uuid> meant;
+    } cases[] = {
+        {"caf\xe9.txt", std::nullopt},
+        {"caf\xe8.txt", done[0].id},
+        {displayText("caf\xe8.txt"), done[0].id},
+        {id, done[0].id},
+        {id.substr(0, 8), done[0].id},
+        {id.substr(0, 7), std::nullopt},
+        {"same", std::nullopt},
+        {items[2].native(), done[2].id},
+        {(home / "three/same").native(), std::nullopt},
+        {"report.pdf", newest},
+    };
+    for (const auto& [wanted, meant] : cases) {
+        const auto named = binned.named({wanted});
+        EXPECT_EQ(named.items.empty() ? std::nullopt : std::optional(named.items[0].id), meant)
+            << wanted;
+        EXPECT_EQ(named.missing.size(), meant ? 0U : 1U) << wanted;
+    }
+    const auto told = describe(binned.named({"same"}).missing.at(0).error);
+    for (const auto& item : {items[1], items[2]})
+        EXPECT_THAT(told, testing::HasSubstr(item.native()));
+}
+
+TEST_F(IntakeTest, SkipsUndoActionsThatHaveNothingLeft) {
+    feed(make({"a"}));
+    feed(make({"b", "c"}));
+    program->intake.restore(program->binnedItems.lastBatch());
+    settle();
+    EXPECT_EQ(program->undoStack.undoMenuItemTitle(), "Undo Sacrifice");
+    feed({home / "b"});
+    std::filesystem::remove(*recent()[0].trashed); // another program empties the Bin of it
+    program->undoStack.undo();
+    settle();
+    EXPECT_TRUE(exists(home / "a"));
+    EXPECT_THAT(around.reports, IsEmpty()) << "nothing was lost";
+    EXPECT_FALSE(program->undoStack.canUndo());
+}
+
 } // namespace
 
 } // namespace vexmoor::test

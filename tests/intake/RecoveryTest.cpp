@@ -1,6 +1,7 @@
 #include "IntakeFixture.h"
 
 #include "intake/BinnedItems.h"
+#include "support/RawDatabase.h"
 
 #include <fstream>
 
@@ -274,6 +275,139 @@ TEST_F(RecoveryTest, SetsAJournalAsideThatMakesNoSenseAndTellsOfItOnce) {
     feed({file});
     EXPECT_EQ(program->defaults->integer(Settlement::kRecordedKey), number + 1)
         << "its number is not given again";
+}
+
+/// As version 1 left them: records in the history only, and a file for each batch.
+TEST_F(RecoveryTest, AdoptsTheWaysBackThatAnEarlierVersionKept) {
+    const auto older = feed(make({"older"})).done.at(0);
+    const auto batch = feed(make({"a", "b", "c"})).done;
+    const Path folder = directories().ownData() / "journal";
+    std::string text = "{\"journal\":1,\"kind\":\"feed\",\"mode\":\"bin\"}\n";
+    for (const auto& item : batch) {
+        JournalEntry entry;
+        entry.sacrifice = item;
+        text += intentLine(entry) + doneLine(item.id);
+    }
+    const auto failed = entryFor(home / "failed", "/nowhere/files/failed");
+    text += intentLine(failed) + failedLine(failed.sacrifice.id, "");
+    program.reset();
+    home.write(".local/share/vexmoor/journal/2.closed", text);
+    std::filesystem::remove(folder / "current");
+    RawDatabase(directories().ownData() / "defaults.db")
+        .run("DROP TABLE records; PRAGMA user_version = 1; DELETE FROM defaults WHERE key IN "
+             "('records.adopted', 'records.count', 'journal.position')");
+    start();
+    EXPECT_TRUE(program->recovery.problems.empty());
+    EXPECT_FALSE(exists(folder / "2.closed"));
+    start();
+    std::vector<std::string> names;
+    for (const auto& item : program->binnedItems.all())
+        names.push_back(item.name);
+    EXPECT_EQ(names, (std::vector<std::string>{"c", "b", "a", "older"}));
+    EXPECT_EQ(program->binnedItems.lastBatch().size(), 3U);
+    EXPECT_EQ(program->binnedItems.all().back().id, older.id);
+    EXPECT_EQ(program->ledger.count.get(), 4);
+}
+
+TEST_F(RecoveryTest, ReportsAJournalThatShouldHoldSomething) {
+    feed(make({"a"}));
+    const Path file = directories().ownData() / "journal/current";
+    const auto whole = contents(file);
+    for (const std::string& left :
+         {std::string(), std::string(whole.size(), '\0'), whole + "gone"}) {
+        SCOPED_TRACE(left.size());
+        program.reset();
+        if (left.size() > whole.size())
+            std::filesystem::remove(file);
+        else
+            home.write(".local/share/vexmoor/journal/current", left);
+        start();
+        ASSERT_FALSE(program->recovery.problems.empty());
+        EXPECT_EQ(program->recovery.problems[0].code, make_error_code(DisposalError::journalLost));
+        start();
+        EXPECT_TRUE(program->recovery.problems.empty()) << "told once";
+        EXPECT_EQ(feed(make({"next"})).done.size(), 1U);
+        start();
+        EXPECT_TRUE(program->recovery.problems.empty());
+    }
+}
+
+TEST_F(RecoveryTest, RecordsWhatCanBeReadOfADamagedJournal) {
+    const auto items = make({"first", "second"});
+    feed(make({"warm"}));
+    const Path files = directories().dataHome / "Trash/files";
+    const Path journal = directories().ownData() / "journal/current";
+    {
+        const auto writer = program->journal.begin(JournalKind::feed, DisposeMode::bin,
+                                                   Settlement(*program->defaults).start());
+        for (const auto& item : items) {
+            (*writer)->intend(entryFor(item, files / item.filename()));
+            ASSERT_TRUE((*writer)->sync());
+            std::filesystem::rename(item, files / item.filename());
+        }
+    }
+    std::string text = contents(journal);
+    program.reset();
+    text[text.find("\"first\"") + 1] = 'X';
+    home.write(".local/share/vexmoor/journal/current", text);
+    start();
+    EXPECT_EQ(program->recovery.disposed, 1);
+    EXPECT_EQ(recent()[0].name, "second");
+    ASSERT_EQ(program->recovery.problems.size(), 1U);
+    EXPECT_EQ(program->recovery.problems[0].code, make_error_code(DisposalError::journalSetAside));
+    EXPECT_TRUE(exists(directories().ownData() / "journal/1.damaged"));
+
+    // One that was being written when all ended is no damage: nothing of it was done.
+    noteIntents(JournalKind::feed, {entryFor(make({"third"}).front(), files / "third")});
+    text = contents(journal);
+    program.reset();
+    text[text.find("\"third\"") + 1] = 'X';
+    home.write(".local/share/vexmoor/journal/current", text);
+    start();
+    EXPECT_TRUE(program->recovery.problems.empty());
+    EXPECT_TRUE(exists(home / "third"));
+}
+
+TEST_F(RecoveryTest, ReportsWhatFailedAndWhatIsHalfDissolvedAndWaitsForVolumes) {
+    home.write("folder/left", "x");
+    std::vector<JournalEntry> entries;
+    for (const char* const name : {"folder", "failed", "gone", "usb/away"}) {
+        entries.push_back(entryFor(home / name, {}));
+        entries.back().sacrifice.mode = DisposeMode::dissolve;
+        entries.back().sacrifice.trashed.reset();
+    }
+    entries[3].volume = home / "usb"; // no mount point
+    {
+        const auto writer = program->journal.begin(JournalKind::feed, DisposeMode::dissolve,
+                                                   Settlement(*program->defaults).start());
+        for (const auto& entry : entries)
+            (*writer)->intend(entry);
+        ASSERT_TRUE((*writer)->sync());
+        (*writer)->note(begunLine(entries[0].sacrifice.id));
+        (*writer)->note(failedLine(entries[1].sacrifice.id, "Permission denied."));
+        ASSERT_TRUE((*writer)->flush());
+    }
+    clock.now = utc("2024-04-02 12:00:00"); // the next start is two days later
+    start();
+    EXPECT_EQ(program->recovery.disposed, 1);
+    EXPECT_EQ(recent()[0].name, "gone");
+    std::vector<std::string> told;
+    for (const auto& [name, error] : program->recovery.failures)
+        told.push_back(name + ": " + describe(error));
+    EXPECT_EQ(told, (std::vector<std::string>{
+                        "folder: Not all of it could be removed: " + (home / "folder").native() +
+                            " is what remains.",
+                        "failed: It failed before the batch was cut off: Permission denied."}));
+    ASSERT_EQ(program->recovery.problems.size(), 1U);
+    EXPECT_EQ(describe(program->recovery.problems[0]),
+              "away was being dissolved on a volume that is not there now.");
+    EXPECT_FALSE(program->recovery.unlocked.empty()) << "the first offering";
+    EXPECT_EQ(*program->progression.progress().lastDay,
+              Calendar().startOfDay(entries[2].sacrifice.date));
+    start();
+    EXPECT_TRUE(needsRecovery());
+    EXPECT_TRUE(program->recovery.problems.empty()) << "told once";
+    EXPECT_EQ(program->ledger.count.get(), 1);
 }
 
 } // namespace

@@ -12,6 +12,7 @@ namespace vexmoor::test {
 
 namespace {
 
+std::atomic<int> syncCalls = 0;
 std::atomic<bool> isActive = false;
 std::atomic<int> callsLeft = 0;
 std::atomic<int> errorNumber = 0;
@@ -61,6 +62,10 @@ Faults::~Faults() {
     otherProgram = nullptr;
 }
 
+int Faults::syncs() {
+    return syncCalls;
+}
+
 std::optional<std::string> Faults::failed() {
     const char* const call = failedCall;
     return call == nullptr ? std::nullopt : std::optional<std::string>(call);
@@ -99,7 +104,12 @@ VEXMOOR_WRAP(int, mkdirat, (int a, const char* b, mode_t c), (a, b, c))
 VEXMOOR_WRAP(int, mkdir, (const char* a, mode_t b), (a, b))
 VEXMOOR_WRAP(int, statx, (int a, const char* b, int c, unsigned d, struct statx* e),
              (a, b, c, d, e))
-VEXMOOR_WRAP(int, fdatasync, (int a), (a))
+int __real_fdatasync(int f);
+int __wrap_fdatasync(int f);
+int __wrap_fdatasync(int f) {
+    ++vexmoor::test::syncCalls;
+    return fails("fdatasync") ? -1 : __real_fdatasync(f);
+}
 
 int __real_close(int f);
 int __wrap_close(int f);

@@ -26,6 +26,9 @@ class Faults {
 
     /// The name of the call that failed or was preceded; nullopt where there were fewer calls.
     [[nodiscard]] static std::optional<std::string> failed();
+
+    /// How often our own code has called fdatasync so far.
+    [[nodiscard]] static int syncs();
 };
 
 } // namespace vexmoor::test
