@@ -1,9 +1,13 @@
 #include "SqliteUserDefaults.h"
 
+#include "base/FileDescriptor.h"
 #include "base/Path.h"
 #include "base/SqliteRecordTable.h"
 
+#include <fcntl.h>
 #include <sqlite3.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 
@@ -152,6 +156,29 @@ void bind(sqlite3_stmt* statement, int index, const UserDefaults::Value& value) 
     }
 }
 
+constexpr off_t kReserveBytes = 1024 * 1024;
+constexpr const char* kReserve = ".reserve";
+
+/// Keeps room on the disk for the log, so that what frees room can be stored on a full one.
+void keepReserve(const std::filesystem::path& file) {
+    const auto reserve = companion(file, kReserve);
+    struct stat status {};
+    if (::stat(reserve.c_str(), &status) == 0 && status.st_size >= kReserveBytes)
+        return;
+    const FileDescriptor descriptor(
+        ::open(reserve.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600));
+    if (!descriptor || ::posix_fallocate(descriptor.get(), 0, kReserveBytes) != 0)
+        ::unlink(reserve.c_str()); // there is none then
+}
+
+bool releaseReserve(const std::filesystem::path& file) {
+    return ::unlink(companion(file, kReserve).c_str()) == 0;
+}
+
+bool isFull(const Error& error) {
+    return error.code.category() == sqliteCategory() && (error.code.value() & 0xff) == SQLITE_FULL;
+}
+
 /// Renames the database and what SQLite keeps beside it; the first free number is taken. The caller
 /// holds the writer's lock, so nobody else takes the name in between.
 Result<std::filesystem::path> moveAside(const std::filesystem::path& file) {
@@ -272,6 +299,8 @@ Result<void> SqliteUserDefaults::connect(Access access) {
                 execute(*version < kFormatVersion ? kCreate : kPrepare, "open the database");
             !done)
             return done;
+    if (access == Access::readWrite)
+        keepReserve(m_file);
     m_hasRecords = access == Access::readWrite || *version == kFormatVersion;
     return *version == 0 ? Result<void>() : load();
 }
@@ -420,6 +449,8 @@ Result<void> SqliteUserDefaults::transaction(const std::function<void()>& body,
         m_leftOver.merge(m_assigned);
     m_assigned.clear();
     m_records->ended(committed.ok());
+    if (!committed && isFull(committed.error()) && releaseReserve(m_file))
+        return transaction([] {}, durability); // stores what is left over
     return committed;
 }
 
