@@ -67,6 +67,7 @@ AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBu
                 binnedItems(), stores.journal(), &m_undoStack, m_main, *m_work, m_alerts,
                 m_animator, m_sizzle, *m_thumbnails, *m_undoKey, &Date::now}),
       m_sessionLock(bus, QDBusConnection::systemBus()),
+      m_shutdownDelay(QDBusConnection::systemBus()),
       m_updater(QDBusConnection::systemBus(), QCoreApplication::applicationFilePath()) {
     tellOfStoreFailures();
 }
@@ -158,6 +159,9 @@ void AppDelegate::wireDesktop() {
                 endStartup();
             });
     connect(&m_sessionLock, &SessionLock::lockedChanged, this, &AppDelegate::restWhileUnseen);
+    connect(&m_shutdownDelay, &ShutdownDelay::shutdownBegun, this, &AppDelegate::quit);
+    m_subscriptions.push_back(m_intake.subscribeToBatches(
+        [this](std::size_t batches) { m_shutdownDelay.setWorking(batches > 0); }));
     connect(&m_updater, &Updater::finished, this, [this](const UpdateCheck& check) {
         m_alerts.tell(tr("Check for Updates"), sentenceFor(check));
     });

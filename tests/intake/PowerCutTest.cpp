@@ -13,6 +13,7 @@
 #include <sys/mount.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdint>
 #include <fstream>
@@ -80,6 +81,17 @@ class Disk {
         const FileDescriptor file(
             ::open((m_top / "another").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
         ASSERT_EQ(::fsync(file.get()), 0);
+    }
+    /// Leaves no room.
+    void fill() const {
+        static int number = 0;
+        for (off_t size = off_t{256} << 20; size >= 1024; size /= 2)
+            for (int error = 0; error == 0;) {
+                const FileDescriptor file(
+                    ::open((m_top / ("fill " + std::to_string(++number))).c_str(),
+                           O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
+                error = file ? ::posix_fallocate(file.get(), 0, size) : ENOSPC;
+            }
     }
     [[nodiscard]] const Path& top() const { return m_top; }
 
@@ -207,6 +219,28 @@ TEST_P(PowerCutTest, LosesNoFileNorItsWayBack) {
         putAllBack();
         disk.unmount();
     }
+}
+
+TEST_P(PowerCutTest, DeletesDissolvesAndPutsBackOnAFullDisk) {
+    if (const auto reason = disk.make(); !reason.empty())
+        GTEST_SKIP() << "No disk can be filled: " << reason;
+    begin(false);
+    ASSERT_EQ(vexmoor(feeding()).run().status, 0);
+    std::filesystem::create_directories(disk.top() / "things/folder/in it");
+    const std::vector<std::vector<std::string>> orders = {
+        {"put-back", "file 8"},
+        {"delete", "--yes", "file 7", "warm"},
+        {"put-back"},
+        {"feed", "--mode", "dissolve", "--yes", "folder"},
+    };
+    for (const auto& order : orders) {
+        disk.fill();
+        const auto result = vexmoor(order).run();
+        EXPECT_EQ(result.status, 0) << order[0] << ": " << result.errors;
+    }
+    for (int i = 0; i < kFiles; ++i)
+        EXPECT_EQ(fileStatus(thing(i)).ok(), i != 7) << i;
+    disk.unmount();
 }
 
 INSTANTIATE_TEST_SUITE_P(Disks, PowerCutTest, testing::Values("ext4", "xfs"),
