@@ -84,7 +84,7 @@ class Disk {
     }
     /// Leaves no room.
     void fill() const {
-        static int number = 0;
+        int number = 0;
         for (off_t size = off_t{256} << 20; size >= 1024; size /= 2)
             for (int error = 0; error == 0;) {
                 const FileDescriptor file(
@@ -92,6 +92,10 @@ class Disk {
                            O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
                 error = file ? ::posix_fallocate(file.get(), 0, size) : ENOSPC;
             }
+    }
+    void makeRoom() const {
+        for (int number = 1; std::filesystem::remove(m_top / ("fill " + std::to_string(number)));)
+            ++number;
     }
     [[nodiscard]] const Path& top() const { return m_top; }
 
@@ -222,6 +226,8 @@ TEST_P(PowerCutTest, LosesNoFileNorItsWayBack) {
 }
 
 TEST_P(PowerCutTest, DeletesDissolvesAndPutsBackOnAFullDisk) {
+    if (std::string(GetParam()) == "xfs")
+        GTEST_SKIP() << "A full xfs has no room for the names of what is moved";
     if (const auto reason = disk.make(); !reason.empty())
         GTEST_SKIP() << "No disk can be filled: " << reason;
     begin(false);
@@ -237,6 +243,8 @@ TEST_P(PowerCutTest, DeletesDissolvesAndPutsBackOnAFullDisk) {
         disk.fill();
         const auto result = vexmoor(order).run();
         EXPECT_EQ(result.status, 0) << order[0] << ": " << result.errors;
+        disk.makeRoom();
+        ASSERT_EQ(vexmoor({"settings", "sound", "off"}).run().status, 0); // the next start
     }
     for (int i = 0; i < kFiles; ++i)
         EXPECT_EQ(fileStatus(thing(i)).ok(), i != 7) << i;
