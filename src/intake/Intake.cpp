@@ -119,7 +119,7 @@ void Intake::askToDissolve(const std::shared_ptr<Batch>& batch, const BatchOptio
     if (batch->seen.empty())
         for (const auto& item : batch->items)
             batch->seen.emplace(item.native(), identityAt(item));
-    batch->dialogs.ask(dissolveQuestion(batch->items.size()),
+    batch->dialogs.ask(dissolveQuestion(batch->items.size(), firstNames(batch->items)),
                        [this, batch, options](const Answer& answer) {
                            if (answer.suppressed)
                                m_parts.settings.confirmDissolve.set(false);
