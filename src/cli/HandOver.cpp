@@ -47,7 +47,8 @@ std::optional<Refusal> settleFeed(Invocation& invocation, Session& session) {
     if (invocation.seen.empty())
         std::ranges::transform(invocation.items, std::back_inserter(invocation.seen),
                                [](const auto& item) { return identityAt(standardized(item)); });
-    return askFor(invocation, dissolveQuestion(count));
+    const std::vector<StoredPath> named(invocation.items.begin(), invocation.items.end());
+    return askFor(invocation, dissolveQuestion(count, firstNames(named)));
 }
 
 /// Names the items by their ids: names are bytes, which the bus does not carry as text; by the time

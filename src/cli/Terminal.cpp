@@ -7,6 +7,7 @@
 
 #include <cstdio>
 #include <iostream>
+#include <sstream>
 
 namespace vexmoor {
 
@@ -25,9 +26,11 @@ Answer TerminalDialogs::ask(const Question& question) {
         m_lackedTerminal = true;
         return {};
     }
-    std::cerr << printable(question.message) << "\n"
-              << question.informative << "\n"
-              << question.confirm << "? [y/N] " << std::flush;
+    std::cerr << printable(question.message) << "\n";
+    std::istringstream items(question.items);
+    for (std::string item; std::getline(items, item);)
+        std::cerr << "  " << printable(item) << "\n";
+    std::cerr << question.informative << "\n" << question.confirm << "? [y/N] " << std::flush;
     std::string line;
     std::getline(std::cin, line);
     return {line == "y" || line == "Y" || line == "yes", false};

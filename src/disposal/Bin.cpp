@@ -152,9 +152,12 @@ Result<TrashDirectory::Found> Bin::find(const Path& place, const BinRecord& reco
 Result<std::shared_ptr<const HeldFolder>> Bin::openDestination(const Path& destination) {
     if (!isUsable(destination))
         return disposalError(DisposalError::invalidDestination, destination);
-    if (auto made = makeFolders(destination.parent_path(), kOrdinaryRights); !made)
-        return std::move(made).error();
     auto folder = m_destinations.open(destination.parent_path());
+    if (!folder && folder.error().code == std::errc::no_such_file_or_directory) {
+        if (auto made = makeFolders(destination.parent_path(), kOrdinaryRights); !made)
+            return std::move(made).error();
+        folder = m_destinations.open(destination.parent_path());
+    }
     if (!folder)
         return Error{folder.error().code, "open", destination.parent_path()};
     if (m_guard.isInsideBin(**folder))

@@ -129,20 +129,21 @@ void BinGuard::lookAt(const HeldFolder& folder) {
     const auto path = mount ? currentPath(folder.descriptor.get()) : Result<Path>(Error());
     if (mount && path) {
         const Path below = path->lexically_relative(mount->point);
-        m_lastPath = below == "." ? mount->root : mount->root / below;
+        m_lastPath = below == "." ? Path(mount->root) : mount->root / below;
         m_sameVolume = m_mounts.mountsOfSame(*mount);
     }
     m_lastIsSystem = volumeKind(folder.descriptor.get()).isPseudo ||
-                     (mount && (mount->type == "devtmpfs" || mount->point == "/dev"));
+                     (mount && (mount->type == "devtmpfs" || mount->point.native() == "/dev"));
     m_lastRefusal = findRefusalInside(folder);
 }
 
 /// A volume's Bin is found at the top of what is mounted, by whichever mount that is.
 bool BinGuard::isVolumeBin(const HeldFolder& parent, const std::string& name) const {
+    const auto isTop = [this](const MountTable::Mount& mount) {
+        return m_lastPath && mount.root == *m_lastPath;
+    };
     return isVolumeBinName(name) &&
-           (parent.status.isMountPoint ||
-            std::ranges::find(m_sameVolume, m_lastPath, &MountTable::Mount::root) !=
-                m_sameVolume.end());
+           (parent.status.isMountPoint || std::ranges::any_of(m_sameVolume, isTop));
 }
 
 bool BinGuard::holdsVolumeBin(const std::string& name) const {

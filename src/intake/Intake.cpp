@@ -86,7 +86,7 @@ void Intake::consume(const std::vector<Path>& items, bool fromFinder, BatchCompl
 
 void Intake::askToDissolve(const std::shared_ptr<Batch>& batch, const BatchOptions& options) {
     batch->fed.look();
-    batch->dialogs.ask(dissolveQuestion(batch->fed.items.size()),
+    batch->dialogs.ask(dissolveQuestion(batch->fed.items.size(), firstNames(batch->fed.items)),
                        [this, batch, options](const Answer& answer) {
                            if (answer.suppressed)
                                m_parts.settings.confirmDissolve.set(false);

@@ -23,8 +23,8 @@ class MountTable {
     struct Mount {
         std::uint64_t id = 0;
         std::string device; ///< "major:minor"
-        Path root;          ///< what of the file system is mounted, as a path within it
-        Path point;
+        StoredPath root;    ///< what of the file system is mounted, as a path within it
+        StoredPath point;
         std::string type;
     };
 

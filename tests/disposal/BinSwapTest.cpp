@@ -84,6 +84,39 @@ TEST_P(BinSwapTest, NothingOfAnotherProgramLeavesTheBin) {
             });
 }
 
+TEST_P(BinSwapTest, NothingIsLeftOnTheWayOutWhicheverCallFails) {
+    for (const int error : {EIO, ENOSPC, EACCES})
+        for (const bool erasing : {false, true}) {
+            std::optional<std::string> failed = "first";
+            for (int call = 0; failed; ++call) {
+                ASSERT_LT(call, 500);
+                write("a.txt", "ours");
+                const Path place = bin(original);
+                const BinRecord record{original, {}, factsOf(place)};
+                bool isDone = false;
+                {
+                    const Faults faults(call, error, GetParam());
+                    isDone = erasing ? erase(place, record).ok() : putBack(place, record).ok();
+                }
+                failed = Faults::failed();
+                SCOPED_TRACE("call " + std::to_string(call) + ", " + failed.value_or("none"));
+                (void)Disposer(directories(), nullptr).returnLeaving(place);
+                EXPECT_TRUE(std::filesystem::is_empty(binPath() / "vexmoor-leaving/files"));
+                EXPECT_EQ(read(original), isDone && !erasing ? "ours" : "");
+                if (!isDone && fileStatus(place).ok()) {
+                    const auto back = putBack(place, record);
+                    EXPECT_TRUE(back.ok()) << describe(back.error());
+                } else {
+                    EXPECT_TRUE(isDone || erasing) << "neither here nor there";
+                }
+                if (HasFailure())
+                    return;
+                std::filesystem::remove_all(binPath());
+                std::filesystem::remove_all(original);
+            }
+        }
+}
+
 TEST_P(BinSwapTest, WhatIsSavedWhileAnItemIsFedIsThereOrRecorded) {
     std::optional<BinnedItem> binned;
     atEachCall(

@@ -34,6 +34,7 @@ class Surroundings : public Dialogs,
   public:
     void ask(const Question& question, std::function<void(const Answer&)> answered) override {
         events.push_back("ask " + question.message);
+        asked.push_back(question);
         if (holdsQuestions)
             questions.push_back(std::move(answered));
         else
@@ -77,6 +78,7 @@ class Surroundings : public Dialogs,
 
     std::vector<std::string> events;
     std::vector<FailureReport> reports;
+    std::vector<Question> asked;
     std::vector<PicturePointer> burned;
     Answer answer{true, false};
     bool holdsQuestions = false;

@@ -150,6 +150,20 @@ TEST_F(IntakeTest, AsksBeforeDissolvingUntilToldNotTo) {
     EXPECT_EQ(dissolveQuestion(1).message, "Dissolve this item forever?");
 }
 
+TEST_F(IntakeTest, ListsTheFirstItemsThatAreToBeDissolved) {
+    const auto listOf = [](const std::vector<StoredPath>& items) {
+        return dissolveQuestion(items.size(), firstNames(items)).items;
+    };
+    EXPECT_EQ(listOf({"/x/a\nb\xff"}), "a␊b\uFFFD");
+    EXPECT_EQ(listOf({9, "/x/a"}), "a\na\na\na\na\na\na\na\n…and 1 more.");
+    program->settings.mode.set(DisposeMode::dissolve);
+    around.answer = {false, false};
+    feed(make({"first", "second"}));
+    ASSERT_EQ(around.asked.size(), 1U);
+    EXPECT_EQ(around.asked[0].items, "first\nsecond");
+    EXPECT_EQ(around.asked[0].informative, "Dissolve mode skips the Bin. There is no Put Back.");
+}
+
 TEST_F(IntakeTest, UndoesABatchAndNamesWhatIsGoneFromTheBin) {
     const auto items = make({"a", "b", "c"});
     feed(items, true);

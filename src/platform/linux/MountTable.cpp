@@ -80,7 +80,7 @@ bool MountTable::isUnknown() {
 
 std::optional<Path> MountTable::mountPoint(std::uint64_t mountId) {
     const auto found = mount(mountId);
-    return found ? std::optional(found->point) : std::nullopt;
+    return found ? std::optional<Path>(found->point) : std::nullopt;
 }
 
 std::optional<Path> MountTable::mountBelow(const Path& folder) {
