@@ -72,8 +72,6 @@ class Recoverer {
         takeWaiting();
         takeOlder();
         takeJournal();
-        if (areInfosEmpty(m_binnedItems, m_directories))
-            repairInfos();
         if (!m_hasNews)
             return std::move(m_report);
         if (const auto stored = m_defaults.transaction([this] { store(); }); !stored) {
@@ -85,15 +83,6 @@ class Recoverer {
                 m_report.problems.push_back(removed.error());
         return std::move(m_report);
     }
-
-  private:
-    /// What happened of one batch.
-    struct Recorded {
-        JournalBatch batch; ///< without the entries
-        std::vector<Sacrifice> sacrifices;
-        std::vector<Progression::Offering> offerings;
-        std::set<Uuid> ids;
-    };
 
     /// Of the recorded items, the newest first, as far back as some of them lack one.
     void repairInfos() {
@@ -107,6 +96,15 @@ class Recoverer {
             return whole < kMostWhole;
         });
     }
+
+  private:
+    /// What happened of one batch.
+    struct Recorded {
+        JournalBatch batch; ///< without the entries
+        std::vector<Sacrifice> sacrifices;
+        std::vector<Progression::Offering> offerings;
+        std::set<Uuid> ids;
+    };
 
     void takeWaiting() {
         const auto text = m_defaults.data(kWaitingKey);
@@ -379,7 +377,11 @@ RecoveryReport recover(Journal& journal, UserDefaults& defaults, Ledger& ledger,
         !needsRecovery(journal, older, defaults, binnedItems, directories))
         return {}; // nearly always: looking further would cost a small batch a good part of its
                    // time
-    return Recoverer(journal, older, defaults, ledger, progression, binnedItems, directories).run();
+    Recoverer recoverer(journal, older, defaults, ledger, progression, binnedItems, directories);
+    auto report = recoverer.run();
+    if (areInfosEmpty(binnedItems, directories)) // of what is in the Bin by now
+        recoverer.repairInfos();
+    return report;
 }
 
 } // namespace vexmoor

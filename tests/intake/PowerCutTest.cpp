@@ -26,7 +26,7 @@ namespace {
 
 constexpr int kFiles = 700; ///< more than a group
 constexpr int kRounds = 12;
-constexpr unsigned kSeed = 20260314;
+constexpr unsigned kSeed = 4711;
 
 /// A file system of its own on a loop device, seen by this process and its children only.
 class Disk {
