@@ -4,8 +4,10 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 #include <cmath>
 #include <utility>
@@ -53,6 +55,59 @@ std::unique_ptr<QMessageBox> makeBox(const std::string& message, const std::stri
     return box;
 }
 
+/// Adds a list below the informative text. The box builds its layout again for all that is set on
+/// it, so this comes last.
+void addItems(QMessageBox& box, const std::string& items) {
+    auto* const text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"));
+    if (text == nullptr || box.layout() == nullptr)
+        return;
+    auto* const both = new QWidget(&box);
+    delete box.layout()->replaceWidget(text, both);
+    auto* const column = new QVBoxLayout(both);
+    column->setContentsMargins({});
+    column->addWidget(text);
+    auto* const list = new QLabel(breakable(items), both);
+    list->setObjectName(QStringLiteral("items"));
+    list->setTextFormat(Qt::PlainText);
+    list->setWordWrap(true);
+    column->addWidget(list);
+}
+
+/// Lets a question be answered only after it has had the focus for a while. Its box owns it.
+class AnswerGuard : public QObject {
+  public:
+    AnswerGuard(QMessageBox& box, QPushButton& usual, std::unique_ptr<FrameTimer> timer)
+        : QObject(&box), m_box(box), m_usual(usual), m_timer(std::move(timer)) {
+        allow(false);
+        box.installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::WindowActivate) {
+            m_timer->start(Alerts::kGuard, [this] {
+                m_timer->stop();
+                allow(true);
+                m_usual.setFocus();
+            });
+        } else if (event->type() == QEvent::WindowDeactivate) {
+            m_timer->stop();
+            allow(false);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    void allow(bool isAllowed) {
+        for (QAbstractButton* const button : m_box.findChildren<QAbstractButton*>())
+            button->setEnabled(isAllowed);
+    }
+
+    QMessageBox& m_box;
+    QPushButton& m_usual;
+    std::unique_ptr<FrameTimer> m_timer;
+};
+
 std::unique_ptr<QMessageBox> makeTelling(const std::string& message,
                                          const std::string& informative) {
     auto box = makeBox(message, informative);
@@ -76,6 +131,9 @@ void Alerts::ask(const Question& question, std::function<void(const Answer&)> an
         box->addButton(QString::fromStdString(question.cancel), QMessageBox::RejectRole));
     if (question.suppression)
         box->setCheckBox(new QCheckBox(QString::fromStdString(*question.suppression), box.get()));
+    if (!question.items.empty())
+        addItems(*box, question.items);
+    new AnswerGuard(*box, *confirm, m_makeTimer());
     await({.box = std::move(box),
            .report = std::nullopt,
            .answered = [this, confirm, answered = std::move(answered)](const QMessageBox& closed) {

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "dock/FrameTimer.h"
 #include "intake/Ports.h"
 
 #include <QMessageBox>
 #include <QObject>
 
+#include <chrono>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -19,6 +21,13 @@ class Alerts : public QObject, public Dialogs {
     Q_OBJECT
 
   public:
+    /// How long a question has had the focus before it can be answered: what is typed when it comes
+    /// up was meant for another window.
+    static constexpr std::chrono::milliseconds kGuard{500};
+
+    explicit Alerts(MakeFrameTimer makeTimer = [] { return std::make_unique<QtFrameTimer>(); })
+        : m_makeTimer(std::move(makeTimer)) {}
+
     /// Answers when its turn came and the user closed it.
     void ask(const Question& question, std::function<void(const Answer&)> answered) override;
 
@@ -45,6 +54,7 @@ class Alerts : public QObject, public Dialogs {
     void showFirst();
     void firstIsOver();
 
+    MakeFrameTimer m_makeTimer;
     std::deque<Turn> m_turns; ///< the first is on the screen
     std::function<void(const FailureReport&)> m_instead;
 };

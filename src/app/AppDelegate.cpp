@@ -60,9 +60,10 @@ AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBu
                         m_accessibilityBus, bus, IntegrationContext::ofProcess()}),
       m_work(std::make_unique<SerialQueue>()),
       m_intake({stores.directories(), stores.defaults(), m_ledger, m_settings, m_progression,
-                stores.journal(), &m_undoStack, m_main, *m_work, m_alerts, m_animator, m_sizzle,
-                *m_thumbnails, m_fileManagerKey.undoKey(), &Date::now}),
+                binnedItems(), stores.journal(), &m_undoStack, m_main, *m_work, m_alerts,
+                m_animator, m_sizzle, *m_thumbnails, m_fileManagerKey.undoKey(), &Date::now}),
       m_sessionLock(bus, QDBusConnection::systemBus()),
+      m_shutdownDelay(QDBusConnection::systemBus()),
       m_updater(QDBusConnection::systemBus(), QCoreApplication::applicationFilePath()) {
     tellOfStoreFailures();
 }
@@ -95,14 +96,18 @@ void AppDelegate::recordCutOffBatches() {
     if (m_stores.defaults().setAside())
         m_alerts.report(damagedStore(*m_stores.defaults().setAside()));
     const auto report = recover(m_stores.journal(), m_stores.defaults(), m_ledger, m_progression,
-                                m_stores.directories());
+                                binnedItems(), m_stores.directories());
     const auto recorded = report.disposed + report.putBack + report.deleted;
     if (recorded > 0)
         m_notifications.post({"recovery", "An earlier batch was cut off",
                               "What it had done is recorded now: " + std::to_string(recorded) +
                                   (recorded == 1 ? " item." : " items.")});
+    if (!report.failures.empty())
+        m_alerts.report(intakeFailures(report.failures));
     for (const auto& problem : report.problems)
         m_alerts.report(journalFailure(problem));
+    if (!report.unlocked.empty())
+        m_progression.notify(report.unlocked);
 }
 
 /// Not before what a crash cut off is recorded: a command begins a batch.
@@ -152,6 +157,9 @@ void AppDelegate::wireDesktop() {
                 endStartup();
             });
     connect(&m_sessionLock, &SessionLock::lockedChanged, this, &AppDelegate::restWhileUnseen);
+    connect(&m_shutdownDelay, &ShutdownDelay::shutdownBegun, this, &AppDelegate::quit);
+    m_subscriptions.push_back(m_intake.subscribeToBatches(
+        [this](std::size_t batches) { m_shutdownDelay.setWorking(batches > 0); }));
     connect(&m_updater, &Updater::finished, this, [this](const UpdateCheck& check) {
         m_alerts.tell(tr("Check for Updates"), sentenceFor(check));
     });
@@ -216,11 +224,12 @@ void AppDelegate::act(const QString& action) {
 }
 
 BinnedItems AppDelegate::binnedItems() const {
-    return {m_ledger, m_stores.journal()};
+    return {m_ledger, m_stores.defaults().records()};
 }
 
 /// The newest batch of this run or of an earlier one.
 void AppDelegate::putBackLast() {
+    m_undoStack.refresh();
     if (m_undoStack.canUndo())
         m_undoStack.undo();
     else {
@@ -230,6 +239,7 @@ void AppDelegate::putBackLast() {
 }
 
 void AppDelegate::undo() {
+    m_undoStack.refresh();
     if (m_undoStack.canUndo())
         m_undoStack.undo();
     else
@@ -243,6 +253,7 @@ void AppDelegate::testFlames() {
 }
 
 void AppDelegate::showTileMenu(QPoint position) {
+    m_undoStack.refresh();
     const bool canPutBack = m_undoStack.canUndo() || !binnedItems().lastBatch().empty();
     auto* const menu =
         new TileMenu(m_settings, m_undoStack, canPutBack, m_fileManagerKey.canCapture());

@@ -11,6 +11,7 @@
 #include "base/SerialQueue.h"
 #include "desktopbus/Notifications.h"
 #include "desktopbus/SessionLock.h"
+#include "desktopbus/ShutdownDelay.h"
 #include "desktopbus/Updater.h"
 #include "disposal/Ledger.h"
 #include "disposal/Settings.h"
@@ -112,6 +113,7 @@ class AppDelegate : public QObject {
     std::unique_ptr<StatsWindow> m_statsWindow; ///< made when it is first shown, and kept
     std::unique_ptr<WindowFrame> m_statsFrame;
     SessionLock m_sessionLock;
+    ShutdownDelay m_shutdownDelay;
     Updater m_updater;
     QByteArray m_startup; ///< what a launcher waits for at the moment; empty where none does
     bool m_receivedFilesAtLaunch = false;

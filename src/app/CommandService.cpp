@@ -23,6 +23,8 @@ constexpr const char* kEnding = "org.vexmoor.Error.Ending";
 constexpr const char* kReportTooLong = "org.vexmoor.Error.ReportTooLong";
 constexpr std::size_t kLongestReport = std::size_t{64} << 20; ///< half of what a message may hold
 
+constexpr std::size_t kMostCalls = 256; ///< at once: what more come would only take memory
+
 std::vector<std::string> texts(const QStringList& items) {
     std::vector<std::string> result;
     std::ranges::transform(items, std::back_inserter(result), &QString::toStdString);
@@ -168,6 +170,10 @@ void CommandService::carryOut(const QDBusMessage& message, bool asks,
                               const std::function<void(BatchOptions, BatchCompletion)>& begin) {
     if (m_parts.intake.isStopped()) {
         refuse(message, kEnding, "The desktop application is ending.");
+        return;
+    }
+    if (m_calls.size() >= kMostCalls) {
+        refuse(message, kRefused, "Too many orders wait already. Nothing was touched.");
         return;
     }
     message.setDelayedReply(true);

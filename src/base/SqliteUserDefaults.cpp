@@ -1,8 +1,13 @@
 #include "SqliteUserDefaults.h"
 
+#include "base/FileDescriptor.h"
 #include "base/Path.h"
+#include "base/SqliteRecordTable.h"
 
+#include <fcntl.h>
 #include <sqlite3.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 
@@ -11,8 +16,9 @@ namespace vexmoor {
 namespace {
 
 constexpr int kBusyMilliseconds = 5000;
-constexpr int kFormatVersion = 1;
+constexpr int kFormatVersion = 2;
 constexpr const char* kPrepare = "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL;";
+/// Of a fresh database, or of one of version 1, which had the defaults only.
 constexpr const char* kCreate = "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL;"
                                 "BEGIN IMMEDIATE;"
                                 "CREATE TABLE IF NOT EXISTS defaults ("
@@ -21,7 +27,14 @@ constexpr const char* kCreate = "PRAGMA journal_mode=WAL; PRAGMA synchronous=FUL
                                 "    CHECK (kind IN ('bool', 'integer', 'string', 'data')),"
                                 "  value NOT NULL"
                                 ") WITHOUT ROWID;"
-                                "PRAGMA user_version=1;"
+                                "CREATE TABLE IF NOT EXISTS records ("
+                                "  key INTEGER PRIMARY KEY,"
+                                "  batch INTEGER NOT NULL,"
+                                "  id BLOB NOT NULL,"
+                                "  name BLOB NOT NULL,"
+                                "  content BLOB NOT NULL"
+                                ");"
+                                "PRAGMA user_version=2;"
                                 "COMMIT;";
 constexpr const char* kKinds[] = {"bool", "integer", "string", "data"};
 
@@ -143,6 +156,29 @@ void bind(sqlite3_stmt* statement, int index, const UserDefaults::Value& value) 
     }
 }
 
+constexpr off_t kReserveBytes = 1024 * 1024;
+constexpr const char* kReserve = ".reserve";
+
+/// Keeps room on the disk for the log, so that what frees room can be stored on a full one.
+void keepReserve(const std::filesystem::path& file) {
+    const auto reserve = companion(file, kReserve);
+    struct stat status {};
+    if (::stat(reserve.c_str(), &status) == 0 && status.st_size >= kReserveBytes)
+        return;
+    const FileDescriptor descriptor(
+        ::open(reserve.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600));
+    if (!descriptor || ::posix_fallocate(descriptor.get(), 0, kReserveBytes) != 0)
+        ::unlink(reserve.c_str()); // there is none then
+}
+
+bool releaseReserve(const std::filesystem::path& file) {
+    return ::unlink(companion(file, kReserve).c_str()) == 0;
+}
+
+bool isFull(const Error& error) {
+    return error.code.category() == sqliteCategory() && (error.code.value() & 0xff) == SQLITE_FULL;
+}
+
 /// Renames the database and what SQLite keeps beside it; the first free number is taken. The caller
 /// holds the writer's lock, so nobody else takes the name in between.
 Result<std::filesystem::path> moveAside(const std::filesystem::path& file) {
@@ -189,9 +225,14 @@ void SqliteUserDefaults::Closer::operator()(sqlite3_stmt* statement) const {
 }
 
 SqliteUserDefaults::SqliteUserDefaults(std::filesystem::path file, FailureHandler onFailure)
-    : m_file(std::move(file)), m_onFailure(std::move(onFailure)) {}
+    : m_file(std::move(file)), m_onFailure(std::move(onFailure)),
+      m_records(std::make_unique<SqliteRecordTable>(*this)) {}
 
 SqliteUserDefaults::~SqliteUserDefaults() = default;
+
+RecordTable& SqliteUserDefaults::records() {
+    return *m_records;
+}
 
 Result<std::unique_ptr<SqliteUserDefaults>>
 SqliteUserDefaults::open(const std::filesystem::path& file, Access access,
@@ -254,13 +295,18 @@ Result<void> SqliteUserDefaults::connect(Access access) {
     if (*version > kFormatVersion)
         return Error{{SQLITE_MISMATCH, sqliteCategory()}, "open the database", m_file};
     if (access == Access::readWrite)
-        if (auto done = execute(*version == 0 ? kCreate : kPrepare, "open the database"); !done)
+        if (auto done =
+                execute(*version < kFormatVersion ? kCreate : kPrepare, "open the database");
+            !done)
             return done;
+    if (access == Access::readWrite)
+        keepReserve(m_file);
+    m_hasRecords = access == Access::readWrite || *version == kFormatVersion;
     return *version == 0 ? Result<void>() : load();
 }
 
 Result<void> SqliteUserDefaults::prepare(const char* sql, const char* operation,
-                                         Statement& statement) {
+                                         Statement& statement) const {
     sqlite3_stmt* raw = nullptr;
     if (sqlite3_prepare_v2(m_database.get(), sql, -1, &raw, nullptr) != SQLITE_OK)
         return lastError(operation);
@@ -300,10 +346,14 @@ std::optional<UserDefaults::Value> SqliteUserDefaults::value(std::string_view ke
 
 void SqliteUserDefaults::assign(std::string_view key, std::optional<Value> value) {
     if (!m_inTransaction && !m_leftOver.empty()) {
-        if (const auto stored = transaction([&] { assign(key, std::move(value)); }); !stored)
+        if (const auto stored =
+                transaction([&] { assign(key, std::move(value)); }, Durability::onDisk);
+            !stored)
             m_onFailure(stored.error());
         return;
     }
+    if (!m_inTransaction)
+        prepareFor(Durability::onDisk);
     if (m_inTransaction)
         m_assigned.emplace(key);
     const auto stored =
@@ -327,7 +377,7 @@ Result<void> SqliteUserDefaults::storeLeftOver() {
     for (const auto& key : m_leftOver)
         if (auto stored = store(key, value(key)); !stored)
             return stored;
-    return {};
+    return m_records->storeLeftOver();
 }
 
 Result<void> SqliteUserDefaults::store(std::string_view key, const std::optional<Value>& value) {
@@ -351,16 +401,42 @@ Result<void> SqliteUserDefaults::store(std::string_view key, const std::optional
     return {};
 }
 
-Result<void> SqliteUserDefaults::transaction(const std::function<void()>& body) {
+/// A log that is not synced at each commit loses the newest of them in a power cut, nothing else.
+void SqliteUserDefaults::prepareFor(Durability durability) {
+    if (durability == m_durability)
+        return;
+    const char* const pragma =
+        durability == Durability::onDisk ? "PRAGMA synchronous=FULL" : "PRAGMA synchronous=NORMAL";
+    if (execute(pragma, "write the database"))
+        m_durability = durability;
+}
+
+/// Folding the log into the database syncs both.
+Result<void> SqliteUserDefaults::makeDurable() {
+    if (!m_database)
+        return Error::fromErrno(EROFS, "write the database", m_file);
+    int frames = 0;
+    int folded = 0;
+    if (sqlite3_wal_checkpoint_v2(m_database.get(), "main", SQLITE_CHECKPOINT_PASSIVE, &frames,
+                                  &folded) != SQLITE_OK)
+        return lastError("write the database");
+    return frames == folded ? Result<void>()
+                            : Error{{SQLITE_BUSY, sqliteCategory()}, "write the database", m_file};
+}
+
+Result<void> SqliteUserDefaults::transaction(const std::function<void()>& body,
+                                             Durability durability) {
     if (m_inTransaction) {
         body();
         return {};
     }
+    prepareFor(durability);
     if (auto begun = execute("BEGIN IMMEDIATE", "write the database"); !begun)
         m_transactionFailure = std::move(begun).error();
-    else if (auto stored = storeLeftOver(); !stored)
-        m_transactionFailure = std::move(stored).error();
     m_inTransaction = true;
+    if (!m_transactionFailure)
+        if (auto stored = storeLeftOver(); !stored)
+            m_transactionFailure = std::move(stored).error();
     body();
     m_inTransaction = false;
     const auto failure = std::exchange(m_transactionFailure, std::nullopt);
@@ -372,6 +448,9 @@ Result<void> SqliteUserDefaults::transaction(const std::function<void()>& body) 
     else
         m_leftOver.merge(m_assigned);
     m_assigned.clear();
+    m_records->ended(committed.ok());
+    if (!committed && isFull(committed.error()) && releaseReserve(m_file))
+        return transaction([] {}, durability); // stores what is left over
     return committed;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/RecordTable.h"
 #include "base/UserDefaults.h"
 
 #include <map>
@@ -10,6 +11,8 @@ struct sqlite3;
 struct sqlite3_stmt;
 
 namespace vexmoor {
+
+class SqliteRecordTable;
 
 /// UserDefaults in one SQLite database (docs/defaults-database.md). The values are read when it is
 /// opened; the owner is the only writer while it is open. One thread.
@@ -29,7 +32,12 @@ class SqliteUserDefaults : public UserDefaults {
 
     [[nodiscard]] std::optional<Value> value(std::string_view key) const override;
     void assign(std::string_view key, std::optional<Value> value) override;
-    Result<void> transaction(const std::function<void()>& body) override;
+    Result<void> transaction(const std::function<void()>& body,
+                             Durability durability = Durability::onDisk) override;
+    Result<void> makeDurable() override;
+
+    /// The table of records beside the values; lives as long as this.
+    RecordTable& records();
 
     /// Where the corrupt database that was found at opening lies now.
     [[nodiscard]] const std::optional<std::filesystem::path>& setAside() const {
@@ -37,6 +45,8 @@ class SqliteUserDefaults : public UserDefaults {
     }
 
   private:
+    friend class SqliteRecordTable;
+
     struct Closer {
         void operator()(sqlite3* database) const;
         void operator()(sqlite3_stmt* statement) const;
@@ -45,17 +55,19 @@ class SqliteUserDefaults : public UserDefaults {
 
     SqliteUserDefaults(std::filesystem::path file, FailureHandler onFailure);
     Result<void> connect(Access access);
-    Result<void> prepare(const char* sql, const char* operation, Statement& statement);
+    Result<void> prepare(const char* sql, const char* operation, Statement& statement) const;
     Result<int> formatVersion();
     Result<void> load();
     Result<void> execute(const char* statement, const char* operation);
     Result<void> store(std::string_view key, const std::optional<Value>& value);
     Result<void> storeLeftOver();
+    void prepareFor(Durability durability);
     [[nodiscard]] Error lastError(const char* operation) const;
 
     std::filesystem::path m_file;
     FailureHandler m_onFailure;
     std::unique_ptr<sqlite3, Closer> m_database;
+    std::unique_ptr<SqliteRecordTable> m_records;
     Statement m_insertion; ///< made when it is first needed
     Statement m_removal;
     std::map<std::string, Value, std::less<>> m_values;
@@ -63,9 +75,11 @@ class SqliteUserDefaults : public UserDefaults {
     Keys m_leftOver; ///< whose values could not be stored yet
     Keys m_assigned; ///< in the transaction that runs
     std::optional<std::filesystem::path> m_setAside;
-    bool m_immutable = false; ///< read without a lock or a log
+    bool m_immutable = false;  ///< read without a lock or a log
+    bool m_hasRecords = false; ///< a database of version 1 that is only read has no such table
     bool m_inTransaction = false;
     std::optional<Error> m_transactionFailure;
+    Durability m_durability = Durability::onDisk; ///< that the connection is set to
 };
 
 /// The codes of SQLite's errors.

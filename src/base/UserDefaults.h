@@ -21,6 +21,10 @@ class UserDefaults {
     };
     using Value = std::variant<bool, std::int64_t, std::string, Data>;
 
+    /// What a transaction has to survive when it returns: a power cut, or, as something else knows
+    /// of it that does, only this process.
+    enum class Durability { onDisk, journaled };
+
     virtual ~UserDefaults() = default;
 
     /// The value under the key, if there is one.
@@ -30,11 +34,15 @@ class UserDefaults {
     /// committed transaction; a failure goes to the store's failure handler.
     virtual void assign(std::string_view key, std::optional<Value> value) = 0;
 
-    /// Runs `body` and commits all that it assigned as one transaction, synchronously: when this
-    /// returns success, it is on the disk. A failure to store is returned, and nothing of the
-    /// body's assignments is stored then: they can be read from this object, and are stored
-    /// together with what is assigned next.
-    virtual Result<void> transaction(const std::function<void()>& body) = 0;
+    /// Runs `body` and commits all that it assigned as one transaction, synchronously. After a
+    /// power cut `journaled` ones may be missing, the newest first, unless one `onDisk` came after
+    /// them. A failure to store is returned, and nothing of the body's assignments is stored then:
+    /// they can be read from this object, and are stored together with what is assigned next.
+    virtual Result<void> transaction(const std::function<void()>& body,
+                                     Durability durability = Durability::onDisk) = 0;
+
+    /// Brings all that was committed to the disk.
+    virtual Result<void> makeDurable() = 0;
 
     [[nodiscard]] std::optional<bool> boolean(std::string_view key) const { return as<bool>(key); }
     [[nodiscard]] std::optional<std::int64_t> integer(std::string_view key) const {

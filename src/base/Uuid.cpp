@@ -1,12 +1,46 @@
 #include "Uuid.h"
 
+#include <unistd.h>
 #include <uuid.h>
+
+#include <algorithm>
 
 namespace vexmoor {
 
+namespace {
+
+/// Random bytes for many ids at once: asking the system for each would cost more than the rest of
+/// what is noted of an item.
+class RandomBytes {
+  public:
+    /// False where the system has none.
+    bool take(std::array<std::uint8_t, 16>& bytes) {
+        if (m_used + bytes.size() > m_bytes.size()) {
+            if (::getentropy(m_bytes.data(), m_bytes.size()) != 0)
+                return false;
+            m_used = 0;
+        }
+        std::copy_n(m_bytes.begin() + std::ptrdiff_t(m_used), bytes.size(), bytes.begin());
+        m_used += bytes.size();
+        return true;
+    }
+
+  private:
+    std::array<std::uint8_t, 256> m_bytes{}; ///< as many as getentropy gives
+    std::size_t m_used = m_bytes.size();
+};
+
+} // namespace
+
 Uuid Uuid::generate() {
+    thread_local RandomBytes random;
     Uuid result;
-    uuid_generate_random(result.bytes.data());
+    if (!random.take(result.bytes)) {
+        uuid_generate_random(result.bytes.data());
+        return result;
+    }
+    result.bytes[6] = static_cast<std::uint8_t>((result.bytes[6] & 0x0fU) | 0x40U); // version 4
+    result.bytes[8] = static_cast<std::uint8_t>((result.bytes[8] & 0x3fU) | 0x80U);
     return result;
 }
 

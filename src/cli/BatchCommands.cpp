@@ -92,6 +92,8 @@ const char* wordsFor(Command command, const BatchReport& report) {
 int tell(const BatchReport& report, const Invocation& invocation) {
     if (report.declined) {
         complain("Nothing was touched.");
+        if (invocation.json)
+            printRefusal("Nothing was touched.");
         return kRefused;
     }
     const int status = reportBatch(report, wordsFor(invocation.command, report), invocation.json);
@@ -115,6 +117,8 @@ int runBatch(const Invocation& invocation) {
     const auto* const refusal = std::get_if<Refusal>(&outcome);
     if (refusal != nullptr) {
         complain(printable(refusal->sentence));
+        if (invocation.json)
+            printRefusal(refusal->sentence);
         menu.report(
             {refusal->status == kSomeFailed ? "The cauldron did not answer" : "Nothing was fed",
              refusal->sentence,

@@ -110,6 +110,7 @@ void addHistory(CLI::App& app, Invocation& invocation) {
     history.add_option("-n", invocation.number, "How many at most")
         ->check(CLI::PositiveNumber)
         ->type_name("N");
+    history.add_flag("--all", invocation.all, "After them, all others that can still be put back");
     addJson(history, invocation);
 }
 

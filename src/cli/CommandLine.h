@@ -28,7 +28,8 @@ struct Invocation {
     std::vector<Failure> missing;   ///< names among them that meant nothing when it was asked
     std::string mode;               ///< empty: that of the settings
     std::size_t last = 0;           ///< 0: not given
-    std::size_t number = 40;
+    std::size_t number = 0;         ///< of the history, at most; 0 where it was not given
+    bool all = false;
     std::string name;
     std::string value;
     std::string action; ///< of integrate; empty: status

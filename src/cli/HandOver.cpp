@@ -47,17 +47,24 @@ std::optional<Refusal> settleFeed(Invocation& invocation, Session& session) {
     if (invocation.seen.empty())
         std::ranges::transform(invocation.items, std::back_inserter(invocation.seen),
                                [](const auto& item) { return identityAt(standardized(item)); });
-    return askFor(invocation, dissolveQuestion(count));
+    const std::vector<StoredPath> named(invocation.items.begin(), invocation.items.end());
+    return askFor(invocation, dissolveQuestion(count, firstNames(named)));
 }
 
-/// Names the items by their ids: by the time that the desktop takes the command, their names could
-/// mean others, and names that mean nothing could mean something that nobody was asked about.
-std::optional<Refusal> settleDelete(Invocation& invocation, const Session& session) {
+/// Names the items by their ids: names are bytes, which the bus does not carry as text; by the time
+/// that the desktop takes the command they could mean others; and names that mean nothing could
+/// mean something that the user was not asked about.
+std::vector<Sacrifice> nameById(Invocation& invocation, const Session& session) {
     auto [items, missing] = session.binnedItems().named(invocation.items);
     std::ranges::move(missing, std::back_inserter(invocation.missing));
     invocation.items.clear();
     for (const auto& item : items)
         invocation.items.push_back(item.id.toString());
+    return items;
+}
+
+std::optional<Refusal> settleDelete(Invocation& invocation, const Session& session) {
+    const auto items = nameById(invocation, session);
     return items.empty() ? std::nullopt : askFor(invocation, deleteQuestion(items));
 }
 
@@ -70,12 +77,17 @@ Outcome withMissing(Outcome outcome, const Invocation& invocation) {
 }
 
 std::optional<Refusal> settle(Invocation& invocation) {
-    if (invocation.command != Command::feed && invocation.command != Command::erase)
+    const bool isPutBack = invocation.command == Command::putBack && !invocation.items.empty();
+    if (invocation.command != Command::feed && invocation.command != Command::erase && !isPutBack)
         return std::nullopt;
     const auto session = Session::openForReading();
     if (!session)
         return Refusal{kRefused, "The history can't be read, so nothing was touched: " +
                                      describe(session.error())};
+    if (isPutBack) {
+        nameById(invocation, **session);
+        return std::nullopt;
+    }
     return invocation.command == Command::feed ? settleFeed(invocation, **session)
                                                : settleDelete(invocation, **session);
 }

@@ -54,4 +54,10 @@ int reportBatch(const BatchReport& report, const char* what, bool asJson) {
                                                                                      : kSomeFailed;
 }
 
+void printRefusal(const std::string& sentence) {
+    auto json = toJson(BatchReport());
+    json["error"] = displayText(sentence);
+    std::cout << json.dump(2) << "\n";
+}
+
 } // namespace vexmoor

@@ -8,4 +8,7 @@ namespace vexmoor {
 /// answers the exit status.
 int reportBatch(const BatchReport& report, const char* what, bool asJson);
 
+/// Prints the JSON document of a command that was refused or declined.
+void printRefusal(const std::string& sentence);
+
 } // namespace vexmoor

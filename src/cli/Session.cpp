@@ -9,6 +9,12 @@
 
 namespace vexmoor {
 
+namespace {
+
+constexpr int kSilentLooks = 20; ///< at the lock that another command holds: about a second
+
+} // namespace
+
 /// No pictures, no flames, no sound on a terminal.
 class Session::Silence : public BatchAnimation,
                          public SizzlePlayer,
@@ -51,8 +57,13 @@ Result<std::unique_ptr<Session>> Session::openForWriting(bool assumeYes, bool& d
     std::unique_ptr<Session> session(new Session(assumeYes));
     WorkMeter waiting;
     const Interrupt interrupt(waiting, Interrupt::Work::own);
+    int looks = 0;
     auto lock = WriterLock::take(session->m_directories.ownData() / WriterLock::kFileName,
-                                 WriterLock::Role::command, [&] { return waiting.stop.load(); });
+                                 WriterLock::Role::command, [&] {
+                                     if (++looks == kSilentLooks)
+                                         complain("Waiting for another command to end.");
+                                     return waiting.stop.load();
+                                 });
     if (!lock)
         return std::move(lock).error();
     if (!*lock) {
@@ -68,7 +79,10 @@ Result<std::unique_ptr<Session>> Session::openForWriting(bool assumeYes, bool& d
 
 Result<std::unique_ptr<Session>> Session::openForReading() {
     std::unique_ptr<Session> session(new Session(false));
-    if (!session->m_journal.open().empty()) {
+    if (auto opened = session->openStores(SqliteUserDefaults::Access::readOnly); !opened)
+        return std::move(opened).error();
+    if (needsRecovery(session->m_journal, *session->m_defaults, session->binnedItems(),
+                      session->m_directories)) {
         auto lock = WriterLock::tryTake(session->m_directories.ownData() / WriterLock::kFileName,
                                         WriterLock::Role::command);
         if (lock && *lock && session->openStores(SqliteUserDefaults::Access::readWrite)) {
@@ -77,8 +91,6 @@ Result<std::unique_ptr<Session>> Session::openForReading() {
             return session;
         }
     }
-    if (auto opened = session->openStores(SqliteUserDefaults::Access::readOnly); !opened)
-        return std::move(opened).error();
     return session;
 }
 
@@ -95,21 +107,26 @@ Result<void> Session::openStores(SqliteUserDefaults::Access access) {
     m_settings = std::make_unique<Settings>(*m_defaults);
     m_progression = std::make_unique<Progression>(*m_defaults, m_ledger.get(), &Date::now,
                                                   *m_announcer, [](const Skin&) {});
-    m_intake = std::make_unique<Intake>(Intake::Parts{
-        m_directories, *m_defaults, *m_ledger, *m_settings, *m_progression, m_journal, nullptr,
-        m_queue, m_queue, m_dialogs, *m_silence, *m_silence, *m_silence, *m_silence, &Date::now});
+    m_intake = std::make_unique<Intake>(
+        Intake::Parts{m_directories, *m_defaults, *m_ledger, *m_settings, *m_progression,
+                      binnedItems(), m_journal, nullptr, m_queue, m_queue, m_dialogs, *m_silence,
+                      *m_silence, *m_silence, *m_silence, &Date::now});
     return {};
 }
 
 void Session::recoverJournals() {
-    const auto report = recover(m_journal, *m_defaults, *m_ledger, *m_progression, m_directories);
+    const auto report =
+        recover(m_journal, *m_defaults, *m_ledger, *m_progression, binnedItems(), m_directories);
     if (report.disposed + report.putBack + report.deleted > 0)
         complain("An earlier batch was cut off. What it had done is recorded now: " +
                  std::to_string(report.disposed) + " disposed of, " +
                  std::to_string(report.putBack) + " put back, " + std::to_string(report.deleted) +
                  " deleted.");
+    for (const auto& [name, error] : report.failures)
+        complain("From an earlier batch: " + printable(name) + ": " + printable(describe(error)));
     for (const auto& problem : report.problems)
-        complain("A journal could not be settled: " + printable(describe(problem)));
+        complain("The journal of an earlier batch: " + printable(describe(problem)));
+    m_progression->notify(report.unlocked);
 }
 
 void Session::run() {

@@ -37,7 +37,7 @@ class Session {
     Progression& progression() { return *m_progression; }
     Intake& intake() { return *m_intake; }
     TerminalDialogs& dialogs() { return m_dialogs; }
-    [[nodiscard]] BinnedItems binnedItems() const { return {*m_ledger, m_journal}; }
+    [[nodiscard]] BinnedItems binnedItems() const { return {*m_ledger, m_defaults->records()}; }
 
     /// The last failure to store an assignment, if there was one.
     [[nodiscard]] const std::optional<Error>& storeError() const { return m_storeError; }

@@ -7,23 +7,9 @@
 
 #include <cstdio>
 #include <iostream>
+#include <sstream>
 
 namespace vexmoor {
-
-std::string printable(std::string_view text) {
-    std::string result;
-    for (const char c : displayText(text)) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte >= 0x20 && byte != 0x7F) {
-            result += c;
-        } else {
-            char escaped[8];
-            std::snprintf(escaped, sizeof escaped, c == '\n' ? "\\n" : "\\x%02x", byte);
-            result += escaped;
-        }
-    }
-    return result;
-}
 
 std::string counted(std::int64_t count, const std::string& noun) {
     return countText(count) + " " + noun + (count == 1 ? "" : "s");
@@ -40,9 +26,11 @@ Answer TerminalDialogs::ask(const Question& question) {
         m_lackedTerminal = true;
         return {};
     }
-    std::cerr << printable(question.message) << "\n"
-              << question.informative << "\n"
-              << question.confirm << "? [y/N] " << std::flush;
+    std::cerr << printable(question.message) << "\n";
+    std::istringstream items(question.items);
+    for (std::string item; std::getline(items, item);)
+        std::cerr << "  " << printable(item) << "\n";
+    std::cerr << question.informative << "\n" << question.confirm << "? [y/N] " << std::flush;
     std::string line;
     std::getline(std::cin, line);
     return {line == "y" || line == "Y" || line == "yes", false};

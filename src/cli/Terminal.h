@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Printable.h"
 #include "intake/Ports.h"
 
 #include <cstdint>
@@ -7,9 +8,6 @@
 #include <string_view>
 
 namespace vexmoor {
-
-/// Text that is safe to print: control characters, which could command the terminal, are escaped.
-std::string printable(std::string_view text);
 
 /// "1 item", "10,000 items".
 std::string counted(std::int64_t count, const std::string& noun);

@@ -10,6 +10,8 @@
 #include <ctime>
 #include <iomanip>
 #include <iostream>
+#include <limits>
+#include <set>
 
 namespace vexmoor {
 
@@ -17,10 +19,14 @@ using Json = nlohmann::ordered_json;
 
 namespace {
 
-Result<std::unique_ptr<Session>> openOrComplain() {
+Result<std::unique_ptr<Session>> openOrComplain(bool asJson) {
     auto session = Session::openForReading();
-    if (!session)
-        complain("The history can't be read: " + printable(describe(session.error())));
+    if (session)
+        return session;
+    const auto sentence = "The history can't be read: " + describe(session.error());
+    complain(printable(sentence));
+    if (asJson)
+        std::cout << Json{{"error", displayText(sentence)}}.dump(2) << "\n";
     return session;
 }
 
@@ -45,6 +51,30 @@ const char* fate(const Sacrifice& item) {
     return "In the Bin";
 }
 
+std::string origin(const Sacrifice& item) {
+    return item.original ? "  from " + printable(Path(*item.original).parent_path().native()) : "";
+}
+
+/// The recent ones, whatever became of them, and with --all those that can be put back besides.
+std::vector<Sacrifice> historyOf(Session& session, const Invocation& invocation) {
+    auto items = session.ledger().recent.get();
+    const auto most = invocation.number > 0 ? invocation.number
+                      : invocation.all      ? std::numeric_limits<std::size_t>::max()
+                                            : items.size();
+    if (invocation.all) {
+        std::set<Uuid> recent;
+        for (const auto& item : items)
+            recent.insert(item.id);
+        session.binnedItems().visit([&](const Sacrifice& item) {
+            if (!recent.contains(item.id))
+                items.push_back(item);
+            return items.size() < most;
+        });
+    }
+    items.resize(std::min(items.size(), most));
+    return items;
+}
+
 Json weekJson(const std::vector<Ledger::DayOfWeek>& week) {
     Json days = Json::array();
     for (const auto& [day, tally] : week)
@@ -64,11 +94,10 @@ void printWeek(const std::vector<Ledger::DayOfWeek>& week) {
 } // namespace
 
 int runHistory(const Invocation& invocation) {
-    const auto session = openOrComplain();
+    const auto session = openOrComplain(invocation.json);
     if (!session)
         return kRefused;
-    auto items = (*session)->ledger().recent.get();
-    items.resize(std::min(items.size(), invocation.number));
+    const auto items = historyOf(**session, invocation);
     if (invocation.json) {
         Json array = Json::array();
         for (const auto& item : items)
@@ -82,12 +111,12 @@ int runHistory(const Invocation& invocation) {
         std::cout << item.id.toString().substr(0, BinnedItems::kShortId) << "  "
                   << localTime(item.date, "%F %H:%M") << "  " << std::left << std::setw(20)
                   << fate(item) << "  " << std::right << std::setw(9) << byteCountText(item.bytes)
-                  << "  " << printable(item.name) << "\n";
+                  << "  " << printable(item.name) << origin(item) << "\n";
     return kAllDone;
 }
 
 int runStats(const Invocation& invocation) {
-    const auto session = openOrComplain();
+    const auto session = openOrComplain(invocation.json);
     if (!session)
         return kRefused;
     const auto& ledger = (*session)->ledger();

@@ -23,31 +23,37 @@ bool isUsable(const Path& destination) {
 Bin::Bin(const UserDirectories& directories, MountTable& mounts, BinGuard& guard)
     : m_directories(directories), m_mounts(mounts), m_guard(guard) {}
 
-Result<Path> Bin::put(const HeldItem& item, std::int64_t bytes, Date date,
-                      const PlaceObserver& willTake) {
+Result<BinnedItem> Bin::put(const HeldItem& item, Date date, const PlaceObserver& willTake) {
     auto bin = binFor(item);
     if (!bin)
         return std::move(bin).error();
-    auto place = take(**bin, item, bytes, date, willTake);
-    if (!place && place.error().code == std::errc::no_such_file_or_directory &&
+    auto binned = take(**bin, item, date, willTake);
+    if (!binned && binned.error().code == std::errc::no_such_file_or_directory &&
         !(*bin)->isInPlace()) {
-        // Somebody deleted the whole Bin since it was opened: it is made anew, once.
+        // Another program deleted the whole Bin since it was opened: it is made again, once.
         m_byMount.clear();
         m_open.clear();
         bin = binFor(item);
         if (!bin)
             return std::move(bin).error();
-        place = take(**bin, item, bytes, date, willTake);
+        binned = take(**bin, item, date, willTake);
     }
-    if (!place && place.error().code == std::errc::cross_device_link && (*bin)->top().empty()) {
+    if (!binned && binned.error().code == std::errc::cross_device_link && (*bin)->top().empty()) {
         // One mount, and yet a border that nothing can be renamed across (a btrfs subvolume, say).
         auto other = volumeBin(item.parent->status.mountId);
         if (other)
-            place = take(**other, item, bytes, date, willTake);
+            binned = take(**other, item, date, willTake);
     }
-    if (!place && place.error().code == std::errc::cross_device_link)
+    if (!binned && binned.error().code == std::errc::cross_device_link)
         return disposalError(DisposalError::noBinOnVolume, item.path);
-    return place;
+    return binned;
+}
+
+Result<Path> Bin::expectedPlace(const HeldItem& item) {
+    auto bin = binFor(item);
+    if (!bin)
+        return std::move(bin).error();
+    return (*bin)->expectedPlace(item.name);
 }
 
 Result<TrashDirectory*> Bin::binFor(const HeldItem& item) {
@@ -81,15 +87,15 @@ Result<TrashDirectory*> Bin::keep(Result<TrashDirectory> opened) {
     return &m_open.insert_or_assign(path, *std::move(opened)).first->second;
 }
 
-Result<TrashDirectory*> Bin::binOf(const Path& place) {
+Result<TrashDirectory*> Bin::binOf(const Path& place, const std::string& volume) {
     const auto found = m_open.find(place.parent_path().parent_path());
     if (found != m_open.end() && place.parent_path().filename() == "files")
         return &found->second;
-    return keep(TrashDirectory::openOfPlace(place));
+    return keep(TrashDirectory::openOfPlace(place, volume));
 }
 
-Result<Path> Bin::take(TrashDirectory& bin, const HeldItem& item, std::int64_t bytes, Date date,
-                       const PlaceObserver& willTake) {
+Result<BinnedItem> Bin::take(TrashDirectory& bin, const HeldItem& item, Date date,
+                             const PlaceObserver& willTake) {
     TrashInfo info{item.path, date};
     if (!bin.top().empty()) {
         const auto parent = currentPath(item.folder());
@@ -97,7 +103,12 @@ Result<Path> Bin::take(TrashDirectory& bin, const HeldItem& item, std::int64_t b
             return parent.error();
         info.path = (*parent / item.name).lexically_relative(bin.top());
     }
-    return bin.take(item, bytes, info, willTake);
+    return bin.take(item, info, willTake);
+}
+
+void Bin::noteSize(const BinnedItem& folder, std::int64_t bytes) {
+    if (const auto bin = binOf(folder.place))
+        (*bin)->noteSize(folder, bytes);
 }
 
 /// The mount that the home Bin lies on or, where it is yet to be made, will lie on.
@@ -113,37 +124,67 @@ std::uint64_t Bin::homeMount() {
     }
 }
 
-Result<Path> Bin::putBack(const Path& place, const TrashInfo& record,
+Result<Path> Bin::putBack(const Path& place, const BinRecord& record,
                           const DepartureObserver& willLeave) {
-    auto bin = binOf(place);
-    if (!bin)
-        return std::move(bin).error();
-    const std::string stored = lastComponent(place);
-    const auto item = (*bin)->find(stored, record);
+    const auto item = find(place, record);
     if (!item)
         return item.error();
-    const Path& destination = record.path;
+    TrashDirectory& bin = **binOf(place);
+    auto landed = land(bin, *item, record.path, willLeave);
+    if (landed)
+        // The item is back; an info file that stays behind is listed as empty, nothing worse.
+        (void)bin.removeInfo(*item);
+    else if (fileStatus(bin.leaving(), item->name.c_str()))
+        if (auto back = bin.giveBack(*item); !back)
+            return std::move(back).error();
+    return landed;
+}
+
+Result<TrashDirectory::Found> Bin::find(const Path& place, const BinRecord& record) {
+    if (auto returned = returnLeaving(place); !returned)
+        return std::move(returned).error();
+    const auto bin = binOf(place, record.facts.volume);
+    if (!bin)
+        return bin.error();
+    return (*bin)->find(lastComponent(place), record);
+}
+
+Result<std::shared_ptr<const HeldFolder>> Bin::openDestination(const Path& destination) {
     if (!isUsable(destination))
         return disposalError(DisposalError::invalidDestination, destination);
-    if (auto made = makeFolders(destination.parent_path(), kOrdinaryRights); !made)
-        return std::move(made).error();
-    const auto folder = m_destinations.open(destination.parent_path());
+    auto folder = m_destinations.open(destination.parent_path());
+    if (!folder && folder.error().code == std::errc::no_such_file_or_directory) {
+        if (auto made = makeFolders(destination.parent_path(), kOrdinaryRights); !made)
+            return std::move(made).error();
+        folder = m_destinations.open(destination.parent_path());
+    }
     if (!folder)
         return Error{folder.error().code, "open", destination.parent_path()};
     if (m_guard.isInsideBin(**folder))
         return disposalError(DisposalError::invalidDestination, destination);
+    return folder;
+}
 
+/// Where that fails the item may be in the leaving folder.
+Result<Path> Bin::land(TrashDirectory& bin, const TrashDirectory::Found& item,
+                       const Path& destination, const DepartureObserver& willLeave) {
+    const auto folder = openDestination(destination);
+    if (!folder)
+        return folder.error();
     const std::string wanted = lastComponent(destination);
     for (unsigned number = 1; number <= kMostNumbers; ++number) {
         const std::string name = number == 1 ? wanted : numberedName(wanted, number);
         Path landing = destination.parent_path() / name;
-        if (auto noted = willLeave(*item, landing); !noted)
+        if (auto noted = willLeave(item.status, landing); !noted)
             return std::move(noted).error();
-        const auto moved = moveWithoutReplacing((*bin)->files(), stored.c_str(),
-                                                (*folder)->descriptor.get(), name.c_str());
+        if (number == 1)
+            if (auto out = bin.takeOut(item); !out)
+                return std::move(out).error();
+        const int target = (*folder)->descriptor.get();
+        const auto moved =
+            moveWithoutReplacing(bin.leaving(), item.name.c_str(), target, name.c_str());
         if (moved) {
-            // The item is back; an info file that stays behind is listed as empty, nothing worse.
-            (void)(*bin)->removeInfo(stored);
+            TrashDirectory::restoreRights(target, name.c_str(), item.status);
             return landing;
         }
         if (moved.error().code == std::errc::cross_device_link)
@@ -154,18 +195,39 @@ Result<Path> Bin::putBack(const Path& place, const TrashInfo& record,
     return disposalError(DisposalError::noFreeName);
 }
 
-Result<void> Bin::erase(const Path& place, const TrashInfo& record,
+Result<void> Bin::erase(const Path& place, const BinRecord& record,
                         const DepartureObserver& willLeave, WorkMeter* meter) {
-    auto bin = binOf(place);
-    if (!bin)
-        return std::move(bin).error();
-    const std::string stored = lastComponent(place);
-    const auto item = (*bin)->find(stored, record);
+    const auto item = find(place, record);
     if (!item)
         return item.error();
-    if (auto noted = willLeave(*item, {}); !noted)
+    if (auto noted = willLeave(item->status, {}); !noted)
         return noted;
-    return (*bin)->erase(stored, meter);
+    TrashDirectory& bin = **binOf(place);
+    if (auto out = bin.takeOut(*item); !out)
+        return out;
+    return bin.erase(*item, meter);
+}
+
+Result<void> Bin::check(const Path& place, const BinRecord& record) {
+    const auto item = find(place, record);
+    return item ? Result<void>() : item.error();
+}
+
+Result<bool> Bin::returnLeaving(const Path& place) {
+    const auto bin = binOf(place);
+    if (!bin)
+        return false; // opening it again reports why
+    if (!m_swept.insert((*bin)->path()).second)
+        return false;
+    return (*bin)->returnLeft(lastComponent(place));
+}
+
+Result<bool> Bin::repairInfo(const Path& place, const BinRecord& record) {
+    const auto item = find(place, record);
+    if (!item)
+        return item.error();
+    const auto bin = binOf(place);
+    return bin ? (*bin)->repairInfo(*item, (*bin)->infoOf(record)) : bin.error();
 }
 
 void Bin::removeLeftInfo(const Path& place, const Path& original) {
@@ -181,7 +243,8 @@ void Bin::removeLeftInfo(const Path& place, const Path& original) {
         return;
     const auto info = TrashInfo::fromText(*text);
     if (text->empty() || (info && (*bin)->names(*info, original))) // empty: cut short
-        (void)(*bin)->removeInfo(stored); // left where it is, it is listed as empty, nothing worse
+        (void)(*bin)->removeInfo(
+            {stored, {}, *text}); // left where it is, it is listed as empty, nothing worse
 }
 
 void Bin::flush() {

@@ -1,5 +1,10 @@
 #include "BinGuard.h"
 
+#include "disposal/LeavingFolder.h"
+#include "disposal/TreeSize.h"
+#include "platform/Volume.h"
+
+#include <algorithm>
 #include <functional>
 
 namespace vexmoor {
@@ -9,6 +14,12 @@ namespace {
 /// Names of the Bins at the top of a volume: ".Trash" and ".Trash-$uid", anybody's.
 bool isVolumeBinName(const std::string& name) {
     return name == ".Trash" || name.starts_with(".Trash-");
+}
+
+/// Whether the path is the folder or below it; both are absolute.
+bool isWithin(const Path& path, const Path& folder) {
+    const Path below = path.lexically_relative(folder);
+    return !below.empty() && *below.begin() != "..";
 }
 
 /// Visits the folder and those above it, as they really lie in each other, until the visitor says
@@ -28,20 +39,25 @@ void climb(int folder, const std::function<bool(const FileIdentity&)>& visitor) 
 
 } // namespace
 
-BinGuard::BinGuard(const UserDirectories& directories, MountTable& mounts) : m_mounts(mounts) {
-    if (const auto home = fileStatus(directories.home / "."))
-        m_home = home->identity;
-    learnBin(directories.dataHome / "Trash");
-    const Path usual = directories.home / ".local" / "share" / "Trash";
-    if (usual != directories.dataHome / "Trash")
-        learnBin(usual);
+BinGuard::BinGuard(const UserDirectories& directories, MountTable& mounts)
+    : m_mounts(mounts), m_user(std::to_string(directories.user)) {
+    std::set<Path> bins = {directories.dataHome / "Trash"};
+    for (const Path& home : {directories.home, directories.accountHome}) {
+        if (home.empty())
+            continue;
+        if (const auto status = fileStatus(home / "."))
+            m_homes.insert(status->identity);
+        bins.insert(home / ".local" / "share" / "Trash");
+    }
+    for (const Path& bin : bins)
+        learnBin(bin);
     if (const auto own = fileStatus(directories.ownData() / "."))
         m_ownData = own->identity;
     learnHolders(directories.ownData(), DisposalError::isOwnData);
 }
 
 void BinGuard::learnBin(const Path& bin) {
-    for (const char* part : {"", "files", "info"})
+    for (const char* part : {"", "files", "info", LeavingFolder::kName})
         if (const auto status = fileStatus(bin / part / "."))
             m_bins.insert(status->identity);
     learnHolders(bin, DisposalError::holdsBin);
@@ -67,46 +83,80 @@ void BinGuard::learnHolders(const Path& path, DisposalError refusal) {
 
 std::optional<DisposalError> BinGuard::refusal(const HeldItem& item) {
     const auto& status = item.status;
-    if (m_home == status.identity)
+    lookAt(*item.parent);
+    if (m_homes.contains(status.identity))
         return DisposalError::isHome;
     if (m_bins.contains(status.identity) || isVolumeBin(*item.parent, item.name))
         return DisposalError::isBin;
     if (m_ownData == status.identity)
         return DisposalError::isOwnData;
-    if (const auto& inside = refusalInside(*item.parent))
-        return inside;
+    if (m_lastRefusal)
+        return m_lastRefusal;
     if (status.isMountPoint || status.mountId != item.parent->status.mountId)
         return DisposalError::isMountPoint;
+    if (m_lastIsSystem)
+        return DisposalError::isPartOfSystem;
     if (const auto holder = m_holders.find(status.identity); holder != m_holders.end())
         return holder->second;
-    if (status.isFolder()) {
-        const auto parent = currentPath(item.folder());
-        if (parent && m_mounts.mountBelow(*parent / item.name))
-            return DisposalError::holdsMountPoint;
-    }
-    return std::nullopt;
+    if (!status.isFolder())
+        return std::nullopt;
+    if (holdsVolumeBin(item.name))
+        return DisposalError::holdsBin;
+    return holdsMount(item) ? std::optional(DisposalError::holdsMountPoint) : std::nullopt;
+}
+
+bool BinGuard::holdsMount(const HeldItem& item) {
+    if (m_mounts.isUnknown())
+        return treeHoldsMount(item.folder(), item.name.c_str());
+    const auto parent = currentPath(item.folder());
+    return parent && m_mounts.mountBelow(*parent / item.name);
 }
 
 bool BinGuard::isInsideBin(const HeldFolder& folder) {
-    return refusalInside(folder) == DisposalError::isInsideBin;
+    lookAt(folder);
+    return m_lastRefusal == DisposalError::isInsideBin;
 }
 
-const std::optional<DisposalError>& BinGuard::refusalInside(const HeldFolder& folder) {
-    if (m_lastFolder != folder.status.identity) {
-        m_lastFolder = folder.status.identity;
-        m_lastRefusal = findRefusalInside(folder);
+/// Learns about the folder, as the items of a batch mostly lie side by side.
+void BinGuard::lookAt(const HeldFolder& folder) {
+    if (m_lastFolder == folder.status.identity && m_lastMount == folder.status.mountId)
+        return;
+    m_lastFolder = folder.status.identity;
+    m_lastMount = folder.status.mountId;
+    m_lastPath.reset();
+    m_sameVolume.clear();
+    const auto mount = m_mounts.mount(folder.status.mountId);
+    const auto path = mount ? currentPath(folder.descriptor.get()) : Result<Path>(Error());
+    if (mount && path) {
+        const Path below = path->lexically_relative(mount->point);
+        m_lastPath = below == "." ? Path(mount->root) : mount->root / below;
+        m_sameVolume = m_mounts.mountsOfSame(*mount);
     }
-    return m_lastRefusal;
+    m_lastIsSystem = volumeKind(folder.descriptor.get()).isPseudo ||
+                     (mount && (mount->type == "devtmpfs" || mount->point.native() == "/dev"));
+    m_lastRefusal = findRefusalInside(folder);
 }
 
-bool BinGuard::isVolumeBin(const HeldFolder& parent, const std::string& name) {
-    return parent.status.isMountPoint && isVolumeBinName(name);
+/// A volume's Bin is found at the top of what is mounted, by whichever mount that is.
+bool BinGuard::isVolumeBin(const HeldFolder& parent, const std::string& name) const {
+    const auto isTop = [this](const MountTable::Mount& mount) {
+        return m_lastPath && mount.root == *m_lastPath;
+    };
+    return isVolumeBinName(name) &&
+           (parent.status.isMountPoint || std::ranges::any_of(m_sameVolume, isTop));
+}
+
+bool BinGuard::holdsVolumeBin(const std::string& name) const {
+    return m_lastPath && std::ranges::any_of(m_sameVolume, [&](const MountTable::Mount& mount) {
+               return isWithin(mount.root, *m_lastPath / name) &&
+                      (fileStatus(mount.point / (".Trash-" + m_user)).ok() ||
+                       fileStatus(mount.point / ".Trash" / m_user).ok());
+           });
 }
 
 std::optional<DisposalError> BinGuard::findRefusalInside(const HeldFolder& folder) {
-    if (const auto top = m_mounts.mountPoint(folder.status.mountId)) {
-        const auto path = currentPath(folder.descriptor.get());
-        const Path below = path ? path->lexically_relative(*top) : Path();
+    for (const auto& mount : m_sameVolume) {
+        const Path below = m_lastPath->lexically_relative(mount.root);
         if (!below.empty() && isVolumeBinName(below.begin()->native()))
             return DisposalError::isInsideBin;
     }

@@ -8,13 +8,16 @@
 #include <map>
 #include <optional>
 #include <set>
+#include <string>
+#include <vector>
 
 namespace vexmoor {
 
-/// Tells what must never be disposed of: the home folder, mount points and what holds one, the
+/// Knows what must never be disposed of: the home folder, mount points and what holds one, the
 /// Bins and this program's own data, what is inside these and what holds them. Files are told by
-/// device and inode, so that no other name or link gets past it. What it knows is as of its making,
-/// so one serves one batch. One thread.
+/// device and inode, and the Bins of volumes by their place in the file system, so that no other
+/// name, link or bind mount gets past it. What it knows is as of its making, so one serves one
+/// batch. One thread.
 class BinGuard {
   public:
     BinGuard(const UserDirectories& directories, MountTable& mounts);
@@ -28,17 +31,24 @@ class BinGuard {
   private:
     void learnBin(const Path& bin);
     void learnHolders(const Path& path, DisposalError refusal);
-    const std::optional<DisposalError>& refusalInside(const HeldFolder& folder);
     std::optional<DisposalError> findRefusalInside(const HeldFolder& folder);
-    bool isVolumeBin(const HeldFolder& parent, const std::string& name);
+    [[nodiscard]] bool isVolumeBin(const HeldFolder& parent, const std::string& name) const;
+    [[nodiscard]] bool holdsVolumeBin(const std::string& name) const;
+    bool holdsMount(const HeldItem& item);
+    void lookAt(const HeldFolder& folder);
 
     MountTable& m_mounts;
-    std::optional<FileIdentity> m_home;
+    std::string m_user;
+    std::set<FileIdentity> m_homes;
     std::optional<FileIdentity> m_ownData;
     std::set<FileIdentity> m_bins;
     std::map<FileIdentity, DisposalError> m_holders; ///< what these lie in, and why that stays
     std::optional<FileIdentity> m_lastFolder;
-    std::optional<DisposalError> m_lastRefusal; ///< of what is in that folder
+    std::uint64_t m_lastMount = 0;
+    bool m_lastIsSystem = false;
+    std::optional<DisposalError> m_lastRefusal;  ///< of what is in that folder
+    std::optional<Path> m_lastPath;              ///< of that folder, within its file system
+    std::vector<MountTable::Mount> m_sameVolume; ///< the mounts of that file system
 };
 
 } // namespace vexmoor

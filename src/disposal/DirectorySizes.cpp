@@ -2,6 +2,7 @@
 
 #include "base/FileDescriptor.h"
 #include "base/Path.h"
+#include "platform/FileManager.h"
 
 #include <fcntl.h>
 
@@ -14,6 +15,7 @@ namespace vexmoor {
 namespace {
 
 constexpr const char* kFileName = "directorysizes";
+constexpr std::size_t kLongestFile = std::size_t{32} * 1024 * 1024;
 
 std::optional<std::int64_t> takeNumber(std::string_view& line) {
     std::int64_t number = 0;
@@ -22,15 +24,6 @@ std::optional<std::int64_t> takeNumber(std::string_view& line) {
         return std::nullopt;
     line.remove_prefix(static_cast<std::size_t>(end - line.data()) + 1);
     return number;
-}
-
-std::string readFile(int folder) {
-    std::string text;
-    const FileDescriptor file(::openat(folder, kFileName, O_RDONLY | O_CLOEXEC | O_NOFOLLOW));
-    char buffer[16384];
-    for (ssize_t count = 0; file && (count = ::read(file.get(), buffer, sizeof buffer)) > 0;)
-        text.append(buffer, static_cast<std::size_t>(count));
-    return text;
 }
 
 bool writeFile(int folder, const char* name, const std::string& text) {
@@ -61,7 +54,8 @@ std::map<std::string, DirectorySizes::Entry> DirectorySizes::parse(const std::st
 void DirectorySizes::flush(int binFolder) {
     if (m_changes.empty())
         return;
-    auto entries = parse(readFile(binFolder));
+    const auto text = readRegularFile(binFolder, kFileName, kLongestFile);
+    auto entries = parse(text ? *text : std::string());
     const auto before = entries;
     for (const auto& [name, change] : m_changes) {
         if (change)
@@ -72,13 +66,13 @@ void DirectorySizes::flush(int binFolder) {
     m_changes.clear();
     if (entries == before)
         return;
-    std::string text;
+    std::string lines;
     for (const auto& [name, entry] : entries)
-        text += std::to_string(entry.bytes) + " " + std::to_string(entry.infoModifiedSeconds) +
-                " " + percentEncoded(name) + "\n";
+        lines += std::to_string(entry.bytes) + " " + std::to_string(entry.infoModifiedSeconds) +
+                 " " + percentEncoded(name) + "\n";
     const std::string temporary = "directorysizes." + std::to_string(::getpid());
     ::unlinkat(binFolder, temporary.c_str(), 0); // left by a process of the same number that died
-    if (!writeFile(binFolder, temporary.c_str(), text) ||
+    if (!writeFile(binFolder, temporary.c_str(), lines) ||
         ::renameat(binFolder, temporary.c_str(), binFolder, kFileName) != 0)
         ::unlinkat(binFolder, temporary.c_str(), 0);
 }

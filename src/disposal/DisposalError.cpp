@@ -50,11 +50,22 @@ class DisposalCategory : public std::error_category {
         case DisposalError::stopped:
             return "It was stopped.";
         case DisposalError::replaced:
-            return "Something else took its place meanwhile, which was not touched.";
+            return "Something else took its place in the meantime, which was not touched.";
         case DisposalError::isOwnData:
             return "Vexmoor keeps its history here.";
+        case DisposalError::isPartOfSystem:
+            return "It is a part of the running system, which no Bin can hold.";
         case DisposalError::isOnTheWay:
             return "It is on its way into the cauldron already.";
+        case DisposalError::journalLost:
+            return "The journal is empty or gone, though batches were noted in it. Items of the "
+                   "last ones may be in the Bin without a record";
+        case DisposalError::volumeAway:
+            return "It was being dissolved on a volume that is not there now.";
+        case DisposalError::failedBefore:
+            return "It failed before the batch was cut off";
+        case DisposalError::ambiguous:
+            return "Several items are meant by this";
         }
         return "Unknown error";
     }
@@ -79,8 +90,19 @@ std::string describe(const Error& error) {
                " is in the Bin of a volume that is not there now.";
     if (error.code == DisposalError::journalSetAside)
         return error.message() + " as " + displayText(error.path.native()) + ".";
+    if (error.code == DisposalError::journalLost)
+        return error.message() + " (" + displayText(error.path.native()) + ").";
+    if (error.code == DisposalError::volumeAway)
+        return displayText(lastComponent(error.path)) +
+               " was being dissolved on a volume that is not there now.";
+    if (error.code == DisposalError::failedBefore)
+        return error.message() + (error.operation.empty() ? "." : ": " + error.operation);
+    if (error.code == DisposalError::ambiguous)
+        return error.message() + ": " + error.operation + ". Name one by its id or its path.";
     if (error.code == DisposalError::partlyRemoved)
         return error.message() + ": " + error.operation + ".";
+    if (error.code == DisposalError::noBinOnVolume && !error.operation.empty())
+        return "There is no Bin on its volume, and none could be made: " + error.operation + ".";
     if (error.code.category() == disposalCategory())
         return error.message();
     std::string sentence = error.message();

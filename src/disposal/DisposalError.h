@@ -15,7 +15,7 @@ enum class DisposalError {
     isBin,
     isInsideBin,
     holdsBin,
-    noBinOnVolume,
+    noBinOnVolume, ///< Error::operation says why, where that is known
     otherVolume,
     notInBin,
     invalidDestination,
@@ -28,6 +28,11 @@ enum class DisposalError {
     replaced,
     isOwnData,
     isOnTheWay,
+    journalLost,  ///< batches were noted in it, and nothing can be read
+    volumeAway,   ///< it was being dissolved there when the batch was cut off
+    failedBefore, ///< in a batch that was cut off; Error::operation says why
+    ambiguous,    ///< Error::operation lists what the name can mean
+    isPartOfSystem,
 };
 
 const std::error_category& disposalCategory();

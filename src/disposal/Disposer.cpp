@@ -1,7 +1,10 @@
 #include "Disposer.h"
 
+#include "base/Saturated.h"
 #include "disposal/TreeSize.h"
 #include "disposal/WholeRemoval.h"
+
+#include <fcntl.h>
 
 #include <cerrno>
 
@@ -32,39 +35,58 @@ std::int64_t Disposer::size(const HeldItem& item) const {
         return treeSize(item.folder(), item.name.c_str(), m_meter);
     if (m_meter != nullptr) {
         m_meter->entries.fetch_add(1, std::memory_order_relaxed);
-        m_meter->bytes.fetch_add(item.status.allocatedBytes, std::memory_order_relaxed);
+        addSaturated(m_meter->bytes, item.status.allocatedBytes);
     }
     return item.status.allocatedBytes;
 }
 
-Result<std::optional<Path>> Disposer::dispose(const HeldItem& item, DisposeMode mode,
-                                              std::int64_t bytes, Date date,
-                                              const PlaceObserver& willTake) {
-    if (mode == DisposeMode::dissolve)
-        return dissolve(item);
-    auto place = m_bin.put(item, bytes, date, willTake);
-    if (!place)
-        return std::move(place).error();
-    return std::optional<Path>(*std::move(place));
+Result<Disposer::Disposed> Disposer::dispose(const HeldItem& item, DisposeMode mode,
+                                             std::int64_t bytes, Date date,
+                                             const PlaceObserver& willTake) {
+    if (mode == DisposeMode::dissolve) {
+        if (auto dissolved = dissolve(item); !dissolved)
+            return std::move(dissolved).error();
+        return Disposed{std::nullopt, bytes, item.status.isFolder()};
+    }
+    auto binned = m_bin.put(item, date, willTake);
+    if (!binned)
+        return std::move(binned).error();
+    const FileStatus& now = binned->status;
+    if (now.identity != item.status.identity)
+        bytes = now.isFolder() ? treeSize(AT_FDCWD, binned->place.c_str()) : now.allocatedBytes;
+    const bool isFolder = now.isFolder();
+    if (isFolder)
+        m_bin.noteSize(*binned, bytes);
+    return Disposed{*std::move(binned), bytes, isFolder};
 }
 
-Result<std::optional<Path>> Disposer::dissolve(const HeldItem& item) {
+Result<void> Disposer::dissolve(const HeldItem& item) {
     const auto status = fileStatus(item.folder(), item.name.c_str());
     if (status && status->identity != item.status.identity) // measuring it may have taken long
         return disposalError(DisposalError::replaced);
-    if (auto removed = removeWhole(item.folder(), item.name, m_meter); !removed)
-        return std::move(removed).error();
-    return std::optional<Path>();
+    return removeWhole(item.folder(), item.name, m_meter);
 }
 
-Result<Path> Disposer::restore(const Path& from, const TrashInfo& record,
+Result<Path> Disposer::restore(const Path& from, const BinRecord& record,
                                const DepartureObserver& willLeave) {
     return m_bin.putBack(from, record, willLeave);
 }
 
-Result<void> Disposer::erase(const Path& place, const TrashInfo& record,
+Result<void> Disposer::erase(const Path& place, const BinRecord& record,
                              const DepartureObserver& willLeave) {
     return m_bin.erase(place, record, willLeave, m_meter);
+}
+
+Result<void> Disposer::check(const Path& place, const BinRecord& record) {
+    return m_bin.check(place, record);
+}
+
+Result<bool> Disposer::returnLeaving(const Path& place) {
+    return m_bin.returnLeaving(place);
+}
+
+Result<bool> Disposer::repairInfo(const Path& place, const BinRecord& record) {
+    return m_bin.repairInfo(place, record);
 }
 
 void Disposer::removeLeftInfo(const Path& place, const Path& original) {

@@ -29,25 +29,50 @@ class Disposer {
     /// Bytes that the item occupies on the disk; what cannot be read counts as 0.
     [[nodiscard]] std::int64_t size(const HeldItem& item) const;
 
-    /// Moves the item to the Bin and answers its place there, or deletes it. `bytes` is its size;
-    /// `willTake` is told each place in the Bin before it is tried.
-    Result<std::optional<Path>> dispose(const HeldItem& item, DisposeMode mode, std::int64_t bytes,
-                                        Date date, const PlaceObserver& willTake);
+    /// What was done to an item.
+    struct Disposed {
+        std::optional<BinnedItem> binned; ///< absent where it was dissolved
+        std::int64_t bytes = 0;
+        bool isFolder = false;
+    };
+
+    /// Moves the item to the Bin or deletes it. `bytes` is its size; `willTake` is told each place
+    /// in the Bin before it is tried. Where another item had taken its name by then, that one is in
+    /// the Bin, and its size is answered.
+    Result<Disposed> dispose(const HeldItem& item, DisposeMode mode, std::int64_t bytes, Date date,
+                             const PlaceObserver& willTake);
 
     /// Moves the binned item of the record back to the record's path, or beside it under a free
     /// name; answers where it landed. See Bin::putBack.
-    Result<Path> restore(const Path& from, const TrashInfo& record,
+    Result<Path> restore(const Path& from, const BinRecord& record,
                          const DepartureObserver& willLeave);
 
     /// Deletes the binned item of the record.
-    Result<void> erase(const Path& place, const TrashInfo& record,
+    Result<void> erase(const Path& place, const BinRecord& record,
                        const DepartureObserver& willLeave);
+
+    /// The place in the Bin that the item will most likely take: only a guess.
+    Result<Path> expectedPlace(const HeldItem& item) { return m_bin.expectedPlace(item); }
+
+    /// Where the item's volume is mounted; nullopt if it can't be told.
+    [[nodiscard]] std::optional<Path> mountPointOf(const HeldItem& item) {
+        return m_mounts.mountPoint(item.parent->status.mountId);
+    }
+
+    /// Whether the item of the record lies at its place in the Bin; fails with the reason.
+    Result<void> check(const Path& place, const BinRecord& record);
+
+    /// See Bin::returnLeaving.
+    Result<bool> returnLeaving(const Path& place);
+
+    /// See Bin::repairInfo.
+    Result<bool> repairInfo(const Path& place, const BinRecord& record);
 
     /// See Bin::removeLeftInfo.
     void removeLeftInfo(const Path& place, const Path& original);
 
   private:
-    Result<std::optional<Path>> dissolve(const HeldItem& item);
+    Result<void> dissolve(const HeldItem& item);
 
     WorkMeter* m_meter;
     MountTable m_mounts;

@@ -1,105 +1,105 @@
 #pragma once
 
-#include "base/FileDescriptor.h"
-#include "base/Result.h"
-#include "disposal/Sacrifice.h"
+#include "disposal/JournalEntry.h"
+#include "disposal/JournalFile.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace vexmoor {
 
-/// What a batch does to its items.
-enum class JournalKind { feed, putBack, erase };
+class Journal;
 
-/// One item of a journal: what is about to be done to it and, once known, how that ended.
-struct JournalEntry {
-    enum class Outcome { unknown, done, failed };
-
-    Sacrifice sacrifice; ///< `trashed` is the place in the Bin that the item takes or leaves
-    bool isFolder = false;
-    std::uint64_t inode = 0;         ///< of the item itself, wherever it lies
-    std::optional<Path> destination; ///< where it is put back to
-    Outcome outcome = Outcome::unknown;
+/// What the stores know of the journal when a batch begins.
+struct JournalStart {
+    std::int64_t lastRecorded = 0; ///< number of the newest batch in the stores
+    JournalPosition recorded{};    ///< behind that batch
+    bool isDurable = false;        ///< and the stores are on the disk
 };
 
-/// A journal as it is read.
-struct JournalBatch {
+/// A batch in the journal.
+struct JournalMark {
     std::int64_t number = 0;
-    JournalKind kind = JournalKind::feed;
-    DisposeMode mode = DisposeMode::bin;
-    std::vector<JournalEntry> entries; ///< in the order of their first intents
+    JournalPosition end{};
 };
 
-/// Writes the journal of one batch (docs/journal.md). Nothing is moved or deleted whose intent
-/// could not be written. One thread at a time.
+/// Writes the journal of one batch (docs/journal.md). Nothing is moved or deleted whose intent is
+/// not on the disk. One thread, and one at a time.
 class JournalWriter {
   public:
-    JournalWriter(Path file, FileDescriptor descriptor, std::int64_t number, std::string header);
+    JournalWriter(Journal& journal, std::int64_t number, std::string header);
 
-    /// Writes what will be done to an item, and the outcomes before it, in one call of the system.
-    /// A second intent for an item (its place was taken) replaces the first.
-    Result<void> intend(const JournalEntry& entry);
+    /// Gathers what will be done to an item. A second intent for an item (its place was taken)
+    /// replaces the first.
+    void intend(const JournalEntry& entry) { m_intents += intentLine(entry); }
 
-    /// Notes how an item ended; written with the next intent or the flush.
-    void conclude(const Uuid& id, bool done);
+    /// Puts the gathered intents on the disk; without success they are dropped.
+    Result<void> sync();
 
+    /// Notes what became of an item; written with the next intents or the flush.
+    void note(const std::string& line) { m_outcomes += line; }
+
+    /// Writes what was noted, for the process that comes after a kill.
     Result<void> flush();
 
     [[nodiscard]] std::int64_t number() const { return m_number; }
-    [[nodiscard]] const Path& file() const { return m_file; }
+    [[nodiscard]] JournalPosition end() const;
 
   private:
-    Path m_file;
-    FileDescriptor m_descriptor;
+    Result<void> write(const std::string& lines);
+
+    Journal& m_journal;
     std::int64_t m_number;
-    std::string m_buffer;
+    std::string m_header;
+    std::string m_intents;
+    std::string m_outcomes;
 };
 
-/// The folder of journals. A journal is open until its batch is committed to the stores; the newest
-/// kKept closed ones of batches that went to the Bin stay, so that such a batch can be put back
-/// whole. The holder of the writer's lock uses it; one thread at a time.
+/// The journal of all batches, for the start after a crash: one file, to which batches are added
+/// until it is full and all of them are in stores that are on the disk; then it begins again. The
+/// holder of the writer's lock uses it; one thread at a time.
 class Journal {
   public:
-    static constexpr std::size_t kKept = 20;
-
     explicit Journal(Path folder) : m_folder(std::move(folder)) {}
 
-    /// Begins the journal of a batch, under the next number after `lastRecorded` and all that
-    /// exist.
+    /// Begins a batch, under the next number.
     Result<std::unique_ptr<JournalWriter>> begin(JournalKind kind, DisposeMode mode,
-                                                 std::int64_t lastRecorded);
+                                                 const JournalStart& start);
 
-    /// Ends a batch that is committed: the journal is closed, or removed where nothing could be put
-    /// back from it.
-    Result<void> close(std::int64_t number, JournalKind kind, DisposeMode mode);
+    /// Whether a batch may stand in the journal that is not in the stores. Cheap.
+    [[nodiscard]] bool holdsMoreThan(JournalPosition recorded) const;
 
-    /// Numbers of the journals whose batches were not ended, oldest first.
-    [[nodiscard]] std::vector<std::int64_t> open() const;
+    struct Unrecorded {
+        std::vector<JournalBatch> batches; ///< oldest first
+        JournalPosition end{};
+        bool isLost = false;    ///< there is nothing, though there was something
+        bool isDamaged = false; ///< something was there that can't be read
+    };
+    /// The batches that are not in the stores.
+    [[nodiscard]] Result<Unrecorded> unrecorded(JournalPosition recorded) const;
 
-    /// Numbers of the closed journals, newest first.
-    [[nodiscard]] std::vector<std::int64_t> closed() const;
+    /// Moves the journal's file out of the way and returns where it is.
+    Result<Path> setAside();
 
-    /// Moves an open journal that can't be understood out of the way, and answers to where.
-    Result<Path> setAside(std::int64_t number);
+    /// A position from which on the journal should be written anew.
+    [[nodiscard]] static bool isFull(JournalPosition position) {
+        return position.offset > JournalFile::kReserve / 2;
+    }
 
-    /// Reads a journal; a last line that a crash cut short is left out. Fails with bad_message or
-    /// is_a_directory where it can't be understood: it has another format, or an entry that lacks
-    /// what its kind needs.
-    [[nodiscard]] Result<JournalBatch> read(std::int64_t number) const;
+    [[nodiscard]] const Path& folder() const { return m_folder; }
 
   private:
-    struct Numbers {
-        std::vector<std::int64_t> open;   ///< oldest first
-        std::vector<std::int64_t> closed; ///< newest first
-        std::int64_t greatest = 0;        ///< of all, those set aside too
-    };
+    friend class JournalWriter;
 
-    [[nodiscard]] Numbers list() const;
-    [[nodiscard]] Path fileOf(std::int64_t number, std::string_view ending) const;
+    [[nodiscard]] Path file() const { return m_folder / "current"; }
+    Result<void> openAt(const JournalStart& start);
 
     Path m_folder;
-    std::int64_t m_last = 0; ///< the newest number given out, in case its file is gone already
+    std::optional<JournalFile> m_file; ///< once a batch was begun
+    JournalPosition m_end{};
+    std::int64_t m_synced = 0; ///< what stands before that is on the disk
+    std::int64_t m_last = 0;   ///< the newest number given out
 };
 
 } // namespace vexmoor

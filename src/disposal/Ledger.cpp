@@ -1,6 +1,6 @@
 #include "Ledger.h"
 
-#include "base/Checked.h"
+#include "base/Saturated.h"
 #include "disposal/RecordJson.h"
 
 #include <algorithm>
@@ -35,8 +35,8 @@ void Ledger::record(const std::vector<Sacrifice>& items) {
         return;
     std::int64_t totalBytes = bytes.get();
     for (const auto& item : items)
-        totalBytes = checkedSum(totalBytes, item.bytes);
-    count.set(checkedSum(count.get(), static_cast<std::int64_t>(items.size())));
+        totalBytes = saturatedSum(totalBytes, item.bytes);
+    count.set(saturatedSum(count.get(), static_cast<std::int64_t>(items.size())));
     bytes.set(totalBytes);
 
     const auto taken = std::min(items.size(), kMaxRecent);
@@ -100,8 +100,8 @@ void Ledger::tally(std::map<Date, DayTally>& table, const std::vector<Sacrifice>
             end = m_calendar.startOfDay(item.date, 1);
         }
         auto& day = table[start];
-        day.count = checkedSum(day.count, 1);
-        day.bytes = checkedSum(day.bytes, item.bytes);
+        day.count = saturatedSum(day.count, 1);
+        day.bytes = saturatedSum(day.bytes, item.bytes);
     }
 }
 

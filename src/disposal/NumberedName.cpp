@@ -1,5 +1,7 @@
 #include "NumberedName.h"
 
+#include "base/Path.h"
+
 namespace vexmoor {
 
 namespace {
@@ -38,10 +40,10 @@ std::string shortened(std::string_view name, const std::string& counted, std::si
 } // namespace
 
 std::pair<std::string_view, std::string_view> splitExtension(std::string_view name) {
-    const auto point = name.rfind('.');
-    if (point == std::string_view::npos || point == 0 || point + 1 == name.size())
+    const auto extension = pathExtension(name);
+    if (extension.empty())
         return {name, {}};
-    return {name.substr(0, point), name.substr(point + 1)};
+    return {name.substr(0, name.size() - extension.size() - 1), extension};
 }
 
 std::string numberedName(std::string_view name, unsigned number) {

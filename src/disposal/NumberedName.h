@@ -6,8 +6,7 @@
 
 namespace vexmoor {
 
-/// A file name in two: what stands before the last point, and the extension without it. A leading
-/// point begins no extension, a final one neither.
+/// A file name in two: what stands before the extension's dot, and the extension (pathExtension).
 std::pair<std::string_view, std::string_view> splitExtension(std::string_view name);
 
 /// The name to put back under when `name` is taken: "report 2.pdf", shortened like storedName() but

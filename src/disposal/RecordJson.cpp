@@ -4,6 +4,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include <charconv>
+
 namespace vexmoor {
 
 using Json = nlohmann::ordered_json;
@@ -12,6 +14,48 @@ namespace {
 
 Json dateJson(Date date) {
     return date.secondsSinceReference;
+}
+
+/// A JSON string; the text is UTF-8.
+void appendString(std::string& json, std::string_view text) {
+    constexpr const char* kDigits = "0123456789abcdef";
+    json += '"';
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (c == '"' || c == '\\') {
+            json += '\\';
+            json += c;
+        } else if (byte < 0x20) {
+            json += "\\u00";
+            json += kDigits[byte >> 4U];
+            json += kDigits[byte & 0xfU];
+        } else {
+            json += c;
+        }
+    }
+    json += '"';
+}
+
+void append(std::string& json, const char* key, std::string_view text) {
+    json.append(",\"").append(key).append("\":");
+    appendString(json, text);
+}
+
+template <typename Number>
+void append(std::string& json, const char* key, Number number) {
+    char digits[32];
+    const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+    json.append(",\"").append(key).append("\":").append(digits, end);
+}
+
+void append(std::string& json, const char* key, const std::optional<StoredPath>& path) {
+    if (path)
+        append(json, key, std::string_view(pathToJsonText(path->native())));
+}
+
+void append(std::string& json, const char* key, const std::optional<Date>& date) {
+    if (date)
+        append(json, key, date->secondsSinceReference);
 }
 
 std::optional<Path> readPath(JsonReader& reader, const char* key) {
@@ -58,6 +102,38 @@ std::optional<Sacrifice> sacrificeFromJson(const Json& json) {
         return std::nullopt;
     sacrifice.id = *id;
     sacrifice.mode = *mode;
+    return sacrifice;
+}
+
+std::string recordText(const Sacrifice& sacrifice) {
+    std::string json = R"({"id":")" + sacrifice.id.toString() + '"';
+    append(json, "name", std::string_view(sacrifice.name));
+    append(json, "bytes", sacrifice.bytes);
+    append(json, "mode", toRawValue(sacrifice.mode));
+    append(json, "date", sacrifice.date.secondsSinceReference);
+    append(json, "original", sacrifice.original);
+    append(json, "trashed", sacrifice.trashed);
+    append(json, "restored", sacrifice.restored);
+    if (sacrifice.lost)
+        json += *sacrifice.lost ? R"(,"lost":true)" : R"(,"lost":false)";
+    append(json, "deleted", sacrifice.deleted);
+    const auto& facts = sacrifice.facts;
+    json += R"(,"facts":{"kind":)" + std::to_string(facts.kind);
+    if (facts.size >= 0)
+        append(json, "size", facts.size);
+    if (facts.birthNanoseconds != 0)
+        append(json, "birth", facts.birthNanoseconds);
+    if (facts.inode != 0)
+        append(json, "inode", facts.inode);
+    if (!facts.volume.empty())
+        append(json, "volume", std::string_view(displayText(facts.volume)));
+    return json + "}}";
+}
+
+std::optional<Sacrifice> recordFromJson(const Json& json) {
+    auto sacrifice = sacrificeFromJson(json);
+    if (sacrifice && json.contains("facts"))
+        sacrifice->facts = factsFromJson(json["facts"]);
     return sacrifice;
 }
 

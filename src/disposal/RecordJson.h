@@ -19,6 +19,11 @@ namespace vexmoor {
 nlohmann::ordered_json toJson(const Sacrifice& sacrifice);
 std::optional<Sacrifice> sacrificeFromJson(const nlohmann::ordered_json& json);
 
+/// The record with its facts as a text, as journal and table keep it: the JSON form and the key
+/// "facts". Written without a document in between, as there is one for each item of a batch.
+std::string recordText(const Sacrifice& sacrifice);
+std::optional<Sacrifice> recordFromJson(const nlohmann::ordered_json& json);
+
 std::string encode(const std::vector<Sacrifice>& sacrifices);
 std::optional<std::vector<Sacrifice>> decodeSacrifices(const std::string& text);
 

@@ -4,6 +4,7 @@
 #include "base/Path.h"
 #include "base/Uuid.h"
 #include "disposal/DisposeMode.h"
+#include "disposal/ItemFacts.h"
 
 #include <cstdint>
 #include <optional>
@@ -23,12 +24,16 @@ struct Sacrifice {
     std::optional<Date> restored;
     std::optional<bool> lost; ///< true when it was found gone from the Bin
     std::optional<Date> deleted;
+    ItemFacts facts{}; ///< of what lies in the Bin; not a part of the record's JSON
 
     /// Whether it can still be put back or deleted from the Bin.
     [[nodiscard]] bool canRestore() const {
         return mode == DisposeMode::bin && original && trashed && !restored &&
                !lost.value_or(false) && !deleted;
     }
+
+    /// Of an item that went to the Bin.
+    [[nodiscard]] BinRecord binRecord() const { return {original.value_or(""), date, facts}; }
 
     bool operator==(const Sacrifice&) const = default;
 };

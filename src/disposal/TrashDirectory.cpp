@@ -3,7 +3,7 @@
 #include "base/Uuid.h"
 #include "disposal/DisposalError.h"
 #include "disposal/NumberedName.h"
-#include "disposal/WholeRemoval.h"
+#include "platform/Volume.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -19,7 +19,10 @@ constexpr unsigned kNamesInOrder = 16;
 constexpr unsigned kNamesInAll = 64;
 constexpr mode_t kFolderRights = 0700;
 constexpr mode_t kInfoRights = 0600;
-constexpr std::size_t kLongestInfo = 64 * 1024; ///< a path of PATH_MAX bytes, all encoded, and more
+
+bool isMissing(const Error& error) {
+    return error.code == std::errc::no_such_file_or_directory;
+}
 
 /// After the ordered names, which a hostile or huge Bin may hold all of, random ones.
 unsigned nextNumber(unsigned attempt, unsigned first) {
@@ -32,9 +35,13 @@ unsigned nextNumber(unsigned attempt, unsigned first) {
 }
 
 Result<FileDescriptor> openOrMake(int directory, const char* name, bool make, const Path& path) {
-    if (make && ::mkdirat(directory, name, kFolderRights) != 0 && errno != EEXIST)
-        return Error::fromErrno(errno, "make the folder", path);
     auto folder = openFolderItself(directory, name);
+    if (!folder && make && isMissing(folder.error())) {
+        if (auto made = makeFolder(directory, name, kFolderRights);
+            !made && made.error().code != std::errc::file_exists)
+            return Error{made.error().code, "make the folder", path};
+        folder = openFolderItself(directory, name);
+    }
     if (!folder)
         return Error{folder.error().code, "open the folder", path};
     return folder;
@@ -48,15 +55,22 @@ Path topOf(const Path& bin) {
     return parent.filename() == ".Trash" ? parent.parent_path() : Path();
 }
 
-bool isMissing(const Error& error) {
-    return error.code == std::errc::no_such_file_or_directory;
+/// Why the folder at the top of a volume that others can write to is not ours; nullopt where it
+/// is. Its rights count only where the file system keeps any.
+std::optional<std::string> whyNotOwn(int folder, uid_t user) {
+    const auto status = fileStatus(folder, "");
+    if (!status)
+        return status.error().message();
+    if (status->owner != user)
+        return "what lies there belongs to another user";
+    const bool isOpenToOthers = (status->mode & (S_IWGRP | S_IWOTH)) != 0;
+    if (isOpenToOthers && volumeKind(folder).keepsRights)
+        return "others may write to it";
+    return std::nullopt;
 }
 
-/// A folder at the top of a volume that others can write to counts only where it is really ours.
-bool isOwnFolder(int folder, uid_t user) {
-    const auto status = fileStatus(folder, "");
-    return status && status->isFolder() && status->owner == user &&
-           (status->mode & (S_IWGRP | S_IWOTH)) == 0;
+Error noBin(const Path& top, std::string why) {
+    return disposalError(DisposalError::noBinOnVolume, top, std::move(why));
 }
 
 } // namespace
@@ -73,44 +87,64 @@ Result<TrashDirectory> TrashDirectory::openHome(const Path& bin) {
 Result<TrashDirectory> TrashDirectory::openOnVolume(const Path& top, uid_t user) {
     const auto topFolder = openFolder(top);
     if (!topFolder)
-        return disposalError(DisposalError::noBinOnVolume, top);
+        return noBin(top, topFolder.error().message());
     const std::string number = std::to_string(user);
     if (const auto shared = openFolderItself(topFolder->get(), ".Trash")) {
         const auto status = fileStatus(shared->get(), "");
-        if (status && (status->mode & S_ISVTX) != 0) {
-            const Path path = top / ".Trash" / number;
-            const auto own = openOrMake(shared->get(), number.c_str(), true, path);
-            if (own && isOwnFolder(own->get(), user))
-                if (auto bin = openAt(own->get(), path, top, true))
-                    return bin;
-        }
+        if (status && (status->mode & S_ISVTX) != 0)
+            if (auto bin = openOwn(shared->get(), number, top, top / ".Trash" / number, user))
+                return bin;
     }
     const std::string name = ".Trash-" + number;
-    const auto own = openOrMake(topFolder->get(), name.c_str(), true, top / name);
-    if (!own || !isOwnFolder(own->get(), user))
-        return disposalError(DisposalError::noBinOnVolume, top);
-    auto bin = openAt(own->get(), top / name, top, true);
-    return bin ? std::move(bin) : disposalError(DisposalError::noBinOnVolume, top);
+    return openOwn(topFolder->get(), name, top, top / name, user);
 }
 
-Result<TrashDirectory> TrashDirectory::openOfPlace(const Path& place) {
+/// What was made and turns out not to be usable is removed again.
+Result<TrashDirectory> TrashDirectory::openOwn(int parent, const std::string& name, const Path& top,
+                                               const Path& path, uid_t user) {
+    const bool isNew = ::faccessat(parent, name.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) != 0;
+    const auto own = openOrMake(parent, name.c_str(), true, path);
+    if (!own)
+        return noBin(top, own.error().message());
+    auto why = whyNotOwn(own->get(), user);
+    if (!why) {
+        auto bin = openAt(own->get(), path, top, true);
+        if (bin) {
+            bin->m_isNew = isNew;
+            return bin;
+        }
+        why = bin.error().message();
+    }
+    if (isNew) {
+        for (const char* part : {"files", "info"})
+            ::unlinkat(own->get(), part, AT_REMOVEDIR);
+        ::unlinkat(parent, name.c_str(), AT_REMOVEDIR);
+    }
+    return noBin(top, *std::move(why));
+}
+
+Result<TrashDirectory> TrashDirectory::openOfPlace(const Path& place, const std::string& volume) {
     const Path files = place.parent_path();
     const Path bin = files.parent_path();
     if (files.filename() != "files" || lastComponent(place) == "..")
         return disposalError(DisposalError::notInBin, place);
-    const auto folder = openFolder(bin);
-    if (!folder && !isMissing(folder.error()))
-        return Error{folder.error().code, "open the Bin", bin};
-    if (!folder)
-        return disposalError(isOnAbsentVolume(place) ? DisposalError::volumeNotThere
-                                                     : DisposalError::goneFromBin,
+    const auto gone = [&] {
+        const auto top = openFolder(topOf(bin));
+        const bool isOther = !volume.empty() && top && volumeName(top->get()) != volume;
+        return disposalError(isOther || isOnAbsentVolume(place) ? DisposalError::volumeNotThere
+                                                                : DisposalError::goneFromBin,
                              place);
+    };
+    const auto folder = openFolder(bin);
+    if (!folder && (isMissing(folder.error()) || isOnAbsentVolume(place)))
+        return gone();
+    if (!folder)
+        return Error{folder.error().code, "open the Bin", bin};
     auto opened = openAt(folder->get(), bin, topOf(bin), false);
     if (!opened && isMissing(opened.error())) {
         const auto item = fileStatus(place);
-        return disposalError(!item && isMissing(item.error()) ? DisposalError::goneFromBin
-                                                              : DisposalError::notInBin,
-                             place);
+        return !item && isMissing(item.error()) ? gone()
+                                                : disposalError(DisposalError::notInBin, place);
     }
     return opened;
 }
@@ -120,7 +154,15 @@ Result<TrashDirectory> TrashDirectory::openOfPlace(const Path& place) {
 bool TrashDirectory::isOnAbsentVolume(const Path& place) {
     const Path bin = place.parent_path().parent_path();
     const auto folder = fileStatus(bin / ".");
-    if (folder || !isMissing(folder.error()))
+    if (folder)
+        return false;
+    for (const auto code : {std::errc::not_connected, std::errc::io_error, std::errc::timed_out,
+                            std::errc::host_unreachable})
+        if (folder.error().code == code)
+            return true; // the volume does not answer
+    if (folder.error().code.value() == EHOSTDOWN)
+        return true;
+    if (!isMissing(folder.error()))
         return false;
     if (const Path top = topOf(bin); !top.empty()) {
         const auto mounted = fileStatus(top);
@@ -141,6 +183,11 @@ Result<TrashDirectory> TrashDirectory::openAt(int directory, Path path, Path top
     const auto status = fileStatus(files->get(), "");
     if (!status)
         return status.error();
+    if (make)
+        LeavingFolder::prepare(directory);
+    if (!top.empty())
+        bin.m_volume = volumeName(files->get());
+    bin.m_hasStableInodes = volumeKind(files->get()).hasStableInodes;
     bin.m_path = std::move(path);
     bin.m_top = std::move(top);
     bin.m_folder = *std::move(folder);
@@ -150,39 +197,85 @@ Result<TrashDirectory> TrashDirectory::openAt(int directory, Path path, Path top
     return bin;
 }
 
-Result<Path> TrashDirectory::take(const HeldItem& item, std::int64_t bytes, const TrashInfo& info,
-                                  const PlaceObserver& willTake) {
+Result<BinnedItem> TrashDirectory::take(const HeldItem& item, const TrashInfo& info,
+                                        const PlaceObserver& willTake) {
     const std::string text = info.toText();
     const unsigned first = item.name == m_lastClashName ? m_lastClashNumber : 1;
+    Error failure = disposalError(DisposalError::noFreeName);
     for (unsigned attempt = 0; attempt < kNamesInAll; ++attempt) {
         const unsigned number = nextNumber(attempt, first);
         const std::string name = storedName(item.name, number);
         Path place = m_path / "files" / name;
-        if (auto noted = willTake(place); !noted)
-            return std::move(noted).error();
-        if (auto written = writeInfo(name, text); !written) {
-            if (written.error().code == std::errc::file_exists)
-                continue;
-            return std::move(written).error();
+        if (auto noted = willTake(place); !noted) {
+            failure = std::move(noted).error();
+            break;
         }
-        auto moved =
-            moveWithoutReplacing(item.folder(), item.name.c_str(), m_files.get(), name.c_str());
+        auto moved = writeInfo(name, text);
+        if (moved) {
+            moved =
+                moveWithoutReplacing(item.folder(), item.name.c_str(), m_files.get(), name.c_str(),
+                                     [this] { return openLeaving() ? leaving() : -1; });
+            if (!moved)
+                ::unlinkat(m_info.get(), infoName(name).c_str(), 0);
+        }
+        if (!moved && moved.error().code == std::errc::file_exists)
+            continue;
         if (!moved) {
-            ::unlinkat(m_info.get(), infoName(name).c_str(), 0);
-            if (moved.error().code == std::errc::file_exists)
-                continue;
-            return std::move(moved).error();
+            failure = std::move(moved).error();
+            break;
         }
+        m_isNew = false;
         if (attempt > 0 || number > 1) {
             m_lastClashName = item.name;
             m_lastClashNumber = attempt < kNamesInOrder ? number + 1 : first;
         }
-        if (item.status.isFolder())
-            if (const auto status = fileStatus(m_info.get(), infoName(name).c_str()))
-                m_sizes.set(name, {bytes, status->modifiedSeconds});
-        return place;
+        const auto after = fileStatus(m_files.get(), name.c_str());
+        BinnedItem binned{std::move(place), {}, after ? *after : item.status};
+        binned.facts = ItemFacts::of(binned.status, m_hasStableInodes);
+        binned.facts.volume = m_volume;
+        return binned;
     }
-    return disposalError(DisposalError::noFreeName);
+    removeIfNew();
+    return failure;
+}
+
+void TrashDirectory::noteSize(const BinnedItem& folder, std::int64_t bytes) {
+    const std::string name = lastComponent(folder.place);
+    if (const auto info = fileStatus(m_info.get(), infoName(name).c_str()))
+        m_sizes.set(name, {bytes, info->modifiedSeconds});
+}
+
+void TrashDirectory::removeIfNew() {
+    if (!m_isNew)
+        return;
+    m_leaving.reset();
+    LeavingFolder::remove(m_folder.get());
+    for (const char* part : {"files", "info"})
+        ::unlinkat(m_folder.get(), part, AT_REMOVEDIR);
+    ::rmdir(m_path.c_str()); // only where it is empty
+}
+
+TrashInfo TrashDirectory::infoOf(const BinRecord& record) const {
+    return {m_top.empty() ? record.path : record.path.lexically_relative(m_top),
+            record.deletionDate};
+}
+
+Path TrashDirectory::expectedPlace(const std::string& name) {
+    const unsigned first = name == m_expectedClashName ? m_expectedClashNumber : 1;
+    std::string stored;
+    for (unsigned attempt = 0; attempt < kNamesInOrder; ++attempt) {
+        const unsigned number = first + attempt;
+        stored = storedName(name, number);
+        if (m_expected.contains(stored) || fileStatus(m_info.get(), infoName(stored).c_str()))
+            continue;
+        if (number > 1) {
+            m_expectedClashName = name;
+            m_expectedClashNumber = number + 1;
+        }
+        break;
+    }
+    m_expected.insert(stored);
+    return m_path / "files" / stored;
 }
 
 Result<void> TrashDirectory::writeInfo(const std::string& name, const std::string& text) {
@@ -193,11 +286,16 @@ Result<void> TrashDirectory::writeInfo(const std::string& name, const std::strin
     const auto failure = [&] { return Error::fromErrno(errno, "write", m_path / "info" / file); };
     if (!info)
         return failure();
+    struct stat made {};
+    if (::fstat(info.get(), &made) == 0 && (made.st_mode & kInfoRights) != kInfoRights)
+        ::fchmod(info.get(), kInfoRights); // the umask took them
     std::string_view rest = text;
     while (!rest.empty()) {
         const ssize_t written = ::write(info.get(), rest.data(), rest.size());
         if (written < 0 && errno == EINTR)
             continue;
+        if (written == 0)
+            errno = ENOSPC;
         if (written <= 0)
             break;
         rest.remove_prefix(static_cast<std::size_t>(written));
@@ -209,75 +307,10 @@ Result<void> TrashDirectory::writeInfo(const std::string& name, const std::strin
     return error;
 }
 
-Result<FileStatus> TrashDirectory::find(const std::string& name, const TrashInfo& record) const {
-    const auto gone = [&] {
-        return disposalError(DisposalError::goneFromBin, m_path / "files" / name);
-    };
-    auto status = fileStatus(m_files.get(), name.c_str());
-    if (!status)
-        return isMissing(status.error()) ? gone() : std::move(status).error();
-    const auto text = infoText(name);
-    if (!text && !isMissing(text.error()))
-        return text.error();
-    const Path written = m_top.empty() ? record.path : record.path.lexically_relative(m_top);
-    if (text && *text == TrashInfo{written, record.deletionDate}.toText())
-        return status; // saves understanding it, nearly always
-    const auto info = TrashInfo::fromText(text ? *text : std::string());
-    if (!info)
-        return disposalError(DisposalError::withoutInfo);
-    const auto infoSeconds = [&] {
-        const auto file = fileStatus(m_info.get(), infoName(name).c_str());
-        return file ? file->modifiedSeconds : 0;
-    };
-    const bool isSame =
-        names(*info, record.path) &&
-        (!record.deletionDate || info->isOfMoment(*record.deletionDate, infoSeconds));
-    return isSame ? std::move(status) : gone();
-}
-
-/// A relative path has lost the links that its item was named through.
-bool TrashDirectory::names(const TrashInfo& info, const Path& original) const {
-    const Path named = m_top / info.path;
-    if (named == original || m_top.empty())
-        return named == original;
-    std::error_code code;
-    const auto folder = std::filesystem::weakly_canonical(original.parent_path(), code);
-    return !code && named == folder / original.filename();
-}
-
-Result<void> TrashDirectory::erase(const std::string& name, WorkMeter* meter) {
-    if (auto removed = removeWhole(m_files.get(), name, meter); !removed)
-        return removed;
-    return removeInfo(name);
-}
-
-Result<void> TrashDirectory::removeInfo(const std::string& name) {
-    m_sizes.remove(name);
-    const std::string file = infoName(name);
-    if (::unlinkat(m_info.get(), file.c_str(), 0) != 0 && errno != ENOENT)
-        return Error::fromErrno(errno, "remove", m_path / "info" / file);
-    return {};
-}
-
 Result<std::string> TrashDirectory::infoText(const std::string& name) const {
-    const std::string fileName = infoName(name);
-    const FileDescriptor file(
-        ::openat(m_info.get(), fileName.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
-    const auto failure = [&] {
-        return Error::fromErrno(errno, "read", m_path / "info" / fileName);
-    };
-    if (!file)
-        return failure();
-    std::string text;
-    char buffer[4096];
-    ssize_t count = sizeof buffer;
-    while (count == sizeof buffer && text.size() < kLongestInfo) {
-        count = ::read(file.get(), buffer, sizeof buffer);
-        if (count < 0)
-            return failure();
-        text.append(buffer, static_cast<std::size_t>(count));
-    }
-    return text;
+    const std::string file = infoName(name);
+    auto text = readRegularFile(m_info.get(), file.c_str(), kLongestInfo);
+    return text ? std::move(text) : Error{text.error().code, "read", m_path / "info" / file};
 }
 
 void TrashDirectory::flushSizes() {

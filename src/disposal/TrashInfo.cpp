@@ -1,16 +1,11 @@
 #include "TrashInfo.h"
 
-#include <cmath>
 #include <cstdio>
 #include <ctime>
 
 namespace vexmoor {
 
 namespace {
-
-constexpr double kZoneStepSeconds = 15 * 60;    // zones lie whole quarters of an hour apart
-constexpr double kFarthestZones = 26 * 60 * 60; // from UTC-12 to UTC+14
-constexpr double kFileTimeTolerance = 2;        // seconds; some file systems know no finer
 
 std::string localTime(Date date) {
     const auto seconds = static_cast<std::time_t>(date.unixSeconds());
@@ -61,15 +56,8 @@ std::optional<TrashInfo> TrashInfo::fromText(std::string_view text) {
     return info.path.empty() ? std::nullopt : std::optional(info);
 }
 
-bool TrashInfo::isOfMoment(Date moment, const std::function<std::int64_t()>& fileSeconds) const {
-    if (!deletionDate)
-        return false;
-    if (localTime(*deletionDate) == localTime(moment))
-        return true;
-    const double second = std::floor(moment.unixSeconds());
-    const double shift = deletionDate->unixSeconds() - second;
-    return std::abs(shift) <= kFarthestZones && std::fmod(shift, kZoneStepSeconds) == 0 &&
-           std::abs(static_cast<double>(fileSeconds()) - second) <= kFileTimeTolerance;
+bool TrashInfo::isOfMoment(Date moment) const {
+    return deletionDate && localTime(*deletionDate) == localTime(moment);
 }
 
 std::string infoName(std::string_view storedName) {

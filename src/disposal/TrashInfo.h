@@ -3,8 +3,7 @@
 #include "base/Date.h"
 #include "base/Path.h"
 
-#include <cstdint>
-#include <functional>
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,11 +21,12 @@ struct TrashInfo {
     /// Reads such a text; nothing where it has no usable Path.
     static std::optional<TrashInfo> fromText(std::string_view text);
 
-    /// Whether its date is the one that was written for that moment. Where the clock has another
-    /// time zone since, the date reads shifted; then the file's own time has to agree.
-    [[nodiscard]] bool isOfMoment(Date moment,
-                                  const std::function<std::int64_t()>& fileSeconds) const;
+    /// Whether its date is the one that is written for that moment in the present time zone.
+    [[nodiscard]] bool isOfMoment(Date moment) const;
 };
+
+/// Longer than a path of PATH_MAX bytes, all encoded, makes it: no info file.
+constexpr std::size_t kLongestInfo = std::size_t{64} * 1024;
 
 /// The name of the info file that belongs to a stored name.
 std::string infoName(std::string_view storedName);

@@ -1,7 +1,9 @@
 #include "disposal/TreeSize.h"
 
-#include "base/Checked.h"
+#include "base/Saturated.h"
 #include "disposal/TreeWalk.h"
+
+#include <cerrno>
 
 namespace vexmoor {
 
@@ -17,7 +19,7 @@ class SizeVisitor : public TreeVisitor {
             return Entry::isFolder;
         ++tally.entries;
         if (status && status->mountId == m_mountId)
-            tally.bytes = checkedSum(tally.bytes, status->allocatedBytes);
+            tally.bytes = saturatedSum(tally.bytes, status->allocatedBytes);
         return Entry::visited;
     }
 
@@ -34,7 +36,43 @@ class SizeVisitor : public TreeVisitor {
     const std::uint64_t m_mountId;
 };
 
+class MountVisitor : public TreeVisitor {
+  public:
+    explicit MountVisitor(std::uint64_t mountId) : m_mountId(mountId) {}
+
+    [[nodiscard]] bool hasFound() const { return m_meter.stop; }
+    WorkMeter& meter() { return m_meter; }
+
+    Entry visitEntry(const TreePlace& place, const char* name, TreeTally&) override {
+        const auto status = fileStatus(place.descriptor, name);
+        if (status && status->mountId != m_mountId)
+            m_meter.stop = true;
+        return status && status->isFolder() ? Entry::isFolder : Entry::visited;
+    }
+    FileDescriptor openDenied(const TreePlace&, const char*) override { return {}; }
+    void notEntered(const TreePlace&, const char*, int error, TreeTally&) override {
+        if (error == EXDEV)
+            m_meter.stop = true;
+    }
+    Folder leaveFolder(TreeFolder&, int, const TreePlace&, TreeTally&) override {
+        return Folder::left;
+    }
+
+  private:
+    const std::uint64_t m_mountId;
+    WorkMeter m_meter;
+};
+
 } // namespace
+
+bool treeHoldsMount(int directory, const char* name) {
+    const auto status = fileStatus(directory, name);
+    if (!status)
+        return false;
+    MountVisitor visitor(status->mountId);
+    (void)TreeWalk(visitor, status->mountId, &visitor.meter()).run(directory, name);
+    return visitor.hasFound();
+}
 
 std::int64_t treeSize(int directory, const char* name, WorkMeter* meter) {
     const auto status = fileStatus(directory, name);
@@ -43,7 +81,7 @@ std::int64_t treeSize(int directory, const char* name, WorkMeter* meter) {
     if (!status->isFolder()) {
         if (meter) {
             meter->entries.fetch_add(1, std::memory_order_relaxed);
-            meter->bytes.fetch_add(status->allocatedBytes, std::memory_order_relaxed);
+            addSaturated(meter->bytes, status->allocatedBytes);
         }
         return status->allocatedBytes;
     }

@@ -12,4 +12,8 @@ namespace vexmoor {
 /// to stop by the meter, the sum so far. Any thread.
 std::int64_t treeSize(int directory, const char* name, WorkMeter* meter = nullptr);
 
+/// Whether something is mounted below `name` in the directory, for where the system does not list
+/// its mounts. Any thread.
+bool treeHoldsMount(int directory, const char* name);
+
 } // namespace vexmoor

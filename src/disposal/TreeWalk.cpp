@@ -1,5 +1,6 @@
 #include "disposal/TreeWalk.h"
 
+#include "base/Saturated.h"
 #include "disposal/TreeWorker.h"
 
 #include <fcntl.h>
@@ -74,7 +75,7 @@ void TreeWalk::count(const TreeTally& done) {
         if (!meter)
             continue;
         meter->entries.fetch_add(done.entries, std::memory_order_relaxed);
-        meter->bytes.fetch_add(done.bytes, std::memory_order_relaxed);
+        addSaturated(meter->bytes, done.bytes);
         meter->removed.fetch_add(done.removed, std::memory_order_relaxed);
     }
 }

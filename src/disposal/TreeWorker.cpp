@@ -1,5 +1,7 @@
 #include "disposal/TreeWorker.h"
 
+#include "platform/Processors.h"
+
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -22,8 +24,11 @@ constexpr std::int64_t kEntriesPerCount = 64;
 // Names that wait may take this much memory before batches get smaller with every level.
 constexpr std::size_t kWaitingBytes = std::size_t{1024} * 1024;
 constexpr std::size_t kLeastBatchBytes = 512;
-// A folder of very many files is read in larger and larger batches, up to this.
-constexpr std::size_t kMostBatchBytes = std::size_t{1024} * 1024;
+// A folder of very many files is read in larger and larger batches, up to this: the more of it is
+// known, the less often the same blocks of inodes are met.
+constexpr std::size_t kMostBatchBytes = std::size_t{8} * 1024 * 1024;
+// Fewer entries than this are not worth a part of a batch.
+constexpr std::size_t kEntriesWorthGiving = 64;
 
 int descriptorOf(const SharedFolder& handle) {
     return handle ? handle->get() : -1;
@@ -61,6 +66,7 @@ std::string TreeLevel::takeHalfOfWaiting(bool mayTakeLast) {
 
 void TreeLevel::abandon() {
     waiting = std::string();
+    unvisited = std::string();
     isRead = true;
 }
 
@@ -85,7 +91,9 @@ void TreeWorker::step() {
     if (m_walk.isStopped())
         level.abandon();
     shareIfWanted();
-    if (!level.waiting.empty())
+    if (!level.unvisited.empty())
+        visitGiven(level);
+    else if (!level.waiting.empty())
         enterWaiting();
     else if (!level.isRead)
         readBatch(level);
@@ -104,22 +112,39 @@ void TreeWorker::readBatch(TreeLevel& level) {
         return;
     level.hasMoreToRead = *size > bytes / 2;
     const TreePlace place{*level.folder, level.handle->get()};
-    while (const FolderEntry* entry = m_reader.next()) {
-        if (m_walk.isStopped())
-            return level.abandon();
-        if (entry->isFolder || m_walk.m_visitor.visitEntry(place, entry->name, m_tally) ==
-                                   TreeVisitor::Entry::isFolder) {
-            level.waiting.append(entry->name).push_back('\0');
-            m_waitingBytes += std::strlen(entry->name) + 1;
-        }
-        countStep();
-        shareIfWanted();
-    }
+    m_isInBatch = true;
+    while (const FolderEntry* entry = m_walk.isStopped() ? nullptr : m_reader.next())
+        visit(level, place, entry->name, entry->isFolder);
+    m_isInBatch = false;
+    if (m_walk.isStopped())
+        return level.abandon();
     level.position = m_reader.position();
     if (level.hasMoreToRead && level.waiting.empty())
         level.batchBytes = std::min(2 * bytes, kMostBatchBytes);
+}
+
+void TreeWorker::visitGiven(TreeLevel& level) {
+    const std::string names = std::move(level.unvisited);
+    level.unvisited = std::string();
+    const TreePlace place{*level.folder, level.handle->get()};
+    for (const char* name = names.data(); name < names.data() + names.size();
+         name += std::strlen(name) + 1) {
+        if (m_walk.isStopped())
+            return level.abandon();
+        visit(level, place, name, false);
+    }
+}
+
+void TreeWorker::visit(TreeLevel& level, const TreePlace& place, const char* name, bool isFolder) {
+    if (isFolder ||
+        m_walk.m_visitor.visitEntry(place, name, m_tally) == TreeVisitor::Entry::isFolder) {
+        level.waiting.append(name).push_back('\0');
+        m_waitingBytes += std::strlen(name) + 1;
+    }
     if (m_tally.entries + m_tally.removed >= kEntriesPerCount)
         report();
+    countStep();
+    shareIfWanted();
 }
 
 void TreeWorker::enterWaiting() {
@@ -253,6 +278,11 @@ bool TreeWorker::share(TreeLevel& level) {
     m_waitingBytes -= gift.waiting.size();
     if (!gift.waiting.empty()) {
         gift.isRead = true;
+    } else if (isTop && m_isInBatch && m_reader.left() >= kEntriesWorthGiving) {
+        gift.unvisited = m_reader.takeSecondHalf();
+        gift.isRead = true;
+        if (gift.unvisited.empty())
+            return false;
     } else if (level.hasMoreToRead && !level.isRead) {
         level.hasMoreToRead = false;
         level.isReadByBoth = gift.isReadByBoth = true;
@@ -268,12 +298,15 @@ bool TreeWorker::share(TreeLevel& level) {
 std::size_t TreeWorker::batchBytes(const TreeLevel& level) const {
     const std::size_t free = kWaitingBytes - std::min(kWaitingBytes, m_waitingBytes);
     const std::size_t usual = std::clamp(free / 8, kLeastBatchBytes, FolderReader::kUsualBytes);
-    return std::max(usual, std::min(free, level.batchBytes));
+    const std::size_t most = m_waitingBytes == 0 ? kMostBatchBytes : free;
+    return std::max(usual, std::min(most, level.batchBytes));
 }
 
 void TreeWorker::countStep() {
-    if (++m_steps == kStepsWorthAThread)
+    if (++m_steps % kStepsWorthAThread == 0 && !m_hasOffered && hasIdleProcessor()) {
+        m_hasOffered = true;
         m_walk.startSecondWorker();
+    }
 }
 
 void TreeWorker::report() {

@@ -9,11 +9,12 @@
 namespace vexmoor {
 
 /// A folder on a worker's way down: what is still to be read of it, and the names already read of
-/// the subfolders that wait to be entered.
+/// entries that are to be visited and of the subfolders that wait to be entered.
 struct TreeLevel {
     TreeFolder* folder = nullptr;
     SharedFolder handle;        ///< null while closed to keep within the bound on descriptors
     std::string waiting{};      ///< names, each with a NUL behind it
+    std::string unvisited{};    ///< the same
     off_t position = 0;         ///< where to read on after opening again
     std::size_t batchBytes = 0; ///< how much to read at once where there are no subfolders
     bool isRead = false;
@@ -44,6 +45,8 @@ class TreeWorker {
   private:
     void step();
     void readBatch(TreeLevel& level);
+    void visitGiven(TreeLevel& level);
+    void visit(TreeLevel& level, const TreePlace& place, const char* name, bool isFolder);
     void enterWaiting();
     void enter(const TreePlace& place, const std::string& name, FileDescriptor descriptor);
     void push(TreeLevel level);
@@ -60,9 +63,11 @@ class TreeWorker {
 
     TreeWalk& m_walk;
     FolderReader m_reader;
+    bool m_isInBatch = false; ///< of the top level
     std::vector<TreeLevel> m_levels;
     std::size_t m_waitingBytes = 0;
     std::int64_t m_steps = 0;
+    bool m_hasOffered = false; ///< the second worker was started, or cannot be
     TreeTally m_tally;
 };
 

@@ -1,56 +1,76 @@
 #pragma once
 
-#include "disposal/Journal.h"
+#include "base/RecordTable.h"
 #include "disposal/Ledger.h"
 #include "intake/Ports.h"
 
 #include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
 namespace vexmoor {
 
-/// Finds items that can still be put back or deleted: in the ledger's recent records and, for what
-/// has left these, in the journals of the newest batches.
+/// The items that were put into a Bin and neither put back nor deleted since: the way back of each,
+/// however long ago it went. They stand in a table of the database; add() and remove() belong to
+/// the transaction of the batch. Main thread.
 class BinnedItems {
   public:
-    BinnedItems(const Ledger& ledger, const Journal& journal)
-        : m_ledger(ledger), m_journal(journal) {}
+    BinnedItems(const Ledger& ledger, RecordTable& table) : m_ledger(ledger), m_table(table) {}
 
-    /// The whole newest batch that has something left in the Bin.
+    /// Adds those of a batch that can be put back, in the order of disposal. Above kMost items the
+    /// oldest are dropped.
+    void add(std::int64_t batch, const std::vector<Sacrifice>& items);
+    void remove(const std::set<Uuid>& ids);
+
+    /// The whole newest batch that has something left in the Bin, newest item first.
     [[nodiscard]] std::vector<Sacrifice> lastBatch() const;
 
-    /// The newest `count` items.
+    /// The newest `count` items that are in the Bin.
     [[nodiscard]] std::vector<Sacrifice> newest(std::size_t count) const;
 
-    /// The newest item of that id or name; else the one whose id alone begins so, with at least
-    /// kShortId characters.
-    [[nodiscard]] std::optional<Sacrifice> find(const std::string& idOrName) const;
+    /// Passes those that can still be put back to the visitor, newest first, until it returns
+    /// false.
+    void visit(const std::function<bool(const Sacrifice&)>& visitor) const;
 
-    /// Items as they were named, each once, and what was not found.
+    /// All that can still be put back, newest first, whether or not it is found in the Bin.
+    [[nodiscard]] std::vector<Sacrifice> all() const;
+
+    /// Items as they were named, each once, and why others were not taken.
     struct Named {
         std::vector<Sacrifice> items;
         std::vector<Failure> missing;
     };
-    [[nodiscard]] Named named(const std::vector<std::string>& idsOrNames) const;
+    /// By id, by the beginning of one (at least kShortId characters), by the path where the item
+    /// was, or by its name. Names are compared as bytes; the text that lists show in place of a
+    /// name that is not UTF-8 is understood too. Several items of one path mean the newest; what
+    /// means items of several paths is a failure that lists them.
+    [[nodiscard]] Named named(const std::vector<std::string>& wanted) const;
 
     /// What a put-back means: those named; without names the newest `last`; without that, 0, the
     /// whole last batch.
-    [[nodiscard]] Named toPutBack(const std::vector<std::string>& idsOrNames,
-                                  std::size_t last) const;
+    [[nodiscard]] Named toPutBack(const std::vector<std::string>& wanted, std::size_t last) const;
+
+    /// Those of the items, which may be old copies, that can still be put back as far as is known.
+    [[nodiscard]] std::vector<Sacrifice> current(std::vector<Sacrifice> items) const;
+
+    /// Whether one of the items can still be put back and lies in the Bin.
+    [[nodiscard]] bool hasAny(const std::vector<Sacrifice>& items) const;
 
     /// Characters of an id that lists show.
     static constexpr std::size_t kShortId = 8;
+    static constexpr std::int64_t kMost = 100'000;
 
   private:
-    [[nodiscard]] std::optional<Sacrifice> findByBeginning(const std::string& id) const;
-    [[nodiscard]] std::vector<Sacrifice> ofJournal(std::int64_t number) const;
-    [[nodiscard]] std::vector<Sacrifice> recent() const;
-    /// Newest first, until the visitor says no.
-    void visit(const std::function<bool(const Sacrifice&)>& visitor) const;
+    using Visitor = std::function<bool(std::int64_t batch, const Sacrifice& item)>;
+    enum class Look { take, pass, stop };
+    using Filter = std::function<Look(const RecordTable::Record& record)>;
+    /// Newest first, those that the filter takes before they are decoded, until one of both says
+    /// stop or false.
+    void visit(const Filter& filter, const Visitor& visitor) const;
 
     const Ledger& m_ledger;
-    const Journal& m_journal;
+    RecordTable& m_table;
 };
 
 } // namespace vexmoor

@@ -3,48 +3,74 @@
 namespace vexmoor {
 
 DisposalJob::DisposalJob(Input input, Surroundings surroundings)
-    : m_input(std::move(input)), m_surroundings(std::move(surroundings)),
+    : GroupedWork(BatchJournal(surroundings.journal, JournalKind::feed, input.mode, input.start),
+                  surroundings.meter),
+      m_input(std::move(input)), m_surroundings(std::move(surroundings)),
       m_disposer(m_surroundings.directories, &m_surroundings.meter) {}
 
 DisposalJob::Output DisposalJob::run() {
     m_output.result.done.reserve(m_input.items.size()); // growing would hold them twice
     m_output.offerings.reserve(m_input.items.size());
-    for (const auto& path : m_input.items) {
-        if (m_surroundings.meter.stop)
-            m_output.result.untouched.push_back(path);
-        else
-            handle(path);
-    }
-    if (m_writer) {
-        m_output.journalNumber = m_writer->number();
-        // The last outcome only saves a look at the disk, should this process die before the
-        // commit.
-        (void)m_writer->flush();
-    }
+    work(m_input.items.size());
+    m_output.journal = m_journal.end();
     return std::move(m_output);
 }
 
-void DisposalJob::handle(const Path& path) {
+std::optional<FedItem> DisposalJob::prepare(std::size_t number) {
+    const Path path = m_input.items[number];
     auto picture = pictureOf(path);
-    auto item = hold(path);
-    if (!item) {
+    auto held = hold(path);
+    if (!held) {
         m_output.result.failures.push_back(
-            {displayText(lastComponent(path)), std::move(item).error()});
-        return;
+            {displayText(lastComponent(path)), std::move(held).error()});
+        return std::nullopt;
     }
-    const std::int64_t bytes = m_disposer.size(*item);
-    if (m_surroundings.meter.stop) {
-        m_output.result.untouched.push_back(path);
-        return;
+    const std::int64_t bytes = m_disposer.size(*held);
+    if (m_meter.stop) {
+        leave(number);
+        return std::nullopt;
     }
-    auto sacrifice = disposeOf(*item, bytes);
-    if (!sacrifice) {
-        m_output.result.failures.push_back({displayText(item->name), std::move(sacrifice).error()});
-        return;
+    FedItem item{std::move(picture), *std::move(held), {}};
+    item.entry.isFolder = item.held.status.isFolder();
+    item.entry.inode = item.held.status.identity.inode;
+    auto& sacrifice = item.entry.sacrifice;
+    sacrifice.id = Uuid::generate();
+    sacrifice.name = displayText(item.held.name);
+    sacrifice.bytes = bytes;
+    sacrifice.mode = m_input.mode;
+    sacrifice.date = m_surroundings.clock();
+    sacrifice.original = item.held.path;
+    sacrifice.facts = ItemFacts::of(item.held.status, true);
+    if (auto intended = intend(item); !intended) {
+        fail(item, intended.error());
+        return std::nullopt;
     }
-    m_output.result.done.push_back(*std::move(sacrifice));
-    m_output.offerings.push_back({path, bytes, item->status.isFolder()});
-    addPicture(std::move(picture));
+    limitFolders(item.held);
+    ++m_picturesAwaited;
+    return item;
+}
+
+/// With the place in the Bin that it will most likely take.
+Result<void> DisposalJob::intend(FedItem& item) {
+    if (m_input.mode == DisposeMode::dissolve) {
+        item.entry.volume = m_disposer.mountPointOf(item.held);
+        return m_journal.intend(item.entry);
+    }
+    auto place = m_disposer.expectedPlace(item.held);
+    if (!place)
+        return std::move(place).error();
+    item.entry.sacrifice.trashed = *std::move(place);
+    return m_journal.intend(item.entry);
+}
+
+/// Each keeps a descriptor.
+void DisposalJob::limitFolders(const HeldItem& item) {
+    constexpr std::size_t kMostFolders = 64;
+    if (m_lastFolder.lock() == item.parent)
+        return;
+    m_lastFolder = item.parent;
+    if (++m_foldersHeld % kMostFolders == 0)
+        endGroup();
 }
 
 /// Nothing but what the user said yes to.
@@ -58,51 +84,58 @@ Result<HeldItem> DisposalJob::hold(const Path& path) {
     return item;
 }
 
-Result<Sacrifice> DisposalJob::disposeOf(const HeldItem& item, std::int64_t bytes) {
-    JournalEntry entry;
-    entry.isFolder = item.status.isFolder();
-    entry.inode = item.status.identity.inode;
-    auto& sacrifice = entry.sacrifice;
-    sacrifice.id = Uuid::generate();
-    sacrifice.name = displayText(item.name);
-    sacrifice.bytes = bytes;
-    sacrifice.mode = m_input.mode;
-    sacrifice.date = m_surroundings.clock();
-    sacrifice.original = item.path;
-    if (m_input.mode == DisposeMode::dissolve)
-        if (auto intended = intend(entry); !intended)
-            return std::move(intended).error();
-    auto place =
-        m_disposer.dispose(item, m_input.mode, bytes, sacrifice.date, [&](const Path& wanted) {
-            entry.sacrifice.trashed = wanted;
-            return intend(entry);
-        });
-    if (m_writer)
-        m_writer->conclude(sacrifice.id, place.ok());
-    if (!place)
-        return std::move(place).error();
-    sacrifice.trashed = *std::move(place);
-    if (!sacrifice.trashed)
-        sacrifice.original.reset();
-    return std::move(sacrifice);
+Result<Disposer::Disposed> DisposalJob::dispose(FedItem& item) {
+    auto& sacrifice = item.entry.sacrifice;
+    if (m_input.mode == DisposeMode::dissolve && item.entry.isFolder)
+        m_journal.begin(sacrifice.id);
+    return m_disposer.dispose(item.held, m_input.mode, sacrifice.bytes, sacrifice.date,
+                              [&](const Path& wanted) {
+                                  if (*sacrifice.trashed == wanted)
+                                      return Result<void>();
+                                  sacrifice.trashed = wanted;
+                                  return m_journal.intendNow(item.entry);
+                              });
 }
 
-Result<void> DisposalJob::intend(const JournalEntry& entry) {
-    if (!m_writer) {
-        auto begun =
-            m_surroundings.journal.begin(JournalKind::feed, m_input.mode, m_input.lastRecorded);
-        if (!begun)
-            return std::move(begun).error();
-        m_writer = *std::move(begun);
+void DisposalJob::carryOut(FedItem& item) {
+    --m_picturesAwaited;
+    auto disposed = dispose(item);
+    auto& sacrifice = item.entry.sacrifice;
+    m_journal.conclude(sacrifice.id, disposed ? std::nullopt : std::optional(disposed.error()));
+    if (!disposed) {
+        fail(item, disposed.error());
+        return;
     }
-    return m_writer->intend(entry);
+    sacrifice.bytes = disposed->bytes;
+    m_output.offerings.push_back({item.held.path, disposed->bytes, disposed->isFolder});
+    if (disposed->binned) {
+        sacrifice.trashed = disposed->binned->place;
+        sacrifice.facts = disposed->binned->facts;
+    } else {
+        sacrifice.original.reset();
+    }
+    m_output.result.done.push_back(std::move(sacrifice));
+    addPicture(std::move(item.picture));
+}
+
+void DisposalJob::fail(const FedItem& item, const Error& error) {
+    m_output.result.failures.push_back({displayText(item.held.name), error});
+}
+
+void DisposalJob::leave(std::size_t number) {
+    m_output.result.untouched.push_back(m_input.items[number]);
+}
+
+void DisposalJob::leave(const FedItem& item) {
+    m_output.result.untouched.push_back(item.held.path);
 }
 
 PicturePointer DisposalJob::pictureOf(const Path& path) {
     if (const auto found = m_input.thumbnails.find(path.native());
         found != m_input.thumbnails.end())
         return found->second;
-    if (m_output.pictures.size() >= kPictured || m_picturesLoaded >= kPictured || !fileStatus(path))
+    if (m_output.pictures.size() + m_picturesAwaited >= kPictured ||
+        m_picturesLoaded >= kPictured || !fileStatus(path))
         return nullptr;
     ++m_picturesLoaded;
     return m_surroundings.thumbnails.loadNow(path);

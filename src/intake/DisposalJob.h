@@ -1,8 +1,8 @@
 #pragma once
 
 #include "disposal/Disposer.h"
-#include "disposal/Journal.h"
 #include "intake/BatchResult.h"
+#include "intake/GroupedWork.h"
 #include "progression/Progression.h"
 
 #include <map>
@@ -12,8 +12,15 @@ namespace vexmoor {
 /// What stood at paths when the user was asked.
 using SeenItems = std::map<std::string, FileIdentity>;
 
+/// An item that is about to be disposed of.
+struct FedItem {
+    PicturePointer picture;
+    HeldItem held;
+    JournalEntry entry;
+};
+
 /// The work-queue side of one fed batch: pictures, measures and disposes of its items in order.
-class DisposalJob {
+class DisposalJob : private GroupedWork<FedItem> {
   public:
     /// Items of one batch that are pictured.
     static constexpr std::size_t kPictured = 10;
@@ -23,7 +30,7 @@ class DisposalJob {
         DisposeMode mode = DisposeMode::bin;
         SeenItems seen; ///< of all items, or empty where nobody was asked
         std::map<std::string, PicturePointer> thumbnails; ///< by path
-        std::int64_t lastRecorded = 0; ///< number of the newest journal in the stores
+        JournalStart start{};
     };
 
     struct Output {
@@ -31,7 +38,7 @@ class DisposalJob {
         std::vector<Progression::Offering> offerings;
         std::vector<PicturePointer> pictures;
         bool animationStarted = false;
-        std::optional<std::int64_t> journalNumber;
+        std::optional<JournalMark> journal;
     };
 
     struct Surroundings {
@@ -49,18 +56,25 @@ class DisposalJob {
     Output run();
 
   private:
-    void handle(const Path& path);
+    std::optional<FedItem> prepare(std::size_t number) override;
+    void carryOut(FedItem& item) override;
+    void fail(const FedItem& item, const Error& error) override;
+    void leave(std::size_t number) override;
+    void leave(const FedItem& item) override;
     Result<HeldItem> hold(const Path& path);
-    Result<Sacrifice> disposeOf(const HeldItem& item, std::int64_t bytes);
-    Result<void> intend(const JournalEntry& entry);
+    Result<void> intend(FedItem& item);
+    Result<Disposer::Disposed> dispose(FedItem& item);
+    void limitFolders(const HeldItem& item);
     PicturePointer pictureOf(const Path& path);
     void addPicture(PicturePointer picture);
 
     Input m_input;
     Surroundings m_surroundings;
     Disposer m_disposer;
-    std::unique_ptr<JournalWriter> m_writer;
     std::size_t m_picturesLoaded = 0;
+    std::size_t m_picturesAwaited = 0; ///< of items that are not carried out yet
+    std::weak_ptr<const HeldFolder> m_lastFolder;
+    std::size_t m_foldersHeld = 0; ///< by the group
     Output m_output;
 };
 

@@ -8,15 +8,13 @@
 namespace vexmoor {
 
 struct Intake::Batch {
-    std::vector<StoredPath> items;
-    SeenItems seen;
-    std::vector<Failure> refused;
+    FedItems fed;
     DisposeMode mode = DisposeMode::bin;
     bool fromFinder = false;
-    std::map<std::string, PicturePointer> thumbnails;
+    std::map<std::string, PicturePointer> thumbnails{};
     std::size_t thumbnailsAwaited = 0;
     Dialogs& dialogs;
-    std::shared_ptr<WorkMeter> meter;
+    RunningBatches::Meter meter{};
     BatchCompletion completion;
 };
 
@@ -26,7 +24,7 @@ struct Intake::BinBatch {
     std::vector<Sacrifice> items;
     std::vector<Failure> missing;
     Dialogs& dialogs;
-    std::shared_ptr<WorkMeter> meter;
+    RunningBatches::Meter meter;
     BatchCompletion completion;
     /// What the batches that are not over have put back or deleted: the ledger, which this one's
     /// items were looked up in, did not know it yet.
@@ -61,29 +59,24 @@ std::vector<Sacrifice> restorable(std::vector<Sacrifice> items) {
 
 } // namespace
 
-Intake::Intake(Parts parts) : m_parts(std::move(parts)) {}
+Intake::Intake(Parts parts) : m_parts(std::move(parts)), m_settlement(m_parts.defaults) {}
 
 void Intake::consume(const std::vector<Path>& items, bool fromFinder, BatchCompletion completion,
                      const BatchOptions& options) {
-    const std::shared_ptr<Batch> batch(
-        new Batch{.items = {},
-                  .seen = {},
-                  .refused = {},
-                  .mode = options.mode.value_or(m_parts.settings.mode.get()),
-                  .fromFinder = fromFinder,
-                  .thumbnails = {},
-                  .dialogs = dialogsOf(options),
-                  .meter = nullptr,
-                  .completion = std::move(completion)});
-    gather(*batch, items, options);
-    if (batch->items.empty()) {
-        if (!batch->refused.empty())
+    const std::shared_ptr<Batch> batch(new Batch{
+        .fed = FedItems::of(items, options.seen, m_inFlight, options.tellsOfThoseOnTheWay),
+        .mode = options.mode.value_or(m_parts.settings.mode.get()),
+        .fromFinder = fromFinder,
+        .dialogs = dialogsOf(options),
+        .completion = std::move(completion)});
+    if (batch->fed.items.empty()) {
+        if (!batch->fed.refused.empty())
             complete(*batch, {});
         else
             finish(batch->completion, {});
         return;
     }
-    for (const auto& item : batch->items) // other batches may come while the user is asked
+    for (const auto& item : batch->fed.items) // other batches may come while the user is asked
         m_inFlight.insert(item.native());
     if (batch->mode == DisposeMode::dissolve && m_parts.settings.confirmDissolve.get())
         askToDissolve(batch, options);
@@ -91,35 +84,9 @@ void Intake::consume(const std::vector<Path>& items, bool fromFinder, BatchCompl
         beginFeed(batch, options);
 }
 
-/// Each item once, and why others are refused before anything is asked.
-void Intake::gather(Batch& batch, const std::vector<Path>& items,
-                    const BatchOptions& options) const {
-    std::set<std::string> seen;
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        const Path& item = items[i];
-        if (endsInDots(item)) {
-            batch.refused.push_back(
-                {displayText(item.native()), disposalError(DisposalError::isDots)});
-            continue;
-        }
-        const Path path = standardized(item);
-        const bool isOnTheWay = m_inFlight.contains(path.native());
-        const bool isNew = seen.insert(path.native()).second;
-        if (isNew && !isOnTheWay)
-            batch.items.emplace_back(path);
-        if (isNew && isOnTheWay && options.tellsOfThoseOnTheWay)
-            batch.refused.push_back(
-                {displayText(lastComponent(path)), disposalError(DisposalError::isOnTheWay)});
-        if (i < options.seen.size())
-            batch.seen.emplace(path.native(), options.seen[i]);
-    }
-}
-
 void Intake::askToDissolve(const std::shared_ptr<Batch>& batch, const BatchOptions& options) {
-    if (batch->seen.empty())
-        for (const auto& item : batch->items)
-            batch->seen.emplace(item.native(), identityAt(item));
-    batch->dialogs.ask(dissolveQuestion(batch->items.size()),
+    batch->fed.look();
+    batch->dialogs.ask(dissolveQuestion(batch->fed.items.size(), firstNames(batch->fed.items)),
                        [this, batch, options](const Answer& answer) {
                            if (answer.suppressed)
                                m_parts.settings.confirmDissolve.set(false);
@@ -128,7 +95,7 @@ void Intake::askToDissolve(const std::shared_ptr<Batch>& batch, const BatchOptio
                                return;
                            }
                            disarm(batch->fromFinder); // what stays needs no undo
-                           for (const auto& item : batch->items)
+                           for (const auto& item : batch->fed.items)
                                m_inFlight.erase(item.native());
                            finishDeclined(batch->completion);
                        });
@@ -137,7 +104,7 @@ void Intake::askToDissolve(const std::shared_ptr<Batch>& batch, const BatchOptio
 void Intake::beginFeed(const std::shared_ptr<Batch>& batch, const BatchOptions& options) {
     if (batch->mode == DisposeMode::dissolve)
         disarm(batch->fromFinder); // what is dissolved can't be undone
-    batch->meter = begin(options);
+    batch->meter = m_batches.begin(options.meter);
     if (m_parts.settings.sound.get())
         m_parts.sizzle.play();
     prefetch(batch);
@@ -145,14 +112,14 @@ void Intake::beginFeed(const std::shared_ptr<Batch>& batch, const BatchOptions& 
 
 /// Disposal begins when all thumbnails that were asked for have been answered.
 void Intake::prefetch(const std::shared_ptr<Batch>& batch) {
-    const auto count = std::min(batch->items.size(), DisposalJob::kPictured);
+    const auto count = std::min(batch->fed.items.size(), DisposalJob::kPictured);
     batch->thumbnailsAwaited = count + 1; // one for the asking itself
     const auto answered = [this, batch] {
         if (--batch->thumbnailsAwaited == 0)
             dispose(batch);
     };
     for (std::size_t i = 0; i < count; ++i) {
-        const Path item = batch->items[i];
+        const Path item = batch->fed.items[i];
         m_parts.thumbnails.load(item, [batch, answered, item](PicturePointer picture) {
             if (picture)
                 batch->thumbnails[item.native()] = std::move(picture);
@@ -163,9 +130,9 @@ void Intake::prefetch(const std::shared_ptr<Batch>& batch) {
 }
 
 void Intake::dispose(const std::shared_ptr<Batch>& batch) {
-    m_parts.work.post([this, batch, recorded = lastRecorded()] {
+    m_parts.work.post([this, batch, start = m_settlement.start()] {
         DisposalJob job(
-            {batch->items, batch->mode, batch->seen, std::move(batch->thumbnails), recorded},
+            {batch->fed.items, batch->mode, batch->fed.seen, std::move(batch->thumbnails), start},
             {m_parts.directories, m_parts.journal, m_parts.thumbnails, *batch->meter, m_parts.clock,
              [this](std::vector<PicturePointer> pictures) {
                  m_parts.main.post(
@@ -178,23 +145,25 @@ void Intake::dispose(const std::shared_ptr<Batch>& batch) {
 
 void Intake::complete(Batch& batch, DisposalJob::Output output) {
     auto& result = output.result;
-    for (const auto& item : batch.items)
+    for (const auto& item : batch.fed.items)
         m_inFlight.erase(item.native());
     if (!output.animationStarted && !output.pictures.empty())
         m_parts.animation.play(std::move(output.pictures));
-    result.storeError = commit(output.journalNumber, JournalKind::feed, batch.mode, [&] {
+    result.storeError = m_settlement.commit(output.journal, [&] {
         m_parts.ledger.record(result.done);
+        m_parts.binnedItems.add(output.journal ? output.journal->number : 0, result.done);
         result.unlocked = m_parts.progression.record(output.offerings, batch.mode);
     });
     registerUndo(result.done, batch.fromFinder);
-    result.failures.insert(result.failures.begin(), batch.refused.begin(), batch.refused.end());
+    result.failures.insert(result.failures.begin(), batch.fed.refused.begin(),
+                           batch.fed.refused.end());
     tell(batch.dialogs, result);
     if (!result.failures.empty())
         batch.dialogs.report(intakeFailures(result.failures));
     if (!result.unlocked.empty())
         m_parts.progression.notify(result.unlocked);
     finish(batch.completion, std::move(result));
-    end(batch.meter);
+    m_batches.end(batch.meter);
 }
 
 void Intake::registerUndo(const std::vector<Sacrifice>& done, bool fromFinder) {
@@ -204,14 +173,15 @@ void Intake::registerUndo(const std::vector<Sacrifice>& done, bool fromFinder) {
     }
     if (m_parts.undoStack == nullptr)
         return;
-    auto items = restorable(done);
-    auto name = sacrificeActionName(items.size());
-    m_parts.undoStack->push(std::move(name), [this, items = std::move(items)] { restore(items); });
+    const auto items = std::make_shared<const std::vector<Sacrifice>>(restorable(done));
+    m_parts.undoStack->push(
+        sacrificeActionName(items->size()), [this, items] { restore(*items); },
+        [this, items] { return m_parts.binnedItems.hasAny(*items); });
 }
 
 void Intake::restore(std::vector<Sacrifice> items, BatchCompletion completion,
                      const BatchOptions& options) {
-    auto wanted = restorable(refreshed(std::move(items)));
+    auto wanted = m_parts.binnedItems.current(std::move(items));
     if (wanted.empty()) {
         finishWithoutItems(JournalKind::putBack, std::move(completion), options);
         return;
@@ -240,14 +210,11 @@ void Intake::deleteImmediately(std::vector<Sacrifice> items, BatchCompletion com
 /// What left the Bin while the user was asked is told as gone.
 void Intake::beginDeletion(const std::vector<Sacrifice>& items, BatchCompletion completion,
                            BatchOptions options) {
-    std::vector<Sacrifice> wanted;
-    for (auto& item : refreshed(items)) {
-        if (item.canRestore())
-            wanted.push_back(std::move(item));
-        else
+    auto wanted = m_parts.binnedItems.current(items);
+    for (const auto& item : items)
+        if (std::ranges::find(wanted, item.id, &Sacrifice::id) == wanted.end())
             options.missing.push_back({item.name, disposalError(DisposalError::goneFromBin,
                                                                 item.trashed.value_or(item.name))});
-    }
     if (wanted.empty())
         finishWithoutItems(JournalKind::erase, std::move(completion), options);
     else
@@ -259,9 +226,9 @@ void Intake::beginBinJob(JournalKind kind, std::vector<Sacrifice> items, BatchCo
     auto takenOut = m_takenOut.lock();
     if (!takenOut)
         m_takenOut = takenOut = std::make_shared<std::set<Uuid>>();
-    runBinJob(std::shared_ptr<BinBatch>(new BinBatch{kind, std::move(items), options.missing,
-                                                     dialogsOf(options), begin(options),
-                                                     std::move(completion), std::move(takenOut)}));
+    runBinJob(std::shared_ptr<BinBatch>(
+        new BinBatch{kind, std::move(items), options.missing, dialogsOf(options),
+                     m_batches.begin(options.meter), std::move(completion), std::move(takenOut)}));
 }
 
 void Intake::finishWithoutItems(JournalKind kind, BatchCompletion completion,
@@ -274,10 +241,10 @@ void Intake::finishWithoutItems(JournalKind kind, BatchCompletion completion,
 }
 
 void Intake::runBinJob(const std::shared_ptr<BinBatch>& batch) {
-    m_parts.work.post([this, batch, recorded = lastRecorded()] {
-        BinJob job(batch->kind, m_parts.directories, m_parts.journal, *batch->meter, recorded);
-        const auto output =
-            std::make_shared<BinJob::Output>(job.run(batch->items, *batch->takenOut));
+    m_parts.work.post([this, batch, start = m_settlement.start()] {
+        BinJob job(batch->kind, m_parts.directories, m_parts.journal, *batch->meter, start,
+                   batch->items, *batch->takenOut);
+        const auto output = std::make_shared<BinJob::Output>(job.run());
         m_parts.main.post([this, batch, output] { completeBinJob(*batch, std::move(*output)); });
     });
 }
@@ -285,92 +252,29 @@ void Intake::runBinJob(const std::shared_ptr<BinBatch>& batch) {
 void Intake::completeBinJob(BinBatch& batch, BinJob::Output output) {
     auto& result = output.result;
     const bool isPutBack = batch.kind == JournalKind::putBack;
-    const std::set<Uuid> none;
     if (!batch.items.empty())
-        result.storeError = commit(output.journalNumber, batch.kind, DisposeMode::bin, [&] {
-            m_parts.ledger.mark(isPutBack ? output.done : none, output.lost,
-                                isPutBack ? none : output.done);
-        });
+        result.storeError = m_settlement.commit(output.journal, [&] { mark(output, isPutBack); });
+    if (m_parts.undoStack != nullptr)
+        m_parts.undoStack->refresh();
     result.failures.insert(result.failures.begin(), batch.missing.begin(), batch.missing.end());
     tell(batch.dialogs, result);
     if (!result.failures.empty())
         batch.dialogs.report(isPutBack ? putBackFailures(result.failures)
                                        : deleteFailures(result.failures));
     finish(batch.completion, std::move(result));
-    end(batch.meter);
+    m_batches.end(batch.meter);
 }
 
-/// One transaction for all that a batch changes, its journal's number included: from then on the
-/// journal has nothing to add, nor have those whose changes could not be stored before.
-std::optional<Error> Intake::commit(std::optional<std::int64_t> journalNumber, JournalKind kind,
-                                    DisposeMode mode, const std::function<void()>& changes) {
-    const auto committed = m_parts.defaults.transaction([&] {
-        changes();
-        if (journalNumber)
-            m_parts.defaults.assign(kRecordedKey, *journalNumber);
-    });
-    if (journalNumber)
-        m_unsettled.push_back({*journalNumber, kind, mode});
-    if (!committed)
-        return committed.error();
-    std::optional<Error> failure;
-    for (const auto& unsettled : std::exchange(m_unsettled, {}))
-        if (const auto closed =
-                m_parts.journal.close(unsettled.journal, unsettled.kind, unsettled.mode);
-            !closed)
-            failure = closed.error();
-    return failure;
-}
-
-void Intake::storeLeftOver() {
-    if (!m_unsettled.empty())
-        (void)commit(std::nullopt, JournalKind::feed, DisposeMode::bin, [] {});
-}
-
-std::shared_ptr<WorkMeter> Intake::begin(const BatchOptions& options) {
-    auto meter = options.meter ? options.meter : std::make_shared<WorkMeter>();
-    if (m_stopped)
-        meter->stop = true;
-    auto batches = m_batches.get();
-    batches.push_back(meter);
-    m_batches.set(std::move(batches));
-    return meter;
-}
-
-void Intake::end(const std::shared_ptr<WorkMeter>& meter) {
-    auto batches = m_batches.get();
-    if (const auto found = std::ranges::find(batches, meter); found != batches.end())
-        batches.erase(found);
-    m_batches.set(std::move(batches));
-}
-
-void Intake::stop() {
-    m_stopped = true;
-    for (const auto& meter : m_batches.get())
-        meter->stop = true;
-}
-
-Subscription Intake::subscribeToBatches(std::function<void(std::size_t)> subscriber) {
-    return m_batches.subscribe([subscriber = std::move(subscriber)](const Meters& batches) {
-        subscriber(batches.size());
-    });
+void Intake::mark(const BinJob::Output& output, bool isPutBack) {
+    const std::set<Uuid> none;
+    m_parts.ledger.mark(isPutBack ? output.done : none, output.lost,
+                        isPutBack ? none : output.done);
+    m_parts.binnedItems.remove(output.done);
+    m_parts.binnedItems.remove(output.lost);
 }
 
 Dialogs& Intake::dialogsOf(const BatchOptions& options) const {
     return options.dialogs != nullptr ? *options.dialogs : m_parts.dialogs;
-}
-
-std::vector<Sacrifice> Intake::refreshed(std::vector<Sacrifice> items) const {
-    const auto& recent = m_parts.ledger.recent.get();
-    for (auto& item : items)
-        if (const auto known = std::ranges::find(recent, item.id, &Sacrifice::id);
-            known != recent.end())
-            item = *known;
-    return items;
-}
-
-std::int64_t Intake::lastRecorded() const {
-    return m_parts.defaults.integer(kRecordedKey).value_or(0);
 }
 
 void Intake::disarm(bool fromFinder) {

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "base/Executor.h"
-#include "base/Published.h"
 #include "disposal/Ledger.h"
 #include "disposal/Settings.h"
-#include "disposal/WorkMeter.h"
 #include "intake/BinJob.h"
+#include "intake/BinnedItems.h"
 #include "intake/DisposalJob.h"
+#include "intake/FedItems.h"
+#include "intake/RunningBatches.h"
+#include "intake/Settlement.h"
 #include "intake/UndoStack.h"
 
 #include <memory>
@@ -39,6 +41,7 @@ class Intake {
         Ledger& ledger;
         Settings& settings;
         Progression& progression;
+        BinnedItems binnedItems;
         Journal& journal;
         UndoStack* undoStack; ///< none where nothing is ever undone
         Executor& main;
@@ -68,31 +71,28 @@ class Intake {
     void deleteImmediately(std::vector<Sacrifice> items, BatchCompletion completion = {},
                            const BatchOptions& options = {});
 
-    /// Tries once more to store what could not be stored, which was told when it failed: until then
+    /// Tries again to store what could not be stored, which was reported when it failed: until then
     /// it is not known what the last batch is.
-    void storeLeftOver();
+    void storeLeftOver() { m_settlement.storeLeftOver(); }
 
     /// Leaves what has not begun untouched, of all batches that are there and that still come.
-    void stop();
-    [[nodiscard]] bool isStopped() const { return m_stopped; }
+    void stop() { m_batches.stop(); }
+    [[nodiscard]] bool isStopped() const { return m_batches.isStopped(); }
 
     /// How many batches are not over yet.
-    [[nodiscard]] std::size_t batches() const { return m_batches.get().size(); }
+    [[nodiscard]] std::size_t batches() const { return m_batches.count(); }
     /// Calls with the number of batches at once and whenever it changes.
-    Subscription subscribeToBatches(std::function<void(std::size_t)> subscriber);
+    Subscription subscribeToBatches(std::function<void(std::size_t)> subscriber) {
+        return m_batches.subscribe(std::move(subscriber));
+    }
 
     /// The accepted items whose batches are not over.
     [[nodiscard]] const std::set<std::string>& inFlight() const { return m_inFlight; }
 
-    /// Key of the newest journal's number that is in the stores.
-    static constexpr const char* kRecordedKey = "journal.recorded";
-
   private:
     struct Batch;
     struct BinBatch;
-    using Meters = std::vector<std::shared_ptr<WorkMeter>>;
 
-    void gather(Batch& batch, const std::vector<Path>& items, const BatchOptions& options) const;
     void askToDissolve(const std::shared_ptr<Batch>& batch, const BatchOptions& options);
     void beginFeed(const std::shared_ptr<Batch>& batch, const BatchOptions& options);
     void prefetch(const std::shared_ptr<Batch>& batch);
@@ -107,26 +107,13 @@ class Intake {
                             const BatchOptions& options);
     void runBinJob(const std::shared_ptr<BinBatch>& batch);
     void completeBinJob(BinBatch& batch, BinJob::Output output);
-    std::optional<Error> commit(std::optional<std::int64_t> journalNumber, JournalKind kind,
-                                DisposeMode mode, const std::function<void()>& changes);
-    std::shared_ptr<WorkMeter> begin(const BatchOptions& options);
-    void end(const std::shared_ptr<WorkMeter>& meter);
+    void mark(const BinJob::Output& output, bool isPutBack);
     [[nodiscard]] Dialogs& dialogsOf(const BatchOptions& options) const;
-    [[nodiscard]] std::vector<Sacrifice> refreshed(std::vector<Sacrifice> items) const;
-    [[nodiscard]] std::int64_t lastRecorded() const;
     void disarm(bool fromFinder);
 
     Parts m_parts;
-    /// A journal that stands open as the stores could not be written.
-    struct Unsettled {
-        std::int64_t journal;
-        JournalKind kind;
-        DisposeMode mode;
-    };
-
-    Published<Meters> m_batches; ///< one meter each
-    std::vector<Unsettled> m_unsettled;
-    bool m_stopped = false;
+    Settlement m_settlement;
+    RunningBatches m_batches;
     std::set<std::string> m_inFlight;
     std::weak_ptr<std::set<Uuid>> m_takenOut; ///< see BinBatch; the work queue's own
 };

@@ -27,6 +27,7 @@ struct Question {
     std::string confirm;
     std::string cancel;
     std::optional<std::string> suppression; ///< title of a check box, where there is one
+    std::string items{}; ///< what it is about, a line each, where the message does not name it
 };
 
 struct Answer {

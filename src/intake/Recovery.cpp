@@ -1,7 +1,9 @@
 #include "Recovery.h"
 
 #include "disposal/Disposer.h"
-#include "intake/Intake.h"
+#include "intake/OlderRecords.h"
+#include "intake/Settlement.h"
+#include "intake/VolumeCheck.h"
 
 #include <algorithm>
 
@@ -10,6 +12,9 @@ namespace vexmoor {
 namespace {
 
 using Outcome = JournalEntry::Outcome;
+
+/// Batches with items on volumes that were not there, as lines of a journal.
+constexpr const char* kWaitingKey = "journal.waiting";
 
 bool liesAt(const Path& path, std::uint64_t inode) {
     const auto status = fileStatus(path);
@@ -21,128 +26,278 @@ bool isGone(const Path& path) {
     return !status && status.error().code == std::errc::no_such_file_or_directory;
 }
 
-/// Whether what was intended for the item took place.
-bool happened(const JournalBatch& batch, const JournalEntry& entry) {
-    if (entry.outcome != Outcome::unknown)
-        return entry.outcome == Outcome::done;
-    const auto& sacrifice = entry.sacrifice;
-    switch (batch.kind) {
-    case JournalKind::feed:
-        if (batch.mode == DisposeMode::dissolve)
-            return sacrifice.original && isGone(*sacrifice.original);
-        return sacrifice.trashed && liesAt(*sacrifice.trashed, entry.inode);
-    case JournalKind::putBack:
-        return entry.destination && liesAt(*entry.destination, entry.inode) &&
-               isGone(*sacrifice.trashed);
-    case JournalKind::erase:
-        return sacrifice.trashed && isGone(*sacrifice.trashed);
-    }
-    return false;
+/// Of an item in the home Bin: other volumes may be gone, or hang.
+bool isInHomeBin(const Sacrifice& item, const UserDirectories& directories) {
+    return Path(*item.trashed).parent_path() == directories.dataHome / "Trash/files";
 }
 
-/// Whether it cannot be seen now what became of the item.
-bool mustWait(const JournalEntry& entry) {
-    return entry.outcome == Outcome::unknown && entry.sacrifice.trashed &&
-           TrashDirectory::isOnAbsentVolume(*entry.sacrifice.trashed);
+/// A power cut empties the info files that were written last, as their names reach the disk before
+/// what is in them. So the newest tells.
+bool areInfosEmpty(const BinnedItems& binnedItems, const UserDirectories& directories) {
+    constexpr int kMostLooks = 16;
+    int looks = 0;
+    bool isEmpty = false;
+    binnedItems.visit([&](const Sacrifice& item) {
+        if (!isInHomeBin(item, directories) || !fileStatus(*item.trashed))
+            return ++looks < kMostLooks;
+        const auto info = fileStatus(directories.dataHome / "Trash/info" /
+                                     infoName(lastComponent(*item.trashed)));
+        isEmpty = !info || info->size == 0;
+        return false;
+    });
+    return isEmpty;
 }
 
+bool needsRecovery(const Journal& journal, const OlderJournals& older, const UserDefaults& defaults,
+                   const BinnedItems& binnedItems, const UserDirectories& directories) {
+    return journal.holdsMoreThan(Settlement::position(defaults)) || defaults.data(kWaitingKey) ||
+           !older.open().empty() || areInfosEmpty(binnedItems, directories);
+}
+
+/// Goes through the batches and gathers what is to be stored.
 class Recoverer {
   public:
-    Recoverer(Journal& journal, UserDefaults& defaults, Ledger& ledger, Progression& progression,
-              const UserDirectories& directories)
-        : m_journal(journal), m_defaults(defaults), m_ledger(ledger), m_progression(progression),
+    Recoverer(Journal& journal, OlderJournals older, UserDefaults& defaults, Ledger& ledger,
+              Progression& progression, BinnedItems binnedItems, const UserDirectories& directories)
+        : m_journal(journal), m_older(std::move(older)), m_defaults(defaults), m_ledger(ledger),
+          m_progression(progression), m_binnedItems(binnedItems), m_directories(directories),
           m_disposer(directories, nullptr) {}
 
     RecoveryReport run() {
-        for (const auto number : m_journal.open()) {
-            auto batch = m_journal.read(number);
-            if (batch)
-                settle(*batch);
-            else
-                m_report.problems.push_back(setAside(number, std::move(batch).error()));
+        m_mark = {m_defaults.integer(Settlement::kRecordedKey).value_or(0),
+                  Settlement::position(m_defaults)};
+        if (auto adopted = adoptOlderRecords(m_older, m_defaults, m_ledger, m_binnedItems);
+            !adopted)
+            m_report.problems.push_back(std::move(adopted).error());
+        takeWaiting();
+        takeOlder();
+        takeJournal();
+        if (!m_hasNews)
+            return std::move(m_report);
+        if (const auto stored = m_defaults.transaction([this] { store(); }); !stored) {
+            m_report.problems.push_back(stored.error());
+            return std::move(m_report); // all is there for the next start
         }
+        for (const auto number : m_olderTaken)
+            if (const auto removed = m_older.removeOpen(number); !removed)
+                m_report.problems.push_back(removed.error());
         return std::move(m_report);
     }
 
-  private:
-    /// What to tell of a journal that could not be read; only nonsense is set aside.
-    Error setAside(std::int64_t number, Error error) {
-        if (error.code != std::errc::bad_message && error.code != std::errc::is_a_directory)
-            return error;
-        const auto aside = m_journal.setAside(number);
-        return aside ? disposalError(DisposalError::journalSetAside, *aside) : aside.error();
-    }
-
-    /// A batch with items on a volume that is not there stays open and is told of once.
-    void settle(const JournalBatch& batch) {
-        const bool isNew = batch.number > m_defaults.integer(Intake::kRecordedKey).value_or(0);
-        const auto waiting = std::ranges::find_if(batch.entries, mustWait);
-        const bool waits = waiting != batch.entries.end();
-        if (isNew || !waits) {
-            if (const auto recorded = record(batch, isNew, waits); !recorded) {
-                m_report.problems.push_back(recorded.error());
-                return;
-            }
-        }
-        if (waits) {
-            if (isNew)
-                m_report.problems.push_back(
-                    disposalError(DisposalError::volumeNotThere, *waiting->sacrifice.trashed));
-            return;
-        }
-        if (const auto closed = m_journal.close(batch.number, batch.kind, batch.mode); !closed)
-            m_report.problems.push_back(closed.error());
-    }
-
-    /// Of a batch that waits, what is known already; of one that waited, the rest.
-    Result<void> record(const JournalBatch& batch, bool isNew, bool waits) {
-        std::vector<Sacrifice> sacrifices;
-        std::vector<Progression::Offering> offerings;
-        std::set<Uuid> ids;
-        for (const auto& entry : batch.entries) {
-            const bool isUnknown = entry.outcome == Outcome::unknown;
-            if (isUnknown ? waits || isInLedger(batch.kind, entry.sacrifice.id) : !isNew)
-                continue;
-            const bool didHappen = happened(batch, entry);
-            if (isUnknown)
-                removeLeftInfo(batch, entry);
-            if (!didHappen)
-                continue;
-            ids.insert(entry.sacrifice.id);
-            sacrifices.push_back(entry.sacrifice);
-            offerings.push_back({entry.sacrifice.original.value_or(entry.sacrifice.name),
-                                 entry.sacrifice.bytes, entry.isFolder});
-            if (batch.mode == DisposeMode::dissolve)
-                sacrifices.back().original.reset();
-        }
-        if (!isNew && ids.empty())
-            return {};
-        return m_defaults.transaction([&] {
-            const auto count = static_cast<std::int64_t>(ids.size());
-            switch (batch.kind) {
-            case JournalKind::feed:
-                m_ledger.record(sacrifices);
-                m_progression.record(offerings, batch.mode);
-                m_report.disposed += count;
-                break;
-            case JournalKind::putBack:
-                m_ledger.mark(ids, {}, {});
-                m_report.putBack += count;
-                break;
-            case JournalKind::erase:
-                m_ledger.mark({}, {}, ids);
-                m_report.deleted += count;
-                break;
-            }
-            if (isNew)
-                m_defaults.assign(Intake::kRecordedKey, batch.number);
+    /// Of the recorded items, the newest first, as far back as some of them lack one.
+    void repairInfos() {
+        constexpr int kMostWhole = 1000;
+        int whole = 0;
+        m_binnedItems.visit([&](const Sacrifice& item) {
+            if (!isInHomeBin(item, m_directories))
+                return true;
+            const auto repaired = m_disposer.repairInfo(*item.trashed, item.binRecord());
+            whole = repaired && *repaired ? 0 : whole + 1;
+            return whole < kMostWhole;
         });
     }
 
-    [[nodiscard]] bool isInLedger(JournalKind kind, const Uuid& id) const {
-        const auto& recent = m_ledger.recent.get();
-        const auto known = std::ranges::find(recent, id, &Sacrifice::id);
-        return known != recent.end() && (kind == JournalKind::feed || !known->canRestore());
+  private:
+    /// What happened of one batch.
+    struct Recorded {
+        JournalBatch batch; ///< without the entries
+        std::vector<Sacrifice> sacrifices;
+        std::vector<Progression::Offering> offerings;
+        std::set<Uuid> ids;
+    };
+
+    void takeWaiting() {
+        const auto text = m_defaults.data(kWaitingKey);
+        if (!text)
+            return;
+        std::vector<JournalBatch> batches;
+        if (const auto read = readLines(text->bytes, batches); !read)
+            m_report.problems.push_back(read.error());
+        for (const auto& batch : batches)
+            take(batch, true);
+        m_hasNews = m_hasNews || m_waiting != text->bytes;
+    }
+
+    void takeOlder() {
+        for (const auto number : m_older.open()) {
+            const auto batch = m_older.read(number);
+            if (!batch) {
+                m_report.problems.push_back(setAsideOlder(number, batch.error()));
+                continue;
+            }
+            const bool isNew = number > m_mark.number;
+            take(isNew ? *batch : withoutKnown(*batch), !isNew);
+            m_mark.number = std::max(m_mark.number, number);
+            m_olderTaken.push_back(number);
+            m_hasNews = true;
+        }
+    }
+
+    /// What to report of a journal that could not be read; only nonsense is set aside.
+    Error setAsideOlder(std::int64_t number, const Error& error) {
+        if (error.code != std::errc::bad_message && error.code != std::errc::is_a_directory)
+            return error;
+        m_mark.number = std::max(m_mark.number, number); // not given again
+        m_hasNews = true;
+        const auto aside = m_older.setAside(number);
+        return aside ? disposalError(DisposalError::journalSetAside, *aside) : aside.error();
+    }
+
+    /// Of a batch that was recorded, what had to wait.
+    [[nodiscard]] JournalBatch withoutKnown(JournalBatch batch) const {
+        std::erase_if(batch.entries, [&](const JournalEntry& entry) {
+            if (entry.outcome != Outcome::unknown)
+                return true;
+            const auto& recent = m_ledger.recent.get();
+            const auto known = std::ranges::find(recent, entry.sacrifice.id, &Sacrifice::id);
+            return known != recent.end() &&
+                   (batch.kind == JournalKind::feed || !known->canRestore());
+        });
+        return batch;
+    }
+
+    void takeJournal() {
+        if (!m_journal.holdsMoreThan(m_mark.end))
+            return;
+        const auto unrecorded = m_journal.unrecorded(m_mark.end);
+        if (!unrecorded) {
+            m_report.problems.push_back(unrecorded.error());
+            if (unrecorded.error().code == std::errc::bad_message)
+                setAsideJournal();
+            return;
+        }
+        for (const auto& batch : unrecorded->batches)
+            if (batch.number > m_mark.number) {
+                take(batch, false);
+                m_mark.number = batch.number;
+            }
+        m_hasNews = true;
+        m_mark.end = unrecorded->end;
+        if (unrecorded->isLost)
+            m_report.problems.push_back(
+                disposalError(DisposalError::journalLost, m_journal.folder()));
+        if (unrecorded->isLost || unrecorded->isDamaged)
+            setAsideJournal();
+    }
+
+    void setAsideJournal() {
+        m_mark.end = {};
+        m_hasNews = true;
+        const auto aside = m_journal.setAside();
+        if (aside)
+            m_report.problems.push_back(disposalError(DisposalError::journalSetAside, *aside));
+        else if (aside.error().code != std::errc::no_such_file_or_directory)
+            m_report.problems.push_back(aside.error());
+    }
+
+    /// Decides what can be decided; the rest waits.
+    void take(const JournalBatch& batch, bool hasWaited) {
+        Recorded recorded;
+        recorded.batch = batch;
+        recorded.batch.entries.clear();
+        JournalBatch waiting = recorded.batch;
+        for (const auto& entry : batch.entries) {
+            if (entry.outcome != Outcome::failed && mustWait(batch, entry))
+                waiting.entries.push_back(entry);
+            else
+                decide(batch, entry, recorded);
+        }
+        if (!waiting.entries.empty())
+            keepWaiting(waiting, hasWaited);
+        if (!recorded.ids.empty())
+            m_recorded.push_back(std::move(recorded));
+    }
+
+    void keepWaiting(const JournalBatch& batch, bool hasWaited) {
+        m_waiting += headerLine(batch.number, batch.kind, batch.mode);
+        for (const auto& entry : batch.entries) {
+            m_waiting += intentLine(entry);
+            if (entry.isBegun)
+                m_waiting += begunLine(entry.sacrifice.id);
+        }
+        const auto& first = batch.entries.front().sacrifice;
+        if (!hasWaited)
+            m_report.problems.push_back(
+                first.trashed ? disposalError(DisposalError::volumeNotThere, *first.trashed)
+                              : disposalError(DisposalError::volumeAway, *first.original));
+    }
+
+    /// Whether it cannot be seen now what became of the item.
+    bool mustWait(const JournalBatch& batch, const JournalEntry& entry) {
+        const auto& place = entry.sacrifice.trashed;
+        if (place)
+            return !m_volumes.answers(Path(*place).parent_path()) ||
+                   TrashDirectory::isOnAbsentVolume(*place);
+        if (batch.mode != DisposeMode::dissolve || !entry.volume)
+            return false;
+        if (!m_volumes.answers(*entry.volume))
+            return true;
+        const auto status = fileStatus(*entry.volume);
+        return !status || !status->isMountPoint;
+    }
+
+    void decide(const JournalBatch& batch, const JournalEntry& entry, Recorded& recorded) {
+        const auto& sacrifice = entry.sacrifice;
+        if (entry.outcome == Outcome::unknown)
+            returnLeaving(entry);
+        const bool didHappen = happened(batch, entry);
+        if (entry.outcome == Outcome::unknown)
+            removeLeftInfo(batch, entry);
+        if (!didHappen) {
+            reportFailure(batch, entry);
+            return;
+        }
+        // A power cut may have left it empty. Where it can't be mended, the record knows the way.
+        if (sacrifice.canRestore() && batch.kind == JournalKind::feed)
+            (void)m_disposer.repairInfo(*sacrifice.trashed, sacrifice.binRecord());
+        recorded.ids.insert(sacrifice.id);
+        recorded.sacrifices.push_back(sacrifice);
+        recorded.offerings.push_back(
+            {sacrifice.original.value_or(sacrifice.name), sacrifice.bytes, entry.isFolder});
+        if (batch.mode == DisposeMode::dissolve)
+            recorded.sacrifices.back().original.reset();
+    }
+
+    /// Whether what was intended for the item took place. What was done may be undone by a power
+    /// cut, which can keep the note and lose the move.
+    [[nodiscard]] bool happened(const JournalBatch& batch, const JournalEntry& entry) {
+        const auto& sacrifice = entry.sacrifice;
+        const bool isDone = entry.outcome == Outcome::done;
+        if (entry.outcome == Outcome::failed)
+            return false;
+        if (batch.mode == DisposeMode::dissolve)
+            return isDone ? !liesAt(*sacrifice.original, entry.inode) : isGone(*sacrifice.original);
+        const bool isInBin = liesAt(*sacrifice.trashed, entry.inode) ||
+                             m_disposer.check(*sacrifice.trashed, sacrifice.binRecord());
+        switch (batch.kind) {
+        case JournalKind::feed:
+            return isInBin || (isDone && !liesAt(*sacrifice.original, entry.inode));
+        case JournalKind::putBack:
+            return !isInBin && (isDone || liesAt(*entry.destination, entry.inode));
+        case JournalKind::erase:
+            return !isInBin && (isDone || isGone(*sacrifice.trashed));
+        }
+        return false;
+    }
+
+    /// An item that was on its way out of the Bin is in none of its places.
+    void returnLeaving(const JournalEntry& entry) {
+        if (!entry.sacrifice.trashed)
+            return;
+        if (const auto returned = m_disposer.returnLeaving(*entry.sacrifice.trashed); !returned)
+            m_report.problems.push_back(returned.error());
+    }
+
+    void reportFailure(const JournalBatch& batch, const JournalEntry& entry) {
+        const auto& sacrifice = entry.sacrifice;
+        if (entry.outcome == Outcome::failed)
+            m_report.failures.push_back(
+                {sacrifice.name, disposalError(DisposalError::failedBefore, {}, entry.failure)});
+        else if (entry.isBegun && batch.mode == DisposeMode::dissolve)
+            m_report.failures.push_back(
+                {sacrifice.name,
+                 disposalError(DisposalError::partlyRemoved, {},
+                               displayText(sacrifice.original->native()) + " is what remains")});
     }
 
     /// An item that was on its way when the batch was cut off may have left an info file alone.
@@ -152,21 +307,81 @@ class Recoverer {
             m_disposer.removeLeftInfo(*sacrifice.trashed, *sacrifice.original);
     }
 
+    /// All that was gathered, in one transaction.
+    void store() {
+        for (const auto& recorded : m_recorded) {
+            const auto count = static_cast<std::int64_t>(recorded.ids.size());
+            switch (recorded.batch.kind) {
+            case JournalKind::feed:
+                storeFed(recorded);
+                m_report.disposed += count;
+                break;
+            case JournalKind::putBack:
+                m_ledger.mark(recorded.ids, {}, {});
+                m_binnedItems.remove(recorded.ids);
+                m_report.putBack += count;
+                break;
+            case JournalKind::erase:
+                m_ledger.mark({}, {}, recorded.ids);
+                m_binnedItems.remove(recorded.ids);
+                m_report.deleted += count;
+                break;
+            }
+        }
+        if (m_waiting.empty())
+            m_defaults.assign(kWaitingKey, std::nullopt);
+        else
+            m_defaults.assign(kWaitingKey, UserDefaults::Data{m_waiting});
+        Settlement::assign(m_defaults, m_mark);
+    }
+
+    void storeFed(const Recorded& recorded) {
+        const auto newest =
+            std::ranges::max_element(recorded.sacrifices, {}, &Sacrifice::date)->date;
+        m_ledger.record(recorded.sacrifices);
+        m_binnedItems.add(recorded.batch.number, recorded.sacrifices);
+        const auto unlocked = m_progression.record(recorded.offerings, recorded.batch.mode, newest);
+        m_report.unlocked.insert(m_report.unlocked.end(), unlocked.begin(), unlocked.end());
+    }
+
     Journal& m_journal;
+    OlderJournals m_older;
     UserDefaults& m_defaults;
     Ledger& m_ledger;
     Progression& m_progression;
+    BinnedItems m_binnedItems;
+    UserDirectories m_directories;
     Disposer m_disposer;
+    VolumeCheck m_volumes;
+    JournalMark m_mark;
+    bool m_hasNews = false;
+    std::vector<Recorded> m_recorded;
+    std::string m_waiting;
+    std::vector<std::int64_t> m_olderTaken;
     RecoveryReport m_report;
 };
 
 } // namespace
 
+bool needsRecovery(const Journal& journal, const UserDefaults& defaults,
+                   const BinnedItems& binnedItems, const UserDirectories& directories) {
+    return needsRecovery(journal, OlderJournals(journal.folder()), defaults, binnedItems,
+                         directories);
+}
+
 RecoveryReport recover(Journal& journal, UserDefaults& defaults, Ledger& ledger,
-                       Progression& progression, const UserDirectories& directories) {
-    if (journal.open().empty())
-        return {};
-    return Recoverer(journal, defaults, ledger, progression, directories).run();
+                       Progression& progression, BinnedItems binnedItems,
+                       const UserDirectories& directories) {
+    const OlderJournals older(journal.folder());
+    if (areOlderRecordsAdopted(older, defaults) &&
+        !needsRecovery(journal, older, defaults, binnedItems, directories))
+        return {}; // nearly always: looking further would cost a small batch a good part of its
+                   // time
+    Recoverer recoverer(journal, older, defaults, ledger, progression, binnedItems, directories);
+    auto report = recoverer.run();
+    if (areInfosEmpty(binnedItems, directories)) // of what is in the Bin by now
+        recoverer.repairInfos();
+    return report;
 }
 
 } // namespace vexmoor

@@ -2,6 +2,9 @@
 
 #include "disposal/DisposalError.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace vexmoor {
 
 namespace {
@@ -22,6 +25,16 @@ std::string inSentence(const std::string& name) {
     return shown;
 }
 
+/// The first lines, and how many there are more.
+std::string listed(std::size_t count, const std::vector<std::string>& lines) {
+    std::string text;
+    for (std::size_t i = 0; i < std::min(lines.size(), kListedFailures); ++i)
+        text += (i > 0 ? "\n" : "") + lines[i];
+    if (count > kListedFailures)
+        text += "\n…and " + std::to_string(count - kListedFailures) + " more.";
+    return text;
+}
+
 FailureReport failureReport(const std::string& verb, std::vector<Failure> failures) {
     FailureReport report;
     const auto count = failures.size();
@@ -31,11 +44,10 @@ FailureReport failureReport(const std::string& verb, std::vector<Failure> failur
     if (count == 1) {
         report.informative = describe(failures.front().error);
     } else {
+        std::vector<std::string> lines;
         for (std::size_t i = 0; i < std::min(count, kListedFailures); ++i)
-            report.informative += (i > 0 ? "\n" : "") + inSentence(failures[i].name) + ": " +
-                                  describe(failures[i].error);
-        if (count > kListedFailures)
-            report.informative += "\n…and " + std::to_string(count - kListedFailures) + " more.";
+            lines.push_back(inSentence(failures[i].name) + ": " + describe(failures[i].error));
+        report.informative = listed(count, lines);
     }
     report.failures = std::move(failures);
     return report;
@@ -43,11 +55,23 @@ FailureReport failureReport(const std::string& verb, std::vector<Failure> failur
 
 } // namespace
 
-Question dissolveQuestion(std::size_t count) {
+std::vector<std::string> firstNames(const std::vector<StoredPath>& items) {
+    std::vector<std::string> names;
+    for (std::size_t i = 0; i < std::min(items.size(), kListedFailures); ++i)
+        names.push_back(displayText(lastComponent(items[i])));
+    return names;
+}
+
+Question dissolveQuestion(std::size_t count, const std::vector<std::string>& names) {
+    std::vector<std::string> lines;
+    std::ranges::transform(names, std::back_inserter(lines), inSentence);
     return {count == 1 ? "Dissolve this item forever?"
                        : "Dissolve " + std::to_string(count) + " items forever?",
-            "Dissolve mode skips the Bin. There is no Put Back.", "Dissolve", "Cancel",
-            "Don't ask again"};
+            "Dissolve mode skips the Bin. There is no Put Back.",
+            "Dissolve",
+            "Cancel",
+            "Don't ask again",
+            names.empty() ? "" : listed(count, lines)};
 }
 
 Question deleteQuestion(const std::vector<Sacrifice>& items) {

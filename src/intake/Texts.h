@@ -9,10 +9,14 @@
 
 namespace vexmoor {
 
-/// Failures that are listed one by one in a report; the rest are counted.
+/// Failures, or items, that are listed one by one; the rest are counted.
 inline constexpr std::size_t kListedFailures = 8;
 
-Question dissolveQuestion(std::size_t count);
+/// Names to show of the first items, as many as are listed.
+std::vector<std::string> firstNames(const std::vector<StoredPath>& items);
+
+/// `names` are those of the first items; kListedFailures of them are listed.
+Question dissolveQuestion(std::size_t count, const std::vector<std::string>& names = {});
 Question deleteQuestion(const std::vector<Sacrifice>& items);
 
 FailureReport intakeFailures(std::vector<Failure> failures);

@@ -4,14 +4,23 @@
 
 namespace vexmoor {
 
-void UndoStack::push(std::string name, std::function<void()> action) {
-    m_actions.push_back({std::move(name), std::move(action)});
+void UndoStack::push(std::string name, std::function<void()> action, std::function<bool()> isLeft) {
+    m_actions.push_back({std::move(name), std::move(action), std::move(isLeft)});
     if (m_actions.size() > kDeepest)
         m_actions.pop_front();
     publish();
 }
 
+void UndoStack::refresh() {
+    const auto count = m_actions.size();
+    while (!m_actions.empty() && !m_actions.back().isLeft())
+        m_actions.pop_back();
+    if (m_actions.size() != count)
+        publish();
+}
+
 void UndoStack::undo() {
+    refresh();
     if (m_actions.empty())
         return;
     const auto run = std::move(m_actions.back().run);

@@ -14,10 +14,15 @@ class UndoStack {
   public:
     static constexpr std::size_t kDeepest = 100;
 
-    void push(std::string name, std::function<void()> action);
+    /// `isLeft` tells whether the action still has something to do.
+    void push(std::string name, std::function<void()> action, std::function<bool()> isLeft);
 
-    /// Takes the newest action off and runs it; nothing where there is none.
+    /// Takes the newest action off and runs it, after those on top that have nothing left to do;
+    /// nothing where there is none.
     void undo();
+
+    /// Takes the newest actions off that have nothing left to do.
+    void refresh();
     void redo() {}
 
     [[nodiscard]] bool canUndo() const { return !m_actions.empty(); }
@@ -38,6 +43,7 @@ class UndoStack {
     struct Action {
         std::string name;
         std::function<void()> run;
+        std::function<bool()> isLeft;
     };
 
     void publish();

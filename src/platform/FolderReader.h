@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -35,11 +36,19 @@ class FolderReader {
     /// The batch's next entry, null behind its last.
     const FolderEntry* next();
 
+    /// Entries of the batch that are still to come.
+    [[nodiscard]] std::size_t left() const { return m_order.size() - m_next; }
+
+    /// Takes the names of the second half of what is still to come, each with a NUL behind it;
+    /// folders stay in the batch.
+    std::string takeSecondHalf();
+
     /// Where the descriptor must be set (lseek) to read on behind this batch.
     [[nodiscard]] off_t position() const { return m_position; }
 
   private:
     void takeOrder(std::size_t size);
+    [[nodiscard]] FolderEntry entryAt(std::size_t place) const;
 
     using Place = std::pair<std::uint64_t, std::size_t>; ///< an inode, where its entry stands
 

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace vexmoor {
@@ -19,12 +20,23 @@ class MountTable {
     /// A mount point strictly below the folder (a canonical path), if there is one.
     std::optional<Path> mountBelow(const Path& folder);
 
-  private:
     struct Mount {
-        std::uint64_t id;
-        std::string point;
+        std::uint64_t id = 0;
+        std::string device; ///< "major:minor"
+        StoredPath root;    ///< what of the file system is mounted, as a path within it
+        StoredPath point;
+        std::string type;
     };
 
+    std::optional<Mount> mount(std::uint64_t mountId);
+
+    /// The mounts of the same file system, that one among them.
+    std::vector<Mount> mountsOfSame(const Mount& mount);
+
+    /// Whether nothing is known of any mount.
+    bool isUnknown();
+
+  private:
     void refresh();
 
     FileDescriptor m_source;

@@ -12,6 +12,8 @@ struct UserDirectories {
     Path dataHome; ///< for the user's own data, shared by programs
     uid_t user = 0;
     Path configHome{}; ///< for the user's configuration, shared by programs
+    /// The home folder that the system has for the user, whatever the environment says.
+    Path accountHome{};
 
     /// Of the running process.
     static UserDirectories ofProcess();

@@ -1,6 +1,6 @@
 #include "Progression.h"
 
-#include "base/Checked.h"
+#include "base/Saturated.h"
 #include "base/LowerCase.h"
 #include "disposal/Ledger.h"
 
@@ -22,13 +22,13 @@ Progress freshProgress(const Ledger* ledger) {
 }
 
 void add(Progress& progress, const Progression::Offering& offering, DisposeMode mode) {
-    progress.items = checkedSum(progress.items, 1);
-    progress.bytes = checkedSum(progress.bytes, offering.bytes);
+    progress.items = saturatedSum(progress.items, 1);
+    progress.bytes = saturatedSum(progress.bytes, offering.bytes);
     progress.biggest = std::max(progress.biggest, offering.bytes);
     if (offering.isFolder)
-        progress.folders = checkedSum(progress.folders, 1);
+        progress.folders = saturatedSum(progress.folders, 1);
     if (mode == DisposeMode::dissolve)
-        progress.dissolved = checkedSum(progress.dissolved, 1);
+        progress.dissolved = saturatedSum(progress.dissolved, 1);
     // Bytes that are not text are no type that anybody could tell from another.
     if (const auto extension = pathExtension(offering.url.native()); !extension.empty())
         progress.extensions.insert(lowercased(displayText(extension)));
@@ -64,14 +64,14 @@ Progression::Progression(UserDefaults& defaults, const Ledger* ledger, Clock clo
     m_onSkinChosen(skin);
 }
 
-std::vector<Achievement> Progression::record(std::span<const Offering> offerings,
-                                             DisposeMode mode) {
+std::vector<Achievement> Progression::record(std::span<const Offering> offerings, DisposeMode mode,
+                                             std::optional<Date> moment) {
     if (offerings.empty())
         return {};
     auto updated = progress();
     for (const auto& offering : offerings)
         add(updated, offering, mode);
-    advanceStreak(updated);
+    advanceStreak(updated, moment);
     std::vector<Achievement> earned;
     for (const auto& achievement : Achievement::all())
         if (!isUnlocked(updated, achievement) &&
@@ -83,14 +83,16 @@ std::vector<Achievement> Progression::record(std::span<const Offering> offerings
     return earned;
 }
 
-void Progression::advanceStreak(Progress& progress) const {
-    const Date today = m_calendar.startOfDay(m_clock());
+void Progression::advanceStreak(Progress& progress, std::optional<Date> moment) const {
+    const Date today = m_calendar.startOfDay(moment.value_or(m_clock()));
+    if (moment && progress.lastDay && today < *progress.lastDay)
+        return;
     const auto days =
         progress.lastDay ? m_calendar.daysBetween(*progress.lastDay, today) : std::nullopt;
     if (!progress.lastDay)
         progress.streak = 1;
     else if (days && *days != 0)
-        progress.streak = *days == 1 ? checkedSum(progress.streak, 1) : 1;
+        progress.streak = *days == 1 ? saturatedSum(progress.streak, 1) : 1;
     progress.lastDay = today;
     progress.bestStreak = std::max(progress.bestStreak, progress.streak);
 }

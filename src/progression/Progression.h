@@ -17,8 +17,8 @@ namespace vexmoor {
 class Ledger;
 
 /// Turns what is offered into totals, streaks, achievements and skins. Every change is one
-/// assignment to the defaults, so that a transaction around a call makes it part of a batch. An
-/// overflow of a total ends the program. Main thread only.
+/// assignment to the defaults, so that a transaction around a call makes it part of a batch. Totals
+/// stay at the greatest number. Main thread only.
 class Progression {
   public:
     /// One disposed item.
@@ -41,7 +41,10 @@ class Progression {
     }
 
     /// Counts a disposed batch; answers the achievements that it earned, in catalogue order.
-    std::vector<Achievement> record(std::span<const Offering> offerings, DisposeMode mode);
+    /// The streak counts the day of the moment, today without one; an earlier day than the streak's
+    /// last one changes nothing there.
+    std::vector<Achievement> record(std::span<const Offering> offerings, DisposeMode mode,
+                                    std::optional<Date> moment = std::nullopt);
 
     /// Announces achievements where notifications are allowed; asks for that first.
     void notify(const std::vector<Achievement>& achievements);
@@ -60,7 +63,7 @@ class Progression {
 
   private:
     void assign(Progress progress);
-    void advanceStreak(Progress& progress) const;
+    void advanceStreak(Progress& progress, std::optional<Date> moment) const;
 
     UserDefaults& m_defaults;
     Clock m_clock;

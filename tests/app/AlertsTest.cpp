@@ -1,5 +1,7 @@
 #include "app/Alerts.h"
 
+#include "support/ManualTimer.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
@@ -35,11 +37,33 @@ struct AlertsTest : testing::Test {
     /// Presses a key at the alert that is shown, and notes what it says.
     void press(Qt::Key key) {
         ASSERT_NE(shown(), nullptr);
+        passGuard();
         seen.push_back(shown()->text().toStdString());
         QTest::keyClick(shown(), key);
     }
+    static void sendToAlert(QEvent::Type type) {
+        QEvent event(type);
+        QApplication::sendEvent(shown(), &event);
+    }
+    /// The alert has the focus, and the time has passed.
+    void passGuard() {
+        sendToAlert(QEvent::WindowActivate);
+        for (test::ManualTimer* const timer : timers)
+            if (const auto fire = timer->fire)
+                fire();
+    }
 
-    Alerts alerts;
+    std::vector<test::ManualTimer*> timers; ///< of the questions that are there
+    Alerts alerts{[this] {
+        struct Listed : test::ManualTimer {
+            explicit Listed(std::vector<test::ManualTimer*>& all) : m_all(all) {
+                m_all.push_back(this);
+            }
+            ~Listed() override { std::erase(m_all, this); }
+            std::vector<test::ManualTimer*>& m_all;
+        };
+        return std::make_unique<Listed>(timers);
+    }};
     std::vector<Answer> answers;
     std::vector<std::string> seen;
 };
@@ -47,6 +71,7 @@ struct AlertsTest : testing::Test {
 TEST_F(AlertsTest, TakesAYesAndThatItIsTheLastOne) {
     ask(kQuestion);
     ASSERT_NE(shown(), nullptr);
+    passGuard();
     QTest::keyClick(shown()->checkBox(), Qt::Key_Space);
     EXPECT_EQ(answers.size(), 0U);
     press(Qt::Key_Return);
@@ -68,6 +93,47 @@ TEST_F(AlertsTest, TakesTurnsInTheOrderInWhichTheyCame) {
     ASSERT_EQ(answers.size(), 2U);
     EXPECT_FALSE(answers[1].confirmed);
     EXPECT_THAT(seen, ElementsAre("Dissolve?", "Rejected a", "Second?"));
+}
+
+TEST_F(AlertsTest, IsNotAnsweredByWhatWasTypedForAnotherWindow) {
+    ask(kQuestion);
+    ASSERT_EQ(timers.size(), 1U);
+    const auto type = [] {
+        for (const auto key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape})
+            QTest::keyClick(shown(), key);
+        QTest::keyClick(shown()->checkBox(), Qt::Key_Space);
+    };
+    sendToAlert(QEvent::WindowDeactivate);
+    type();
+    sendToAlert(QEvent::WindowActivate);
+    EXPECT_EQ(timers[0]->seconds, 0.5);
+    type();
+    ASSERT_NE(shown(), nullptr);
+    sendToAlert(QEvent::WindowDeactivate);
+    EXPECT_FALSE(timers[0]->fire) << "the focus went elsewhere before the time was over";
+    sendToAlert(QEvent::WindowActivate);
+    type();
+    EXPECT_TRUE(answers.empty());
+    passGuard();
+    EXPECT_FALSE(shown()->checkBox()->isChecked());
+    QTest::keyClick(shown(), Qt::Key_Return);
+    ASSERT_EQ(answers.size(), 1U);
+    EXPECT_TRUE(answers[0].confirmed);
+    EXPECT_FALSE(answers[0].suppressed);
+}
+
+TEST_F(AlertsTest, ListsTheItemsOfAQuestionAsText) {
+    Question question = kQuestion;
+    question.items = "<b>a</b>\nb\n…and 1 more.";
+    ask(question);
+    ASSERT_NE(shown(), nullptr);
+    const auto* const list = shown()->findChild<QLabel*>("items");
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->text().toStdString(), question.items);
+    EXPECT_EQ(list->textFormat(), Qt::PlainText);
+    EXPECT_TRUE(list->isVisible());
+    EXPECT_EQ(shown()->informativeText(), "Forever.");
+    press(Qt::Key_Escape);
 }
 
 TEST_F(AlertsTest, NeverTakesANameForMarkup) {
@@ -94,6 +160,7 @@ TEST_F(AlertsTest, DoesNotGrowWiderThanTheScreenByALongName) {
 TEST_F(AlertsTest, AnswersNoToAllWhenItIsClosed) {
     std::vector<std::string> told;
     ask(kQuestion);
+    passGuard();
     QTest::keyClick(shown()->checkBox(), Qt::Key_Space);
     alerts.report({"Waiting", "", {}});
     ask(kQuestion);

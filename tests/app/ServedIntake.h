@@ -102,7 +102,7 @@ class ServedIntake : public IntakeTest {
                         CommandService::Parts{program->intake,
                                               program->settings,
                                               program->progression,
-                                              {program->ledger, program->journal},
+                                              program->binnedItems,
                                               around,
                                               [this](const std::function<void()>& assignment) {
                                                   assignment();

@@ -283,7 +283,7 @@ TEST_F(SqliteUserDefaultsTest, LeavesEverythingAsItIsWhenItOnlyReads) {
 
 TEST_F(SqliteUserDefaultsTest, RefusesADatabaseOfANewerVersionAndDoesNotTouchIt) {
     m_directory.write("data/defaults.db", "");
-    RawDatabase(m_file).run("CREATE TABLE future (a); PRAGMA user_version = 2");
+    RawDatabase(m_file).run("CREATE TABLE future (a); PRAGMA user_version = 3");
     const auto before = contents(m_file);
     for (const auto access : {Access::readWrite, Access::readOnly}) {
         const auto defaults = open(access);

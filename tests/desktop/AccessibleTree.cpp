@@ -11,6 +11,7 @@ namespace {
 
 const QString kAccessible = QStringLiteral("org.a11y.atspi.Accessible");
 constexpr int kShowingBit = 25;
+constexpr int kEnabledBit = 8;
 
 QString addressFrom(const QDBusConnection& session) {
     const auto reply = session.call(QDBusMessage::createMethodCall("org.a11y.Bus", "/org/a11y/bus",
@@ -84,6 +85,7 @@ void AccessibleTree::collect(const Reference& element, std::vector<AccessibleEle
     if (const auto state = ask(element, kAccessible, "GetState"); !state.isEmpty()) {
         const auto words = qdbus_cast<QList<uint>>(state.at(0).value<QDBusArgument>());
         found.isShowing = !words.isEmpty() && (words.at(0) >> kShowingBit & 1U) != 0;
+        found.isEnabled = !words.isEmpty() && (words.at(0) >> kEnabledBit & 1U) != 0;
     }
     const auto extents = ask(element, "org.a11y.atspi.Component", "GetExtents", {0U});
     if (!extents.isEmpty()) {

@@ -14,6 +14,7 @@ struct AccessibleElement {
     std::string name;
     QRect place; ///< on the screen, in what the program takes for pixels
     bool isShowing = false;
+    bool isEnabled = false;
 };
 
 /// Reads programs as a screen reader does, over the accessibility bus of a session.

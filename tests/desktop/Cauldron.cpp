@@ -72,9 +72,16 @@ bool Cauldron::alerts(const std::string& sentence) const {
         if (!active || active->className != kName || !active->isDialog)
             return false;
         const auto all = elements();
-        return std::any_of(all.begin(), all.end(), [&](const AccessibleElement& element) {
-            return element.isShowing && element.name == sentence;
+        const auto has = [&](const auto& test) {
+            return std::any_of(all.begin(), all.end(), [&](const AccessibleElement& element) {
+                return element.isShowing && test(element);
+            });
+        };
+        const bool isGuarded = has([](const AccessibleElement& element) {
+            return !element.isEnabled && (element.name == "Dissolve" || element.name == "Delete");
         });
+        return !isGuarded &&
+               has([&](const AccessibleElement& element) { return element.name == sentence; });
     });
 }
 

@@ -20,27 +20,41 @@ class BinTest : public TreeTest {
     [[nodiscard]] Path binPath() const { return path() / ".local/share/Trash"; }
 
     /// Disposes of one item in a batch of its own.
-    [[nodiscard]] Result<std::optional<Path>> dispose(const Path& item,
-                                                      DisposeMode mode = DisposeMode::bin) const {
+    [[nodiscard]] Result<Disposer::Disposed>
+    dispose(const Path& item, DisposeMode mode = DisposeMode::bin,
+            const Disposer::PlaceObserver& willTake = kUnobserved) const {
         Disposer disposer(directories(), nullptr);
         auto held = disposer.hold(standardized(item));
         if (!held)
             return std::move(held).error();
-        return disposer.dispose(*held, mode, disposer.size(*held), Date::now(), kUnobserved);
+        return disposer.dispose(*held, mode, disposer.size(*held), Date::now(), willTake);
     }
     /// The same, with the place in the Bin.
     [[nodiscard]] Path bin(const Path& item) const {
-        auto place = dispose(item);
-        EXPECT_TRUE(place.ok()) << item << ": " << describe(place.error());
-        return place.ok() && *place ? **place : Path();
+        auto disposed = dispose(item);
+        EXPECT_TRUE(disposed.ok()) << item << ": " << describe(disposed.error());
+        return disposed.ok() && disposed->binned ? disposed->binned->place : Path();
+    }
+    [[nodiscard]] Result<Path>
+    putBack(const Path& place, const BinRecord& record,
+            const Disposer::DepartureObserver& willLeave = kUnseen) const {
+        return Disposer(directories(), nullptr).restore(place, record, willLeave);
     }
     [[nodiscard]] Result<Path> putBack(const Path& place, const Path& to,
                                        std::optional<Date> binned = {}) const {
-        return Disposer(directories(), nullptr).restore(place, {to, binned}, kUnseen);
+        return putBack(place, BinRecord{to, binned});
+    }
+    [[nodiscard]] Result<void> erase(const Path& place, const BinRecord& record,
+                                     const Disposer::DepartureObserver& willLeave = kUnseen) const {
+        return Disposer(directories(), nullptr).erase(place, record, willLeave);
     }
     [[nodiscard]] Result<void> erase(const Path& place, const Path& original,
                                      std::optional<Date> binned = {}) const {
-        return Disposer(directories(), nullptr).erase(place, {original, binned}, kUnseen);
+        return erase(place, BinRecord{original, binned});
+    }
+    /// The facts that a record of the item in the Bin has.
+    [[nodiscard]] static ItemFacts factsOf(const Path& place) {
+        return ItemFacts::of(*fileStatus(place), true);
     }
 
     static std::string read(const Path& file) {

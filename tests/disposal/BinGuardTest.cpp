@@ -116,6 +116,98 @@ TEST_F(BinGuardTest, RefusesMountPointsAndVolumesWithoutABin) {
     });
 }
 
+TEST_F(BinGuardTest, RefusesABinByAnyOtherNameOfItsVolume) {
+    inProcess([&] {
+        for (const char* folder : {"volume", "whole", "bin", "deep", "part"})
+            makeFolder(folder);
+        useOwnMounts();
+        if (IsSkipped())
+            return;
+        mountMemory("volume");
+        write("volume/inner/data/file", "x");
+        bind("volume/inner/data", "part");
+        write("volume/file", "x");
+        const Path place = bin(path() / "volume/file");
+        const Path below = bin(path() / "part/file");
+        const Path name = place.parent_path().parent_path().filename();
+        bind("volume", "whole");
+        bind("volume" / name, "bin");
+        bind("volume" / name / "files", "deep");
+        const struct {
+            Path item;
+            DisposalError why;
+        } cases[] = {
+            {path() / "whole" / name, DisposalError::isBin},
+            {path() / "whole" / name / "files/file", DisposalError::isInsideBin},
+            {path() / "bin/files", DisposalError::isInsideBin},
+            {path() / "bin/files/file", DisposalError::isInsideBin},
+            {path() / "deep/file", DisposalError::isInsideBin},
+            {path() / "volume/inner/data" / name, DisposalError::isBin},
+            {path() / "volume/inner/data" / name / "files/file", DisposalError::isInsideBin},
+            {path() / "volume/inner/data", DisposalError::holdsBin},
+            {path() / "volume/inner", DisposalError::holdsBin},
+        };
+        Disposer disposer(directories(), nullptr);
+        for (const auto& [item, why] : cases) {
+            const auto held = disposer.hold(item);
+            ASSERT_FALSE(held.ok()) << item;
+            EXPECT_EQ(held.error().code, make_error_code(why))
+                << item << ": " << describe(held.error());
+        }
+    });
+}
+
+TEST_F(BinGuardTest, RefusesTheBinAndTheHomeFolderOfTheAccount) {
+    write("account/.local/share/Trash/files/kept", "x");
+    write("account/file", "x");
+    auto own = directories();
+    own.home = path() / "home";
+    own.dataHome = path() / "home/.local/share";
+    own.accountHome = path() / "account";
+    Disposer disposer(own, nullptr);
+    const auto refusal = [&](const char* item) {
+        return disposer.hold(path() / item).error().code;
+    };
+    EXPECT_EQ(refusal("account"), make_error_code(DisposalError::isHome));
+    EXPECT_EQ(refusal("account/.local"), make_error_code(DisposalError::holdsBin));
+    EXPECT_EQ(refusal("account/.local/share/Trash/files"), make_error_code(DisposalError::isBin));
+    EXPECT_EQ(refusal("account/.local/share/Trash/files/kept"),
+              make_error_code(DisposalError::isInsideBin));
+    EXPECT_TRUE(disposer.hold(path() / "account/file").ok());
+}
+
+/// Looked at only: nothing here is ever disposed of.
+TEST_F(BinGuardTest, RefusesPartsOfTheRunningSystem) {
+    Disposer disposer(directories(), nullptr);
+    for (const char* item : {"/proc/self/status", "/sys/kernel", "/dev/null", "/dev/fd"}) {
+        const auto held = disposer.hold(item);
+        ASSERT_FALSE(held.ok()) << item;
+        EXPECT_EQ(held.error().code, make_error_code(DisposalError::isPartOfSystem))
+            << item << ": " << describe(held.error());
+    }
+}
+
+TEST_F(BinGuardTest, FindsMountsInsideAFolderWithoutAListOfThem) {
+    inProcess([&] {
+        makeFolder("folder/deep/volume");
+        makeFolder("plain/deep");
+        write("file holder/file", "x");
+        write("other", "x");
+        useOwnMounts();
+        if (IsSkipped())
+            return;
+        mountMemory("folder/deep/volume");
+        bind("other", "file holder/file");
+        ASSERT_EQ(mount("none", "/proc", "tmpfs", 0, ""), 0);
+        Disposer disposer(directories(), nullptr);
+        for (const char* item : {"folder", "file holder"})
+            EXPECT_EQ(disposer.hold(path() / item).error().code,
+                      make_error_code(DisposalError::holdsMountPoint))
+                << item;
+        EXPECT_TRUE(disposer.hold(path() / "plain").ok());
+    });
+}
+
 } // namespace
 
 } // namespace vexmoor::test

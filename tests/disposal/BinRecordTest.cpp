@@ -24,8 +24,9 @@ TEST_F(BinRecordTest, TouchesNothingButTheItemOfTheRecord) {
         {text(path() / "other/a b.txt", 1711886400), DisposalError::goneFromBin},
         {text(original, 1711886401), DisposalError::goneFromBin},
         {text(original, 1711886399), DisposalError::goneFromBin},
-        {TrashInfo{original, {}}.toText(), DisposalError::goneFromBin},
-        {text(original, 1711886400 + 3600), DisposalError::goneFromBin},
+        {TrashInfo{original, {}}.toText(), DisposalError::withoutInfo},
+        {text(original, 1711886400 + 3600), DisposalError::withoutInfo},
+        {text(original, 1711886400 + 27 * 3600), DisposalError::goneFromBin},
         {std::nullopt, DisposalError::withoutInfo},
         {"", DisposalError::withoutInfo},
         {whole.substr(0, whole.find("Path")), DisposalError::withoutInfo},
@@ -54,6 +55,106 @@ TEST_F(BinRecordTest, TouchesNothingButTheItemOfTheRecord) {
     std::filesystem::create_directory(infoOf(odd));
     EXPECT_EQ(erase(odd, link).error().code, std::errc::is_a_directory);
     EXPECT_EQ(read(odd), "x");
+    EXPECT_TRUE(erase(odd, BinRecord{link, {}, factsOf(odd)}).ok());
+}
+
+TEST_F(BinRecordTest, KnowsItsItemByItsFactsWhereTheInfoFileDoesNotSay) {
+    constexpr std::int64_t kHour = 3600 * std::int64_t{1000000000};
+    struct Case {
+        const char* what;
+        std::function<void(ItemFacts&)> change;
+        bool isKnown;
+    };
+    const Case cases[] = {
+        {"as recorded", [](ItemFacts&) {}, true},
+        {"numbered again at a remount", [](ItemFacts& facts) { facts.inode += 7; }, true},
+        {"no stable inode", [](ItemFacts& facts) { facts.inode = 0; }, true},
+        {"another zone on FAT", [](ItemFacts& facts) { facts.birthNanoseconds += 2 * kHour; },
+         true},
+        {"birth unknown", [](ItemFacts& facts) { facts.birthNanoseconds = 0; }, true},
+        {"made later", [](ItemFacts& facts) { facts.birthNanoseconds -= 1; }, false},
+        {"another size", [](ItemFacts& facts) { facts.size += 1; }, false},
+        {"another kind", [](ItemFacts& facts) { facts.kind = S_IFDIR; }, false},
+        {"nothing known", [](ItemFacts& facts) { facts = {}; }, false},
+        {"birth unknown, another inode",
+         [](ItemFacts& facts) { facts.birthNanoseconds = 0, facts.inode += 7; }, false},
+    };
+    const auto removed = [](const Path& info) { std::filesystem::remove(info); };
+    const auto emptied = [](const Path& info) { std::ofstream(info).flush(); };
+    const auto replaced = [](const Path& info) {
+        std::filesystem::remove(info);
+        mkfifo(info.c_str(), 0600);
+    };
+    const Path original = path() / "a";
+    for (const auto& [what, change, isKnown] : cases)
+        for (const std::function<void(const Path&)>& lose :
+             std::vector<std::function<void(const Path&)>>{removed, emptied, replaced}) {
+            SCOPED_TRACE(what);
+            write("a", "x");
+            const Path place = bin(original);
+            BinRecord record{original, Date::now(), factsOf(place)};
+            change(record.facts);
+            lose(infoOf(place));
+            const auto back = putBack(place, record);
+            EXPECT_EQ(back.ok(), isKnown) << describe(back.error());
+            if (!isKnown) {
+                EXPECT_NE(back.error().code, make_error_code(DisposalError::goneFromBin));
+                EXPECT_EQ(read(place), "x");
+                std::filesystem::remove(place);
+            }
+            std::filesystem::remove(infoOf(place));
+        }
+}
+
+TEST_F(BinRecordTest, RepairsAnInfoFileThatIsMissingOrEmpty) {
+    write("a b", "x");
+    const Path place = bin(path() / "a b");
+    const BinRecord record{path() / "a b", Date::now(), factsOf(place)};
+    const auto whole = TrashInfo{record.path, record.deletionDate}.toText();
+    const auto repair = [&] { return Disposer(directories(), nullptr).repairInfo(place, record); };
+    std::ofstream(infoOf(place)).flush();
+    EXPECT_EQ(repair().value(), true);
+    EXPECT_EQ(read(infoOf(place)), whole);
+    EXPECT_EQ(repair().value(), false);
+    std::filesystem::remove(infoOf(place));
+    EXPECT_EQ(repair().value(), true);
+    EXPECT_EQ(read(infoOf(place)), whole);
+}
+
+TEST_F(BinRecordTest, TakesAnItemForLostOnlyOnTheVolumeThatItWasOn) {
+    inProcess([&] {
+        makeFolder("stick");
+        makeFolder("other");
+        useOwnMounts();
+        if (IsSkipped())
+            return;
+        mountMemory("stick");
+        mountMemory("other");
+        write("stick/a", "x");
+        auto disposed = dispose(path() / "stick/a");
+        ASSERT_TRUE(disposed.ok() && disposed->binned);
+        const Path place = disposed->binned->place;
+        const BinRecord record{path() / "stick/a", Date::now(), disposed->binned->facts};
+        const auto refusal = [&] { return putBack(place, record).error().code; };
+
+        ASSERT_EQ(mount((path() / "other").c_str(), (path() / "stick").c_str(), nullptr, MS_MOVE,
+                        nullptr),
+                  0);
+        EXPECT_EQ(refusal(), make_error_code(DisposalError::volumeNotThere)) << "no Bin there";
+        write("stick/b", "y");
+        (void)bin(path() / "stick/b");
+        EXPECT_EQ(refusal(), make_error_code(DisposalError::volumeNotThere)) << "not in that Bin";
+        write("stick/a", "z");
+        ASSERT_EQ(rename((path() / "stick/a").c_str(), (path() / "stick/deep").c_str()), 0);
+        write("stick/other/a", "z");
+        (void)bin(path() / "stick/other/a");
+        EXPECT_EQ(refusal(), make_error_code(DisposalError::volumeNotThere)) << "another item";
+
+        ASSERT_EQ(umount((path() / "stick").c_str()), 0);
+        EXPECT_EQ(read(place), "x");
+        std::filesystem::remove(place);
+        EXPECT_EQ(refusal(), make_error_code(DisposalError::goneFromBin));
+    });
 }
 
 TEST_F(BinRecordTest, KnowsItsItemsAfterTheClockGotAnotherTimeZone) {
@@ -70,12 +171,12 @@ TEST_F(BinRecordTest, KnowsItsItemsAfterTheClockGotAnotherTimeZone) {
             auto held = disposer.hold(path() / "a");
             ASSERT_TRUE(held.ok());
             const auto place = disposer.dispose(*held, DisposeMode::bin, 0, binned, kUnobserved);
-            ASSERT_TRUE(place.ok() && *place);
+            ASSERT_TRUE(place.ok() && place->binned);
             useZone(zone);
             const auto late = Date::fromUnix(binned.unixSeconds() + 1800);
-            EXPECT_FALSE(putBack(**place, path() / "a", late).ok())
+            EXPECT_FALSE(putBack(place->binned->place, path() / "a", late).ok())
                 << "a zone may lie so far away, but the file is not from then";
-            EXPECT_TRUE(putBack(**place, path() / "a", binned).ok()) << zone;
+            EXPECT_TRUE(putBack(place->binned->place, path() / "a", binned).ok()) << zone;
         }
     });
 }

@@ -204,6 +204,7 @@ TEST_F(BinTest, PutsBackUnderANumberedNameAndMakesMissingFolders) {
          {Case{"report.pdf", "report 2.pdf", "report 3.pdf"},
           Case{full.c_str(), fullSecond.c_str(), fullThird.c_str()},
           Case{"Notes", "Notes 2", "Notes 3"}, Case{".profile", ".profile 2", ".profile 3"},
+          Case{"1. Introduction", "1. Introduction 2", "1. Introduction 3"},
           Case{"a.tar.gz", "a.tar 2.gz", "a.tar 3.gz"}}) {
         const Path original = path() / "gone/with it" / name;
         std::vector<Path> places;
@@ -258,8 +259,10 @@ TEST_F(BinTest, DeletesFromTheBinAndKeepsTheInfoOfWhatCannotGo) {
     ASSERT_EQ(chmod((path() / "shared").c_str(), 01777), 0);
     giveToNobody();
     giveToNobody("shared/ours");
-    for (const auto* part : {".local", ".local/share", ".local/share/Trash",
-                             ".local/share/Trash/files", ".local/share/Trash/info"})
+    for (const auto* part :
+         {".local", ".local/share", ".local/share/Trash", ".local/share/Trash/files",
+          ".local/share/Trash/info", ".local/share/Trash/vexmoor-leaving",
+          ".local/share/Trash/vexmoor-leaving/files", ".local/share/Trash/vexmoor-leaving/info"})
         giveToNobody(part);
     const Path stubborn = bin(path() / "shared");
     ASSERT_EQ(lchown(infoOf(stubborn).c_str(), kNobody, kNobody), 0);

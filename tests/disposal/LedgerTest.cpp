@@ -190,14 +190,15 @@ TEST_F(LedgerTest, StartsEmptyInThePartThatCannotBeRead) {
     }
 }
 
-using LedgerDeathTest = LedgerTest;
-
-TEST_F(LedgerDeathTest, NeverWrapsItsTotals) {
-    testing::FLAGS_gtest_death_test_style = "threadsafe";
+TEST_F(LedgerTest, KeepsItsTotalsAtTheGreatestNumber) {
+    constexpr auto kMost = std::numeric_limits<std::int64_t>::max();
     auto subject = ledger();
-    subject.record({item("most", m_clock.now, std::numeric_limits<std::int64_t>::max())});
-    EXPECT_DEATH(subject.record({item("one more", m_clock.now, 1)}), "");
-    EXPECT_EQ(subject.bytes.get(), std::numeric_limits<std::int64_t>::max());
+    for (const std::int64_t bytes : {kMost, std::int64_t{1}, kMost}) {
+        subject.record({item("one", m_clock.now, bytes)});
+        EXPECT_EQ(subject.bytes.get(), kMost);
+        EXPECT_EQ(subject.days.get().begin()->second.bytes, kMost);
+    }
+    EXPECT_EQ(subject.count.get(), 3);
 }
 
 } // namespace

@@ -33,6 +33,18 @@ TEST(RecordJson, WritesEveryFieldInOrderAndReadsItBack) {
     EXPECT_EQ(decodeSacrifices(kFullJson), std::vector{fullRecord()});
 }
 
+TEST(RecordJson, KeepsARecordWithItsFactsAsText) {
+    Sacrifice record = fullRecord();
+    record.name = "quote \" backslash \\ line\n\x01";
+    record.facts = {.kind = 0100000, .size = 7, .birthNanoseconds = -5, .inode = 9, .volume = "v"};
+    auto expected = toJson(record);
+    expected["facts"] = toJson(record.facts);
+    EXPECT_EQ(Json::parse(recordText(record)), expected);
+    EXPECT_EQ(recordFromJson(Json::parse(recordText(record))), record);
+    Sacrifice bare;
+    EXPECT_EQ(recordFromJson(Json::parse(recordText(bare))), bare);
+}
+
 TEST(RecordJson, LeavesOutWhatIsNotThere) {
     Sacrifice dissolved;
     dissolved.id = kId;

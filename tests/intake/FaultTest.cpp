@@ -10,7 +10,8 @@ namespace {
 
 /// Fails each call of the system in turn while a batch is fed and put back, and looks whether disk
 /// and ledger agree, at once or at the latest after the next start.
-class FaultTest : public IntakeTest, public testing::WithParamInterface<int> {
+class FaultTest : public IntakeTest,
+                  public testing::WithParamInterface<std::pair<int, Faults::NoReplace>> {
   protected:
     [[nodiscard]] Path binPart(const char* part) const {
         return directories().dataHome / "Trash" / part;
@@ -56,7 +57,7 @@ TEST_P(FaultTest, LosesNothingWhicheverCallFails) {
         home.write("folder/inside", "x");
         items.push_back(home / "folder");
         {
-            const Faults faults(call, GetParam());
+            const Faults faults(call, GetParam().first, GetParam().second);
             feed(items);
             program->intake.restore(recent());
             settle();
@@ -71,7 +72,34 @@ TEST_P(FaultTest, LosesNothingWhicheverCallFails) {
     EXPECT_GT(call, 30);
 }
 
-INSTANTIATE_TEST_SUITE_P(Errors, FaultTest, testing::Values(EIO, ENOSPC, EACCES));
+constexpr auto kSupported = Faults::NoReplace::supported;
+
+TEST_F(FaultTest, SyncsTheIntentsOfAGroupOnce) {
+    constexpr int kItems = 2000;
+    const auto syncsOf = [](const std::function<void()>& batch) {
+        const int before = Faults::syncs();
+        batch();
+        return Faults::syncs() - before;
+    };
+    const auto one = make({"one"});
+    const auto many = make(kItems);
+    EXPECT_EQ(syncsOf([&] { feed(one); }), 1);
+    const auto putBackLast = [&] {
+        program->intake.restore(program->binnedItems.lastBatch());
+        settle();
+    };
+    EXPECT_EQ(syncsOf(putBackLast), 1);
+    constexpr int kSlowMachine = 40; // groups end after some time too
+    EXPECT_LE(syncsOf([&] { feed(many); }), kSlowMachine);
+    EXPECT_LE(syncsOf(putBackLast), kSlowMachine);
+    EXPECT_TRUE(exists(many.back()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Errors, FaultTest,
+                         testing::Values(std::pair(EIO, kSupported), std::pair(ENOSPC, kSupported),
+                                         std::pair(EACCES, kSupported),
+                                         std::pair(EINVAL, kSupported),
+                                         std::pair(EIO, Faults::NoReplace::missing)));
 
 } // namespace
 

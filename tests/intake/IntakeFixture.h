@@ -34,6 +34,7 @@ class Surroundings : public Dialogs,
   public:
     void ask(const Question& question, std::function<void(const Answer&)> answered) override {
         events.push_back("ask " + question.message);
+        asked.push_back(question);
         if (holdsQuestions)
             questions.push_back(std::move(answered));
         else
@@ -77,6 +78,7 @@ class Surroundings : public Dialogs,
 
     std::vector<std::string> events;
     std::vector<FailureReport> reports;
+    std::vector<Question> asked;
     std::vector<PicturePointer> burned;
     Answer answer{true, false};
     bool holdsQuestions = false;
@@ -127,16 +129,19 @@ class IntakeTest : public testing::Test {
                            .value()),
               ledger(*defaults, test.clock.clock()), settings(*defaults),
               progression(*defaults, &ledger, test.clock.clock(), test.around, [](const Skin&) {}),
-              recovery(recover(journal, *defaults, ledger, progression, test.directories())),
-              intake({test.directories(), *defaults, ledger, settings, progression, journal,
-                      &undoStack, main, work, test.around, test.around, test.around, test.around,
-                      test.around, test.clock.clock()}) {}
+              binnedItems(ledger, defaults->records()),
+              recovery(recover(journal, *defaults, ledger, progression, binnedItems,
+                               test.directories())),
+              intake({test.directories(), *defaults, ledger, settings, progression, binnedItems,
+                      journal, &undoStack, main, work, test.around, test.around, test.around,
+                      test.around, test.around, test.clock.clock()}) {}
 
         Journal journal;
         std::unique_ptr<SqliteUserDefaults> defaults;
         Ledger ledger;
         Settings settings;
         Progression progression;
+        BinnedItems binnedItems;
         RecoveryReport recovery;
         UndoStack undoStack;
         PlainQueue main;
@@ -171,9 +176,14 @@ class IntakeTest : public testing::Test {
         item.trashed = home.write(bin / "files" / name, name);
         home.write(bin / "info" / (name + ".trashinfo"), TrashInfo{name, item.date}.toText());
         program->ledger.record({item});
+        program->binnedItems.add(0, {item});
         return *item.original;
     }
 
+    [[nodiscard]] bool needsRecovery() const {
+        return vexmoor::needsRecovery(program->journal, *program->defaults, program->binnedItems,
+                                      directories());
+    }
     [[nodiscard]] const std::vector<Sacrifice>& recent() const {
         return program->ledger.recent.get();
     }

@@ -150,6 +150,20 @@ TEST_F(IntakeTest, AsksBeforeDissolvingUntilToldNotTo) {
     EXPECT_EQ(dissolveQuestion(1).message, "Dissolve this item forever?");
 }
 
+TEST_F(IntakeTest, ListsTheFirstItemsThatAreToBeDissolved) {
+    const auto listOf = [](const std::vector<StoredPath>& items) {
+        return dissolveQuestion(items.size(), firstNames(items)).items;
+    };
+    EXPECT_EQ(listOf({"/x/a\nb\xff"}), "a␊b\uFFFD");
+    EXPECT_EQ(listOf({9, "/x/a"}), "a\na\na\na\na\na\na\na\n…and 1 more.");
+    program->settings.mode.set(DisposeMode::dissolve);
+    around.answer = {false, false};
+    feed(make({"first", "second"}));
+    ASSERT_EQ(around.asked.size(), 1U);
+    EXPECT_EQ(around.asked[0].items, "first\nsecond");
+    EXPECT_EQ(around.asked[0].informative, "Dissolve mode skips the Bin. There is no Put Back.");
+}
+
 TEST_F(IntakeTest, UndoesABatchAndNamesWhatIsGoneFromTheBin) {
     const auto items = make({"a", "b", "c"});
     feed(items, true);
@@ -304,7 +318,7 @@ TEST_F(IntakeTest, TakesAnItemOutOnceHoweverManyOrdersWait) {
 TEST_F(IntakeTest, TellsOfBinnedItemsThatWereNotFoundWithTheRest) {
     feed(make({"a"}));
     around.events.clear();
-    const BinnedItems binned(program->ledger, program->journal);
+    const BinnedItems& binned = program->binnedItems;
     for (const bool isAlone : {true, false}) {
         auto [items, missing] = binned.toPutBack(
             isAlone ? std::vector<std::string>{"b"}
@@ -356,18 +370,15 @@ TEST_F(IntakeTest, RecordsWhatCouldNotBeSavedTogetherWithWhatIsDoneNext) {
         EXPECT_TRUE(feed({items[1]}).storeError);
         database.run("DROP TRIGGER refuse");
     }
-    EXPECT_EQ(program->journal.open().size(), 1U);
     program->intake.storeLeftOver();
-    EXPECT_THAT(names(BinnedItems(program->ledger, program->journal).lastBatch()),
-                ElementsAre("b"));
+    EXPECT_THAT(names(program->binnedItems.lastBatch()), ElementsAre("b"));
     program->intake.restore(first);
     settle();
     EXPECT_TRUE(exists(items[0]));
-    EXPECT_THAT(program->journal.open(), IsEmpty());
+    EXPECT_FALSE(needsRecovery());
     start();
     EXPECT_EQ(program->ledger.count.get(), 2);
-    EXPECT_THAT(names(BinnedItems(program->ledger, program->journal).lastBatch()),
-                ElementsAre("b"));
+    EXPECT_THAT(names(program->binnedItems.lastBatch()), ElementsAre("b"));
 }
 
 TEST_F(IntakeTest, BeginsWhatWasSaidYesToWhileOtherQuestionsWait) {
@@ -424,6 +435,54 @@ TEST_F(IntakeTest, AsksAndTellsWhomTheBatchNames) {
     EXPECT_THAT(terminal.events, ElementsAre("ask Dissolve this item forever?",
                                              "report The cauldron rejected missing"));
     EXPECT_THAT(around.reports, testing::IsEmpty());
+}
+
+TEST_F(IntakeTest, TakesNamesAsBytesAndGuessesNothing) {
+    const auto items = make({"caf\xe8.txt", "one/same", "two/same", "report.pdf"});
+    const auto done = feed(items).done;
+    make({"report.pdf"});
+    const auto newest = feed({items[3]}).done.at(0).id;
+    const auto& binned = program->binnedItems;
+    const auto id = done[0].id.toString();
+    const struct {
+        std::string wanted;
+        std::optional<Uuid> meant;
+    } cases[] = {
+        {"caf\xe9.txt", std::nullopt},
+        {"caf\xe8.txt", done[0].id},
+        {displayText("caf\xe8.txt"), done[0].id},
+        {id, done[0].id},
+        {id.substr(0, 8), done[0].id},
+        {id.substr(0, 7), std::nullopt},
+        {"same", std::nullopt},
+        {items[2].native(), done[2].id},
+        {(home / "three/same").native(), std::nullopt},
+        {"report.pdf", newest},
+    };
+    for (const auto& [wanted, meant] : cases) {
+        const auto named = binned.named({wanted});
+        EXPECT_EQ(named.items.empty() ? std::nullopt : std::optional(named.items[0].id), meant)
+            << wanted;
+        EXPECT_EQ(named.missing.size(), meant ? 0U : 1U) << wanted;
+    }
+    const auto told = describe(binned.named({"same"}).missing.at(0).error);
+    for (const auto& item : {items[1], items[2]})
+        EXPECT_THAT(told, testing::HasSubstr(item.native()));
+}
+
+TEST_F(IntakeTest, SkipsUndoActionsThatHaveNothingLeft) {
+    feed(make({"a"}));
+    feed(make({"b", "c"}));
+    program->intake.restore(program->binnedItems.lastBatch());
+    settle();
+    EXPECT_EQ(program->undoStack.undoMenuItemTitle(), "Undo Sacrifice");
+    feed({home / "b"});
+    std::filesystem::remove(*recent()[0].trashed); // another program empties the Bin of it
+    program->undoStack.undo();
+    settle();
+    EXPECT_TRUE(exists(home / "a"));
+    EXPECT_THAT(around.reports, IsEmpty()) << "nothing was lost";
+    EXPECT_FALSE(program->undoStack.canUndo());
 }
 
 } // namespace

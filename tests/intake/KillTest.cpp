@@ -23,7 +23,7 @@ constexpr unsigned kSeed = 20240331;
 
 /// What moves and notes each item, and what stores the batch.
 constexpr const char* kItemCalls[] = {"openat", "write", "renameat2", "unlinkat"};
-constexpr const char* kBatchCalls[] = {"pwrite64", "fdatasync", "rename", "unlink"};
+constexpr const char* kBatchCalls[] = {"pwrite", "pwrite64", "fdatasync", "close"};
 constexpr int kBatchCallsMade = 5;
 
 /// The built program, killed again and again.

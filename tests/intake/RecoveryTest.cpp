@@ -1,6 +1,7 @@
 #include "IntakeFixture.h"
 
 #include "intake/BinnedItems.h"
+#include "support/RawDatabase.h"
 
 #include <fstream>
 
@@ -17,6 +18,29 @@ class RecoveryTest : public IntakeTest {
         while (program->work.runOne()) {
         }
         start();
+    }
+
+    /// An item at the path, and the place in the Bin that it is about to take or leave.
+    [[nodiscard]] JournalEntry entryFor(const Path& item, const Path& place) const {
+        JournalEntry entry;
+        entry.sacrifice.id = Uuid::generate();
+        entry.sacrifice.name = item.filename();
+        entry.sacrifice.date = clock.now;
+        entry.sacrifice.original = item;
+        entry.sacrifice.trashed = place;
+        entry.inode = identityAt(item).inode;
+        return entry;
+    }
+
+    /// As a process does it that dies then.
+    void noteIntents(JournalKind kind, const std::vector<JournalEntry>& entries,
+                     DisposeMode mode = DisposeMode::bin) const {
+        const auto writer =
+            program->journal.begin(kind, mode, Settlement(*program->defaults).start());
+        ASSERT_TRUE(writer);
+        for (const auto& entry : entries)
+            (*writer)->intend(entry);
+        ASSERT_TRUE((*writer)->sync());
     }
 };
 
@@ -59,30 +83,28 @@ TEST_F(RecoveryTest, RecordsCutOffDissolvesPutBacksAndDeletions) {
 }
 
 TEST_F(RecoveryTest, LooksAtTheDiskForIntentsWithoutAnOutcome) {
-    feed(make({"moved", "not moved", "never tried"}));
-    const auto moved = recent()[2];
-    const auto notMoved = recent()[1];
-    program.reset();
-    // As if the last batch were cut off at its second item: info reserved, nothing moved.
-    const Path journal = directories().ownData() / "journal";
-    std::filesystem::rename(*notMoved.trashed, *notMoved.original);
-    std::string text = contents(journal / "1.closed");
-    const auto firstDone = text.find("{\"done\"");
-    const auto secondDone = text.find("{\"done\"", firstDone + 1);
-    std::ofstream(journal / "1.open", std::ios::binary)
-        << text.substr(0, firstDone)
-        << text.substr(text.find('\n', firstDone) + 1, secondDone - text.find('\n', firstDone) - 1)
-        << "{\"intent\":{\"id\":\"torn";
-    std::filesystem::remove(journal / "1.closed");
-    for (const char* suffix : {"", "-wal", "-shm"})
-        std::filesystem::remove(directories().ownData() / ("defaults.db" + std::string(suffix)));
+    const auto items = make({"moved", "not moved", "never tried"});
+    const Path bin = directories().dataHome / "Trash";
+    std::vector<JournalEntry> entries;
+    for (const auto& item : items)
+        entries.push_back(entryFor(item, bin / "files" / item.filename()));
+    noteIntents(JournalKind::feed, entries);
+    // As if the batch were cut off at its second item: info written, nothing moved.
+    for (const char* const name : {"moved", "not moved"})
+        home.write(Path(".local/share/Trash/info") / (std::string(name) + ".trashinfo"),
+                   TrashInfo{home / name, clock.now}.toText());
+    std::filesystem::create_directories(bin / "files");
+    std::filesystem::rename(items[0], bin / "files/moved");
     start();
     EXPECT_EQ(program->recovery.disposed, 1);
     ASSERT_EQ(recent().size(), 1U);
-    EXPECT_EQ(recent()[0].id, moved.id);
-    EXPECT_TRUE(exists(*notMoved.original));
-    EXPECT_FALSE(exists(directories().dataHome / "Trash/info/not moved.trashinfo"));
-    EXPECT_TRUE(exists(directories().dataHome / "Trash/info/moved.trashinfo"));
+    EXPECT_EQ(recent()[0].id, entries[0].sacrifice.id);
+    EXPECT_TRUE(exists(items[1]));
+    EXPECT_FALSE(exists(bin / "info/not moved.trashinfo"));
+    EXPECT_TRUE(exists(bin / "info/moved.trashinfo"));
+    program->intake.restore(program->binnedItems.lastBatch());
+    settle();
+    EXPECT_EQ(contents(items[0]), "moved");
 }
 
 TEST_F(RecoveryTest, DecidesNothingOfAVolumeThatIsNotThere) {
@@ -99,8 +121,7 @@ TEST_F(RecoveryTest, DecidesNothingOfAVolumeThatIsNotThere) {
                 entry.sacrifice.id = Uuid::generate(); // the ledger has yet to hear of it
             if (kind == Kind::putBack)
                 entry.destination = original;
-            const auto recorded = program->defaults->integer(Intake::kRecordedKey).value_or(0);
-            ASSERT_TRUE((*program->journal.begin(kind, DisposeMode::bin, recorded))->intend(entry));
+            noteIntents(kind, {entry});
             if (happened ? kind != Kind::feed : kind == Kind::feed)
                 std::filesystem::rename(place, kind == Kind::erase ? home / "gone" : original);
             const auto count = program->ledger.count.get();
@@ -115,12 +136,12 @@ TEST_F(RecoveryTest, DecidesNothingOfAVolumeThatIsNotThere) {
             EXPECT_TRUE(program->recovery.problems.empty()) << "told once";
             EXPECT_TRUE(recent()[1].canRestore());
             EXPECT_EQ(program->ledger.count.get(), count + 1);
-            EXPECT_EQ(program->journal.open().size(), 1U);
+            EXPECT_TRUE(needsRecovery());
 
             std::filesystem::rename(home / "unplugged", home / "usb");
             for (int starts = 0; starts < 2; ++starts) {
                 start();
-                EXPECT_TRUE(program->journal.open().empty());
+                EXPECT_FALSE(needsRecovery());
                 const bool isRecorded = happened && kind == Kind::feed;
                 EXPECT_EQ(program->ledger.count.get(), count + (isRecorded ? 2 : 1));
                 const auto& item = recent()[isRecorded ? 0 : 1];
@@ -136,10 +157,10 @@ TEST_F(RecoveryTest, FindsTheWholeLastBatchHoweverLargeAfterARestart) {
     feed(make(90));
     feed(make({"newer"}));
     start();
-    BinnedItems binned(program->ledger, program->journal);
+    const BinnedItems& binned = program->binnedItems;
     EXPECT_EQ(binned.lastBatch().size(), 1U);
     EXPECT_EQ(binned.newest(60).size(), 60U);
-    ASSERT_TRUE(binned.find("item 3"));
+    ASSERT_EQ(binned.named({"item 3"}).items.size(), 1U);
     program->intake.restore(binned.lastBatch());
     settle();
     auto batch = binned.lastBatch();
@@ -149,15 +170,39 @@ TEST_F(RecoveryTest, FindsTheWholeLastBatchHoweverLargeAfterARestart) {
     for (int i = 0; i < 90; ++i)
         EXPECT_TRUE(exists(home / ("item " + std::to_string(i)))) << i;
     EXPECT_TRUE(binned.lastBatch().empty());
-    EXPECT_FALSE(binned.find("item 3"));
+    EXPECT_TRUE(binned.named({"item 3"}).items.empty());
 }
 
-TEST_F(RecoveryTest, KeepsTheJournalsOfTheNewestBatches) {
-    for (int i = 0; i < 25; ++i)
-        feed(make({"file"}));
-    EXPECT_LE(program->journal.closed().size(), Journal::kKept + 1);
-    EXPECT_EQ(program->journal.closed().front(), 25);
-    EXPECT_TRUE(program->journal.open().empty());
+TEST_F(RecoveryTest, WritesInfoFilesAgainThatAPowerCutEmptied) {
+    const auto items = make({"a", "b", "c"});
+    feed(items);
+    const auto infoOf = [&](const char* name) {
+        return directories().dataHome / "Trash/info" / (std::string(name) + ".trashinfo");
+    };
+    const auto whole = contents(infoOf("a"));
+    for (const char* const name : {"a", "c"})
+        std::filesystem::resize_file(infoOf(name), 0);
+    EXPECT_TRUE(needsRecovery());
+    start();
+    EXPECT_EQ(contents(infoOf("a")), whole);
+    EXPECT_NE(contents(infoOf("c")), "");
+    EXPECT_FALSE(needsRecovery());
+}
+
+TEST_F(RecoveryTest, PutsBackBatchByBatchHoweverLongAgo) {
+    constexpr int kBatches = 60;
+    for (int i = 0; i < kBatches; ++i)
+        feed(make({"a " + std::to_string(i), "b " + std::to_string(i)}));
+    for (int i = kBatches; i-- > 0;) {
+        start();
+        const auto batch = program->binnedItems.lastBatch();
+        ASSERT_EQ(batch.size(), 2U) << i;
+        EXPECT_EQ(batch[0].name, "b " + std::to_string(i));
+        program->intake.restore(batch);
+        settle();
+    }
+    EXPECT_TRUE(program->binnedItems.all().empty());
+    EXPECT_TRUE(exists(home / "a 0"));
 }
 
 TEST_F(RecoveryTest, SettlesAJournalThatWasCutOffBeforeItsFirstIntent) {
@@ -166,7 +211,7 @@ TEST_F(RecoveryTest, SettlesAJournalThatWasCutOffBeforeItsFirstIntent) {
         home.write(".local/share/vexmoor/journal/7.open", text);
         start();
         EXPECT_TRUE(program->recovery.problems.empty()) << text;
-        EXPECT_TRUE(program->journal.open().empty()) << text;
+        EXPECT_FALSE(needsRecovery()) << text;
     }
     EXPECT_EQ(program->ledger.count.get(), 0);
 }
@@ -174,7 +219,7 @@ TEST_F(RecoveryTest, SettlesAJournalThatWasCutOffBeforeItsFirstIntent) {
 TEST_F(RecoveryTest, LeavesTheJournalOfANewerVersionToThatVersion) {
     program.reset();
     const Path open =
-        home.write(".local/share/vexmoor/journal/7.open", "{\"journal\":2,\"kind\":\"new\"}\n");
+        home.write(".local/share/vexmoor/journal/7.open", "{\"journal\":3,\"kind\":\"new\"}\n");
     for (int starts = 0; starts < 2; ++starts) {
         start();
         EXPECT_EQ(program->recovery.problems.size(), 1U);
@@ -228,7 +273,141 @@ TEST_F(RecoveryTest, SetsAJournalAsideThatMakesNoSenseAndTellsOfItOnce) {
     EXPECT_EQ(program->ledger.count.get(), 0);
     EXPECT_EQ(contents(file), "a");
     feed({file});
-    EXPECT_EQ(program->journal.closed().front(), number + 1) << "its number is not given again";
+    EXPECT_EQ(program->defaults->integer(Settlement::kRecordedKey), number + 1)
+        << "its number is not given again";
+}
+
+/// As version 1 left them: records in the history only, and a file for each batch.
+TEST_F(RecoveryTest, AdoptsTheWaysBackThatAnEarlierVersionKept) {
+    const auto older = feed(make({"older"})).done.at(0);
+    const auto batch = feed(make({"a", "b", "c"})).done;
+    const Path folder = directories().ownData() / "journal";
+    std::string text = "{\"journal\":1,\"kind\":\"feed\",\"mode\":\"bin\"}\n";
+    for (const auto& item : batch) {
+        JournalEntry entry;
+        entry.sacrifice = item;
+        text += intentLine(entry) + doneLine(item.id);
+    }
+    const auto failed = entryFor(home / "failed", "/nowhere/files/failed");
+    text += intentLine(failed) + failedLine(failed.sacrifice.id, "");
+    program.reset();
+    home.write(".local/share/vexmoor/journal/2.closed", text);
+    std::filesystem::remove(folder / "current");
+    RawDatabase(directories().ownData() / "defaults.db")
+        .run("DROP TABLE records; PRAGMA user_version = 1; DELETE FROM defaults WHERE key IN "
+             "('records.adopted', 'records.count', 'journal.position')");
+    start();
+    EXPECT_TRUE(program->recovery.problems.empty());
+    EXPECT_FALSE(exists(folder / "2.closed"));
+    start();
+    std::vector<std::string> names;
+    for (const auto& item : program->binnedItems.all())
+        names.push_back(item.name);
+    EXPECT_EQ(names, (std::vector<std::string>{"c", "b", "a", "older"}));
+    EXPECT_EQ(program->binnedItems.lastBatch().size(), 3U);
+    EXPECT_EQ(program->binnedItems.all().back().id, older.id);
+    EXPECT_EQ(program->ledger.count.get(), 4);
+}
+
+TEST_F(RecoveryTest, ReportsAJournalThatShouldHoldSomething) {
+    feed(make({"a"}));
+    const Path file = directories().ownData() / "journal/current";
+    const auto whole = contents(file);
+    for (const std::string& left :
+         {std::string(), std::string(whole.size(), '\0'), whole + "gone"}) {
+        SCOPED_TRACE(left.size());
+        program.reset();
+        if (left.size() > whole.size())
+            std::filesystem::remove(file);
+        else
+            home.write(".local/share/vexmoor/journal/current", left);
+        start();
+        ASSERT_FALSE(program->recovery.problems.empty());
+        EXPECT_EQ(program->recovery.problems[0].code, make_error_code(DisposalError::journalLost));
+        start();
+        EXPECT_TRUE(program->recovery.problems.empty()) << "told once";
+        EXPECT_EQ(feed(make({"next"})).done.size(), 1U);
+        start();
+        EXPECT_TRUE(program->recovery.problems.empty());
+    }
+}
+
+TEST_F(RecoveryTest, RecordsWhatCanBeReadOfADamagedJournal) {
+    const auto items = make({"first", "second"});
+    feed(make({"warm"}));
+    const Path files = directories().dataHome / "Trash/files";
+    const Path journal = directories().ownData() / "journal/current";
+    {
+        const auto writer = program->journal.begin(JournalKind::feed, DisposeMode::bin,
+                                                   Settlement(*program->defaults).start());
+        for (const auto& item : items) {
+            (*writer)->intend(entryFor(item, files / item.filename()));
+            ASSERT_TRUE((*writer)->sync());
+            std::filesystem::rename(item, files / item.filename());
+        }
+    }
+    std::string text = contents(journal);
+    program.reset();
+    text[text.find("\"first\"") + 1] = 'X';
+    home.write(".local/share/vexmoor/journal/current", text);
+    start();
+    EXPECT_EQ(program->recovery.disposed, 1);
+    EXPECT_EQ(recent()[0].name, "second");
+    ASSERT_EQ(program->recovery.problems.size(), 1U);
+    EXPECT_EQ(program->recovery.problems[0].code, make_error_code(DisposalError::journalSetAside));
+    EXPECT_TRUE(exists(directories().ownData() / "journal/1.damaged"));
+
+    // One that was being written when all ended is no damage: nothing of it was done.
+    noteIntents(JournalKind::feed, {entryFor(make({"third"}).front(), files / "third")});
+    text = contents(journal);
+    program.reset();
+    text[text.find("\"third\"") + 1] = 'X';
+    home.write(".local/share/vexmoor/journal/current", text);
+    start();
+    EXPECT_TRUE(program->recovery.problems.empty());
+    EXPECT_TRUE(exists(home / "third"));
+}
+
+TEST_F(RecoveryTest, ReportsWhatFailedAndWhatIsHalfDissolvedAndWaitsForVolumes) {
+    home.write("folder/left", "x");
+    std::vector<JournalEntry> entries;
+    for (const char* const name : {"folder", "failed", "gone", "usb/away"}) {
+        entries.push_back(entryFor(home / name, {}));
+        entries.back().sacrifice.mode = DisposeMode::dissolve;
+        entries.back().sacrifice.trashed.reset();
+    }
+    entries[3].volume = home / "usb"; // no mount point
+    {
+        const auto writer = program->journal.begin(JournalKind::feed, DisposeMode::dissolve,
+                                                   Settlement(*program->defaults).start());
+        for (const auto& entry : entries)
+            (*writer)->intend(entry);
+        ASSERT_TRUE((*writer)->sync());
+        (*writer)->note(begunLine(entries[0].sacrifice.id));
+        (*writer)->note(failedLine(entries[1].sacrifice.id, "Permission denied."));
+        ASSERT_TRUE((*writer)->flush());
+    }
+    clock.now = utc("2024-04-02 12:00:00"); // the next start is two days later
+    start();
+    EXPECT_EQ(program->recovery.disposed, 1);
+    EXPECT_EQ(recent()[0].name, "gone");
+    std::vector<std::string> told;
+    for (const auto& [name, error] : program->recovery.failures)
+        told.push_back(name + ": " + describe(error));
+    EXPECT_EQ(told, (std::vector<std::string>{
+                        "folder: Not all of it could be removed: " + (home / "folder").native() +
+                            " is what remains.",
+                        "failed: It failed before the batch was cut off: Permission denied."}));
+    ASSERT_EQ(program->recovery.problems.size(), 1U);
+    EXPECT_EQ(describe(program->recovery.problems[0]),
+              "away was being dissolved on a volume that is not there now.");
+    EXPECT_FALSE(program->recovery.unlocked.empty()) << "the first offering";
+    EXPECT_EQ(*program->progression.progress().lastDay,
+              Calendar().startOfDay(entries[2].sacrifice.date));
+    start();
+    EXPECT_TRUE(needsRecovery());
+    EXPECT_TRUE(program->recovery.problems.empty()) << "told once";
+    EXPECT_EQ(program->ledger.count.get(), 1);
 }
 
 } // namespace

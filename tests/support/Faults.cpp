@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <cerrno>
+#include <utility>
 
 struct statx;
 
@@ -11,31 +12,58 @@ namespace vexmoor::test {
 
 namespace {
 
+std::atomic<int> syncCalls = 0;
 std::atomic<bool> isActive = false;
 std::atomic<int> callsLeft = 0;
 std::atomic<int> errorNumber = 0;
 std::atomic<const char*> failedCall = nullptr;
+std::atomic<bool> lacksNoReplace = false;
+std::function<void()> otherProgram;
 
 /// Whether this call is the one that fails; errno is set then.
 bool fails(const char* call) {
     if (!isActive || callsLeft-- != 0)
         return false;
     failedCall = call;
+    if (const auto act = std::exchange(otherProgram, nullptr)) {
+        isActive = false; // its own calls do not count
+        act();
+        isActive = true;
+        return false;
+    }
     errno = errorNumber;
+    return true;
+}
+
+bool isUnsupported(unsigned renameFlags) {
+    if (!isActive || !lacksNoReplace || renameFlags == 0)
+        return false;
+    errno = EINVAL;
     return true;
 }
 
 } // namespace
 
-Faults::Faults(int failingCall, int error) {
+Faults::Faults(int failingCall, int error, NoReplace noReplace) {
     failedCall = nullptr;
     callsLeft = failingCall;
     errorNumber = error;
+    lacksNoReplace = noReplace == NoReplace::missing;
     isActive = true;
+}
+
+Faults::Faults(int call, std::function<void()> other, NoReplace noReplace)
+    : Faults(call, 0, noReplace) {
+    otherProgram = std::move(other);
 }
 
 Faults::~Faults() {
     isActive = false;
+    otherProgram = nullptr;
+}
+
+int Faults::syncs() {
+    return syncCalls;
 }
 
 std::optional<std::string> Faults::failed() {
@@ -46,6 +74,7 @@ std::optional<std::string> Faults::failed() {
 } // namespace vexmoor::test
 
 using vexmoor::test::fails;
+using vexmoor::test::isUnsupported;
 
 // The linker leads each call to __wrap_<call>, which passes it on to __real_<call>.
 #pragma GCC diagnostic ignored "-Wpedantic" // reserved names are the linker's way
@@ -60,8 +89,13 @@ extern "C" {
 
 VEXMOOR_WRAP(ssize_t, write, (int f, const void* b, size_t n), (f, b, n))
 VEXMOOR_WRAP(ssize_t, pwrite64, (int f, const void* b, size_t n, long o), (f, b, n, o))
-VEXMOOR_WRAP(int, renameat2, (int a, const char* b, int c, const char* d, unsigned e),
-             (a, b, c, d, e))
+VEXMOOR_WRAP(ssize_t, pwrite, (int f, const void* b, size_t n, long o), (f, b, n, o))
+int __real_renameat2(int a, const char* b, int c, const char* d, unsigned flags);
+int __wrap_renameat2(int a, const char* b, int c, const char* d, unsigned flags);
+int __wrap_renameat2(int a, const char* b, int c, const char* d, unsigned flags) {
+    return isUnsupported(flags) || fails("renameat2") ? -1 : __real_renameat2(a, b, c, d, flags);
+}
+VEXMOOR_WRAP(int, linkat, (int a, const char* b, int c, const char* d, int e), (a, b, c, d, e))
 VEXMOOR_WRAP(int, renameat, (int a, const char* b, int c, const char* d), (a, b, c, d))
 VEXMOOR_WRAP(int, rename, (const char* a, const char* b), (a, b))
 VEXMOOR_WRAP(int, unlinkat, (int a, const char* b, int c), (a, b, c))
@@ -70,7 +104,12 @@ VEXMOOR_WRAP(int, mkdirat, (int a, const char* b, mode_t c), (a, b, c))
 VEXMOOR_WRAP(int, mkdir, (const char* a, mode_t b), (a, b))
 VEXMOOR_WRAP(int, statx, (int a, const char* b, int c, unsigned d, struct statx* e),
              (a, b, c, d, e))
-VEXMOOR_WRAP(int, fdatasync, (int a), (a))
+int __real_fdatasync(int f);
+int __wrap_fdatasync(int f);
+int __wrap_fdatasync(int f) {
+    ++vexmoor::test::syncCalls;
+    return fails("fdatasync") ? -1 : __real_fdatasync(f);
+}
 
 int __real_close(int f);
 int __wrap_close(int f);

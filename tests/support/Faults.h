@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -10,14 +11,24 @@ namespace vexmoor::test {
 /// count.
 class Faults {
   public:
+    /// Whether the file systems can rename without replacing; where not, that is always EINVAL.
+    enum class NoReplace { supported, missing };
+
     /// The call of that number, from 0, fails with the error; all others go through.
-    Faults(int failingCall, int error);
+    Faults(int failingCall, int error, NoReplace noReplace = NoReplace::supported);
+
+    /// Before the call of that number another program acts; then all calls go through.
+    Faults(int call, std::function<void()> otherProgram,
+           NoReplace noReplace = NoReplace::supported);
     ~Faults();
     Faults(const Faults&) = delete;
     Faults& operator=(const Faults&) = delete;
 
-    /// The name of the call that failed; nothing where there were fewer calls.
+    /// The name of the call that failed or was preceded; nullopt where there were fewer calls.
     [[nodiscard]] static std::optional<std::string> failed();
+
+    /// How often our own code has called fdatasync so far.
+    [[nodiscard]] static int syncs();
 };
 
 } // namespace vexmoor::test

@@ -21,7 +21,7 @@ std::optional<UserDefaults::Value> InMemoryDefaults::value(std::string_view key)
 
 void InMemoryDefaults::assign(std::string_view key, std::optional<Value> value) {
     if (!m_inTransaction) {
-        if (auto stored = transaction([&] { assign(key, value); }); !stored)
+        if (auto stored = transaction([&] { assign(key, value); }, Durability::onDisk); !stored)
             m_failures.push_back(std::move(stored).error());
         return;
     }
@@ -29,7 +29,7 @@ void InMemoryDefaults::assign(std::string_view key, std::optional<Value> value) 
     m_pending.emplace_back(key, std::move(value));
 }
 
-Result<void> InMemoryDefaults::transaction(const std::function<void()>& body) {
+Result<void> InMemoryDefaults::transaction(const std::function<void()>& body, Durability) {
     if (m_inTransaction) {
         body();
         return {};

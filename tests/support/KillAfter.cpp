@@ -1,12 +1,16 @@
 // Loaded into a program before all else (LD_PRELOAD), kills it as it comes back from one of its
 // calls of the system: KILL_AFTER="renameat2 17" means the 17th renameat2. Costs next to nothing,
-// so that long batches can be killed anywhere.
+// so that long batches can be killed anywhere. With KILL_CUTS=<folder> the power of the folder's
+// file system is cut then: it forgets all that has not reached its disk.
 
+#include <dirent.h>
 #include <dlfcn.h>
+#include <sys/ioctl.h>
 #include <sys/types.h>
 
 #include <atomic>
 #include <csignal>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -25,12 +29,24 @@ struct Moment {
     }
 };
 
+/// EXT4_IOC_SHUTDOWN and XFS_IOC_GOINGDOWN, without flushing the log.
+void cutPower(const char* folder) {
+    constexpr unsigned long kShutdown = _IOR('X', 125, std::uint32_t);
+    std::uint32_t flags = 2;
+    DIR* const directory = ::opendir(folder);
+    if (directory == nullptr || ::ioctl(::dirfd(directory), kShutdown, &flags) != 0)
+        std::abort();
+}
+
 /// What the call answered, unless this was the one.
 template <typename Result>
 Result survive(const char* call, Result result) {
     static Moment moment;
-    if (std::strcmp(call, moment.call) == 0 && --moment.left == 0)
+    if (std::strcmp(call, moment.call) == 0 && --moment.left == 0) {
+        if (const char* const folder = std::getenv("KILL_CUTS"))
+            cutPower(folder);
         std::raise(SIGKILL);
+    }
     return result;
 }
 
@@ -53,11 +69,13 @@ extern "C" {
 KILL_AFTER(int, openat, (int d, const char* p, int f, mode_t m), (d, p, f, m))
 KILL_AFTER(ssize_t, write, (int f, const void* b, size_t n), (f, b, n))
 KILL_AFTER(ssize_t, pwrite64, (int f, const void* b, size_t n, long o), (f, b, n, o))
+KILL_AFTER(ssize_t, pwrite, (int f, const void* b, size_t n, long o), (f, b, n, o))
 KILL_AFTER(int, renameat2, (int a, const char* b, int c, const char* d, unsigned e),
            (a, b, c, d, e))
 KILL_AFTER(int, rename, (const char* a, const char* b), (a, b))
 KILL_AFTER(int, unlinkat, (int a, const char* b, int c), (a, b, c))
 KILL_AFTER(int, unlink, (const char* a), (a))
 KILL_AFTER(int, fdatasync, (int a), (a))
+KILL_AFTER(int, close, (int a), (a))
 
 } // extern "C"

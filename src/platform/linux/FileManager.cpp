@@ -6,6 +6,8 @@
 #include <sys/sysmacros.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <climits>
 #include <cstdio>
 #include <string>
@@ -30,35 +32,67 @@ Result<FileDescriptor> openAs(int directory, const char* name, int flags) {
     return folder;
 }
 
-Result<void> moveOver(int fromDirectory, const char* fromName, int toDirectory,
-                      const char* toName) {
-    if (::renameat(fromDirectory, fromName, toDirectory, toName) != 0)
-        return Error::fromErrno(errno, "move");
-    return {};
+bool isUnsupported(int error) {
+    return error == EINVAL || error == ENOSYS || error == ENOTSUP;
 }
 
-/// For file systems without RENAME_NOREPLACE: rename(2) replaces an empty folder by a folder, and a
-/// file by anything else, in one step; the placeholder is made exclusively, so nobody's data can be
-/// under the name.
-Result<void> moveOverPlaceholder(int fromDirectory, const char* fromName, int toDirectory,
-                                 const char* toName) {
-    const auto status = fileStatus(fromDirectory, fromName);
-    if (!status)
-        return status.error();
-    const bool isFolder = status->isFolder();
-    if (isFolder) {
-        if (::mkdirat(toDirectory, toName, 0700) != 0)
-            return Error::fromErrno(errno, "move");
-    } else {
-        const FileDescriptor placeholder(
-            ::openat(toDirectory, toName, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
-        if (!placeholder)
-            return Error::fromErrno(errno, "move");
+/// For a folder, which rename(2) puts on nothing or on an empty folder, and for any item where only
+/// we use the folder that it goes to.
+Result<void> moveOntoNothing(int fromDirectory, const char* fromName, int toDirectory,
+                             const char* toName) {
+    if (const auto taken = fileStatus(toDirectory, toName); taken)
+        return Error::fromErrno(EEXIST, "move");
+    else if (taken.error().code != std::errc::no_such_file_or_directory)
+        return taken.error();
+    if (::renameat(fromDirectory, fromName, toDirectory, toName) == 0)
+        return {};
+    const bool isTaken = errno == ENOTEMPTY || errno == ENOTDIR;
+    return Error::fromErrno(isTaken ? EEXIST : errno, "move");
+}
+
+/// With the new name linked, the old one goes by way of the scratch folder: what stands there by
+/// then is put under the new name, which does nothing where it is the same file.
+Result<void> moveByLink(int fromDirectory, const char* fromName, int toDirectory,
+                        const char* toName, int scratch) {
+    if (::linkat(fromDirectory, fromName, toDirectory, toName, 0) != 0)
+        return Error::fromErrno(errno, "move");
+    if (scratch < 0) {
+        if (::unlinkat(fromDirectory, fromName, 0) == 0 || errno == ENOENT)
+            return {};
+    } else if (::renameat(fromDirectory, fromName, scratch, toName) == 0) {
+        if (::renameat(scratch, toName, toDirectory, toName) == 0) {
+            ::unlinkat(scratch, toName, 0);
+            return {};
+        }
+        const int error = errno;
+        if (::linkat(scratch, toName, fromDirectory, fromName, 0) == 0)
+            ::unlinkat(scratch, toName, 0);
+        errno = error;
+    } else if (errno == ENOENT) {
+        return {}; // removed by another program in the meantime
     }
-    auto moved = moveOver(fromDirectory, fromName, toDirectory, toName);
-    if (!moved)
-        ::unlinkat(toDirectory, toName, isFolder ? AT_REMOVEDIR : 0);
-    return moved;
+    const Error error = Error::fromErrno(errno, "move");
+    ::unlinkat(toDirectory, toName, 0);
+    return error;
+}
+
+std::int64_t nanoseconds(const statx_timestamp& time) {
+    constexpr std::int64_t kPerSecond = 1000000000;
+    std::int64_t result = 0;
+    return __builtin_mul_overflow(time.tv_sec, kPerSecond, &result) ? 0 : result + time.tv_nsec;
+}
+
+/// Some file systems report nonsense.
+std::int64_t bounded(std::uint64_t number, std::int64_t unit) {
+    const auto most = static_cast<std::uint64_t>(INT64_MAX / unit);
+    return static_cast<std::int64_t>(std::min(number, most)) * unit;
+}
+
+/// A umask may have taken our own rights away.
+void grant(int directory, const char* name, mode_t mode) {
+    const auto status = fileStatus(directory, name);
+    if (status && (status->mode & 07777) != mode)
+        ::fchmodat(directory, name, mode, 0); // some file systems keep no rights
 }
 
 } // namespace
@@ -69,11 +103,14 @@ bool FileStatus::isFolder() const {
 bool FileStatus::isLink() const {
     return S_ISLNK(mode);
 }
+bool FileStatus::isRegularFile() const {
+    return S_ISREG(mode);
+}
 
 Result<FileStatus> fileStatus(int directory, const char* name) {
     struct statx raw {};
     const int flags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT | (*name == '\0' ? AT_EMPTY_PATH : 0);
-    if (::statx(directory, name, flags, STATX_BASIC_STATS | STATX_MNT_ID, &raw) != 0)
+    if (::statx(directory, name, flags, STATX_BASIC_STATS | STATX_BTIME | STATX_MNT_ID, &raw) != 0)
         return Error::fromErrno(errno, "look at");
     FileStatus status;
     status.identity = {makedev(raw.stx_dev_major, raw.stx_dev_minor), raw.stx_ino};
@@ -81,8 +118,11 @@ Result<FileStatus> fileStatus(int directory, const char* name) {
     status.isMountPoint = (raw.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
     status.mode = raw.stx_mode;
     status.owner = raw.stx_uid;
-    status.allocatedBytes = static_cast<std::int64_t>(raw.stx_blocks) * kBlockBytes;
+    status.size = bounded(raw.stx_size, 1);
+    status.allocatedBytes = bounded(raw.stx_blocks, kBlockBytes);
     status.modifiedSeconds = raw.stx_mtime.tv_sec;
+    if ((raw.stx_mask & STATX_BTIME) != 0)
+        status.birthNanoseconds = nanoseconds(raw.stx_btime);
     return status;
 }
 
@@ -108,12 +148,18 @@ Result<FileDescriptor> openFolderItself(int directory, const char* name) {
 }
 
 Result<void> moveWithoutReplacing(int fromDirectory, const char* fromName, int toDirectory,
-                                  const char* toName) {
+                                  const char* toName, const std::function<int()>& scratch) {
     if (::renameat2(fromDirectory, fromName, toDirectory, toName, RENAME_NOREPLACE) == 0)
         return {};
-    if (errno == EINVAL || errno == ENOSYS || errno == ENOTSUP)
-        return moveOverPlaceholder(fromDirectory, fromName, toDirectory, toName);
-    return Error::fromErrno(errno, "move");
+    if (!isUnsupported(errno))
+        return Error::fromErrno(errno, "move");
+    const auto status = fileStatus(fromDirectory, fromName);
+    if (!status)
+        return status.error();
+    const int ours = scratch ? scratch() : -1;
+    return status->isFolder() || ours == toDirectory
+               ? moveOntoNothing(fromDirectory, fromName, toDirectory, toName)
+               : moveByLink(fromDirectory, fromName, toDirectory, toName, ours);
 }
 
 Result<Path> currentPath(int directory) {
@@ -127,15 +173,53 @@ Result<Path> currentPath(int directory) {
 }
 
 Result<void> makeFolders(const Path& path, mode_t mode) {
-    if (::mkdir(path.c_str(), mode) == 0 || errno == EEXIST)
-        return {};
-    if (errno != ENOENT || !path.has_relative_path())
-        return Error::fromErrno(errno, "make the folder", path);
-    if (auto made = makeFolders(path.parent_path(), mode); !made)
-        return made;
-    if (::mkdir(path.c_str(), mode) == 0 || errno == EEXIST)
-        return {};
+    for (const bool isSecond : {false, true}) {
+        if (::mkdir(path.c_str(), mode) == 0) {
+            if (const auto made = fileStatus(path); made && (made->mode & S_IRWXU) != S_IRWXU)
+                ::chmod(path.c_str(), (made->mode & 07777) | S_IRWXU);
+            return {};
+        }
+        if (errno == EEXIST)
+            return {};
+        if (isSecond || errno != ENOENT || !path.has_relative_path())
+            break;
+        if (auto made = makeFolders(path.parent_path(), mode); !made)
+            return made;
+    }
     return Error::fromErrno(errno, "make the folder", path);
+}
+
+Result<void> makeFolder(int directory, const char* name, mode_t mode) {
+    if (::mkdirat(directory, name, mode) != 0)
+        return Error::fromErrno(errno, "make the folder");
+    grant(directory, name, mode);
+    return {};
+}
+
+Result<std::string> readRegularFile(int directory, const char* name, std::size_t mostBytes) {
+    const auto before = fileStatus(directory, name); // merely opening a device may do something
+    if (!before)
+        return before.error();
+    if (!before->isRegularFile())
+        return Error::fromErrno(before->isFolder() ? EISDIR : EINVAL, "read");
+    const FileDescriptor file(
+        ::openat(directory, name, O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY));
+    if (!file)
+        return Error::fromErrno(errno, "read");
+    std::string text;
+    char buffer[16384];
+    for (;;) {
+        const ssize_t count = ::read(file.get(), buffer, sizeof buffer);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return Error::fromErrno(errno, "read");
+        text.append(buffer, static_cast<std::size_t>(count));
+        if (text.size() > mostBytes)
+            return Error::fromErrno(EFBIG, "read");
+        if (count < ssize_t(sizeof buffer))
+            return text;
+    }
 }
 
 } // namespace vexmoor

@@ -45,10 +45,27 @@ void FolderReader::takeOrder(std::size_t size) {
 const FolderEntry* FolderReader::next() {
     if (m_next == m_order.size())
         return nullptr;
-    const auto place = m_order[m_next++].second;
-    const auto* entry = reinterpret_cast<const dirent64*>(m_buffer.get() + place);
-    m_entry = {entry->d_name, entry->d_type == DT_DIR};
+    m_entry = entryAt(m_order[m_next++].second);
     return &m_entry;
+}
+
+FolderEntry FolderReader::entryAt(std::size_t place) const {
+    const auto* entry = reinterpret_cast<const dirent64*>(m_buffer.get() + place);
+    return {entry->d_name, entry->d_type == DT_DIR};
+}
+
+std::string FolderReader::takeSecondHalf() {
+    std::string names;
+    auto kept = m_order.begin() + static_cast<std::ptrdiff_t>(m_order.size() - left() / 2);
+    for (auto at = kept; at != m_order.end(); ++at) {
+        const auto entry = entryAt(at->second);
+        if (entry.isFolder)
+            *kept++ = *at;
+        else
+            names.append(entry.name).push_back('\0');
+    }
+    m_order.erase(kept, m_order.end());
+    return names;
 }
 
 } // namespace vexmoor

@@ -3,6 +3,8 @@
 #include <fcntl.h>
 #include <poll.h>
 
+#include <algorithm>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -41,21 +43,51 @@ std::string_view nextWord(std::string_view& line) {
     return word;
 }
 
+/// A line of mountinfo, see proc(5).
+MountTable::Mount mountFrom(std::string_view line) {
+    MountTable::Mount mount;
+    mount.id = std::strtoull(std::string(nextWord(line)).c_str(), nullptr, 10);
+    nextWord(line); // parent
+    mount.device = nextWord(line);
+    mount.root = unescaped(nextWord(line));
+    mount.point = unescaped(nextWord(line));
+    while (!line.empty() && nextWord(line) != "-") { // options, and fields that vary in number
+    }
+    mount.type = nextWord(line);
+    return mount;
+}
+
 } // namespace
 
-std::optional<Path> MountTable::mountPoint(std::uint64_t mountId) {
+std::optional<MountTable::Mount> MountTable::mount(std::uint64_t mountId) {
     refresh();
-    for (const auto& mount : m_mounts)
-        if (mount.id == mountId)
-            return mount.point;
-    return std::nullopt;
+    const auto found = std::ranges::find(m_mounts, mountId, &Mount::id);
+    return found == m_mounts.end() ? std::nullopt : std::optional(*found);
+}
+
+std::vector<MountTable::Mount> MountTable::mountsOfSame(const Mount& mount) {
+    refresh();
+    std::vector<Mount> mounts;
+    std::ranges::copy_if(m_mounts, std::back_inserter(mounts),
+                         [&](const Mount& other) { return other.device == mount.device; });
+    return mounts;
+}
+
+bool MountTable::isUnknown() {
+    refresh();
+    return m_mounts.empty();
+}
+
+std::optional<Path> MountTable::mountPoint(std::uint64_t mountId) {
+    const auto found = mount(mountId);
+    return found ? std::optional<Path>(found->point) : std::nullopt;
 }
 
 std::optional<Path> MountTable::mountBelow(const Path& folder) {
     refresh();
     const std::string prefix = folder == "/" ? folder.native() : folder.native() + "/";
     for (const auto& mount : m_mounts)
-        if (mount.point.size() > prefix.size() && mount.point.starts_with(prefix))
+        if (mount.point.native().size() > prefix.size() && mount.point.native().starts_with(prefix))
             return mount.point;
     return std::nullopt;
 }
@@ -75,12 +107,9 @@ void MountTable::refresh() {
     std::string_view rest = text;
     while (!rest.empty()) {
         const auto end = std::min(rest.find('\n'), rest.size());
-        auto line = rest.substr(0, end);
+        const auto line = rest.substr(0, end);
         rest.remove_prefix(std::min(end + 1, rest.size()));
-        const std::string id(nextWord(line));
-        for (int skipped = 0; skipped < 3; ++skipped) // parent, device, root within the volume
-            nextWord(line);
-        m_mounts.push_back({std::strtoull(id.c_str(), nullptr, 10), unescaped(nextWord(line))});
+        m_mounts.push_back(mountFrom(line));
     }
 }
 

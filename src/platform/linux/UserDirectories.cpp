@@ -21,12 +21,13 @@ Path userFolder(const char* variable, const Path& otherwise) {
 UserDirectories UserDirectories::ofProcess() {
     UserDirectories directories;
     directories.user = geteuid();
+    const passwd* const entry = getpwuid(directories.user);
+    if (entry != nullptr && entry->pw_dir != nullptr && entry->pw_dir[0] == '/')
+        directories.accountHome = standardized(entry->pw_dir);
     if (const char* home = std::getenv("HOME"); home != nullptr && home[0] == '/')
         directories.home = standardized(home);
-    else if (const passwd* entry = getpwuid(directories.user); entry != nullptr)
-        directories.home = standardized(entry->pw_dir);
     else
-        directories.home = "/";
+        directories.home = directories.accountHome.empty() ? "/" : directories.accountHome;
     directories.dataHome = userFolder("XDG_DATA_HOME", directories.home / ".local" / "share");
     directories.configHome = userFolder("XDG_CONFIG_HOME", directories.home / ".config");
     return directories;

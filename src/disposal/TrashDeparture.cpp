@@ -1,0 +1,272 @@
+// How items leave a TrashDirectory.
+#include "TrashDirectory.h"
+
+#include "disposal/DisposalError.h"
+#include "disposal/NumberedName.h"
+#include "disposal/WholeRemoval.h"
+#include "platform/FolderReader.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cmath>
+#include <vector>
+
+namespace vexmoor {
+
+namespace {
+
+constexpr unsigned kNamesToReturnUnder = 64;
+constexpr double kFileTimeTolerance = 2; // seconds; some file systems know no finer
+
+bool isMissing(const Error& error) {
+    return error.code == std::errc::no_such_file_or_directory;
+}
+
+bool isTaken(const Error& error) {
+    return error.code == std::errc::file_exists;
+}
+
+bool isSameItem(const FileStatus& one, const FileStatus& other) {
+    return one.identity == other.identity || ItemFacts::of(one, false).fit(other);
+}
+
+std::vector<std::string> namesIn(int folder) {
+    std::vector<std::string> names;
+    const FileDescriptor readable(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    FolderReader reader;
+    if (!readable)
+        return names;
+    for (auto size = reader.read(readable.get()); size && *size > 0;
+         size = reader.read(readable.get()))
+        while (const FolderEntry* entry = reader.next())
+            names.emplace_back(entry->name);
+    return names;
+}
+
+/// Into a folder that only we use.
+Result<void> moveToOurs(int from, int to, const char* name) {
+    return moveWithoutReplacing(from, name, to, name, [to] { return to; });
+}
+
+/// To move a folder elsewhere changes what ".." means in it, which needs the right to write to it.
+Result<void> moveEvenLocked(int from, int to, const char* name) {
+    auto moved = moveToOurs(from, to, name);
+    if (moved || moved.error().code != std::errc::permission_denied)
+        return moved;
+    const auto status = fileStatus(from, name);
+    const bool isLocked = status && status->isFolder() && (status->mode & S_IWUSR) == 0;
+    if (!isLocked || ::fchmodat(from, name, (status->mode & 07777) | S_IWUSR, 0) != 0)
+        return moved;
+    return moveToOurs(from, to, name);
+}
+
+} // namespace
+
+void TrashDirectory::restoreRights(int folder, const char* name, const FileStatus& status) {
+    if (status.isFolder() && (status.mode & S_IWUSR) == 0)
+        ::fchmodat(folder, name, status.mode & 07777, 0);
+}
+
+Error TrashDirectory::gone(const std::string& name, const BinRecord& record) const {
+    const bool isOther = !record.facts.volume.empty() && record.facts.volume != m_volume;
+    return disposalError(isOther ? DisposalError::volumeNotThere : DisposalError::goneFromBin,
+                         m_path / "files" / name);
+}
+
+Result<TrashDirectory::Found> TrashDirectory::find(const std::string& name,
+                                                   const BinRecord& record) const {
+    const auto status = fileStatus(m_files.get(), name.c_str());
+    if (!status)
+        return isMissing(status.error()) ? gone(name, record) : status.error();
+    auto text = infoText(name);
+    if (!text && !isMissing(text.error()) && !record.facts.fit(*status))
+        return std::move(text).error();
+    Found found{name, *status, text ? std::optional(*std::move(text)) : std::nullopt};
+    const auto isOurs = isOf(name, *status, found.infoText, record);
+    if (!isOurs)
+        return isOurs.error();
+    return *isOurs ? Result<Found>(std::move(found)) : gone(name, record);
+}
+
+/// Fails where it cannot be told.
+Result<bool> TrashDirectory::isOf(const std::string& name, const FileStatus& status,
+                                  const std::optional<std::string>& infoText,
+                                  const BinRecord& record) const {
+    if (infoText && *infoText == infoOf(record).toText())
+        return true; // saves understanding it, nearly always
+    const auto info = TrashInfo::fromText(infoText.value_or(std::string()));
+    if (info && !names(*info, record.path))
+        return false;
+    if (info && !record.deletionDate)
+        return true;
+    if (info && info->deletionDate) {
+        if (info->isOfMoment(*record.deletionDate))
+            return true;
+        if (!isZoneShift(info->deletionDate->unixSeconds() -
+                         std::floor(record.deletionDate->unixSeconds())))
+            return false;
+        if (isInfoWrittenAt(name, *record.deletionDate))
+            return true;
+    }
+    if (record.facts.fit(status))
+        return true;
+    return disposalError(DisposalError::withoutInfo);
+}
+
+bool TrashDirectory::isInfoWrittenAt(const std::string& name, Date moment) const {
+    const auto file = fileStatus(m_info.get(), infoName(name).c_str());
+    return file && std::abs(static_cast<double>(file->modifiedSeconds) -
+                            std::floor(moment.unixSeconds())) <= kFileTimeTolerance;
+}
+
+/// A relative path has lost the links that its item was named through.
+bool TrashDirectory::names(const TrashInfo& info, const Path& original) const {
+    const Path named = m_top / info.path;
+    if (named == original || m_top.empty())
+        return named == original;
+    std::error_code code;
+    const auto folder = std::filesystem::weakly_canonical(original.parent_path(), code);
+    return !code && named == folder / original.filename();
+}
+
+Result<void> TrashDirectory::openLeaving() {
+    if (m_leaving)
+        return {};
+    auto opened = LeavingFolder::open(m_folder.get());
+    if (!opened)
+        return Error{opened.error().code, "make the folder", m_path / LeavingFolder::kName};
+    m_leaving = *std::move(opened);
+    return {};
+}
+
+Result<void> TrashDirectory::takeOut(const Found& item) {
+    if (auto opened = openLeaving(); !opened)
+        return opened;
+    const char* const name = item.name.c_str();
+    if (auto moved = moveEvenLocked(m_files.get(), leaving(), name); !moved)
+        return isMissing(moved.error())
+                   ? disposalError(DisposalError::goneFromBin, m_path / "files" / item.name)
+                   : std::move(moved);
+    const auto taken = fileStatus(leaving(), name);
+    const auto text = infoText(item.name);
+    const bool isSameInfo = text ? item.infoText == *text : !item.infoText;
+    if (taken && isSameInfo && isSameItem(item.status, *taken))
+        return {};
+    if (auto back = giveBack({item.name, item.status, text ? std::optional(*text) : std::nullopt});
+        !back)
+        return back;
+    return disposalError(DisposalError::replaced);
+}
+
+/// A number in the name needs an info file of that name; the one of the first name is another's.
+Result<void> TrashDirectory::giveBack(const Found& item) {
+    auto moved =
+        moveWithoutReplacing(leaving(), item.name.c_str(), m_files.get(), item.name.c_str());
+    for (unsigned number = 2; !moved && isTaken(moved.error()) && number <= kNamesToReturnUnder;
+         ++number) {
+        const std::string name = storedName(item.name, number);
+        auto written = item.infoText ? writeInfo(name, *item.infoText) : Result<void>();
+        if (!written) {
+            moved = std::move(written);
+            continue;
+        }
+        moved = moveWithoutReplacing(leaving(), item.name.c_str(), m_files.get(), name.c_str());
+        if (!moved && item.infoText)
+            ::unlinkat(m_info.get(), infoName(name).c_str(), 0);
+    }
+    if (moved) {
+        restoreRights(m_files.get(), item.name.c_str(), item.status);
+        return {};
+    }
+    return Error{moved.error().code, "move back into the Bin what is at",
+                 m_path / LeavingFolder::kName / "files" / item.name};
+}
+
+Result<bool> TrashDirectory::returnLeft(const std::string& name) {
+    if (::faccessat(m_folder.get(), LeavingFolder::kName, F_OK, AT_SYMLINK_NOFOLLOW) != 0)
+        return false;
+    if (auto opened = openLeaving(); !opened)
+        return std::move(opened).error();
+    bool wasThere = false;
+    for (const auto& left : namesIn(leaving())) {
+        const auto status = fileStatus(leaving(), left.c_str());
+        const auto other = fileStatus(m_files.get(), left.c_str());
+        if (status && other && status->identity == other->identity) {
+            ::unlinkat(leaving(), left.c_str(), 0); // a second link of an item that came in
+            continue;
+        }
+        const auto text = infoText(left);
+        const std::optional<std::string> info = text ? std::optional(*text) : std::nullopt;
+        if (auto back = giveBack({left, status ? *status : FileStatus(), info}); !back)
+            return std::move(back).error();
+        wasThere = wasThere || left == name;
+    }
+    returnLeftInfos();
+    return wasThere;
+}
+
+/// One that belongs to an item in the Bin was about to be looked at.
+void TrashDirectory::returnLeftInfos() {
+    for (const auto& file : namesIn(m_leaving->info())) {
+        const auto stored =
+            file.substr(0, file.size() - std::min(file.size(), infoName({}).size()));
+        const bool isOfItem =
+            file == infoName(stored) && fileStatus(m_files.get(), stored.c_str()).ok();
+        if (!isOfItem ||
+            !moveWithoutReplacing(m_leaving->info(), file.c_str(), m_info.get(), file.c_str()))
+            ::unlinkat(m_leaving->info(), file.c_str(), 0);
+    }
+}
+
+Result<void> TrashDirectory::erase(const Found& item, WorkMeter* meter) {
+    if (auto removed = removeWhole(leaving(), item.name, meter); !removed) {
+        if (fileStatus(leaving(), item.name.c_str()))
+            if (auto back = giveBack(item); !back)
+                return back;
+        return removed;
+    }
+    return removeInfo(item);
+}
+
+/// It too is taken out of the Bin before it is looked at: by now another program may have emptied
+/// the Bin and put an item of the same name there.
+Result<void> TrashDirectory::removeInfo(const Found& item) {
+    m_sizes.remove(item.name);
+    if (!item.infoText)
+        return {};
+    if (auto opened = openLeaving(); !opened)
+        return opened;
+    const std::string file = infoName(item.name);
+    const char* const name = file.c_str();
+    const auto moved = moveToOurs(m_info.get(), m_leaving->info(), name);
+    if (!moved)
+        return isMissing(moved.error())
+                   ? Result<void>()
+                   : Error{moved.error().code, "remove", m_path / "info" / file};
+    const auto text = readRegularFile(m_leaving->info(), name, kLongestInfo);
+    const bool isOfItem = text && item.infoText == *text;
+    if (!isOfItem && moveWithoutReplacing(m_leaving->info(), name, m_info.get(), name))
+        return {};
+    if (::unlinkat(m_leaving->info(), name, 0) != 0 && errno != ENOENT)
+        return Error::fromErrno(errno, "remove", m_path / "info" / file);
+    return {};
+}
+
+Result<bool> TrashDirectory::repairInfo(const Found& item, const TrashInfo& info) {
+    if (item.infoText && !item.infoText->empty())
+        return false;
+    if (item.infoText) {
+        const std::string file = infoName(item.name);
+        if (::unlinkat(m_info.get(), file.c_str(), 0) != 0 && errno != ENOENT)
+            return Error::fromErrno(errno, "remove", m_path / "info" / file);
+    }
+    if (auto written = writeInfo(item.name, info.toText()); !written)
+        return std::move(written).error();
+    return true;
+}
+
+} // namespace vexmoor

@@ -1,0 +1,68 @@
+#include "OlderRecords.h"
+
+#include <map>
+
+namespace vexmoor {
+
+namespace {
+
+constexpr const char* kAdoptedKey = "records.adopted";
+
+/// What a closed journal says of its items, oldest first.
+std::vector<Sacrifice> binnedBy(const OlderJournals& journals, std::int64_t number) {
+    std::vector<Sacrifice> items;
+    if (const auto batch = journals.read(number))
+        for (const auto& entry : batch->entries)
+            if (entry.outcome != JournalEntry::Outcome::failed)
+                items.push_back(entry.sacrifice);
+    return items;
+}
+
+} // namespace
+
+bool areOlderRecordsAdopted(const OlderJournals& journals, const UserDefaults& defaults) {
+    return defaults.boolean(kAdoptedKey) && journals.closed().empty();
+}
+
+Result<void> adoptOlderRecords(OlderJournals& journals, UserDefaults& defaults,
+                               const Ledger& ledger, BinnedItems& binnedItems) {
+    if (areOlderRecordsAdopted(journals, defaults))
+        return {};
+    const auto closed = journals.closed();
+    std::map<Uuid, Sacrifice> recent;
+    for (const auto& item : ledger.recent.get())
+        recent.emplace(item.id, item);
+    std::set<Uuid> known;
+    for (const auto& item : binnedItems.all())
+        known.insert(item.id);
+    std::vector<std::pair<std::int64_t, std::vector<Sacrifice>>> batches;
+    std::set<Uuid> journaled;
+    for (const auto number : closed) {
+        auto& [batch, items] = batches.emplace_back(number, binnedBy(journals, number));
+        for (auto& item : items) {
+            journaled.insert(item.id);
+            if (const auto found = recent.find(item.id); found != recent.end())
+                item = found->second; // knows what became of it
+        }
+        std::erase_if(items, [&](const Sacrifice& item) { return known.contains(item.id); });
+    }
+    std::vector<Sacrifice> older; // each a batch of its own, as their journals are gone
+    for (const auto& item : ledger.recent.get())
+        if (!journaled.contains(item.id) && !known.contains(item.id))
+            older.insert(older.begin(), item);
+    auto stored = defaults.transaction([&] {
+        std::int64_t number = -static_cast<std::int64_t>(older.size());
+        for (const auto& item : older)
+            binnedItems.add(number++, {item});
+        for (const auto& [batch, items] : batches)
+            binnedItems.add(batch, items);
+        defaults.assign(kAdoptedKey, true);
+    });
+    if (!stored)
+        return stored;
+    for (const auto number : closed)
+        journals.removeClosed(number);
+    return {};
+}
+
+} // namespace vexmoor

@@ -1,0 +1,54 @@
+#include "desktopbus/ShutdownDelay.h"
+
+#include "FakeService.h"
+#include "support/MainLoop.h"
+#include "support/PrivateBus.h"
+
+#include <QDBusUnixFileDescriptor>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace vexmoor::test {
+
+namespace {
+
+TEST(ShutdownDelay, HoldsAShutdownUpWhileThereIsWorkAndHearsOfIt) {
+    const PrivateBus bus;
+    int ends[2] = {-1, -1};
+    ASSERT_EQ(::pipe(ends), 0);
+    FakeService login(
+        QDBusConnection::connectToBus(QString::fromStdString(bus.address()), "shutdown login"),
+        QStringLiteral("org.freedesktop.login1"), [&](const QDBusMessage& call) {
+            auto answer = call.createReply();
+            if (call.member() == QStringLiteral("Inhibit")) {
+                answer << QVariant::fromValue(QDBusUnixFileDescriptor(ends[1]));
+                ::close(ends[1]); // what was sent is another descriptor
+            }
+            return answer;
+        });
+    const auto isReleased = [&] {
+        char byte = 0;
+        return ::read(ends[0], &byte, 1) == 0; // no writer is left
+    };
+    ASSERT_EQ(::fcntl(ends[0], F_SETFL, O_NONBLOCK), 0);
+
+    ShutdownDelay delay(
+        QDBusConnection::connectToBus(QString::fromStdString(bus.address()), "shutdown desktop"));
+    int begun = 0;
+    QObject::connect(&delay, &ShutdownDelay::shutdownBegun, [&] { ++begun; });
+    delay.setWorking(true);
+    ASSERT_TRUE(eventuallyInLoop([&] { return login.calls.contains(QStringLiteral("Inhibit")); }));
+    login.emitSignal(QStringLiteral("/org/freedesktop/login1"),
+                     QStringLiteral("org.freedesktop.login1.Manager"),
+                     QStringLiteral("PrepareForShutdown"), {true});
+    ASSERT_TRUE(eventuallyInLoop([&] { return begun == 1; }));
+    EXPECT_FALSE(isReleased());
+    delay.setWorking(false);
+    EXPECT_TRUE(eventuallyInLoop(isReleased));
+    ::close(ends[0]);
+}
+
+} // namespace
+
+} // namespace vexmoor::test
