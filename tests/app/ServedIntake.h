@@ -126,6 +126,7 @@ class ServedIntake : public IntakeTest {
     std::optional<WriterLock> lock;
     std::optional<WatchedService> service;
     std::optional<Error> storeFailure;
+    bool fedByKey = false; ///< whether a file manager's key causes its menu command
 };
 
 } // namespace vexmoor::test
