@@ -5,6 +5,9 @@
 #include "base/SqliteUserDefaults.h"
 #include "finder/Automation.h"
 
+#include <algorithm>
+#include <ranges>
+
 namespace vexmoor {
 namespace {
 
@@ -123,8 +126,8 @@ TEST_P(FileManagerKeyTest, LeavesTheKeyToTextFields) {
     open();
     for (const char* keys : {GetParam().manager->rename, "ctrl+l", GetParam().manager->search}) {
         ASSERT_TRUE(manager->selectAll(2));
-        session->press(std::string("Escape Home ") + keys);
-        session->xdotool("sleep 0.5"); // until a hand would go on
+        // As slowly as a hand: what a key offers follows the selection a little later.
+        session->xdotool(std::string("key Escape Home sleep 0.2 key ") + keys + " sleep 0.5");
         feedByKey();
         session->press("Escape Escape");
     }
@@ -169,8 +172,11 @@ struct KeyRulesTest : KeyTest {
 
 TEST_F(KeyRulesTest, FeedsAHeldKeyOnceAndNothingWhereNothingIsSelected) {
     open();
+    session->click(manager->middle());
     feedByKey();
+    session->press("ctrl+a ctrl+c"); // the user's own copy, while the selection is asked for
     ASSERT_TRUE(manager->selectAll(2));
+    EXPECT_EQ(tree().size(), 2u);
     keyboard->hold("Control_L");
     keyboard->hold("BackSpace");
     ASSERT_TRUE(cauldron->records(2));
@@ -293,10 +299,11 @@ TEST_F(KeyRulesTest, FindsTheFocusOfAFileManagerThatHadItBeforeTheStart) {
     openFileManager(DrivenFileManager::kThunar);
     ASSERT_TRUE(manager->selectAll(2));
     start();
-    EXPECT_TRUE(eventually([this] {
-        if (tree().size() == 2)
-            feedByKey();
-        return cauldron->history().size() == 2;
+    const auto isFed = [this] { return cauldron->history().size() == 2; };
+    EXPECT_TRUE(eventually([&] {
+        feedByKey(); // until the focus is found, it goes to the file manager
+        constexpr int kLooks = 20;
+        return std::ranges::any_of(std::views::iota(0, kLooks), [&](int) { return isFed(); });
     }));
 }
 

@@ -20,7 +20,8 @@ class X11KeyCapture : public KeyCapture {
         : m_focus(parts.session, std::move(parts.programIsInvisible)),
           m_tap({.bindsKeyItself = std::move(parts.bindsKeyItself),
                  .keyIsHeld = std::move(parts.keyIsHeld),
-                 .fileManagerActivated = [this](auto process) { m_focus.setProcess(process); }}),
+                 .fileManagerActivated = [this](auto process) { m_focus.setProcess(process); },
+                 .userGoesOn = [this] { m_selection.userGoesOn(); }}),
           m_selection(parts.automation, parts.main, parts.session,
                       [this](std::uint8_t key) { m_tap.ignoreNext(key); }) {}
 

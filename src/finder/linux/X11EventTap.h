@@ -28,6 +28,8 @@ class X11EventTap : public EventTap, public Workspace {
         /// Another window became active: with the process of its file manager; nullopt if it is
         /// none, or does not say its process.
         std::function<void(std::optional<pid_t>)> fileManagerActivated;
+        /// The user pressed another key or a button.
+        std::function<void()> userGoesOn;
     };
 
     explicit X11EventTap(Parts parts);

@@ -202,10 +202,12 @@ void X11EventTap::Loop::takeRawKey(xcb_keycode_t key) {
     if (m_orders.ignores(key))
         return;
     flushUnanswered();
-    if (m_grabs->isHeld(key))
+    if (m_grabs->isHeld(key)) {
         m_unanswered = key;
-    else
-        observe(key);
+        return;
+    }
+    m_parts.userGoesOn();
+    observe(key);
 }
 
 void X11EventTap::Loop::takeRawButton(std::uint32_t button) {
@@ -213,6 +215,7 @@ void X11EventTap::Loop::takeRawButton(std::uint32_t button) {
     if (!type)
         return;
     flushUnanswered();
+    m_parts.userGoesOn();
     m_handler({.type = *type, .canBeSwallowed = false});
 }
 

@@ -30,7 +30,7 @@ void X11FinderSelection::query(Completion completion) {
 
 void X11FinderSelection::start(Completion completion) {
     if (!m_loop) {
-        m_loop = Loop::open(m_session, m_willPress);
+        m_loop = Loop::open(m_session, m_willPress, m_userWentOn);
         if (m_loop)
             m_thread = std::thread([loop = m_loop.get()] { loop->run(); });
     }

@@ -7,7 +7,8 @@
 
 #include <QDBusConnection>
 
-#include <condition_variable>
+#include <atomic>
+#include <functional>
 #include <memory>
 #include <thread>
 
@@ -26,6 +27,10 @@ class X11FinderSelection : public FinderSelection {
 
     void query(Completion completion) override;
 
+    /// The user does something else: a copy that comes from now on is not the one that a pending
+    /// query asked for. Any thread.
+    void userGoesOn() { m_userWentOn = true; }
+
   private:
     class Loop;
 
@@ -35,6 +40,7 @@ class X11FinderSelection : public FinderSelection {
     Executor& m_main;
     QDBusConnection m_session;
     std::function<void(std::uint8_t)> m_willPress;
+    std::atomic<bool> m_userWentOn = false;
     std::unique_ptr<Loop> m_loop; ///< from the first query on
     std::thread m_thread;
 };

@@ -66,14 +66,16 @@ Selection selectionFromUris(const std::string& list) {
 } // namespace
 
 X11FinderSelection::Loop::Loop(const QDBusConnection& session,
-                               std::function<void(std::uint8_t)> willPress)
-    : m_session(session), m_willPress(std::move(willPress)),
+                               std::function<void(std::uint8_t)> willPress,
+                               std::atomic<bool>& userWentOn)
+    : m_session(session), m_willPress(std::move(willPress)), m_userWentOn(userWentOn),
       m_wake(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
 
 std::unique_ptr<X11FinderSelection::Loop>
 X11FinderSelection::Loop::open(const QDBusConnection& session,
-                               std::function<void(std::uint8_t)> willPress) {
-    std::unique_ptr<Loop> loop(new Loop(session, std::move(willPress)));
+                               std::function<void(std::uint8_t)> willPress,
+                               std::atomic<bool>& userWentOn) {
+    std::unique_ptr<Loop> loop(new Loop(session, std::move(willPress), userWentOn));
     return loop->open() ? std::move(loop) : nullptr;
 }
 
@@ -154,6 +156,7 @@ SelectionResult X11FinderSelection::Loop::ask() {
     auto before = m_owner->owns() ? m_owner->content()
                   : hadOwner      ? m_reader->readAll(m_clipboard, kMostBytes)
                                   : x11::SelectionContent();
+    m_userWentOn = false;
     x11::CopyKey key(*m_connection, m_keyboard, m_willPress);
     if (!copy(*window, key))
         return SelectionError::failed;
@@ -174,20 +177,21 @@ bool X11FinderSelection::Loop::copy(const x11::FileManagerWindow& window, x11::C
            key.press();
 }
 
-/// Whether the client that has the window becomes the owner: another program may at any time.
+/// Whether the client that has the window becomes the owner, as another program may at any time,
+/// and not because the user copies something himself.
 bool X11FinderSelection::Loop::ownerChanges(xcb_window_t window) {
     const std::uint32_t client = ~xcb_get_setup(m_connection->get())->resource_id_mask;
     constexpr int kSentByClient = 0x80;
-    return m_reader->waitFor(
-               [&](const xcb_generic_event_t& event) {
-                   if ((event.response_type & ~kSentByClient) != m_ownerEvent)
-                       return false;
-                   const auto& notify =
-                       reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event);
-                   return notify.selection == m_clipboard &&
-                          (notify.owner & client) == (window & client);
-               },
-               Clock::now() + kOwnerChange) != nullptr;
+    const x11::Event change = m_reader->waitFor(
+        [&](const xcb_generic_event_t& event) {
+            if ((event.response_type & ~kSentByClient) != m_ownerEvent)
+                return false;
+            const auto& notify =
+                reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event);
+            return notify.selection == m_clipboard && (notify.owner & client) == (window & client);
+        },
+        Clock::now() + kOwnerChange);
+    return change != nullptr && !m_userWentOn;
 }
 
 /// Text may be what was selected: then there are no URIs.

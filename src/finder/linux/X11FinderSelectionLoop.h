@@ -20,7 +20,8 @@ class X11FinderSelection::Loop {
 
     /// Null if the display cannot be reached.
     static std::unique_ptr<Loop> open(const QDBusConnection& session,
-                                      std::function<void(std::uint8_t)> willPress);
+                                      std::function<void(std::uint8_t)> willPress,
+                                      std::atomic<bool>& userWentOn);
 
     /// Any thread. The answer is called on the loop's thread.
     void ask(Answer answer);
@@ -29,7 +30,8 @@ class X11FinderSelection::Loop {
     void run();
 
   private:
-    Loop(const QDBusConnection& session, std::function<void(std::uint8_t)> willPress);
+    Loop(const QDBusConnection& session, std::function<void(std::uint8_t)> willPress,
+         std::atomic<bool>& userWentOn);
 
     bool open();
     void wait();
@@ -44,6 +46,7 @@ class X11FinderSelection::Loop {
 
     QDBusConnection m_session;
     std::function<void(std::uint8_t)> m_willPress;
+    std::atomic<bool>& m_userWentOn;
     std::unique_ptr<x11::XConnection> m_connection;
     x11::Keyboard m_keyboard;
     xcb_window_t m_window = XCB_WINDOW_NONE;

@@ -66,7 +66,8 @@ struct X11EventTapTest : testing::Test {
     std::vector<InputEvent> seen;
     X11EventTap tap{{.bindsKeyItself = [this](const auto&, auto) { return bindsKeyItself.load(); },
                      .keyIsHeld = [this] { ++heldReports; },
-                     .fileManagerActivated = [](auto) {}}};
+                     .fileManagerActivated = [](auto) {},
+                     .userGoesOn = [] {}}};
 };
 
 const auto kIsKey = [](const InputEvent& event) {
