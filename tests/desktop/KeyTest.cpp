@@ -161,6 +161,11 @@ struct KeyRulesTest : KeyTest {
         start();
         openFileManager(DrivenFileManager::kPcmanfmQt);
     }
+    /// Where Thunar's key is bound.
+    [[nodiscard]] Path boundKey() const { return session->home() / ".config/Thunar/accels.scm"; }
+    [[nodiscard]] bool isBound(bool expected) const {
+        return eventually([&] { return std::filesystem::exists(boundKey()) == expected; });
+    }
     /// An alert takes no key in its first moments.
     void answer(const char* key) const {
         EXPECT_TRUE(eventually([&] {
@@ -252,7 +257,9 @@ TEST_F(KeyRulesTest, AsksForConsentOnceAndExplainsItselfOnceWhereItIsRefused) {
     feedByKey();
     ASSERT_TRUE(cauldron->alerts("“Vexmoor” wants access to control the file manager."));
     session->screen().keepPicture("consent");
+    EXPECT_FALSE(std::filesystem::exists(boundKey()));
     answer("Return");
+    EXPECT_TRUE(isBound(true));
     EXPECT_TRUE(cauldron->records(2)) << "allowed by Return, the selection is fed";
 
     quit();
@@ -264,19 +271,24 @@ TEST_F(KeyRulesTest, AsksForConsentOnceAndExplainsItselfOnceWhereItIsRefused) {
     feedByKey();
     ASSERT_TRUE(cauldron->alerts("Vexmoor can't see what's selected in the file manager"));
     session->screen().keepPicture("refused-consent");
-    answer("Escape");
+    answer("Return");
+    EXPECT_TRUE(eventually([this] { return cauldron->statsWindow().has_value(); }));
+    EXPECT_TRUE(isBound(false));
     EXPECT_EQ(tree().size(), 1u);
 }
 
 TEST_F(KeyRulesTest, FollowsTheSettingAndFeedsTheSelectionFromTheTilesMenuToo) {
     open();
+    EXPECT_TRUE(isBound(true));
     session->run({VEXMOOR_PROGRAM, "settings", "captureFinderDelete", "off"});
+    EXPECT_TRUE(isBound(false));
     ASSERT_TRUE(manager->selectAll(2));
     feedByKey();
     cauldron->feedSelection();
     ASSERT_TRUE(cauldron->records(2));
     EXPECT_TRUE(tree().empty());
     session->run({VEXMOOR_PROGRAM, "settings", "captureFinderDelete", "on"});
+    EXPECT_TRUE(isBound(true));
     expectTheKeyToFeedNow(3);
 }
 
@@ -292,6 +304,21 @@ TEST_F(KeyRulesTest, ReportsAFileManagerThatShowsNoFocus) {
                                   "Ctrl+Backspace doesn't work in this file manager")));
     }));
     EXPECT_EQ(tree().size(), 2u);
+}
+
+TEST_F(KeyRulesTest, ReportsThatAnotherProgramHoldsTheKey) {
+    openDesk();
+    const auto other = x11::XConnection::open(session->display().name().c_str());
+    xcb_grab_key(other->get(), 0, other->root(), XCB_MOD_MASK_CONTROL, XCB_GRAB_ANY,
+                 XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    other->sync();
+    start();
+    openFileManager(DrivenFileManager::kPcmanfmQt);
+    EXPECT_TRUE(eventually([this] {
+        return testing::Value(
+            session->notifications(),
+            testing::Contains(testing::StartsWith("Another program uses Ctrl+Backspace")));
+    }));
 }
 
 TEST_F(KeyRulesTest, FindsTheFocusOfAFileManagerThatHadItBeforeTheStart) {
