@@ -107,6 +107,7 @@ void FocusTracker::Listener::disconnectFromBus() {
     {
         const std::lock_guard lock(m_tracker.m_mutex);
         m_tracker.m_focused.reset();
+        m_tracker.m_visible.clear();
     }
     if (!m_name.isEmpty())
         QDBusConnection::disconnectFromBus(std::exchange(m_name, {}));

@@ -25,10 +25,17 @@ FocusTracker::FocusTracker(const QDBusConnection& session, std::function<void()>
     QObject::connect(&m_thread, &QThread::started, m_listener.get(), &Listener::start);
     QObject::connect(&m_thread, &QThread::finished, m_listener.get(), &Listener::stop,
                      Qt::DirectConnection);
-    m_thread.start();
 }
 
 FocusTracker::~FocusTracker() {
+    stop();
+}
+
+void FocusTracker::start() {
+    m_thread.start();
+}
+
+void FocusTracker::stop() {
     m_thread.quit();
     m_thread.wait();
 }

@@ -27,6 +27,11 @@ class FocusTracker : public FocusedElement {
     FocusTracker(const QDBusConnection& session, std::function<void()> programIsInvisible);
     ~FocusTracker() override;
 
+    /// Follows the focus from now on, until stop(): programs report their focus only while somebody
+    /// listens. On the thread that made it.
+    void start();
+    void stop();
+
     /// Asks the element for its role, and relies on what it was if that takes longer than 40 ms.
     /// Any thread.
     bool isText() override;

@@ -14,7 +14,7 @@ namespace vexmoor {
 namespace {
 
 /// By grabs, synthesised keys and the accessibility bus.
-class X11KeyCapture : public KeyCapture {
+class X11KeyCapture : public KeyCapture, public EventTap {
   public:
     explicit X11KeyCapture(Parts parts)
         : m_focus(parts.session, std::move(parts.programIsInvisible)),
@@ -26,11 +26,26 @@ class X11KeyCapture : public KeyCapture {
                       [this](std::uint8_t key) { m_tap.ignoreNext(key); }) {}
 
     [[nodiscard]] bool isPossible() const override { return true; }
-    EventTap& tap() override { return m_tap; }
+    EventTap& tap() override { return *this; }
     Workspace& workspace() override { return m_tap; }
     FocusedElement& focus() override { return m_focus; }
     FinderSelection& selection() override { return m_selection; }
     void refresh() override { m_tap.refresh(); }
+
+    /// The focus is followed only while keys are captured.
+    bool install(Handler handler) override {
+        m_focus.start();
+        const bool isInstalled = m_tap.install(std::move(handler));
+        if (!isInstalled)
+            m_focus.stop();
+        return isInstalled;
+    }
+    void enable() override { m_tap.enable(); }
+    void remove() override {
+        m_tap.remove();
+        m_focus.stop();
+    }
+    void captureUndoKey(bool captures) override { m_tap.captureUndoKey(captures); }
 
   private:
     FocusTracker m_focus;
