@@ -59,7 +59,7 @@ QString addressOfBus(const QDBusConnection& session) {
     return address.value();
 }
 
-/// Programs report only what somebody has registered for.
+/// Programs report only events that a client has registered for.
 void registerForFocus(const QDBusConnection& bus) {
     auto call = QDBusMessage::createMethodCall(
         QStringLiteral("org.a11y.atspi.Registry"), QStringLiteral("/org/a11y/atspi/registry"),

@@ -27,7 +27,7 @@ class FocusTracker : public FocusedElement {
     FocusTracker(const QDBusConnection& session, std::function<void()> programIsInvisible);
     ~FocusTracker() override;
 
-    /// Follows the focus from now on, until stop(): programs report their focus only while somebody
+    /// Follows the focus from now on, until stop(): programs report their focus only while a client
     /// listens. On the thread that made it.
     void start();
     void stop();

@@ -45,7 +45,7 @@ Integration nemoScript(const IntegrationContext& context);
 /// Starts the desktop program with the session.
 Integration autostart(const IntegrationContext& context);
 
-/// Stands in every file that is ours, and so tells them from others.
+/// Stands in every file that this program writes and marks it as such.
 inline constexpr const char* kIntegrationMark = "Written by \"vexmoor integrate\"";
 
 /// The entry's title, which is the name of a script too.

@@ -14,7 +14,7 @@ namespace vexmoor::x11 {
 /// What the keys of the keyboard mean, as the X server has it at the moment.
 class Keyboard {
   public:
-    /// Wants to be told of changes from now on. False if the server has no XKB.
+    /// Selects the events of changes. False if the server has no XKB.
     bool open(XConnection& connection);
 
     /// Reads the keyboard's meaning again if the event reports a change.
