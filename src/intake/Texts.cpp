@@ -108,6 +108,14 @@ FailureReport foreignReport(bool tookOthers) {
             {}};
 }
 
+FailureReport droppedCommands(std::size_t count) {
+    return {count == 1 ? "A command was not carried out"
+                       : std::to_string(count) + " commands were not carried out",
+            "Too many came at a time, and the programs that sent them did not wait for an answer. "
+            "Nothing of these was touched.",
+            {}};
+}
+
 FailureReport damagedStore(const Path& aside) {
     return {"The history was damaged",
             "It was set aside as " + inSentence(displayText(aside.native())) +
