@@ -116,6 +116,12 @@ FailureReport droppedCommands(std::size_t count) {
             {}};
 }
 
+FailureReport furtherReports(std::size_t count, const std::vector<std::string>& lines) {
+    return {count == 1 ? "One more failure" : std::to_string(count) + " more failures",
+            listed(count, lines),
+            {}};
+}
+
 FailureReport damagedStore(const Path& aside) {
     return {"The history was damaged",
             "It was set aside as " + inSentence(displayText(aside.native())) +

@@ -32,6 +32,9 @@ FailureReport foreignReport(bool tookOthers);
 /// Commands were not begun, and their callers do not wait for an answer.
 FailureReport droppedCommands(std::size_t count);
 
+/// Failures that came while many others waited to be shown; `lines` are those of the first ones.
+FailureReport furtherReports(std::size_t count, const std::vector<std::string>& lines);
+
 /// The database could not be read and was set aside; a fresh one was begun.
 FailureReport damagedStore(const Path& aside);
 
