@@ -2,6 +2,8 @@
 
 #include "app/PotIcon.h"
 
+#include "intake/Texts.h"
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QEvent>
@@ -10,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include <cmath>
+#include <iostream>
 #include <utility>
 
 namespace vexmoor {
@@ -150,7 +153,22 @@ void Alerts::report(const FailureReport& report) {
         m_instead(report);
         return;
     }
-    await({.box = makeTelling(report.message, report.informative), .report = report});
+    if (m_turns.size() >= kMostTurns)
+        addToRest(report);
+    else
+        await({.box = makeTelling(report.message, report.informative), .report = report});
+}
+
+void Alerts::addToRest(const FailureReport& report) {
+    const std::string line = report.message + ". " + report.informative;
+    std::cerr << "vexmoor-desktop: " << line << "\n";
+    if (m_rest.count++ < kListedFailures)
+        m_rest.lines.push_back(line);
+}
+
+FailureReport Alerts::takeRest() {
+    const Rest rest = std::exchange(m_rest, {});
+    return furtherReports(rest.count, rest.lines);
 }
 
 void Alerts::tell(const QString& message, const QString& informative) {
@@ -192,10 +210,14 @@ void Alerts::firstIsOver() {
     over.box.release()->deleteLater(); // it is still telling that it is over
     if (!m_turns.empty())
         showFirst();
+    else if (m_rest.count > 0 && !m_instead)
+        report(takeRest());
 }
 
 void Alerts::close(std::function<void(const FailureReport&)> instead) {
     m_instead = std::move(instead);
+    if (m_rest.count > 0)
+        m_instead(takeRest());
     if (m_turns.empty())
         return;
     auto waiting = std::move(m_turns);

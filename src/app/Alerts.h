@@ -11,6 +11,8 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace vexmoor {
 
@@ -24,6 +26,10 @@ class Alerts : public QObject, public Dialogs {
     /// How long a question has had the focus before it can be answered: what is typed when it comes
     /// up was meant for another window.
     static constexpr std::chrono::milliseconds kGuard{500};
+
+    /// Where more alerts wait, further reports share one alert, which counts them and lists the
+    /// first; all of these are on stderr.
+    static constexpr std::size_t kMostTurns = 16;
 
     explicit Alerts(MakeFrameTimer makeTimer = [] { return std::make_unique<QtFrameTimer>(); })
         : m_makeTimer(std::move(makeTimer)) {}
@@ -50,12 +56,21 @@ class Alerts : public QObject, public Dialogs {
         std::function<void(const QMessageBox&)> answered{}; ///< of one that asks
     };
 
+    /// Reports that share one alert.
+    struct Rest {
+        std::size_t count = 0;
+        std::vector<std::string> lines; ///< of the first
+    };
+
     void await(Turn turn);
+    void addToRest(const FailureReport& report);
+    [[nodiscard]] FailureReport takeRest();
     void showFirst();
     void firstIsOver();
 
     MakeFrameTimer m_makeTimer;
     std::deque<Turn> m_turns; ///< the first is on the screen
+    Rest m_rest;
     std::function<void(const FailureReport&)> m_instead;
 };
 

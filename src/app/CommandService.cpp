@@ -4,15 +4,18 @@
 #include "disposal/DisposalError.h"
 #include "intake/BatchReport.h"
 #include "intake/NamedSettings.h"
+#include "intake/Texts.h"
 
 #include <QCoreApplication>
 #include <QDBusConnectionInterface>
 #include <QDBusMetaType>
 #include <QPointer>
+#include <QSet>
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <utility>
 
 namespace vexmoor {
 namespace {
@@ -23,7 +26,9 @@ constexpr const char* kEnding = "org.vexmoor.Error.Ending";
 constexpr const char* kReportTooLong = "org.vexmoor.Error.ReportTooLong";
 constexpr std::size_t kLongestReport = std::size_t{64} << 20; ///< half of what a message may hold
 
-constexpr std::size_t kMostCalls = 256; ///< at once: what more come would only take memory
+// Each batch and each call takes memory.
+constexpr std::size_t kMostCalls = 256; ///< whose batches run or ask; more wait
+constexpr std::size_t kMostWaiting = 1024;
 
 std::vector<std::string> texts(const QStringList& items) {
     std::vector<std::string> result;
@@ -48,8 +53,17 @@ std::optional<std::vector<Path>> paths(const QByteArrayList& items) {
 /// asked, and tells nothing, as its caller tells it, unless there is none any more.
 class CommandService::Call : public Dialogs {
   public:
-    Call(QDBusMessage message, const QDBusConnection& bus, Dialogs& desktop)
-        : m_message(std::move(message)), m_bus(bus), m_desktop(desktop) {}
+    Call(QDBusMessage message, bool asks, Begin begin, const QDBusConnection& bus, Dialogs& desktop)
+        : m_message(std::move(message)), m_asks(asks), m_begin(std::move(begin)), m_bus(bus),
+          m_desktop(desktop) {}
+
+    void begin(BatchCompletion completion) {
+        BatchOptions options;
+        options.meter = m_meter;
+        if (!m_asks)
+            options.dialogs = this;
+        std::exchange(m_begin, {})(std::move(options), std::move(completion));
+    }
 
     void ask(const Question&, std::function<void(const Answer&)> answered) override {
         answered({true, false});
@@ -67,6 +81,8 @@ class CommandService::Call : public Dialogs {
 
   private:
     QDBusMessage m_message;
+    bool m_asks;
+    Begin m_begin;
     QDBusConnection m_bus;
     Dialogs& m_desktop;
     std::shared_ptr<WorkMeter> m_meter = std::make_shared<WorkMeter>();
@@ -87,6 +103,7 @@ void CommandService::giveBack(const char* name) {
         return;
     (void)m_bus.interface()->unregisterService(QLatin1String(name));
     QCoreApplication::sendPostedEvents(parent()); // calls are posted to the registered object
+    beginWaiting();
 }
 
 QString CommandService::Feed(const QByteArrayList& items, const QString& mode, bool ask,
@@ -100,20 +117,22 @@ QString CommandService::Feed(const QByteArrayList& items, const QString& mode, b
     else if (!seen.isEmpty() && seen.size() != 2 * items.size())
         refuse(message, kUsage, "What was seen is a device and an inode for each item.");
     else
-        carryOut(message, ask, [&](BatchOptions options, BatchCompletion completion) {
-            options.mode = chosen;
-            options.tellsOfThoseOnTheWay = !ask;
-            for (qsizetype i = 0; i < seen.size(); i += 2)
-                options.seen.push_back({seen[i], seen[i + 1]});
-            const bool byKey = ask && m_parts.fedByMenuCommand();
-            m_parts.intake.consume(*wanted, byKey, std::move(completion), options);
-        });
+        carryOut(message, ask,
+                 [this, chosen, ask, seen,
+                  wanted = *std::move(wanted)](BatchOptions options, BatchCompletion completion) {
+                     options.mode = chosen;
+                     options.tellsOfThoseOnTheWay = !ask;
+                     for (qsizetype i = 0; i < seen.size(); i += 2)
+                         options.seen.push_back({seen[i], seen[i + 1]});
+                     const bool byKey = ask && m_parts.fedByMenuCommand();
+                     m_parts.intake.consume(wanted, byKey, std::move(completion), options);
+                 });
     return {};
 }
 
 QString CommandService::PutBack(const QStringList& items, qulonglong last,
                                 const QDBusMessage& message) {
-    carryOut(message, false, [&](BatchOptions options, BatchCompletion completion) {
+    carryOut(message, false, [this, items, last](BatchOptions options, BatchCompletion completion) {
         m_parts.intake.storeLeftOver();
         auto wanted = m_parts.binnedItems.toPutBack(texts(items), last);
         options.missing = std::move(wanted.missing);
@@ -123,7 +142,7 @@ QString CommandService::PutBack(const QStringList& items, qulonglong last,
 }
 
 QString CommandService::Delete(const QStringList& items, bool ask, const QDBusMessage& message) {
-    carryOut(message, ask, [&](BatchOptions options, BatchCompletion completion) {
+    carryOut(message, ask, [this, items](BatchOptions options, BatchCompletion completion) {
         auto wanted = m_parts.binnedItems.named(texts(items));
         options.missing = std::move(wanted.missing);
         m_parts.intake.deleteImmediately(std::move(wanted.items), std::move(completion), options);
@@ -148,6 +167,17 @@ void CommandService::Stop(const QDBusMessage& message) {
     for (const auto& call : m_calls)
         if (call->message().service() == message.service())
             call->meter()->stop = true;
+    std::vector<std::shared_ptr<Call>> stopped; // they begin now, to report all as untouched
+    std::erase_if(m_waiting, [&](const auto& call) {
+        const bool isOwn = call->message().service() == message.service();
+        if (isOwn)
+            stopped.push_back(call);
+        return isOwn;
+    });
+    for (const auto& call : stopped) {
+        call->meter()->stop = true;
+        begin(call);
+    }
 }
 
 qulonglong CommandService::Progress(const QDBusMessage& message, qulonglong& bytes,
@@ -166,27 +196,69 @@ qulonglong CommandService::Progress(const QDBusMessage& message, qulonglong& byt
     return entries;
 }
 
-void CommandService::carryOut(const QDBusMessage& message, bool asks,
-                              const std::function<void(BatchOptions, BatchCompletion)>& begin) {
+void CommandService::carryOut(const QDBusMessage& message, bool asks, Begin begin) {
     if (m_parts.intake.isStopped()) {
         refuse(message, kEnding, "The desktop application is ending.");
         return;
     }
-    if (m_calls.size() >= kMostCalls) {
-        refuse(message, kRefused, "Too many orders wait already. Nothing was touched.");
+    if (m_waiting.size() >= kMostWaiting)
+        dropDeparted();
+    if (m_waiting.size() >= kMostWaiting) {
+        m_dropped += message.isReplyRequired() ? 0 : 1;
+        refuse(message, kRefused, "Too many commands wait already. Nothing was touched.");
         return;
     }
     message.setDelayedReply(true);
-    const auto call = std::make_shared<Call>(message, m_bus, m_parts.dialogs);
+    m_waiting.push_back(
+        std::make_shared<Call>(message, asks, std::move(begin), m_bus, m_parts.dialogs));
+    if (m_waiting.size() == 1 && m_calls.size() < kMostCalls) {
+        const auto call = m_waiting.front();
+        m_waiting.pop_front();
+        this->begin(call);
+    }
+}
+
+void CommandService::begin(const std::shared_ptr<Call>& call) {
     m_calls.push_back(call);
-    BatchOptions options;
-    options.meter = call->meter();
-    if (!asks)
-        options.dialogs = call.get();
-    begin(std::move(options), [self = QPointer(this), call](BatchResult result) {
+    call->begin([self = QPointer(this), call](BatchResult result) {
         if (self)
             self->answer(*call, std::move(result));
     });
+}
+
+/// Begins the batches for which there is room now; refuses all once the intake is stopped.
+void CommandService::beginWaiting() {
+    const bool isEnding = m_parts.intake.isStopped();
+    if (m_waiting.empty() || (m_calls.size() >= kMostCalls && !isEnding))
+        return;
+    dropDeparted();
+    while (!m_waiting.empty() && (m_calls.size() < kMostCalls || isEnding)) {
+        const auto call = m_waiting.front();
+        m_waiting.pop_front();
+        if (isEnding)
+            refuse(call->message(), kEnding, "The desktop application is ending.");
+        else
+            begin(call);
+    }
+    if (m_waiting.empty())
+        reportDropped();
+}
+
+/// Leaves out the waiting calls of callers that are gone: nothing of theirs was touched.
+void CommandService::dropDeparted() {
+    const auto* const bus = m_bus.interface();
+    const auto names = bus ? bus->registeredServiceNames() : QDBusReply<QStringList>();
+    if (!names.isValid())
+        return;
+    const QStringList list = names.value();
+    const QSet<QString> present(list.begin(), list.end());
+    m_dropped += std::erase_if(
+        m_waiting, [&](const auto& call) { return !present.contains(call->message().service()); });
+}
+
+void CommandService::reportDropped() {
+    if (const auto dropped = std::exchange(m_dropped, 0); dropped > 0)
+        m_parts.dialogs.report(droppedCommands(dropped));
 }
 
 void CommandService::answer(Call& call, BatchResult result) {
@@ -199,6 +271,8 @@ void CommandService::answer(Call& call, BatchResult result) {
     else
         m_bus.send(message.createReply(QString::fromStdString(text)));
     std::erase_if(m_calls, [&](const auto& one) { return one.get() == &call; });
+    if (!m_waiting.empty()) // not now: the intake is in the middle of its own work
+        QMetaObject::invokeMethod(this, &CommandService::beginWaiting, Qt::QueuedConnection);
 }
 
 void CommandService::refuse(const QDBusMessage& message, const char* error,

@@ -11,6 +11,7 @@
 #include <QDBusMessage>
 #include <QStringList>
 
+#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -45,8 +46,8 @@ class CommandService : public QDBusAbstractAdaptor {
     /// Waits until what was answered is on its way.
     ~CommandService() override;
 
-    /// Gives the name back, after the intake was stopped, and refuses the calls that came until
-    /// then, so that nobody is left without an answer.
+    /// Releases the name, after the intake was stopped, and refuses the calls that came until then
+    /// or still wait, so that no caller is left without an answer.
     void giveBack(const char* name);
 
   public slots:
@@ -60,15 +61,21 @@ class CommandService : public QDBusAbstractAdaptor {
 
   private:
     class Call;
+    using Begin = std::function<void(BatchOptions, BatchCompletion)>;
 
-    void carryOut(const QDBusMessage& message, bool asks,
-                  const std::function<void(BatchOptions, BatchCompletion)>& begin);
+    void carryOut(const QDBusMessage& message, bool asks, Begin begin);
+    void begin(const std::shared_ptr<Call>& call);
+    void beginWaiting();
+    void dropDeparted();
+    void reportDropped();
     void answer(Call& call, BatchResult result);
     void refuse(const QDBusMessage& message, const char* error, const std::string& sentence);
 
     QDBusConnection m_bus;
     Parts m_parts;
-    std::vector<std::shared_ptr<Call>> m_calls; ///< whose batches are not over
+    std::vector<std::shared_ptr<Call>> m_calls;  ///< whose batches are not over
+    std::deque<std::shared_ptr<Call>> m_waiting; ///< whose batches have not begun, oldest first
+    std::size_t m_dropped = 0;                   ///< without an answer, not reported yet
 };
 
 } // namespace vexmoor

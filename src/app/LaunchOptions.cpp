@@ -1,6 +1,7 @@
 #include "LaunchOptions.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vexmoor {
 
@@ -36,7 +37,10 @@ LaunchOptions LaunchOptions::fromArguments(const std::vector<std::string>& argum
                                            const Path& folder) {
     LaunchOptions options;
     bool onlyPaths = false;
+    bool isSessionId = false;
     for (const auto& argument : arguments) {
+        if (std::exchange(isSessionId, false))
+            continue;
         if (onlyPaths)
             addPath(options, argument, folder);
         else if (argument == "--")
@@ -49,6 +53,8 @@ LaunchOptions LaunchOptions::fromArguments(const std::vector<std::string>& argum
             options.help = true;
         else if (argument == "--background")
             options.background = true;
+        else if (argument == "-session") // from a session manager; Qt reads its id
+            options.background = isSessionId = true;
         else if (argument.starts_with('-'))
             options.unknown = options.unknown.empty() ? argument : options.unknown;
         else

@@ -2,6 +2,7 @@
 #include "app/EndSignals.h"
 #include "app/PotIcon.h"
 #include "app/Probe.h"
+#include "app/QuitEvents.h"
 #include "app/Start.h"
 
 #include "dock/NativeWindow.h"
@@ -43,6 +44,8 @@ int run(const LaunchOptions& options) {
     AppDelegate delegate(*stores, service, bus);
     const EndSignals endSignals;
     QObject::connect(&endSignals, &EndSignals::endRequested, &delegate, &AppDelegate::quit);
+    const QuitEvents quitEvents;
+    QObject::connect(&quitEvents, &QuitEvents::endRequested, &delegate, &AppDelegate::quit);
     // In the loop, so that whatever asks the user there can be quit.
     QMetaObject::invokeMethod(
         &delegate, [&] { delegate.finishLaunching(options); }, Qt::QueuedConnection);

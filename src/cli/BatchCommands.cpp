@@ -96,12 +96,13 @@ int tell(const BatchReport& report, const Invocation& invocation) {
             printRefusal("Nothing was touched.");
         return kRefused;
     }
-    const int status = reportBatch(report, wordsFor(invocation.command, report), invocation.json);
     if (invocation.command == Command::putBack && report.isEmpty()) {
         complain("There is nothing to put back.");
+        if (invocation.json)
+            printRefusal("There is nothing to put back.");
         return kRefused;
     }
-    return status;
+    return reportBatch(report, wordsFor(invocation.command, report), invocation.json);
 }
 
 } // namespace
@@ -110,7 +111,7 @@ int runBatch(const Invocation& invocation) {
     const auto selection =
         invocation.fromMenu ? menuSelection(invocation.items) : MenuSelection::items;
     if (selection == MenuSelection::nothing)
-        return kAllDone;
+        return tell(BatchReport(), invocation);
     MenuDialogs menu;
     const auto outcome = selection == MenuSelection::unknown ? Outcome(unknownSelection())
                                                              : carryOut(invocation, menu);

@@ -53,25 +53,34 @@ Outcome set(Invocation invocation) {
     }
 }
 
+/// Wrong usage has no document.
+int refuse(const Refusal& refusal, bool asJson) {
+    complain(printable(refusal.sentence));
+    if (asJson && refusal.status != kUsage)
+        std::cout << Json{{"error", displayText(refusal.sentence)}}.dump(2) << "\n";
+    return refusal.status;
+}
+
 int change(const Invocation& invocation) {
     const auto outcome = set(invocation);
     const auto* const refusal = std::get_if<Refusal>(&outcome);
     if (refusal == nullptr)
         return kAllDone;
-    complain(printable(refusal->sentence));
-    return refusal->status;
+    return refuse(*refusal, invocation.json);
 }
 
 } // namespace
 
 int runSettings(const Invocation& invocation) {
-    if (!invocation.value.empty())
-        return change(invocation);
-    const auto session = Session::openForReading();
-    if (!session) {
-        complain("The settings can't be read: " + printable(describe(session.error())));
-        return kRefused;
+    if (!invocation.value.empty()) {
+        const int status = change(invocation);
+        if (status != kAllDone || !invocation.json)
+            return status;
     }
+    const auto session = Session::openForReading();
+    if (!session)
+        return refuse({kRefused, "The settings can't be read: " + describe(session.error())},
+                      invocation.json);
     const Json all = settingsJson(**session);
     if (invocation.json)
         std::cout << (invocation.name.empty() ? all : Json{{invocation.name, all[invocation.name]}})

@@ -108,6 +108,20 @@ FailureReport foreignReport(bool tookOthers) {
             {}};
 }
 
+FailureReport droppedCommands(std::size_t count) {
+    return {count == 1 ? "A command was not carried out"
+                       : std::to_string(count) + " commands were not carried out",
+            "Too many came at a time, and the programs that sent them did not wait for an answer. "
+            "Nothing of these was touched.",
+            {}};
+}
+
+FailureReport furtherReports(std::size_t count, const std::vector<std::string>& lines) {
+    return {count == 1 ? "One more failure" : std::to_string(count) + " more failures",
+            listed(count, lines),
+            {}};
+}
+
 FailureReport damagedStore(const Path& aside) {
     return {"The history was damaged",
             "It was set aside as " + inSentence(displayText(aside.native())) +

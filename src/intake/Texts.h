@@ -29,6 +29,12 @@ FailureReport stoppedReport(std::size_t count);
 /// Something that is not on this computer was named, beside items that were taken or alone.
 FailureReport foreignReport(bool tookOthers);
 
+/// Commands were not begun, and their callers do not wait for an answer.
+FailureReport droppedCommands(std::size_t count);
+
+/// Failures that came while many others waited to be shown; `lines` are those of the first ones.
+FailureReport furtherReports(std::size_t count, const std::vector<std::string>& lines);
+
 /// The database could not be read and was set aside; a fresh one was begun.
 FailureReport damagedStore(const Path& aside);
 

@@ -95,6 +95,29 @@ TEST_F(AlertsTest, TakesTurnsInTheOrderInWhichTheyCame) {
     EXPECT_THAT(seen, ElementsAre("Dissolve?", "Rejected a", "Second?"));
 }
 
+TEST_F(AlertsTest, CollectsReportsInOneAlertWhereManyWait) {
+    constexpr auto kWaiting = static_cast<int>(Alerts::kMostTurns);
+    const auto fill = [this] {
+        for (int i = 0; i < kWaiting + 10; ++i)
+            alerts.report({"Rejected " + std::to_string(i), "Full.", {}});
+    };
+    fill();
+    for (int i = 0; i < kWaiting; ++i)
+        press(Qt::Key_Return);
+    ASSERT_NE(shown(), nullptr);
+    EXPECT_THAT(shown()->informativeText().toStdString(),
+                testing::AllOf(testing::StartsWith("Rejected 16. Full.\nRejected 17. Full.\n"),
+                               testing::EndsWith("Rejected 23. Full.\n…and 2 more.")));
+    press(Qt::Key_Return);
+    EXPECT_EQ(seen.back(), "10 more failures");
+    EXPECT_EQ(shown(), nullptr);
+
+    fill();
+    std::vector<std::string> ended;
+    alerts.close([&](const FailureReport& report) { ended.push_back(report.message); });
+    EXPECT_THAT(ended, testing::Contains("10 more failures"));
+}
+
 TEST_F(AlertsTest, IsNotAnsweredByWhatWasTypedForAnotherWindow) {
     ask(kQuestion);
     ASSERT_EQ(timers.size(), 1U);

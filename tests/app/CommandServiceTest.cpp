@@ -6,6 +6,8 @@
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
+
 namespace vexmoor::test {
 namespace {
 
@@ -15,6 +17,7 @@ using testing::IsEmpty;
 class CommandServiceTest : public ServedIntake {
   protected:
     using Arguments = QVariantList;
+    static constexpr std::size_t kRunning = 256; ///< calls, while more wait
 
     void SetUp() override {
         ServedIntake::SetUp();
@@ -35,6 +38,30 @@ class CommandServiceTest : public ServedIntake {
 
     QDBusMessage call(const char* method, const Arguments& arguments) {
         return end(begin("caller", method, arguments));
+    }
+
+    /// Feeds an item and wants no answer.
+    void sendFeed(const char* caller, const Path& item) {
+        auto message =
+            QDBusMessage::createMethodCall(kName, kPath, "org.vexmoor.Commands1", "Feed");
+        message.setArguments(feeding({item}, "", false));
+        connection(caller).send(message);
+    }
+    /// What the caller has sent is with the service afterwards.
+    void takeWhatIsSent() const {
+        for (const char* const name :
+             {"caller", "desktop"}) // the bus answers after what came first
+            EXPECT_TRUE(connection(name).interface()->serviceOwner(kName).isValid());
+        QCoreApplication::processEvents();
+    }
+
+    /// Ends that caller's connection, and waits until the bus says so.
+    void leave(const char* caller) const {
+        const QString name = connection(caller).baseService();
+        QDBusConnection::disconnectFromBus(caller);
+        EXPECT_TRUE(serveUntil([&] {
+            return !QDBusConnection("desktop").interface()->isServiceRegistered(name).value();
+        }));
     }
 
     static std::string errorOf(const QDBusMessage& answer) {
@@ -207,11 +234,7 @@ TEST_F(CommandServiceTest, WorksOnForACallerThatIsGoneAndTellsInItsPlace) {
     {
         const auto call = begin("caller", "Feed", feeding({items[0], home / "b"}, "", false));
         ASSERT_TRUE(serveUntil([&] { return !around.held.empty(); }));
-        const QString caller = connection("caller").baseService();
-        QDBusConnection::disconnectFromBus("caller");
-        ASSERT_TRUE(serveUntil([&] {
-            return !QDBusConnection("desktop").interface()->isServiceRegistered(caller).value();
-        }));
+        leave("caller");
     }
     around.answerThumbnails();
     ASSERT_TRUE(serveUntil([&] { return program->intake.batches() == 0; }));
@@ -221,10 +244,52 @@ TEST_F(CommandServiceTest, WorksOnForACallerThatIsGoneAndTellsInItsPlace) {
 }
 
 TEST_F(CommandServiceTest, TellsInPlaceOfACallerThatWantsNoAnswer) {
-    auto message = QDBusMessage::createMethodCall(kName, kPath, "org.vexmoor.Commands1", "Feed");
-    message.setArguments(feeding({home / "b"}, "", false));
-    connection("caller").send(message);
+    sendFeed("caller", home / "b");
     EXPECT_TRUE(serveUntil([&] { return !around.reports.empty(); }));
+}
+
+TEST_F(CommandServiceTest, LetsCallsWaitTheirTurnAndDropsThoseOfCallersThatLeft) {
+    constexpr int kSent = 3000;
+    const auto items = make(kSent + 1);
+    around.holdsThumbnails = true;
+    for (int i = 0; i < kSent; ++i)
+        sendFeed("another", items[i]);
+    ASSERT_TRUE(serveUntil([&] { return around.held.size() == kRunning; }));
+    EXPECT_EQ(errorOf(call("Feed", feeding({items.back()}, "", false))),
+              "org.vexmoor.Error.Refused")
+        << "its memory is bounded";
+    EXPECT_EQ(program->intake.batches(), kRunning);
+
+    leave("another");
+    const auto honest = begin("caller", "Feed", feeding({items.back()}, "", false));
+    around.holdsThumbnails = false;
+    takeWhatIsSent();
+    EXPECT_TRUE(exists(items.back())) << "it waits";
+    around.answerThumbnails();
+    EXPECT_EQ(reportIn(end(honest)).done.size(), 1U);
+    for (std::size_t i = 0; i < kSent; ++i)
+        ASSERT_EQ(exists(items[i]), i >= kRunning) << i;
+    ASSERT_EQ(around.reports.size(), 1U);
+    EXPECT_EQ(around.reports[0].message, "2744 commands were not carried out");
+}
+
+TEST_F(CommandServiceTest, AnswersCallsThatWaitWhenTheirCallerStopsOrItEnds) {
+    const auto items = make(kRunning + 2);
+    around.holdsThumbnails = true;
+    for (std::size_t i = 0; i < kRunning; ++i)
+        sendFeed("another", items[i]);
+    ASSERT_TRUE(serveUntil([&] { return around.held.size() == kRunning; }));
+    const auto stopped = begin("caller", "Feed", feeding({items[kRunning]}, "", false));
+    call("Stop", {});
+    ASSERT_TRUE(serveUntil([&] { return around.held.size() == kRunning + 1; })) << "it has begun";
+    const auto waiting = begin("caller", "Feed", feeding({items.back()}, "", false));
+    takeWhatIsSent();
+    program->intake.stop();
+    service->giveBack(kName);
+    EXPECT_EQ(errorOf(end(waiting)), "org.vexmoor.Error.Ending");
+    around.answerThumbnails();
+    EXPECT_EQ(reportIn(end(stopped)).untouched, (std::vector<StoredPath>{items[kRunning]}));
+    EXPECT_TRUE(exists(items.back()));
 }
 
 TEST_F(CommandServiceTest, TakesNothingMoreOnceAllIsStopped) {

@@ -30,5 +30,12 @@ TEST(LaunchOptionsTest, KnowsItsOptionsAndNamesTheFirstThatItDoesNotKnow) {
     EXPECT_EQ(options.unknown, "--delete");
 }
 
+TEST(LaunchOptionsTest, OpensNoWindowWhenASessionManagerRestoresIt) {
+    const auto options = parse({"-session", "10a3", "--", "-session"});
+    EXPECT_TRUE(options.background);
+    EXPECT_THAT(options.items, ElementsAre("/here/-session"));
+    EXPECT_EQ(options.unknown, "");
+}
+
 } // namespace
 } // namespace vexmoor

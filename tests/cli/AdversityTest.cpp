@@ -1,5 +1,8 @@
 #include "CliTest.h"
 
+#include "base/FileDescriptor.h"
+#include "support/BackgroundProgram.h"
+
 #include <fcntl.h>
 #include <sqlite3.h>
 #include <sys/file.h>
@@ -115,6 +118,43 @@ TEST_F(AdversityTest, CanBeInterruptedWhileItWaits) {
         GTEST_SKIP() << "processes can't be traced here";
     EXPECT_EQ(result->status, 3);
     EXPECT_THAT(result->errors, HasSubstr("Nothing was touched."));
+    EXPECT_TRUE(isThere("a"));
+}
+
+TEST_F(AdversityTest, SaysThatItWaitsForAnotherCommand) {
+    make("a");
+    ASSERT_EQ(run({"settings", "sound", "off"}).status, 0);
+    FileDescriptor lock(::open((m_data / "vexmoor/lock").c_str(), O_RDWR | O_CLOEXEC));
+    ASSERT_EQ(::flock(lock.get(), LOCK_EX), 0);
+    auto running = vexmoor({"feed", "a"}).start();
+    EXPECT_TRUE(eventually([&] { return !running.errors().empty(); }));
+    EXPECT_EQ(running.errors(), "vexmoor: Waiting for another command to end.\n");
+    EXPECT_TRUE(isThere("a"));
+    lock.reset();
+    EXPECT_EQ(running.wait().status, 0);
+    EXPECT_FALSE(isThere("a"));
+}
+
+TEST_F(AdversityTest, EndsInOneDocumentWhenACommandIsRefused) {
+    make("a");
+    m_scratch.write("home/data/vexmoor/defaults.db/file", "no database");
+    for (std::vector<std::string> arguments : {std::vector<std::string>{"feed", "a"},
+                                               {"feed", "--mode", "dissolve", "a"},
+                                               {"put-back"},
+                                               {"delete", "--yes", "a"},
+                                               {"history"},
+                                               {"stats"},
+                                               {"settings"},
+                                               {"settings", "sound", "off"}}) {
+        arguments.emplace_back("--json");
+        const auto result = run(arguments);
+        EXPECT_EQ(result.status, 3) << arguments[0];
+        const auto document = Json::parse(result.output, nullptr, false);
+        ASSERT_TRUE(document.is_object()) << arguments[0] << ": " << result.output;
+        const std::string sentence = document.value("error", "");
+        EXPECT_FALSE(sentence.empty()) << arguments[0];
+        EXPECT_THAT(result.errors, HasSubstr(sentence));
+    }
     EXPECT_TRUE(isThere("a"));
 }
 

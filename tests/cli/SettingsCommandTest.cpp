@@ -31,6 +31,7 @@ TEST_F(SettingsCommandTest, ListsReadsAndSets) {
         EXPECT_EQ(run({"settings", "sound"}).output, std::string(shown) + "\n") << value;
     }
     EXPECT_EQ(json({"settings", "sound", "--json"}), (Json{{"sound", false}}));
+    EXPECT_EQ(json({"settings", "sound", "on", "--json"}), (Json{{"sound", true}}));
     EXPECT_THAT(run({"settings"}).output, HasSubstr("mode = dissolve\n"));
 }
 

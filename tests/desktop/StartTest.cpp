@@ -122,7 +122,17 @@ TEST_F(StartTest, IsKnownToTheDesktopByTheClassThatItsEntryNames) {
         testing::HasSubstr("\nStartupWMClass=" + cauldron->tile().value().className + "\n"));
 }
 
-TEST_F(StartTest, EndsInTheMiddleOfABatchWithAllThatWasDoneOnRecord) {
+struct EndCase {
+    const char* name;
+    void (*end)(DesktopSession& session, const BackgroundProgram& program);
+    int status;
+
+    friend void PrintTo(const EndCase& ending, std::ostream* out) { *out << ending.name; }
+};
+
+class EndTest : public StartTest, public testing::WithParamInterface<EndCase> {};
+
+TEST_P(EndTest, InTheMiddleOfABatchLeavesAllThatWasDoneOnRecord) {
     constexpr int kMany = 20000;
     const Path bin = session->home() / ".local/share/Trash/files";
     std::vector<std::string> words;
@@ -134,7 +144,8 @@ TEST_F(StartTest, EndsInTheMiddleOfABatchWithAllThatWasDoneOnRecord) {
         std::error_code none;
         return !std::filesystem::is_empty(bin, none) && !none;
     }));
-    EXPECT_EQ(quit(), 0);
+    GetParam().end(*session, cauldron->program());
+    EXPECT_EQ(cauldron->program().end(), GetParam().status);
     const auto left = treeOf(session->home() / "Many").size();
     const auto done = treeOf(bin).size();
     EXPECT_GT(left, 0U);
@@ -145,6 +156,17 @@ TEST_F(StartTest, EndsInTheMiddleOfABatchWithAllThatWasDoneOnRecord) {
     EXPECT_EQ(answer["done"].size(), done);
     EXPECT_EQ(treeOf(session->home() / "Many"), before);
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Ways, EndTest,
+    testing::Values(
+        EndCase{"BySignal",
+                [](DesktopSession&, const BackgroundProgram& program) { program.signal(SIGTERM); },
+                0},
+        EndCase{"ByTheDisplaysDeath",
+                [](DesktopSession& session, const BackgroundProgram&) { session.display().die(); },
+                1}),
+    [](const auto& ending) { return std::string(ending.param.name); });
 
 } // namespace
 } // namespace vexmoor

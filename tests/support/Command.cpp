@@ -211,6 +211,13 @@ bool Command::Running::endsWithin(std::chrono::microseconds time) const {
     return ppoll(&watched, 1, &limit, nullptr) > 0;
 }
 
+std::string Command::Running::errors() const {
+    std::string bytes(65536, '\0');
+    const auto count = pread(m_errors.get(), bytes.data(), bytes.size(), 0);
+    bytes.resize(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+    return bytes;
+}
+
 Command::Result Command::Running::wait() {
     auto result = resultOf(std::exchange(m_process, -1));
     lseek(m_output.get(), 0, SEEK_SET);

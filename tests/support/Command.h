@@ -78,6 +78,8 @@ class Command::Running {
     [[nodiscard]] pid_t process() const { return m_process; }
     void signal(int number) const;
     [[nodiscard]] bool endsWithin(std::chrono::microseconds time) const;
+    /// What it has written to its standard error so far.
+    [[nodiscard]] std::string errors() const;
     Result wait();
 
   private:

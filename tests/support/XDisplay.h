@@ -23,6 +23,9 @@ class XDisplay {
     void startCompositor();
     void endCompositor() { m_compositor.reset(); }
 
+    /// Ends as a server does that crashed.
+    void die() { m_server->kill(); }
+
     /// What DISPLAY must be.
     [[nodiscard]] const std::string& name() const { return m_name; }
 
