@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <utility>
 
 namespace vexmoor::x11 {
@@ -110,9 +109,7 @@ SelectionContent SelectionReader::readAll(xcb_atom_t selection, std::size_t most
     const auto offered = read(selection, m_connection.atom("TARGETS"), most);
     if (!offered)
         return content;
-    std::vector<xcb_atom_t> targets(offered->bytes.size() / sizeof(xcb_atom_t));
-    std::memcpy(targets.data(), offered->bytes.data(), targets.size() * sizeof(xcb_atom_t));
-    for (const xcb_atom_t target : targets) {
+    for (const xcb_atom_t target : XConnection::numbersIn(offered->bytes)) {
         const bool isData = std::ranges::none_of(
             kNoData, [&](const char* name) { return m_connection.atom(name) == target; });
         const bool isKnown = std::ranges::count(content, target, &SelectionData::target) > 0;

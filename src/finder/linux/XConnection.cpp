@@ -74,11 +74,15 @@ std::string XConnection::bytes(xcb_window_t window, xcb_atom_t property) const {
             static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))};
 }
 
-std::vector<std::uint32_t> XConnection::numbers(xcb_window_t window, xcb_atom_t property) const {
-    const std::string all = bytes(window, property);
-    std::vector<std::uint32_t> result(all.size() / sizeof(std::uint32_t));
-    std::memcpy(result.data(), all.data(), result.size() * sizeof(std::uint32_t));
+std::vector<std::uint32_t> XConnection::numbersIn(std::string_view bytes) {
+    std::vector<std::uint32_t> result(bytes.size() / sizeof(std::uint32_t));
+    if (!result.empty()) // memcpy takes no null pointers
+        std::memcpy(result.data(), bytes.data(), result.size() * sizeof(std::uint32_t));
     return result;
+}
+
+std::vector<std::uint32_t> XConnection::numbers(xcb_window_t window, xcb_atom_t property) const {
+    return numbersIn(bytes(window, property));
 }
 
 void XConnection::sync() const {

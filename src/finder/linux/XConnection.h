@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vexmoor::x11 {
@@ -39,6 +40,9 @@ class XConnection {
 
     /// The property's bytes, whatever its type, up to 64 KiB; empty if there is none.
     [[nodiscard]] std::string bytes(xcb_window_t window, xcb_atom_t property) const;
+    /// Bytes of a property as the 32-bit values that they are.
+    [[nodiscard]] static std::vector<std::uint32_t> numbersIn(std::string_view bytes);
+
     /// The property's first 32-bit values.
     [[nodiscard]] std::vector<std::uint32_t> numbers(xcb_window_t window,
                                                      xcb_atom_t property) const;
