@@ -1,7 +1,7 @@
 #include "MenuDialogs.h"
 
-#include "integration/Quoting.h"
 #include "cli/SessionBus.h"
+#include "integration/Quoting.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "Progression.h"
 
-#include "base/Saturated.h"
 #include "base/LowerCase.h"
+#include "base/Saturated.h"
 #include "disposal/Ledger.h"
 
 #include <algorithm>

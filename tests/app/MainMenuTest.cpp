@@ -58,7 +58,8 @@ TEST(MainMenuTest, OffersToUndoTheNewestActionByItsName) {
     QAction* const undo = itemNamed(menu, "Undo");
     ASSERT_NE(undo, nullptr);
     EXPECT_FALSE(undo->isEnabled());
-    undoStack.push("Sacrifice of 3 Items", [] {}, [] { return true; });
+    undoStack.push(
+        "Sacrifice of 3 Items", [] {}, [] { return true; });
     EXPECT_TRUE(undo->isEnabled());
     EXPECT_EQ(undo->text(), "Undo Sacrifice of 3 Items");
     undoStack.undo();

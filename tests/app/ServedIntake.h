@@ -99,11 +99,8 @@ class ServedIntake : public IntakeTest {
     void serve() {
         auto desktop = connection("desktop");
         service.emplace(object, desktop,
-                        CommandService::Parts{program->intake,
-                                              program->settings,
-                                              program->progression,
-                                              program->binnedItems,
-                                              around,
+                        CommandService::Parts{program->intake, program->settings,
+                                              program->progression, program->binnedItems, around,
                                               [this](const std::function<void()>& assignment) {
                                                   assignment();
                                                   return storeFailure;

@@ -18,7 +18,8 @@ class InMemoryDefaults : public UserDefaults {
 
     [[nodiscard]] std::optional<Value> value(std::string_view key) const override;
     void assign(std::string_view key, std::optional<Value> value) override;
-    Result<void> transaction(const std::function<void()>& body, Durability durability = Durability::onDisk) override;
+    Result<void> transaction(const std::function<void()>& body,
+                             Durability durability = Durability::onDisk) override;
     Result<void> makeDurable() override { return {}; }
 
     /// From now on nothing can be stored, for this reason; without one it can again.
