@@ -22,8 +22,9 @@ class X11KeyCapture : public KeyCapture, public EventTap {
                  .keyIsHeld = std::move(parts.keyIsHeld),
                  .fileManagerActivated = [this](auto process) { m_focus.setProcess(process); },
                  .userGoesOn = [this] { m_selection.userGoesOn(); }}),
-          m_selection(parts.automation, parts.main, parts.session,
-                      [this](std::uint8_t key) { m_tap.ignoreNext(key); }) {}
+          m_selection(
+              parts.automation, parts.main, parts.session, [this] { m_tap.waitForRelease(); },
+              [this](std::uint8_t key) { m_tap.ignoreNext(key); }) {}
 
     [[nodiscard]] bool isPossible() const override { return true; }
     EventTap& tap() override { return *this; }

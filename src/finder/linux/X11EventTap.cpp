@@ -42,6 +42,10 @@ void X11EventTap::refresh() {
     m_orders->wake();
 }
 
+void X11EventTap::waitForRelease() {
+    const std::lock_guard lock(m_orders->answering);
+}
+
 void X11EventTap::ignoreNext(std::uint8_t key) {
     m_orders->ignoreNext(key);
 }

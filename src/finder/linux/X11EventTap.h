@@ -47,6 +47,10 @@ class X11EventTap : public EventTap, public Workspace {
     /// The next press of this X key is this program's own, not the user's. Any thread.
     void ignoreNext(std::uint8_t key);
 
+    /// Returns when no captured press is being answered: keys that are synthesised before would go
+    /// to the grab. Not while the server is grabbed. Any thread but the tap's.
+    void waitForRelease();
+
   private:
     class Loop;
     class Orders;

@@ -234,6 +234,7 @@ void X11EventTap::Loop::observe(xcb_keycode_t key) {
 }
 
 void X11EventTap::Loop::takeGrabbedKey(const xcb_key_press_event_t& event) {
+    const std::lock_guard lock(m_orders.answering);
     const xcb_keycode_t key = event.detail;
     const bool isBackspace = std::ranges::count(m_keyboard.keysOf(XKB_KEY_BackSpace), key) > 0;
     InputEvent press{.keyCode = isBackspace ? InputEvent::kBackspace : InputEvent::kZ,
@@ -247,8 +248,10 @@ void X11EventTap::Loop::takeGrabbedKey(const xcb_key_press_event_t& event) {
                      swallows ? XCB_ALLOW_ASYNC_KEYBOARD : XCB_ALLOW_REPLAY_KEYBOARD,
                      XCB_CURRENT_TIME);
     // Keys that are synthesised now go to the file manager, not to this grab.
-    if (swallows)
+    if (swallows) {
         xcb_ungrab_keyboard(m_connection->get(), XCB_CURRENT_TIME);
+        m_connection->sync();
+    }
     xcb_flush(m_connection->get());
 }
 

@@ -25,6 +25,9 @@ class X11EventTap::Orders {
     std::atomic<bool> refreshes = false;
     std::atomic<bool> capturesUndoKey = false;
 
+    /// Locked from a captured press until the server has released the keyboard.
+    std::mutex answering;
+
     /// Makes the loop look at the orders.
     void wake() const;
     /// Readable after wake().

@@ -8,9 +8,10 @@ namespace vexmoor {
 
 X11FinderSelection::X11FinderSelection(Automation& automation, Executor& main,
                                        const QDBusConnection& session,
+                                       std::function<void()> waitForRelease,
                                        std::function<void(std::uint8_t)> willPress)
     : m_automation(automation), m_main(main), m_session(session),
-      m_willPress(std::move(willPress)) {}
+      m_waitForRelease(std::move(waitForRelease)), m_willPress(std::move(willPress)) {}
 
 X11FinderSelection::~X11FinderSelection() {
     if (!m_thread.joinable())
@@ -32,7 +33,7 @@ void X11FinderSelection::start(Completion completion) {
     if (!m_loop) {
         m_loop = Loop::open(m_session, m_willPress, m_userWentOn);
         if (m_loop)
-            m_thread = std::thread([loop = m_loop.get()] { loop->run(); });
+            m_thread = std::thread([this] { m_loop->run(m_waitForRelease); });
     }
     if (!m_loop) {
         m_main.post([completion] { completion(SelectionError::failed); });

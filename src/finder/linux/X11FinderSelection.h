@@ -20,8 +20,10 @@ namespace vexmoor {
 class X11FinderSelection : public FinderSelection {
   public:
     /// Everything must outlive it. Completions that are not posted when it goes are dropped.
-    /// `willPress` is called on its thread before it presses an X key.
+    /// On its thread `waitForRelease` is called before each query, and `willPress` before it
+    /// presses an X key.
     X11FinderSelection(Automation& automation, Executor& main, const QDBusConnection& session,
+                       std::function<void()> waitForRelease,
                        std::function<void(std::uint8_t)> willPress);
     ~X11FinderSelection() override;
 
@@ -39,6 +41,7 @@ class X11FinderSelection : public FinderSelection {
     Automation& m_automation;
     Executor& m_main;
     QDBusConnection m_session;
+    std::function<void()> m_waitForRelease;
     std::function<void(std::uint8_t)> m_willPress;
     std::atomic<bool> m_userWentOn = false;
     std::unique_ptr<Loop> m_loop; ///< from the first query on

@@ -123,10 +123,12 @@ X11FinderSelection::Loop::Answer X11FinderSelection::Loop::nextQuestion() {
     return next;
 }
 
-void X11FinderSelection::Loop::run() {
+void X11FinderSelection::Loop::run(const std::function<void()>& waitForRelease) {
     for (;;) {
-        while (const Answer answer = nextQuestion())
+        while (const Answer answer = nextQuestion()) {
+            waitForRelease();
             answer(ask());
+        }
         while (const x11::Event event{xcb_poll_for_event(m_connection->get())})
             take(*event);
         {

@@ -27,7 +27,7 @@ class X11FinderSelection::Loop {
     void ask(Answer answer);
     void end();
 
-    void run();
+    void run(const std::function<void()>& waitForRelease);
 
   private:
     Loop(const QDBusConnection& session, std::function<void(std::uint8_t)> willPress,
