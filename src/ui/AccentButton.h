@@ -6,13 +6,19 @@
 
 namespace vexmoor {
 
-/// The button of what a window is for, filled with the accent. Whoever comes to it by the keyboard
-/// sees a ring around it.
+/// A button of a window in the skin's colours. The keyboard's focus shows as a ring around it.
 class AccentButton : public QPushButton {
     Q_OBJECT
 
   public:
-    explicit AccentButton(const QString& text, QWidget* parent = nullptr);
+    enum class Kind {
+        primary, ///< filled with the accent: what the window is for
+        plain,   ///< outlined: everything else
+        link,    ///< text in the accent, without a surface
+    };
+
+    explicit AccentButton(const QString& text, QWidget* parent = nullptr,
+                          Kind kind = Kind::primary);
 
     void setAccent(const Accent& accent);
 
@@ -27,7 +33,11 @@ class AccentButton : public QPushButton {
 
   private:
     [[nodiscard]] QFont textFontHere() const;
+    [[nodiscard]] int padding() const;
+    void paintSurface(QPainter& painter, const QRect& surface) const;
+    [[nodiscard]] QColor textColour() const;
 
+    Kind m_kind;
     Accent m_accent;
     bool m_ringed = false;
 };
