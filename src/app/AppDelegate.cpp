@@ -7,6 +7,7 @@
 #include "art/CauldronArt.h"
 #include "dock/FlameOverlayWindow.h"
 #include "dock/StartupNotification.h"
+#include "base/Text.h"
 #include "intake/BinnedItems.h"
 #include "intake/Recovery.h"
 #include "intake/Texts.h"
@@ -99,9 +100,9 @@ void AppDelegate::recordCutOffBatches() {
                                 binnedItems(), m_stores.directories());
     const auto recorded = report.disposed + report.putBack + report.deleted;
     if (recorded > 0)
-        m_notifications.post({"recovery", "An earlier batch was cut off",
-                              "What it had done is recorded now: " + std::to_string(recorded) +
-                                  (recorded == 1 ? " item." : " items.")});
+        m_notifications.post({"recovery", text("An earlier batch was cut off"),
+                              plural("What it had done is recorded now: %1 item.",
+                                     "What it had done is recorded now: %1 items.", recorded)});
     if (!report.failures.empty())
         m_alerts.report(intakeFailures(report.failures));
     for (const auto& problem : report.problems)
