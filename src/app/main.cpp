@@ -1,4 +1,5 @@
 #include "app/AppDelegate.h"
+#include "app/Appearance.h"
 #include "app/EndSignals.h"
 #include "app/PotIcon.h"
 #include "app/Probe.h"
@@ -39,6 +40,7 @@ int run(const LaunchOptions& options) {
     ApplicationService service(bus);
     if (options.probe)
         return runProbe(service, bus);
+    const Appearance appearance(bus);
     Start start(service, options);
     const auto outcome = start.begin();
     if (outcome != Start::Outcome::running)
