@@ -1,8 +1,6 @@
 #include "AppDelegate.h"
 
-#include "app/MainMenu.h"
 #include "app/Probe.h"
-#include "app/TileMenu.h"
 
 #include "art/CauldronArt.h"
 #include "dock/FlameOverlayWindow.h"
@@ -10,7 +8,6 @@
 #include "intake/BinnedItems.h"
 #include "intake/Recovery.h"
 #include "intake/Texts.h"
-#include "ui/AboutPanel.h"
 #include "ui/SampleIcon.h"
 
 #include <QApplication>
@@ -55,7 +52,11 @@ AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBu
                 m_animator, m_sizzle, *m_thumbnails, m_fileManagerKey.undoKey(), &Date::now}),
       m_sessionLock(bus, QDBusConnection::systemBus()),
       m_shutdownDelay(QDBusConnection::systemBus()),
-      m_updater(QDBusConnection::systemBus(), QCoreApplication::applicationFilePath()) {
+      m_updater(QDBusConnection::systemBus(), QCoreApplication::applicationFilePath()),
+      m_updateCommand(m_updater, m_alerts),
+      m_binOpener(BinOpener::waysTo(stores.directories().dataHome / "Trash/files")),
+      m_menuBar(menuParts(), m_compositor, bus),
+      m_mainMenu(m_undoStack, stores.defaults().boolean("debugMenu").value_or(false)) {
     tellOfStoreFailures();
 }
 
@@ -74,6 +75,8 @@ void AppDelegate::finishLaunching(const LaunchOptions& options) {
     wireDesktop();
     wireTile();
     wireFileManagerKey();
+    wireMenuBar();
+    wireMainMenu();
     subscribeToSettings();
     m_tile.show();
     if (!options.items.empty() || options.others > 0)
@@ -126,7 +129,7 @@ std::optional<Error> AppDelegate::store(const std::function<void()>& assignment)
 
 void AppDelegate::wireTile() {
     connect(&m_tile, &TileWindow::clicked, this, &AppDelegate::showStats);
-    connect(&m_tile, &TileWindow::menuRequested, this, &AppDelegate::showTileMenu);
+    connect(&m_tile, &TileWindow::menuRequested, &m_menuBar, &MenuBar::popUp);
     connect(&m_tile, &TileWindow::dropped, this,
             [this](const std::vector<Path>& items) { consume(items, false); });
     connect(&m_tile, &TileWindow::refused, this,
@@ -151,9 +154,6 @@ void AppDelegate::wireDesktop() {
     connect(&m_shutdownDelay, &ShutdownDelay::shutdownBegun, this, &AppDelegate::quit);
     m_subscriptions.push_back(m_intake.subscribeToBatches(
         [this](std::size_t batches) { m_shutdownDelay.setWorking(batches > 0); }));
-    connect(&m_updater, &Updater::finished, this, [this](const UpdateCheck& check) {
-        m_alerts.tell(tr("Check for Updates"), sentenceFor(check));
-    });
 }
 
 void AppDelegate::wireFileManagerKey() {
@@ -171,6 +171,8 @@ void AppDelegate::subscribeToSettings() {
     m_subscriptions.push_back(m_settings.mode.subscribe(
         [this](DisposeMode mode) { m_tile.setBadged(mode == DisposeMode::dissolve); }));
     m_animator.startIdle();
+    m_subscriptions.push_back(m_settings.showMenuBarIcon.subscribe(
+        [this](bool visible) { m_menuBar.setVisible(visible); }));
     m_fileManagerKey.begin();
 }
 
@@ -243,20 +245,6 @@ void AppDelegate::testFlames() {
         m_sizzle.play();
 }
 
-void AppDelegate::showTileMenu(QPoint position) {
-    m_undoStack.refresh();
-    const bool canPutBack = m_undoStack.canUndo() || !binnedItems().lastBatch().empty();
-    auto* const menu =
-        new TileMenu(m_settings, m_undoStack, canPutBack, m_fileManagerKey.canCapture());
-    connect(menu, &TileMenu::feedSelectionChosen, &m_fileManagerKey,
-            &FileManagerKey::feedSelection);
-    connect(menu, &TileMenu::putBackChosen, this, &AppDelegate::putBackLast);
-    connect(menu, &TileMenu::testFlamesChosen, this, &AppDelegate::testFlames);
-    connect(menu, &TileMenu::statsChosen, this, &AppDelegate::showStats);
-    connect(menu, &TileMenu::quitChosen, this, &AppDelegate::quit);
-    menu->popup(position);
-}
-
 void AppDelegate::showStats() {
     StatsWindow& window = statsWindow();
     if (!m_startup.isEmpty())
@@ -277,27 +265,12 @@ StatsWindow& AppDelegate::statsWindow() {
         // The tile takes no keys: its menu comes by the window's menu key too.
         m_statsWindow->setContextMenuPolicy(Qt::CustomContextMenu);
         connect(m_statsWindow.get(), &QWidget::customContextMenuRequested, this,
-                [this](QPoint place) { showTileMenu(m_statsWindow->mapToGlobal(place)); });
-        buildMenu(*m_statsWindow);
+                [this](QPoint place) { m_menuBar.popUp(m_statsWindow->mapToGlobal(place)); });
+        m_statsWindow->setMenuBar(m_mainMenu.makeBar());
+        m_mainMenu.addTo(*m_statsWindow);
         m_statsFrame = std::make_unique<WindowFrame>(*m_statsWindow, m_stores.defaults());
     }
     return *m_statsWindow;
-}
-
-void AppDelegate::buildMenu(StatsWindow& window) {
-    auto* const menu =
-        new MainMenu(m_undoStack, m_stores.defaults().boolean("debugMenu").value_or(false));
-    window.setMenuBar(menu);
-    connect(menu, &MainMenu::aboutChosen, &window, [&window] { showAbout(&window); });
-    connect(menu, &MainMenu::updatesChosen, &m_updater, &Updater::checkForUpdates);
-    connect(menu, &MainMenu::statsChosen, this, &AppDelegate::showStats);
-    connect(menu, &MainMenu::onboardingChosen, this, &AppDelegate::showOnboarding);
-    connect(menu, &MainMenu::hideChosen, &window, &QWidget::close);
-    connect(menu, &MainMenu::quitChosen, this, &AppDelegate::quit);
-    connect(menu, &MainMenu::undoChosen, this, &AppDelegate::undo);
-    connect(menu, &MainMenu::redoChosen, this, [this] { m_undoStack.redo(); });
-    connect(menu, &MainMenu::unlockAllChosen, this, &AppDelegate::debugUnlockAll);
-    connect(menu, &MainMenu::resetChosen, this, &AppDelegate::debugReset);
 }
 
 void AppDelegate::showOnboarding() {
@@ -305,16 +278,6 @@ void AppDelegate::showOnboarding() {
         m_alerts.tell(tr("There are no accessibility settings"),
                       tr("No program for them is installed. Flames leave the tile wherever the "
                          "accessibility service runs."));
-}
-
-void AppDelegate::debugUnlockAll() {
-    m_progression.unlockAll();
-    showStats();
-}
-
-void AppDelegate::debugReset() {
-    m_progression.reset();
-    showStats();
 }
 
 QString AppDelegate::probe() const {

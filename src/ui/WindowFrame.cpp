@@ -106,6 +106,11 @@ WindowFrame::WindowFrame(QWidget& window, UserDefaults& defaults, std::string ke
     window.installEventFilter(this);
 }
 
+WindowFrame::~WindowFrame() {
+    if (m_soon.isActive())
+        save();
+}
+
 void WindowFrame::restore() {
     const auto text = m_defaults.string(m_key);
     if (const auto place = text ? placeFrom(*text) : std::nullopt) {

@@ -29,6 +29,8 @@ class WindowFrame : public QObject {
     /// the window is hidden; and it is fitted on the screen when the window manager, which knows
     /// how wide its frames are, has shown the window. Defaults and window must outlive this.
     WindowFrame(QWidget& window, UserDefaults& defaults, std::string key = "window.Vexmoor");
+    /// Stores a change that was not stored yet.
+    ~WindowFrame() override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -1,0 +1,187 @@
+#include "DesktopTest.h"
+
+#include "desktopbus/FakeService.h"
+#include "sound/SizzleRenderer.h"
+#include "support/MainLoop.h"
+#include "support/RawDatabase.h"
+
+#include "skins/Skin.h"
+
+#include <QDBusUnixFileDescriptor>
+
+#include <algorithm>
+#include <unistd.h>
+
+// What the program's parts mean to each other: each test fails if one of the connections between
+// them is missing.
+
+namespace vexmoor {
+namespace {
+
+using namespace test;
+using testing::Contains;
+using testing::Each;
+using testing::StartsWith;
+
+struct WiringTest : DesktopTest {
+    void SetUp() override {
+        DesktopTest::SetUp();
+        if (!IsSkipped())
+            openSession();
+    }
+    /// Sets it by the command line, which the running program carries out.
+    void set(const std::string& setting, const std::string& value) const {
+        session->run({VEXMOOR_PROGRAM, "settings", setting, value});
+    }
+    [[nodiscard]] bool feeds(const std::string& name) const {
+        const Path item = session->write(name, name);
+        return cauldron->feed({item}) == 0 && isGone(item);
+    }
+    [[nodiscard]] int onTheTile(const std::vector<QRgb>& colours) const {
+        return countOf(session->screen().picture().copy(cauldron->tile().value().frame), colours);
+    }
+    [[nodiscard]] bool tileShows(const std::vector<QRgb>& colours, bool shows) const {
+        return eventually([&] { return (onTheTile(colours) > 0) == shows; });
+    }
+    [[nodiscard]] bool statsWindowComes() const {
+        return eventually([&] { return cauldron->statsWindow().has_value(); });
+    }
+    [[nodiscard]] Path database() const {
+        return session->home() / ".local/share/vexmoor/defaults.db";
+    }
+};
+
+TEST_F(WiringTest, FollowsTheSettingsAtOnceAndAfterARestart) {
+    const std::vector<QRgb> badge{qRgb(0xE5, 0x48, 0x4D)};
+    start();
+    ASSERT_TRUE(tileShows(badge, false));
+    set("mode", "dissolve");
+    set("confirmDissolve", "off");
+    EXPECT_TRUE(tileShows(badge, true));
+    ASSERT_TRUE(feeds("dissolved"));
+    ASSERT_TRUE(cauldron->records(1));
+    EXPECT_EQ(cauldron->history()[0]["mode"], "dissolve");
+    EXPECT_EQ(quit(), 0);
+    start();
+    EXPECT_TRUE(tileShows(badge, true));
+    set("mode", "bin");
+    EXPECT_TRUE(tileShows(badge, false));
+}
+
+TEST_F(WiringTest, KeepsFlamesAndSoundAsTheirSettingsSay) {
+    const Pixel acid = Skin::iron().acidLight;
+    const std::vector<QRgb> light{qRgb(acid.r, acid.g, acid.b)};
+    const Samples sizzle = samplesOf(SizzleRenderer::render(), 0.6);
+    start();
+    set("escapeDock", "off");
+    set("sound", "off");
+    ASSERT_TRUE(session->sound().recordsAnother(0.1));
+    const int idle = onTheTile(light);
+    ASSERT_TRUE(feeds("quiet"));
+    EXPECT_TRUE(eventually([&] { return onTheTile(light) > idle + 120; })) << "burns inside";
+    EXPECT_FALSE(cauldron->flames());
+    ASSERT_TRUE(session->sound().recordsAnother(1));
+    EXPECT_THAT(session->sound().recorded(), Each(0));
+
+    set("escapeDock", "on");
+    set("sound", "on");
+    ASSERT_TRUE(feeds("loud"));
+    EXPECT_TRUE(cauldron->burns());
+    EXPECT_TRUE(
+        eventually([&] { return beginning(session->sound().recorded(), sizzle).has_value(); }));
+}
+
+TEST_F(WiringTest, WearsTheChosenSkinAtOnceAndAfterARestart) {
+    const Pixel body = Skin::copper().bodyColour;
+    const std::vector<QRgb> copper{qRgb(body.r, body.g, body.b)};
+    start();
+    std::vector<Path> items;
+    for (int i = 0; i < 10; ++i)
+        items.push_back(session->write("item " + std::to_string(i), "x"));
+    ASSERT_EQ(cauldron->feed(items), 0);
+    ASSERT_TRUE(cauldron->records(10));
+    ASSERT_TRUE(tileShows(copper, false));
+    set("skin", "copper");
+    EXPECT_TRUE(tileShows(copper, true));
+    EXPECT_EQ(quit(), 0);
+    start();
+    EXPECT_TRUE(tileShows(copper, true));
+}
+
+TEST_F(WiringTest, RecordsAndReportsAtItsStartWhatAKillCutOff) {
+    std::vector<std::string> words;
+    for (const char* const name : {"one", "two", "three"})
+        words.push_back(session->write(name, name));
+    auto killed = session->start(Cauldron::words(words), {{"LD_PRELOAD", KILL_AFTER_LIBRARY},
+                                                          {"KILL_AFTER", "renameat2 2"}});
+    EXPECT_EQ(killed.end(), -1);
+
+    start({"--background"});
+    EXPECT_TRUE(cauldron->records(2));
+    EXPECT_TRUE(std::filesystem::exists(words[2]));
+    EXPECT_TRUE(eventually([&] {
+        const auto posted = session->notifications();
+        return std::any_of(posted.begin(), posted.end(), [](const std::string& text) {
+            return text.starts_with("An earlier batch was cut off: ");
+        });
+    }));
+    EXPECT_THAT(session->notifications(), Contains(StartsWith("Achievement: First Offering")));
+    cauldron->putBack();
+    EXPECT_TRUE(cauldron->records(2, "restored"));
+    for (const std::string& item : words)
+        EXPECT_TRUE(std::filesystem::exists(item)) << item;
+}
+
+TEST_F(WiringTest, ReportsAStoreThatCannotBeReadOrWritten) {
+    session->write(".local/share/vexmoor/defaults.db", std::string(8192, 'x'));
+    start();
+    EXPECT_TRUE(cauldron->alerts("The history was damaged"));
+    session->press("Return");
+    ASSERT_TRUE(eventually([&] { return !cauldron->isAlerting(); }));
+
+    RawDatabase other(database());
+    other.run("BEGIN IMMEDIATE");
+    ASSERT_TRUE(feeds("unrecorded"));
+    EXPECT_TRUE(cauldron->alerts("The history couldn't be saved"));
+    other.run("ROLLBACK");
+}
+
+TEST_F(WiringTest, OpensTheWindowWhereItWasByAClickOnANotification) {
+    start({});
+    ASSERT_TRUE(statsWindowComes());
+    const std::string window = std::to_string(cauldron->statsWindow()->id);
+    session->xdotool("windowsize --sync " + window + " 400 600 windowmove --sync " + window +
+                     " 700 50");
+    const QRect frame = cauldron->statsWindow()->frame;
+    EXPECT_EQ(quit(), 0);
+    start();
+    ASSERT_TRUE(feeds("item"));
+    EXPECT_TRUE(eventually([&] {
+        session->run({"dunstctl", "action", "0"});
+        return cauldron->statsWindow().has_value();
+    }));
+    EXPECT_TRUE(eventually([&] { return cauldron->statsWindow()->frame == frame; }));
+}
+
+TEST_F(WiringTest, EndsBeforeTheSystemShutsDownAndDelaysThatWhileItWorks) {
+    int inhibited = 0;
+    FakeService login(session->bus(), QStringLiteral("org.freedesktop.login1"),
+                      [&](const QDBusMessage& call) {
+                          auto answer = call.createReply();
+                          if (call.member() == QStringLiteral("Inhibit")) {
+                              ++inhibited;
+                              answer << QVariant::fromValue(QDBusUnixFileDescriptor(STDERR_FILENO));
+                          }
+                          return answer;
+                      });
+    start({"--background"}, {{"DBUS_SYSTEM_BUS_ADDRESS", session->bus().name().toStdString()}});
+    ASSERT_TRUE(feeds("item"));
+    EXPECT_TRUE(eventuallyInLoop([&] { return inhibited > 0; }));
+    login.emitSignal(QStringLiteral("/org/freedesktop/login1"),
+                     QStringLiteral("org.freedesktop.login1.Manager"),
+                     QStringLiteral("PrepareForShutdown"), {true});
+    EXPECT_EQ(cauldron->program().end(), 0);
+}
+
+} // namespace
+} // namespace vexmoor
