@@ -1,3 +1,5 @@
+#include "base/Text.h"
+#include "base/UserLocale.h"
 #include "cli/CommandLine.h"
 #include "cli/Commands.h"
 #include "cli/ExitStatus.h"
@@ -34,12 +36,13 @@ int run(const vexmoor::Invocation& invocation) {
 
 int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);
+    vexmoor::useUserLocale();
     const auto parsed = vexmoor::parseCommandLine(argc, argv);
     std::cout << parsed.output;
     std::cerr << parsed.error;
     const int status = parsed.invocation ? run(*parsed.invocation) : parsed.status;
     if (std::cout.flush())
         return status;
-    vexmoor::complain("Not all of the output could be written.");
+    vexmoor::complain(vexmoor::text("Not all of the output could be written."));
     return std::max(status, vexmoor::kSomeFailed);
 }
