@@ -3,9 +3,9 @@
 #include "app/Probe.h"
 
 #include "art/CauldronArt.h"
+#include "base/Text.h"
 #include "dock/FlameOverlayWindow.h"
 #include "dock/StartupNotification.h"
-#include "base/Text.h"
 #include "intake/BinnedItems.h"
 #include "intake/Recovery.h"
 #include "intake/Texts.h"
