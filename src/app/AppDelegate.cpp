@@ -9,9 +9,9 @@
 #include "intake/BinnedItems.h"
 #include "intake/Recovery.h"
 #include "intake/Texts.h"
+#include "ui/SampleIcon.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QRandomGenerator>
 
 #include <iostream>
@@ -20,19 +20,10 @@
 namespace vexmoor {
 namespace {
 
-constexpr int kPictureSide = 128; ///< as the thumbnails have it
-
 /// Under Wayland only a window that nobody manages keeps its place.
 TileWindow::Manager tileManager() {
     return qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ? TileWindow::Manager::nobody
                                                         : TileWindow::Manager::windowManager;
-}
-
-QImage pdfIcon() {
-    return QIcon::fromTheme(QStringLiteral("application-pdf"),
-                            QIcon::fromTheme(QStringLiteral("x-office-document")))
-        .pixmap(kPictureSide)
-        .toImage();
 }
 
 } // namespace
@@ -250,7 +241,7 @@ void AppDelegate::undo() {
 }
 
 void AppDelegate::testFlames() {
-    m_animator.play(DockIconAnimator::Images{pdfIcon()});
+    m_animator.play(DockIconAnimator::Images{sampleIcon()});
     if (m_settings.sound.get())
         m_sizzle.play();
 }
