@@ -27,3 +27,8 @@ find_library(SQLITE_LIBRARY NAMES libsqlite3.a sqlite3 REQUIRED)
 add_library(vexmoor_sqlite INTERFACE)
 target_include_directories(vexmoor_sqlite SYSTEM INTERFACE ${SQLITE_INCLUDE_DIR})
 target_link_libraries(vexmoor_sqlite INTERFACE ${SQLITE_LIBRARY} Threads::Threads ${CMAKE_DL_LIBS} m)
+
+foreach(tool msgfmt msgmerge msgen xgettext)
+  string(TOUPPER ${tool} variable)
+  find_program(${variable} ${tool} REQUIRED)
+endforeach()

@@ -1,17 +1,21 @@
 #include "app/AppDelegate.h"
+#include "app/Appearance.h"
 #include "app/EndSignals.h"
 #include "app/PotIcon.h"
 #include "app/Probe.h"
 #include "app/QuitEvents.h"
 #include "app/Start.h"
 
+#include "base/UserLocale.h"
 #include "dock/NativeWindow.h"
+#include "ui/GettextTranslator.h"
 
 #include <QApplication>
 #include <QIcon>
 #include <QWindow>
 
 #include <algorithm>
+#include <clocale>
 #include <iostream>
 
 namespace {
@@ -36,6 +40,7 @@ int run(const LaunchOptions& options) {
     ApplicationService service(bus);
     if (options.probe)
         return runProbe(service, bus);
+    const Appearance appearance(bus);
     Start start(service, options);
     const auto outcome = start.begin();
     if (outcome != Start::Outcome::running)
@@ -73,6 +78,7 @@ bool displayAnswers() {
 } // namespace
 
 int main(int argc, char** argv) {
+    useUserLocale();
     std::error_code gone; // then relative paths name nothing
     auto options = LaunchOptions::fromArguments({argv + std::min(argc, 1), argv + argc},
                                                 std::filesystem::current_path(gone));
@@ -94,6 +100,8 @@ int main(int argc, char** argv) {
         return kRefused;
     }
     QApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C"); // Qt took the user's: machines read what is written
+    installTranslators();
     nameApplication();
     QApplication::setApplicationDisplayName(QStringLiteral("Vexmoor"));
     QApplication::setDesktopFileName(QLatin1String(ApplicationService::kName));

@@ -1,24 +1,61 @@
 #include "ByteCount.h"
 
+#include "Text.h"
+#include "UserLocale.h"
+
 #include <array>
+#include <climits>
 #include <cmath>
 #include <cstdio>
 
 namespace vexmoor {
+namespace {
+
+/// Puts the separator between the groups of a number's digits.
+std::string grouped(std::string digits, const NumberStyle& style) {
+    const std::size_t first = digits.starts_with('-') ? 1 : 0;
+    std::size_t end = digits.size();
+    for (std::size_t group = 0; !style.groups.empty(); ++group) {
+        const char size = style.groups[std::min(group, style.groups.size() - 1)];
+        if (size <= 0 || size == CHAR_MAX || end <= first + static_cast<std::size_t>(size))
+            break;
+        end -= static_cast<std::size_t>(size);
+        digits.insert(end, style.separator);
+    }
+    return digits;
+}
+
+/// With at most so many decimals, without zeros at the end.
+std::string numberText(double value, int decimals) {
+    std::array<char, 48> text{};
+    std::string number(text.data(), static_cast<std::size_t>(std::snprintf(
+                                        text.data(), text.size(), "%.*f", decimals, value)));
+    const auto style = numberStyle();
+    const auto point = number.find('.');
+    if (point == std::string::npos)
+        return grouped(number, style);
+    const auto last = number.find_last_not_of('0');
+    const auto whole = grouped(number.substr(0, point), style);
+    return last == point ? whole : whole + style.decimal + number.substr(point + 1, last - point);
+}
+
+} // namespace
 
 std::string byteCountText(std::int64_t bytes) {
     if (bytes == 0)
-        return "Zero KB";
-    if (bytes == 1)
-        return "1 byte";
+        return text("Zero KB");
     if (std::abs(bytes) < 1000)
-        return std::to_string(bytes) + " bytes";
+        return plural("%1 byte", "%1 bytes", bytes);
     struct Unit {
-        const char* name;
+        const char* pattern;
         int decimals;
     };
-    constexpr std::array<Unit, 6> kUnits = {
-        {{"KB", 0}, {"MB", 1}, {"GB", 2}, {"TB", 2}, {"PB", 2}, {"EB", 2}}};
+    constexpr std::array<Unit, 6> kUnits = {{{marked("%1 KB"), 0},
+                                             {marked("%1 MB"), 1},
+                                             {marked("%1 GB"), 2},
+                                             {marked("%1 TB"), 2},
+                                             {marked("%1 PB"), 2},
+                                             {marked("%1 EB"), 2}}};
     double value = static_cast<double>(bytes) / 1000;
     std::size_t unit = 0;
     const auto rounded = [&] {
@@ -29,23 +66,11 @@ std::string byteCountText(std::int64_t bytes) {
         value /= 1000;
         ++unit;
     }
-    char text[48];
-    std::snprintf(text, sizeof text, "%.*f", kUnits[unit].decimals, rounded());
-    std::string number = text;
-    if (number.find('.') != std::string::npos) {
-        number.erase(number.find_last_not_of('0') + 1);
-        if (number.back() == '.')
-            number.pop_back();
-    }
-    return number + " " + kUnits[unit].name;
+    return text(kUnits[unit].pattern, {numberText(rounded(), kUnits[unit].decimals)});
 }
 
 std::string countText(std::int64_t count) {
-    std::string digits = std::to_string(count);
-    const std::size_t first = count < 0 ? 1 : 0;
-    for (std::size_t end = digits.size(); end > first + 3; end -= 3)
-        digits.insert(end - 3, ",");
-    return digits;
+    return grouped(std::to_string(count), numberStyle());
 }
 
 } // namespace vexmoor

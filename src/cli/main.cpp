@@ -1,3 +1,4 @@
+#include "base/UserLocale.h"
 #include "cli/CommandLine.h"
 #include "cli/Commands.h"
 #include "cli/ExitStatus.h"
@@ -34,6 +35,7 @@ int run(const vexmoor::Invocation& invocation) {
 
 int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);
+    vexmoor::useUserLocale();
     const auto parsed = vexmoor::parseCommandLine(argc, argv);
     std::cout << parsed.output;
     std::cerr << parsed.error;

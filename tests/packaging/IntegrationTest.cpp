@@ -57,7 +57,9 @@ TEST_F(IntegrationTest, InstallsAllUnderOneName) {
     std::set<std::string> expected{"share/applications/" + kId + ".desktop",
                                    "share/dbus-1/services/" + kId + ".service",
                                    "share/metainfo/" + kId + ".metainfo.xml",
-                                   "share/icons/hicolor/scalable/apps/" + kId + ".svg"};
+                                   "share/icons/hicolor/scalable/apps/" + kId + ".svg",
+                                   "share/locale/de/LC_MESSAGES/vexmoor.mo",
+                                   "share/locale/en/LC_MESSAGES/vexmoor.mo"};
     for (const char* side : {"16", "22", "24", "32", "48", "64", "96", "128", "256", "512"})
         expected.insert(std::string("share/icons/hicolor/") + side + "x" + side + "/apps/" + kId +
                         ".png");

@@ -1,0 +1,122 @@
+#include "UserLocale.h"
+
+#include "Text.h"
+
+#include <clocale>
+#include <cstdlib>
+#include <filesystem>
+#include <langinfo.h>
+#include <libintl.h>
+#include <optional>
+#include <string_view>
+#include <unistd.h>
+
+namespace vexmoor {
+namespace {
+
+using Path = std::filesystem::path;
+
+constexpr const char* kNoLocale = "C.UTF-8"; ///< of every system
+
+std::optional<NumberStyle> numbersOfLocale;
+std::optional<DateStyle> datesOfLocale;
+
+/// Where the catalogues are: beside the program in its build tree, under the prefix that it is in,
+/// or where it was meant to be installed.
+Path localeFolder() {
+    std::error_code code;
+    const Path programs = std::filesystem::read_symlink("/proc/self/exe", code).parent_path();
+    for (const Path& folder :
+         {programs.parent_path() / "locale", programs.parent_path() / "share" / "locale"})
+        if (::access((folder / "en/LC_MESSAGES/vexmoor.mo").c_str(), R_OK) == 0)
+            return folder;
+    return VEXMOOR_LOCALE_FOLDER;
+}
+
+/// Sets a category as the environment says. The locale's name; nullopt if it is missing here.
+std::optional<std::string> take(int category) {
+    const char* const name = std::setlocale(category, "");
+    return name != nullptr ? std::optional<std::string>(name) : std::nullopt;
+}
+
+/// The name of the locale that the environment wants for messages.
+const char* wantedLanguage() {
+    for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"})
+        if (const char* const value = std::getenv(variable); value != nullptr && *value != '\0')
+            return value;
+    return "";
+}
+
+/// gettext looks for LANGUAGE in any locale but "C".
+void takeLanguage() {
+    if (take(LC_MESSAGES))
+        return;
+    std::setlocale(LC_MESSAGES, kNoLocale);
+    ::setenv("LANGUAGE", wantedLanguage(), 0);
+}
+
+/// Whether a locale says how something is written; its texts must be in our encoding.
+bool says(const std::optional<std::string>& locale) {
+    return locale && *locale != "C" && *locale != "POSIX" && !locale->starts_with("C.") &&
+           std::string_view(::nl_langinfo(CODESET)) == "UTF-8";
+}
+
+void takeNumbers() {
+    if (says(take(LC_NUMERIC))) {
+        const std::lconv* const locale = std::localeconv();
+        numbersOfLocale = {locale->decimal_point, locale->thousands_sep, locale->grouping};
+    }
+    std::setlocale(LC_NUMERIC, "C");
+}
+
+void takeDates() {
+    if (!says(take(LC_TIME)))
+        return;
+    const std::string_view time = ::nl_langinfo(T_FMT);
+    const bool hasHalves =
+        time.find("%p") != std::string_view::npos || time.find("%r") != std::string_view::npos;
+    datesOfLocale = {"%x", hasHalves ? "%I:%M %p" : "%R", true};
+}
+
+/// As the sample in the language of the texts is written.
+NumberStyle numbersOfTexts() {
+    // Translators: as your language writes this number.
+    const std::string sample = text("1,234.5");
+    const auto place = [&](char before, char after) {
+        const auto first = sample.find(before) + 1;
+        const auto last = sample.find(after);
+        return last == std::string::npos || last < first ? "" : sample.substr(first, last - first);
+    };
+    NumberStyle style;
+    style.separator = place('1', '2');
+    style.decimal = place('4', '5');
+    return style;
+}
+
+} // namespace
+
+void useUserLocale() {
+    if (!take(LC_CTYPE))
+        std::setlocale(LC_CTYPE, kNoLocale);
+    takeLanguage();
+    takeNumbers();
+    takeDates();
+    ::bindtextdomain(kTextDomain, localeFolder().c_str());
+    for (const char* domain : {kTextDomain, "libc"})
+        ::bind_textdomain_codeset(domain, "UTF-8");
+}
+
+NumberStyle numberStyle() {
+    if (InEnglish::isOn())
+        return {};
+    return numbersOfLocale ? *numbersOfLocale : numbersOfTexts();
+}
+
+DateStyle dateStyle() {
+    if (datesOfLocale)
+        return *datesOfLocale;
+    // Translators: dates and times as your language writes them, in the letters of "man strftime".
+    return {text("%F"), text("%R"), false};
+}
+
+} // namespace vexmoor

@@ -1,0 +1,33 @@
+#include "GettextTranslator.h"
+
+#include "base/Text.h"
+
+#include <QCoreApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+
+namespace vexmoor {
+namespace {
+
+/// What Qt's dialogs say, for where its catalogue is missing.
+[[maybe_unused]] constexpr const char* kTextsOfQt[] = {
+    marked("OK"), marked("Cancel"), marked("&Yes"), marked("&No"), marked("Close"),
+};
+
+} // namespace
+
+QString GettextTranslator::translate(const char*, const char* source, const char*, int) const {
+    const std::string translation = text(source);
+    return translation == source ? QString() : QString::fromStdString(translation);
+}
+
+void installTranslators() {
+    auto* const application = QCoreApplication::instance();
+    auto* const qt = new QTranslator(application);
+    if (qt->load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
+                 QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(qt);
+    QCoreApplication::installTranslator(new GettextTranslator(application)); // asked first
+}
+
+} // namespace vexmoor
