@@ -36,6 +36,9 @@ constexpr const char* kConfiguration = R"(<?xml version="1.0" encoding="UTF-8"?>
 BackgroundProgram startPanel(DesktopSession& session, bool isDark) {
     session.write(".config/xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml",
                   QString(kConfiguration).arg(isDark ? "true" : "false").toStdString());
+    if (session.hasService("org.xfce.Xfconf")) // which has read the file
+        session.run({"xfconf-query", "--channel", "xfce4-panel", "--property", "/panels/dark-mode",
+                     "--set", isDark ? "true" : "false"});
     return session.start({"xfce4-panel"});
 }
 

@@ -26,7 +26,7 @@ struct TrayTest : DesktopTest {
     [[nodiscard]] bool showsPot() const {
         return eventually([&] {
             const QRect place = tray->place().value_or(QRect());
-            return countOf(session->screen().picture().copy(place), {qRgb(0xf4, 0xf4, 0xf6)}) > 50;
+            return countOf(session->screen().picture().copy(place), {qRgb(0x36, 0x36, 0x3c)}) > 50;
         });
     }
     void set(const std::string& setting, const std::string& value) const {
