@@ -132,6 +132,10 @@ Tray::Item Tray::item(const std::string& label) const {
     return *item;
 }
 
+bool Tray::has(const std::string& label) const {
+    return find(menu(), label) != nullptr;
+}
+
 void Tray::choose(const std::string& label) const {
     m_session.call(menuOfFirst(), "Event",
                    {item(label).id, "clicked", QVariant::fromValue(QDBusVariant("")), 0U});

@@ -37,6 +37,7 @@ class Tray {
     [[nodiscard]] std::vector<Item> menu() const;
     /// Its item of that label, among those of its submenus too; throws where there is none.
     [[nodiscard]] Item item(const std::string& label) const;
+    [[nodiscard]] bool has(const std::string& label) const;
     void choose(const std::string& label) const;
 
   private:

@@ -1,6 +1,10 @@
 #include "Tray.h"
 #include "DesktopTest.h"
 
+#include "desktopbus/FakeService.h"
+#include "support/MainLoop.h"
+
+#include <algorithm>
 #include <cstdlib>
 
 namespace vexmoor {
@@ -143,6 +147,38 @@ TEST_F(TrayTest, DoesWhatIsChosen) {
     EXPECT_TRUE(eventually([&] { return !cauldron->isAlerting(); }));
     tray->choose("Quit Vexmoor");
     EXPECT_EQ(cauldron->program().end(), 0);
+}
+
+TEST_F(TrayTest, SaysThatItChecksForUpdatesUntilThatIsCancelled) {
+    const FakeService packages(session->bus(), "org.freedesktop.PackageKit",
+                               [](const QDBusMessage&) { return QDBusMessage(); });
+    start({}, {{"DBUS_SYSTEM_BUS_ADDRESS", session->bus().name().toStdString()}});
+    openTray();
+    ASSERT_TRUE(hasIcons(1));
+    const auto isOffered = [&](const char* label, bool isEnabled) {
+        return eventuallyInLoop(
+            [&] { return tray->has(label) && tray->item(label).isEnabled == isEnabled; });
+    };
+    const auto window = [&](const char* title) {
+        return session->screen().find(
+            [&](const SeenWindow& seen) { return seen.title.starts_with(title); });
+    };
+    tray->choose("Check for Updates…");
+    EXPECT_TRUE(isOffered("Checking for Updates…", false));
+    ASSERT_TRUE(eventuallyInLoop([&] { return window("Check for Updates").has_value(); }));
+    const auto elements = cauldron->elements();
+    EXPECT_EQ(std::ranges::count_if(elements,
+                                    [](const AccessibleElement& element) {
+                                        return element.role == "menu item" &&
+                                               element.name == "Checking for Updates…";
+                                    }),
+              1)
+        << "in the window's menu";
+    session->xdotool("windowactivate --sync " +
+                     std::to_string(window("Check for Updates").value().id));
+    session->press("Escape");
+    EXPECT_TRUE(isOffered("Check for Updates…", true));
+    EXPECT_FALSE(window("Check for Updates").has_value());
 }
 
 TEST_F(TrayTest, ReportsThatNoProgramShowsTheBin) {
