@@ -5,12 +5,13 @@
 #include "art/CauldronArt.h"
 #include "dock/FlameOverlayWindow.h"
 #include "dock/StartupNotification.h"
+#include "base/Text.h"
 #include "intake/BinnedItems.h"
 #include "intake/Recovery.h"
 #include "intake/Texts.h"
+#include "ui/SampleIcon.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QRandomGenerator>
 
 #include <iostream>
@@ -19,19 +20,10 @@
 namespace vexmoor {
 namespace {
 
-constexpr int kPictureSide = 128; ///< as the thumbnails have it
-
 /// Under Wayland only a window that nobody manages keeps its place.
 TileWindow::Manager tileManager() {
     return qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ? TileWindow::Manager::nobody
                                                         : TileWindow::Manager::windowManager;
-}
-
-QImage pdfIcon() {
-    return QIcon::fromTheme(QStringLiteral("application-pdf"),
-                            QIcon::fromTheme(QStringLiteral("x-office-document")))
-        .pixmap(kPictureSide)
-        .toImage();
 }
 
 } // namespace
@@ -102,9 +94,9 @@ void AppDelegate::recordCutOffBatches() {
                                 binnedItems(), m_stores.directories());
     const auto recorded = report.disposed + report.putBack + report.deleted;
     if (recorded > 0)
-        m_notifications.post({"recovery", "An earlier batch was cut off",
-                              "What it had done is recorded now: " + std::to_string(recorded) +
-                                  (recorded == 1 ? " item." : " items.")});
+        m_notifications.post({"recovery", text("An earlier batch was cut off"),
+                              plural("What it had done is recorded now: %1 item.",
+                                     "What it had done is recorded now: %1 items.", recorded)});
     if (!report.failures.empty())
         m_alerts.report(intakeFailures(report.failures));
     for (const auto& problem : report.problems)
@@ -249,7 +241,7 @@ void AppDelegate::undo() {
 }
 
 void AppDelegate::testFlames() {
-    m_animator.play(DockIconAnimator::Images{pdfIcon()});
+    m_animator.play(DockIconAnimator::Images{sampleIcon()});
     if (m_settings.sound.get())
         m_sizzle.play();
 }
