@@ -1,5 +1,7 @@
 #include "Texts.h"
 
+#include "base/Text.h"
+
 #include "disposal/DisposalError.h"
 
 #include <algorithm>
@@ -106,6 +108,22 @@ FailureReport foreignReport(bool tookOthers) {
                        : "The cauldron took nothing of that",
             "It takes only files and folders that are on this computer.",
             {}};
+}
+
+FailureReport withheldReport() {
+    return {text("The desktop withheld what was dropped"),
+            text("It did not say which files they were, so nothing was touched. Feed them from the "
+                 "file manager's menu instead."),
+            {}};
+}
+
+FailureReport tileLostReport(const std::string& reason) {
+    return {
+        text("The cauldron left the screen"),
+        text("The desktop ended the connection that shows it: %1. It comes back when Vexmoor is "
+             "started again.",
+             {reason}),
+        {}};
 }
 
 FailureReport droppedCommands(std::size_t count) {
