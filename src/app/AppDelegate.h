@@ -18,6 +18,7 @@
 #include "disposal/Ledger.h"
 #include "disposal/Settings.h"
 #include "dock/AccessibilityBus.h"
+#include "dock/Compositor.h"
 #include "dock/DockIconAnimator.h"
 #include "dock/DockTile.h"
 #include "dock/OwnDock.h"
@@ -119,6 +120,7 @@ class AppDelegate : public QObject {
     Updater m_updater;
     UpdateCommand m_updateCommand;
     BinOpener m_binOpener;
+    Compositor m_compositor; ///< whether menus can be translucent
     MenuBar m_menuBar;
     MainMenu m_mainMenu;
     QByteArray m_startup; ///< what a launcher waits for at the moment; empty where none does
