@@ -1,5 +1,7 @@
 #include "ui/Onboarding.h"
 
+#include "base/Text.h"
+
 #include <gmock/gmock.h>
 
 namespace vexmoor {
