@@ -1,5 +1,8 @@
 #include "Stage.h"
 
+#include "base/UserLocale.h"
+#include "ui/GettextTranslator.h"
+
 #include <QApplication>
 #include <QProcess>
 #include <QWidget>
@@ -48,7 +51,7 @@ int startForEach(const QStringList& arguments) {
             environment.insert(kScale, scale);
             environment.insert(kRendering, language);
             environment.insert("LANGUAGE", language);
-            environment.insert("LC_ALL", "C.UTF-8");
+            environment.insert("LC_ALL", language == QString("de") ? "de_DE.UTF-8" : "C.UTF-8");
             environment.insert("TZ", "UTC");
             environment.insert("QT_QPA_PLATFORM", "offscreen");
             process.setProcessEnvironment(environment);
@@ -76,7 +79,9 @@ int main(int argc, char* argv[]) {
         return 2;
     }
     if (qEnvironmentVariableIsSet(kRendering)) {
+        useUserLocale();
         const QApplication application(argc, argv);
+        installTranslators();
         return renderAll(arguments);
     }
     const QCoreApplication application(argc, argv);
