@@ -1,5 +1,7 @@
 #include "ui/Onboarding.h"
 
+#include "base/Text.h"
+
 #include <gmock/gmock.h>
 
 namespace vexmoor {
@@ -81,7 +83,7 @@ TEST_F(OnboardingTest, LeadsThroughFivePagesThatCanAllBeSkipped) {
          "System Settings will open. Turn on Vexmoor, then come back.",
          Onboarding::Picture::settingsRow,
          "Accessibility",
-         {"Skip", "Open System Settings…"}},
+         {"Skip", "Open Settings…"}},
         {Page::automation,
          "Press ⌘⌫ in Finder to feed it",
          "macOS will ask once. Click Allow.",
@@ -104,10 +106,10 @@ TEST_F(OnboardingTest, LeadsThroughFivePagesThatCanAllBeSkipped) {
     for (const auto& page : kPages) {
         SCOPED_TRACE(page.title);
         EXPECT_EQ(walk.page(), page.page);
-        EXPECT_EQ(walk.title(), page.title);
-        EXPECT_EQ(walk.blurb(), page.blurb);
+        EXPECT_EQ(walk.title(), text(page.title));
+        EXPECT_EQ(walk.blurb(), text(page.blurb));
         EXPECT_EQ(walk.picture(), page.picture);
-        EXPECT_EQ(walk.pictureText(), page.pictureText);
+        EXPECT_EQ(walk.pictureText(), text(page.pictureText));
         EXPECT_EQ(buttons(), page.buttons);
         EXPECT_THAT(calls, testing::IsEmpty());
         walk.next();
@@ -127,11 +129,11 @@ TEST_F(OnboardingTest, SaysOfThePermissionsWhatIsTrueInEachSession) {
     constexpr auto kGranted = AutomationStatus::granted;
     constexpr auto kNotAsked = AutomationStatus::notAsked;
     constexpr auto kDenied = AutomationStatus::denied;
-    const char* const kAlso = "Also needed for ⌘⌫ in Finder.";
+    const char* const kAlso = "Also needed for Ctrl+Backspace in the file manager.";
     const char* const kNeeds = "Needs Accessibility from the previous step too.";
     const char* const kOff = "The key is turned off in the settings.";
-    const Onboarding::Status kDeclined{.line =
-                                           "Declined. Turn on Finder under Vexmoor in Automation."};
+    const Onboarding::Status kDeclined{
+        .line = "Declined. Allow it in the settings of the Vexmoor window."};
     const Onboarding::Status kNoKey{.line = "No file manager installed here can take "
                                             "Ctrl+Backspace."};
     const struct {
@@ -140,17 +142,17 @@ TEST_F(OnboardingTest, SaysOfThePermissionsWhatIsTrueInEachSession) {
         Onboarding::Status status;
         std::vector<std::string> buttons;
     } kCases[] = {
-        {Page::accessibility, {}, with(kNotYet, kAlso), {"Skip", "Open System Settings…"}},
+        {Page::accessibility, {}, with(kNotYet, kAlso), {"Skip", "Open Settings…"}},
         {Page::accessibility, {.accessible = true}, with(kAllowed, kAlso), {"Continue"}},
         {Page::accessibility,
          {.key = KeyWay::bound},
          {.tick = kNotYet},
-         {"Skip", "Open System Settings…"}},
+         {"Skip", "Open Settings…"}},
         {Page::automation, {}, with(kNotYet, kNeeds), {"Skip", "Allow…"}},
         {Page::automation, {.accessible = true}, {.tick = kNotYet}, {"Skip", "Allow…"}},
         {Page::automation, {.automation = kGranted}, with(kAllowed, kNeeds), {"Continue"}},
         {Page::automation, {true, kGranted}, {.tick = kAllowed}, {"Continue"}},
-        {Page::automation, {true, kDenied}, kDeclined, {"Skip", "Open System Settings…"}},
+        {Page::automation, {true, kDenied}, kDeclined, {"Skip", "Open Settings…"}},
         {Page::automation,
          {true, kGranted, KeyWay::captured, false},
          with(kAllowed, kOff),
@@ -184,9 +186,10 @@ TEST_F(OnboardingTest, SaysOfThePermissionsWhatIsTrueInEachSession) {
 }
 
 TEST_F(OnboardingTest, NamesAtTheEndOnlyWhatWorks) {
-    const std::string kKey = "Drop files on the Dock icon, or press ⌘⌫ in Finder.";
+    const std::string kKey =
+        "Drop files on the cauldron, or press Ctrl+Backspace in the file manager.";
     const std::string kMenu =
-        "Drop files on the Dock icon, or right-click them and choose Services > Feed to Vexmoor.";
+        "Drop files on the cauldron, or right-click them and choose Feed to Vexmoor.";
     constexpr auto kGranted = AutomationStatus::granted;
     const std::pair<Facts, std::string> kCases[] = {
         {{true, kGranted}, kKey},
@@ -240,9 +243,9 @@ TEST_F(OnboardingTest, AsksForAutomationOnceAndThenOpensItsSettings) {
 
 TEST_F(OnboardingTest, LooksAtTheFoldersWhenToldToAndSaysWhichAreMissing) {
     Onboarding& walk = start(Page::folders);
-    EXPECT_EQ(walk.status(), (Onboarding::Status{
-                                 .tick = Tick{false, "Not asked yet",
-                                              "Files dropped on the Dock icon never need this."}}));
+    EXPECT_EQ(walk.status(),
+              (Onboarding::Status{.tick = Tick{false, "Not asked yet",
+                                               "Files dropped on the cauldron never need this."}}));
     walk.openFolderSettings();
     walk.primaryAction();
     EXPECT_THAT(calls, ElementsAre("probe"));
@@ -251,7 +254,7 @@ TEST_F(OnboardingTest, LooksAtTheFoldersWhenToldToAndSaysWhichAreMissing) {
     EXPECT_EQ(changes, 1);
     Onboarding::Status status{
         .badges = {{true, "Desktop"}, {false, "Documents"}, {true, "Downloads"}}};
-    status.link = "Turn on the missing folders in System Settings…";
+    status.link = "Look at the missing folders in the file manager…";
     EXPECT_EQ(walk.status(), status);
     EXPECT_THAT(buttons(), ElementsAre("Continue"));
     walk.openFolderSettings();
