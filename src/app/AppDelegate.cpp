@@ -41,6 +41,8 @@ AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBu
       m_intake({stores.directories(), stores.defaults(), m_ledger, m_settings, m_progression,
                 binnedItems(), stores.journal(), &m_undoStack, m_main, *m_work, m_alerts,
                 m_animator, m_sizzle, *m_thumbnails, m_fileManagerKey.undoKey(), &Date::now}),
+      m_walkthrough({stores.defaults(), m_settings, m_progression, m_fileManagerKey,
+                     m_accessibilityBus, m_alerts, m_main, m_windowTimers.maker()}),
       m_sessionLock(bus, QDBusConnection::systemBus()),
       m_shutdownDelay(QDBusConnection::systemBus()),
       m_updater(QDBusConnection::systemBus(), QCoreApplication::applicationFilePath()),
@@ -66,6 +68,7 @@ void AppDelegate::finishLaunching(const LaunchOptions& options) {
     wireDesktop();
     wireTile();
     wireFileManagerKey();
+    wireWalkthrough();
     wireMenuBar();
     wireMainMenu();
     subscribeToSettings();
@@ -73,8 +76,8 @@ void AppDelegate::finishLaunching(const LaunchOptions& options) {
     if (!options.items.empty() || options.others > 0)
         open(options.items, options.others);
     wireService();
-    if (!m_receivedFilesAtLaunch && !options.background)
-        showStats();
+    if (!options.background && (!m_receivedFilesAtLaunch || m_walkthrough.comesFirst()))
+        activate();
 }
 
 void AppDelegate::recordCutOffBatches() {
@@ -160,6 +163,11 @@ void AppDelegate::wireFileManagerKey() {
     connect(&m_fileManagerKey, &FileManagerKey::settingsRequested, this, &AppDelegate::showStats);
 }
 
+void AppDelegate::wireWalkthrough() {
+    connect(&m_walkthrough, &Walkthrough::finished, this, &AppDelegate::showStats);
+    connect(&m_walkthrough, &Walkthrough::settingsRequested, this, &AppDelegate::showStats);
+}
+
 void AppDelegate::subscribeToSettings() {
     m_subscriptions.push_back(
         m_settings.escapeDock.subscribe([this](bool escape) { m_animator.setEscapeDock(escape); }));
@@ -175,7 +183,7 @@ void AppDelegate::wireService() {
     connect(&m_service, &ApplicationService::startupBegun, this,
             [this](const QByteArray& id) { m_startup = id; });
     connect(&m_service, &ApplicationService::startupEnded, this, &AppDelegate::endStartup);
-    connect(&m_service, &ApplicationService::activateRequested, this, &AppDelegate::showStats);
+    connect(&m_service, &ApplicationService::activateRequested, this, &AppDelegate::activate);
     connect(&m_service, &ApplicationService::openRequested, this, &AppDelegate::open);
     connect(&m_service, &ApplicationService::actionRequested, this, &AppDelegate::act);
     m_service.setProbe([this] { return probe(); });
@@ -269,10 +277,16 @@ StatsWindow& AppDelegate::statsWindow() {
 }
 
 void AppDelegate::showOnboarding() {
-    if (!DockTile::openSettings())
-        m_alerts.tell(tr("There are no accessibility settings"),
-                      tr("No program for them is installed. Flames leave the tile wherever the "
-                         "accessibility service runs."));
+    QWidget& window = m_walkthrough.show();
+    if (!m_startup.isEmpty())
+        native::answerStartup(window.winId(), m_startup);
+}
+
+void AppDelegate::activate() {
+    if (m_walkthrough.comesFirst())
+        showOnboarding();
+    else
+        showStats();
 }
 
 QString AppDelegate::probe() const {

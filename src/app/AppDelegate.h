@@ -9,6 +9,7 @@
 #include "app/MainLoop.h"
 #include "app/Stores.h"
 #include "app/UpdateCommand.h"
+#include "app/Walkthrough.h"
 
 #include "base/SerialQueue.h"
 #include "desktopbus/Notifications.h"
@@ -58,6 +59,8 @@ class AppDelegate : public QObject {
     void consume(const std::vector<Path>& items, int others, bool fromFinder);
     void showStats();
     void showOnboarding();
+    /// Shows the walkthrough if it comes first, else the main window.
+    void activate();
     void testFlames();
     void undo();
 
@@ -73,6 +76,7 @@ class AppDelegate : public QObject {
     void wireMainMenu();
     [[nodiscard]] MenuContents::Parts menuParts();
     void wireFileManagerKey();
+    void wireWalkthrough();
     void restWhileUnseen();
     void subscribeToSettings();
     void endStartup();
@@ -115,6 +119,7 @@ class AppDelegate : public QObject {
     RestingTimers m_windowTimers;
     std::unique_ptr<StatsWindow> m_statsWindow; ///< made when it is first shown, and kept
     std::unique_ptr<WindowFrame> m_statsFrame;
+    Walkthrough m_walkthrough;
     SessionLock m_sessionLock;
     ShutdownDelay m_shutdownDelay;
     Updater m_updater;
