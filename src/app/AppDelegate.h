@@ -18,13 +18,11 @@
 #include "disposal/Ledger.h"
 #include "disposal/Settings.h"
 #include "dock/AccessibilityBus.h"
-#include "dock/Compositor.h"
 #include "dock/DockIconAnimator.h"
 #include "dock/DockTile.h"
 #include "dock/OwnDock.h"
 #include "dock/RestingTimers.h"
-#include "dock/Screens.h"
-#include "dock/TileWindow.h"
+#include "dock/Tile.h"
 #include "intake/Intake.h"
 #include "intake/UndoStack.h"
 #include "progression/Progression.h"
@@ -101,11 +99,9 @@ class AppDelegate : public QObject {
     Settings m_settings;
     Progression m_progression;
     UndoStack m_undoStack;
-    Compositor m_compositor;
-    TileWindow m_tile;
+    std::unique_ptr<Tile> m_tile;
     AccessibilityBus m_accessibilityBus;
     OwnDock m_dock;
-    SessionScreens m_screens;
     DockTile m_dockTile;
     DockIconAnimator m_animator;
     CanberraOutput m_audio;

@@ -1,6 +1,7 @@
 #include "StatsText.h"
 
 #include "base/ByteCount.h"
+#include "base/Text.h"
 #include "disposal/Ledger.h"
 #include "progression/Achievement.h"
 #include "progression/Progress.h"
@@ -30,13 +31,13 @@ StatsText StatsText::of(const Ledger& ledger, const Progress& progress, Date now
     });
     StatsText text;
     text.count = grouped(count);
-    text.countCaption = count == 1 ? tr("sacrifice") : tr("sacrifices");
+    text.countCaption = QString::fromStdString(plural("sacrifice", "sacrifices", count));
     text.bytes = size(ledger.bytes.get());
     text.bytesCaption = tr("consumed");
     text.streak = grouped(progress.streak);
     text.streakCaption = tr("day streak");
-    text.today = (today.count == 1 ? tr("Today: %1 item, %2") : tr("Today: %1 items, %2"))
-                     .arg(grouped(today.count), size(today.bytes));
+    text.today = QString::fromStdString(plural("Today: %1 item, %2", "Today: %1 items, %2",
+                                               today.count, {byteCountText(today.bytes)}));
     text.achievements = tr("%1 of %2 achievements").arg(unlocked).arg(all.size());
     return text;
 }
