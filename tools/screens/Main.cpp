@@ -54,7 +54,7 @@ int startForEach(const QStringList& arguments) {
             environment.insert(kScale, scale);
             environment.insert(kRendering, language);
             environment.insert("LANGUAGE", language);
-            environment.insert("LC_ALL", "C.UTF-8");
+            environment.insert("LC_ALL", language == QString("de") ? "de_DE.UTF-8" : "C.UTF-8");
             environment.insert("TZ", "UTC");
             environment.insert("QT_QPA_PLATFORM", "offscreen");
             process.setProcessEnvironment(environment);
