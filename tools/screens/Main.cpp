@@ -2,12 +2,15 @@
 
 #include "base/UserLocale.h"
 #include "ui/GettextTranslator.h"
+#include "ui/Motion.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QProcess>
 #include <QWidget>
 
 #include <algorithm>
+#include <clocale>
 #include <iostream>
 
 // vexmoor-screens FOLDER [SCENE...]: pictures every window, or those whose names begin so, light
@@ -81,7 +84,10 @@ int main(int argc, char* argv[]) {
     if (qEnvironmentVariableIsSet(kRendering)) {
         useUserLocale();
         const QApplication application(argc, argv);
+        std::setlocale(LC_NUMERIC, "C"); // Qt took the user's
         installTranslators();
+        QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
+        setReducedMotion(true); // pictures are of the end of a motion
         return renderAll(arguments);
     }
     const QCoreApplication application(argc, argv);

@@ -18,7 +18,8 @@ Stage::Stage(std::filesystem::path folder, bool isDark, double scale)
 }
 
 bool Stage::picture(QWidget& window, const std::string& name, QSize size) {
-    window.resize(size);
+    if (!size.isEmpty())
+        window.resize(size);
     window.show();
     QCoreApplication::processEvents();
     const auto file = m_folder / (name + m_suffix);
