@@ -231,6 +231,23 @@ void BinnedItems::visit(const std::function<bool(const Sacrifice&)>& visitor) co
           [&](std::int64_t, const Sacrifice& item) { return visitor(item); });
 }
 
+std::vector<Sacrifice>
+BinnedItems::matching(const std::function<bool(const std::string& name)>& matches,
+                      std::size_t most) const {
+    std::vector<Sacrifice> items;
+    visit(
+        [&](const auto& record) {
+            return items.size() >= most   ? Look::stop
+                   : matches(record.name) ? Look::take
+                                          : Look::pass;
+        },
+        [&](std::int64_t, const Sacrifice& item) {
+            items.push_back(item);
+            return true;
+        });
+    return items;
+}
+
 std::vector<Sacrifice> BinnedItems::all() const {
     std::vector<Sacrifice> items;
     visit([&](const Sacrifice& item) {
