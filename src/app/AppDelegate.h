@@ -7,6 +7,7 @@
 #include "app/FileManagerKey.h"
 #include "app/LaunchOptions.h"
 #include "app/MainLoop.h"
+#include "app/StatsWiring.h"
 #include "app/Stores.h"
 #include "app/UpdateCommand.h"
 
@@ -116,6 +117,7 @@ class AppDelegate : public QObject {
     Intake m_intake;
     std::unique_ptr<CommandService> m_commands; ///< once they may come
     RestingTimers m_windowTimers;
+    StatsWiring m_statsWiring;
     std::unique_ptr<StatsWindow> m_statsWindow; ///< made when it is first shown, and kept
     std::unique_ptr<WindowFrame> m_statsFrame;
     SessionLock m_sessionLock;

@@ -108,6 +108,11 @@ void FileManagerKey::take(std::vector<KeyState> states) {
     m_capture->refresh();
 }
 
+std::vector<KeyState> FileManagerKey::states() const {
+    const std::lock_guard lock(m_mutex);
+    return m_states;
+}
+
 bool FileManagerKey::bindsKeyItself(const FileManager& manager, std::optional<pid_t> process) {
     const std::lock_guard lock(m_mutex);
     const auto state = std::ranges::find(m_states, &manager, &KeyState::manager);

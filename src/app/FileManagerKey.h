@@ -48,6 +48,9 @@ class FileManagerKey : public QObject {
     /// Whether this session lets programs capture keys and ask for the selection.
     [[nodiscard]] bool canCapture() const { return m_capture->isPossible(); }
 
+    /// How the file managers that are installed have the key; empty until that is known.
+    [[nodiscard]] std::vector<KeyState> states() const;
+
     UndoKey& undoKey() { return *m_hotkey; }
     Automation& automation() { return m_automation; }
 
@@ -81,7 +84,7 @@ class FileManagerKey : public QObject {
     Parts m_parts;
     Automation m_automation;
 
-    std::mutex m_mutex;             ///< guards what follows
+    mutable std::mutex m_mutex;     ///< guards what follows
     std::vector<KeyState> m_states; ///< of the file managers that are installed
 
     SerialQueue m_background;
