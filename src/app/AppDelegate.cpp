@@ -41,6 +41,10 @@ AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBu
       m_intake({stores.directories(), stores.defaults(), m_ledger, m_settings, m_progression,
                 binnedItems(), stores.journal(), &m_undoStack, m_main, *m_work, m_alerts,
                 m_animator, m_sizzle, *m_thumbnails, m_fileManagerKey.undoKey(), &Date::now}),
+      m_walkthrough({stores.defaults(), m_settings, m_progression, m_fileManagerKey,
+                     m_accessibilityBus, m_alerts, m_main, m_windowTimers.maker()}),
+      m_statsWiring({m_ledger, m_settings, m_progression, binnedItems(), m_intake, m_fileManagerKey,
+                     m_dock, m_alerts, m_windowTimers.maker()}),
       m_sessionLock(bus, QDBusConnection::systemBus()),
       m_shutdownDelay(QDBusConnection::systemBus()),
       m_updater(QDBusConnection::systemBus(), QCoreApplication::applicationFilePath()),
@@ -66,6 +70,7 @@ void AppDelegate::finishLaunching(const LaunchOptions& options) {
     wireDesktop();
     wireTile();
     wireFileManagerKey();
+    wireWalkthrough();
     wireMenuBar();
     wireMainMenu();
     subscribeToSettings();
@@ -73,8 +78,8 @@ void AppDelegate::finishLaunching(const LaunchOptions& options) {
     if (!options.items.empty() || options.others > 0)
         open(options.items, options.others);
     wireService();
-    if (!m_receivedFilesAtLaunch && !options.background)
-        showStats();
+    if (!options.background && (!m_receivedFilesAtLaunch || m_walkthrough.comesFirst()))
+        activate();
 }
 
 void AppDelegate::recordCutOffBatches() {
@@ -157,7 +162,13 @@ void AppDelegate::wireFileManagerKey() {
                 consume(selection.items, selection.others, byKey);
             });
     connect(&m_fileManagerKey, &FileManagerKey::undoRequested, this, &AppDelegate::undo);
-    connect(&m_fileManagerKey, &FileManagerKey::settingsRequested, this, &AppDelegate::showStats);
+    connect(&m_fileManagerKey, &FileManagerKey::settingsRequested, this,
+            &AppDelegate::showSettings);
+}
+
+void AppDelegate::wireWalkthrough() {
+    connect(&m_walkthrough, &Walkthrough::finished, this, &AppDelegate::showStats);
+    connect(&m_walkthrough, &Walkthrough::settingsRequested, this, &AppDelegate::showSettings);
 }
 
 void AppDelegate::subscribeToSettings() {
@@ -175,7 +186,7 @@ void AppDelegate::wireService() {
     connect(&m_service, &ApplicationService::startupBegun, this,
             [this](const QByteArray& id) { m_startup = id; });
     connect(&m_service, &ApplicationService::startupEnded, this, &AppDelegate::endStartup);
-    connect(&m_service, &ApplicationService::activateRequested, this, &AppDelegate::showStats);
+    connect(&m_service, &ApplicationService::activateRequested, this, &AppDelegate::activate);
     connect(&m_service, &ApplicationService::openRequested, this, &AppDelegate::open);
     connect(&m_service, &ApplicationService::actionRequested, this, &AppDelegate::act);
     m_service.setProbe([this] { return probe(); });
@@ -251,12 +262,19 @@ void AppDelegate::showStats() {
     window.activateWindow();
 }
 
+void AppDelegate::showSettings() {
+    showStats();
+    m_statsWindow->view().setTab(StatsView::Tab::settings);
+}
+
 StatsWindow& AppDelegate::statsWindow() {
     if (!m_statsWindow) {
-        m_statsWindow = std::make_unique<StatsWindow>(m_ledger, m_settings, m_progression,
-                                                      &Date::now, m_windowTimers.maker());
-        connect(m_statsWindow.get(), &StatsWindow::testFlamesRequested, this,
+        m_statsWindow = m_statsWiring.makeWindow();
+        connect(&m_statsWindow->view(), &StatsView::testFlamesRequested, this,
                 &AppDelegate::testFlames);
+        connect(
+            m_statsWindow.get(), &StatsWindow::dropped, this,
+            [this](const std::vector<Path>& items, int others) { consume(items, others, false); });
         // The tile takes no keys: its menu comes by the window's menu key too.
         m_statsWindow->setContextMenuPolicy(Qt::CustomContextMenu);
         connect(m_statsWindow.get(), &QWidget::customContextMenuRequested, this,
@@ -269,10 +287,16 @@ StatsWindow& AppDelegate::statsWindow() {
 }
 
 void AppDelegate::showOnboarding() {
-    if (!DockTile::openSettings())
-        m_alerts.tell(tr("There are no accessibility settings"),
-                      tr("No program for them is installed. Flames leave the tile wherever the "
-                         "accessibility service runs."));
+    QWidget& window = m_walkthrough.show();
+    if (!m_startup.isEmpty())
+        native::answerStartup(window.winId(), m_startup);
+}
+
+void AppDelegate::activate() {
+    if (m_walkthrough.comesFirst())
+        showOnboarding();
+    else
+        showStats();
 }
 
 QString AppDelegate::probe() const {

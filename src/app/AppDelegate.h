@@ -7,8 +7,10 @@
 #include "app/FileManagerKey.h"
 #include "app/LaunchOptions.h"
 #include "app/MainLoop.h"
+#include "app/StatsWiring.h"
 #include "app/Stores.h"
 #include "app/UpdateCommand.h"
+#include "app/Walkthrough.h"
 
 #include "base/SerialQueue.h"
 #include "desktopbus/Notifications.h"
@@ -18,6 +20,7 @@
 #include "disposal/Ledger.h"
 #include "disposal/Settings.h"
 #include "dock/AccessibilityBus.h"
+#include "dock/Compositor.h"
 #include "dock/DockIconAnimator.h"
 #include "dock/DockTile.h"
 #include "dock/OwnDock.h"
@@ -56,7 +59,10 @@ class AppDelegate : public QObject {
     /// The same, and reports that `others` of what was chosen is not on this computer.
     void consume(const std::vector<Path>& items, int others, bool fromFinder);
     void showStats();
+    void showSettings();
     void showOnboarding();
+    /// Shows the walkthrough if it comes first, else the main window.
+    void activate();
     void testFlames();
     void undo();
 
@@ -72,6 +78,7 @@ class AppDelegate : public QObject {
     void wireMainMenu();
     [[nodiscard]] MenuContents::Parts menuParts();
     void wireFileManagerKey();
+    void wireWalkthrough();
     void restWhileUnseen();
     void subscribeToSettings();
     void endStartup();
@@ -112,13 +119,16 @@ class AppDelegate : public QObject {
     Intake m_intake;
     std::unique_ptr<CommandService> m_commands; ///< once they may come
     RestingTimers m_windowTimers;
+    StatsWiring m_statsWiring;
     std::unique_ptr<StatsWindow> m_statsWindow; ///< made when it is first shown, and kept
     std::unique_ptr<WindowFrame> m_statsFrame;
+    Walkthrough m_walkthrough;
     SessionLock m_sessionLock;
     ShutdownDelay m_shutdownDelay;
     Updater m_updater;
     UpdateCommand m_updateCommand;
     BinOpener m_binOpener;
+    Compositor m_compositor; ///< whether menus can be translucent
     MenuBar m_menuBar;
     MainMenu m_mainMenu;
     QByteArray m_startup; ///< what a launcher waits for at the moment; empty where none does

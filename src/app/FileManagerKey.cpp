@@ -95,12 +95,16 @@ void FileManagerKey::updateAccelerators() {
     m_background.post([this, installs, removes, context = m_parts.integration] {
         const KeyIntegration keys(context);
         auto states = installs ? keys.install() : removes ? keys.remove() : keys.status();
-        m_parts.main.post(
-            [this, states = std::move(states)]() mutable { take(std::move(states)); });
+        const bool hasMenuEntry = keys.hasMenuEntry();
+        m_parts.main.post([this, hasMenuEntry, states = std::move(states)]() mutable {
+            take(std::move(states), hasMenuEntry);
+        });
     });
 }
 
-void FileManagerKey::take(std::vector<KeyState> states) {
+void FileManagerKey::take(std::vector<KeyState> states, bool hasMenuEntry) {
+    m_hasMenuEntry = hasMenuEntry;
+    m_statesAreKnown = true;
     for (const auto& state : states)
         if (state.error)
             notify("key-" + std::string(state.manager->id),
@@ -112,6 +116,25 @@ void FileManagerKey::take(std::vector<KeyState> states) {
         m_states = std::move(states);
     }
     m_capture->refresh();
+}
+
+Onboarding::KeyWay FileManagerKey::way() const {
+    using Way = Onboarding::KeyWay;
+    if (canCapture())
+        return Way::captured;
+    const std::lock_guard lock(m_mutex);
+    const auto isAny = [this](const auto& test) { return std::ranges::any_of(m_states, test); };
+    if (isAny([](const KeyState& state) { return state.status == AcceleratorStatus::installed; }))
+        return Way::bound;
+    const bool isPossible = isAny([](const KeyState& state) {
+        return state.status == AcceleratorStatus::notInstalled && !state.error;
+    });
+    return isPossible || !m_statesAreKnown ? Way::available : Way::none;
+}
+
+std::vector<KeyState> FileManagerKey::states() const {
+    const std::lock_guard lock(m_mutex);
+    return m_states;
 }
 
 bool FileManagerKey::bindsKeyItself(const FileManager& manager, std::optional<pid_t> process) {

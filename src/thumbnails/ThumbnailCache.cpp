@@ -83,11 +83,11 @@ std::optional<QImage> preview(QByteArray png, const Flavour& flavour, const std:
 
 } // namespace
 
-std::optional<QImage> ThumbnailCache::find(const Path& item) const {
+std::optional<QImage> ThumbnailCache::find(const Path& item, const Path& made) const {
     struct stat status {};
     if (::stat(item.c_str(), &status) != 0)
         return std::nullopt;
-    const std::string uri = uriOf(item);
+    const std::string uri = uriOf(made);
     const QByteArray name =
         QCryptographicHash::hash(QByteArray::fromStdString(uri), QCryptographicHash::Md5).toHex() +
         ".png";

@@ -9,8 +9,12 @@ FocusRing::FocusRing(QWidget& widget) : QObject(&widget), m_widget(widget) {
     widget.installEventFilter(this);
 }
 
+bool FocusRing::isShown() const {
+    return m_byKeyboard && m_widget.hasFocus();
+}
+
 void FocusRing::paint(QPainter& painter, const QColor& colour, double corner) const {
-    if (!m_byKeyboard || !m_widget.hasFocus())
+    if (!isShown())
         return;
     painter.setPen(QPen(colour, 2));
     painter.setBrush(Qt::NoBrush);

@@ -18,6 +18,8 @@ class FocusRing : public QObject {
 
     explicit FocusRing(QWidget& widget);
 
+    [[nodiscard]] bool isShown() const;
+
     /// Around the widget's whole rectangle, if it is to be shown.
     void paint(QPainter& painter, const QColor& colour, double corner) const;
 
