@@ -135,8 +135,7 @@ TEST_F(OnboardingViewTest, TellsAScreenReaderWhatItShows) {
     auto* const face = QAccessible::queryAccessibleInterface(QApplication::focusWidget());
     EXPECT_EQ(face->text(QAccessible::Description),
               "The desktop's settings will open. Turn on accessibility, then come back. Not "
-              "allowed yet. Also "
-              "needed for ⌘⌫ in Finder.");
+              "allowed yet. Also needed for Ctrl+Backspace in the file manager.");
 }
 
 TEST_F(OnboardingViewTest, PollsEachSecondOnlyWhileItIsSeen) {
