@@ -3,8 +3,9 @@
 #include "app/Probe.h"
 
 #include "art/CauldronArt.h"
-#include "dock/FlameOverlayWindow.h"
+#include "base/Text.h"
 #include "dock/StartupNotification.h"
+#include "dock/TileChoice.h"
 #include "intake/BinnedItems.h"
 #include "intake/Recovery.h"
 #include "intake/Texts.h"
@@ -17,32 +18,22 @@
 #include <utility>
 
 namespace vexmoor {
-namespace {
-
-/// Under Wayland only a window that nobody manages keeps its place.
-TileWindow::Manager tileManager() {
-    return qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ? TileWindow::Manager::nobody
-                                                        : TileWindow::Manager::windowManager;
-}
-
-} // namespace
 
 AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBusConnection& bus)
     : m_stores(stores), m_service(service), m_bus(bus), m_notifications(bus),
       m_ledger(stores.defaults(), &Date::now), m_settings(stores.defaults()),
       m_progression(stores.defaults(), &m_ledger, &Date::now, m_notifications,
                     &CauldronArt::setCurrent),
-      m_tile(stores.defaults(), m_compositor, tileManager()), m_accessibilityBus(bus),
-      m_dock([this] { return m_accessibilityBus.answers(); }, [this] { return m_tile.frame(); }),
-      m_dockTile(m_dock, m_screens),
-      m_animator(
-          {.icon = m_tile,
-           .makeOverlay = [this] { return std::make_unique<FlameOverlayWindow>(m_compositor); },
-           .accessibility = m_dock,
-           .tile = m_dockTile,
-           .screens = m_screens,
-           .makeTimer = std::make_unique<QtFrameTimer>,
-           .random = [] { return QRandomGenerator::system()->generate64(); }}),
+      m_tile(makeTile(stores.defaults())), m_accessibilityBus(bus),
+      m_dock([this] { return m_accessibilityBus.answers(); }, [this] { return m_tile->frame(); }),
+      m_dockTile(m_dock, m_tile->screens()),
+      m_animator({.icon = *m_tile,
+                  .makeOverlay = [this] { return m_tile->makeFlames(); },
+                  .accessibility = m_dock,
+                  .tile = m_dockTile,
+                  .screens = m_tile->screens(),
+                  .makeTimer = std::make_unique<QtFrameTimer>,
+                  .random = [] { return QRandomGenerator::system()->generate64(); }}),
       m_sizzle(m_audio), m_thumbnails(Thumbnail::forSession()),
       m_fileManagerKey({stores.defaults(), m_settings, m_alerts, m_notifications, m_main,
                         m_accessibilityBus, bus, IntegrationContext::ofProcess()}),
@@ -81,7 +72,7 @@ void AppDelegate::finishLaunching(const LaunchOptions& options) {
     wireMenuBar();
     wireMainMenu();
     subscribeToSettings();
-    m_tile.show();
+    m_tile->show();
     if (!options.items.empty() || options.others > 0)
         open(options.items, options.others);
     wireService();
@@ -96,9 +87,9 @@ void AppDelegate::recordCutOffBatches() {
                                 binnedItems(), m_stores.directories());
     const auto recorded = report.disposed + report.putBack + report.deleted;
     if (recorded > 0)
-        m_notifications.post({"recovery", "An earlier batch was cut off",
-                              "What it had done is recorded now: " + std::to_string(recorded) +
-                                  (recorded == 1 ? " item." : " items.")});
+        m_notifications.post({"recovery", text("An earlier batch was cut off"),
+                              plural("What it had done is recorded now: %1 item.",
+                                     "What it had done is recorded now: %1 items.", recorded)});
     if (!report.failures.empty())
         m_alerts.report(intakeFailures(report.failures));
     for (const auto& problem : report.problems)
@@ -131,18 +122,22 @@ std::optional<Error> AppDelegate::store(const std::function<void()>& assignment)
 }
 
 void AppDelegate::wireTile() {
-    connect(&m_tile, &TileWindow::clicked, this, &AppDelegate::showStats);
-    connect(&m_tile, &TileWindow::menuRequested, &m_menuBar, &MenuBar::popUp);
-    connect(&m_tile, &TileWindow::dropped, this,
+    connect(m_tile.get(), &Tile::clicked, this, &AppDelegate::showStats);
+    connect(m_tile.get(), &Tile::menuRequested, &m_menuBar, &MenuBar::popUp);
+    connect(m_tile.get(), &Tile::dropped, this,
             [this](const std::vector<Path>& items) { consume(items, false); });
-    connect(&m_tile, &TileWindow::refused, this,
+    connect(m_tile.get(), &Tile::refused, this,
             [this](bool tookOthers) { m_alerts.report(foreignReport(tookOthers)); });
-    connect(&m_tile, &TileWindow::shownChanged, this, &AppDelegate::restWhileUnseen);
+    connect(m_tile.get(), &Tile::withheld, this, [this] { m_alerts.report(withheldReport()); });
+    connect(m_tile.get(), &Tile::lost, this, [this](const QString& reason) {
+        m_alerts.report(tileLostReport(reason.toStdString()));
+    });
+    connect(m_tile.get(), &Tile::shownChanged, this, &AppDelegate::restWhileUnseen);
     restWhileUnseen();
 }
 
 void AppDelegate::restWhileUnseen() {
-    m_animator.setSuspended(m_sessionLock.isLocked() || !m_tile.isVisible());
+    m_animator.setSuspended(m_sessionLock.isLocked() || !m_tile->isVisible());
     m_windowTimers.setResting(m_sessionLock.isLocked());
 }
 
@@ -177,7 +172,7 @@ void AppDelegate::subscribeToSettings() {
     m_subscriptions.push_back(
         m_settings.escapeDock.subscribe([this](bool escape) { m_animator.setEscapeDock(escape); }));
     m_subscriptions.push_back(m_settings.mode.subscribe(
-        [this](DisposeMode mode) { m_tile.setBadged(mode == DisposeMode::dissolve); }));
+        [this](DisposeMode mode) { m_tile->setBadged(mode == DisposeMode::dissolve); }));
     m_animator.startIdle();
     m_subscriptions.push_back(m_settings.showMenuBarIcon.subscribe(
         [this](bool visible) { m_menuBar.setVisible(visible); }));
@@ -295,7 +290,7 @@ void AppDelegate::activate() {
 }
 
 QString AppDelegate::probe() const {
-    return probeText(m_dock.isTrusted(), m_dockTile.frame(), m_screens.frames());
+    return probeText(m_dock.isTrusted(), m_dockTile.frame(), m_tile->screens().frames());
 }
 
 void AppDelegate::quit() {

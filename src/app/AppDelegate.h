@@ -24,8 +24,7 @@
 #include "dock/DockTile.h"
 #include "dock/OwnDock.h"
 #include "dock/RestingTimers.h"
-#include "dock/Screens.h"
-#include "dock/TileWindow.h"
+#include "dock/Tile.h"
 #include "intake/Intake.h"
 #include "intake/UndoStack.h"
 #include "progression/Progression.h"
@@ -105,11 +104,9 @@ class AppDelegate : public QObject {
     Settings m_settings;
     Progression m_progression;
     UndoStack m_undoStack;
-    Compositor m_compositor;
-    TileWindow m_tile;
+    std::unique_ptr<Tile> m_tile;
     AccessibilityBus m_accessibilityBus;
     OwnDock m_dock;
-    SessionScreens m_screens;
     DockTile m_dockTile;
     DockIconAnimator m_animator;
     CanberraOutput m_audio;
@@ -128,6 +125,7 @@ class AppDelegate : public QObject {
     Updater m_updater;
     UpdateCommand m_updateCommand;
     BinOpener m_binOpener;
+    Compositor m_compositor; ///< whether menus can be translucent
     MenuBar m_menuBar;
     MainMenu m_mainMenu;
     QByteArray m_startup; ///< what a launcher waits for at the moment; empty where none does

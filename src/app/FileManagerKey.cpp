@@ -1,5 +1,6 @@
 #include "FileManagerKey.h"
 
+#include "base/Text.h"
 #include "disposal/DisposalError.h"
 #include "disposal/Settings.h"
 #include "platform/Processes.h"
@@ -152,13 +153,12 @@ void FileManagerKey::feedSelection() {
 
 void FileManagerKey::explainAutomation() {
     m_parts.dialogs.ask(
-        {tr("Vexmoor can't see what's selected in the file manager").toStdString(),
-         tr("To send Ctrl+Backspace to the cauldron, allow Vexmoor to ask the file manager in the "
-            "settings of the Vexmoor window. Or turn off \"Ctrl+Backspace in the file manager "
-            "feeds the cauldron\" there.")
-             .toStdString(),
-         tr("Open Settings").toStdString(),
-         tr("Not Now").toStdString(),
+        {text("Vexmoor can't see what's selected in Finder"),
+         text("To send ⌘⌫ to the cauldron, allow Vexmoor to control Finder under System Settings > "
+              "Privacy & Security > Automation. Or turn off \"%1\" in the Vexmoor window.",
+              {text("⌘⌫ in Finder feeds the cauldron")}),
+         text("Open Settings"),
+         text("Not Now"),
          {}},
         [this](const Answer& answer) {
             if (answer.confirmed)

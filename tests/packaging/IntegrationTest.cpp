@@ -69,6 +69,7 @@ TEST_F(IntegrationTest, InstallsAllUnderOneName) {
 TEST_F(IntegrationTest, HasAnEntryThatDesktopsUnderstand) {
     const Path entry = share("applications/" + kId + ".desktop");
     validate({"desktop-file-validate", "--no-hints", entry});
+    EXPECT_EQ(valuesOf("GenericName[de]", entry), std::vector<std::string>{"Kessel für Dateien"});
     EXPECT_EQ(valuesOf("DBusActivatable", entry), std::vector<std::string>{"true"});
     EXPECT_EQ(valuesOf("Icon", entry), std::vector{kId});
     EXPECT_EQ(valuesOf("Exec", entry).front(), "vexmoor-desktop %U");
@@ -86,6 +87,9 @@ TEST_F(IntegrationTest, HasAServiceThatStartsTheInstalledProgram) {
 }
 
 TEST_F(IntegrationTest, HasAPageForSoftwareCentres) {
+    EXPECT_NE(test::contents(share("metainfo/" + kId + ".metainfo.xml"))
+                  .find("<summary xml:lang=\"de\">Dateien an einen Kessel verfüttern</summary>"),
+              std::string::npos);
     validate({"appstreamcli", "validate", "--no-net", share("metainfo/" + kId + ".metainfo.xml")});
 }
 

@@ -62,6 +62,13 @@ struct OnboardingTest : testing::Test {
 
 using Tick = Onboarding::Tick;
 
+/// As they are shown.
+std::vector<std::string> shown(std::vector<std::string> texts) {
+    for (auto& each : texts)
+        each = text(each);
+    return texts;
+}
+
 TEST_F(OnboardingTest, LeadsThroughFivePagesThatCanAllBeSkipped) {
     Onboarding& walk = start();
     const struct {
@@ -83,7 +90,7 @@ TEST_F(OnboardingTest, LeadsThroughFivePagesThatCanAllBeSkipped) {
          "System Settings will open. Turn on Vexmoor, then come back.",
          Onboarding::Picture::settingsRow,
          "Accessibility",
-         {"Skip", "Open Settings…"}},
+         {"Skip", "Open System Settings…"}},
         {Page::automation,
          "Press ⌘⌫ in Finder to feed it",
          "macOS will ask once. Click Allow.",
@@ -110,7 +117,7 @@ TEST_F(OnboardingTest, LeadsThroughFivePagesThatCanAllBeSkipped) {
         EXPECT_EQ(walk.blurb(), text(page.blurb));
         EXPECT_EQ(walk.picture(), page.picture);
         EXPECT_EQ(walk.pictureText(), text(page.pictureText));
-        EXPECT_EQ(buttons(), page.buttons);
+        EXPECT_EQ(buttons(), shown(page.buttons));
         EXPECT_THAT(calls, testing::IsEmpty());
         walk.next();
     }
@@ -122,18 +129,18 @@ TEST_F(OnboardingTest, LeadsThroughFivePagesThatCanAllBeSkipped) {
 TEST_F(OnboardingTest, SaysOfThePermissionsWhatIsTrueInEachSession) {
     const Tick kAllowed{true, "Allowed", {}};
     const Tick kNotYet{false, "Not allowed yet", {}};
-    const auto with = [](Tick tick, const char* note) {
+    const auto with = [](Tick tick, const std::string& note) {
         tick.note = note;
         return Onboarding::Status{.tick = tick};
     };
     constexpr auto kGranted = AutomationStatus::granted;
     constexpr auto kNotAsked = AutomationStatus::notAsked;
     constexpr auto kDenied = AutomationStatus::denied;
-    const char* const kAlso = "Also needed for Ctrl+Backspace in the file manager.";
-    const char* const kNeeds = "Needs Accessibility from the previous step too.";
-    const char* const kOff = "The key is turned off in the settings.";
+    const std::string kAlso = text("Also needed for ⌘⌫ in Finder.");
+    const std::string kNeeds = "Needs Accessibility from the previous step too.";
+    const std::string kOff = "The key is turned off in the settings.";
     const Onboarding::Status kDeclined{
-        .line = "Declined. Allow it in the settings of the Vexmoor window."};
+        .line = text("Declined. Turn on Finder under Vexmoor in Automation.")};
     const Onboarding::Status kNoKey{.line = "No file manager installed here can take "
                                             "Ctrl+Backspace."};
     const struct {
@@ -142,17 +149,17 @@ TEST_F(OnboardingTest, SaysOfThePermissionsWhatIsTrueInEachSession) {
         Onboarding::Status status;
         std::vector<std::string> buttons;
     } kCases[] = {
-        {Page::accessibility, {}, with(kNotYet, kAlso), {"Skip", "Open Settings…"}},
+        {Page::accessibility, {}, with(kNotYet, kAlso), {"Skip", "Open System Settings…"}},
         {Page::accessibility, {.accessible = true}, with(kAllowed, kAlso), {"Continue"}},
         {Page::accessibility,
          {.key = KeyWay::bound},
          {.tick = kNotYet},
-         {"Skip", "Open Settings…"}},
+         {"Skip", "Open System Settings…"}},
         {Page::automation, {}, with(kNotYet, kNeeds), {"Skip", "Allow…"}},
         {Page::automation, {.accessible = true}, {.tick = kNotYet}, {"Skip", "Allow…"}},
         {Page::automation, {.automation = kGranted}, with(kAllowed, kNeeds), {"Continue"}},
         {Page::automation, {true, kGranted}, {.tick = kAllowed}, {"Continue"}},
-        {Page::automation, {true, kDenied}, kDeclined, {"Skip", "Open Settings…"}},
+        {Page::automation, {true, kDenied}, kDeclined, {"Skip", "Open System Settings…"}},
         {Page::automation,
          {true, kGranted, KeyWay::captured, false},
          with(kAllowed, kOff),
@@ -181,15 +188,14 @@ TEST_F(OnboardingTest, SaysOfThePermissionsWhatIsTrueInEachSession) {
         SCOPED_TRACE(i);
         facts = kCases[i].facts;
         EXPECT_EQ(start(kCases[i].page).status(), kCases[i].status);
-        EXPECT_EQ(buttons(), kCases[i].buttons);
+        EXPECT_EQ(buttons(), shown(kCases[i].buttons));
     }
 }
 
 TEST_F(OnboardingTest, NamesAtTheEndOnlyWhatWorks) {
-    const std::string kKey =
-        "Drop files on the cauldron, or press Ctrl+Backspace in the file manager.";
+    const std::string kKey = "Drop files on the Dock icon, or press ⌘⌫ in Finder.";
     const std::string kMenu =
-        "Drop files on the cauldron, or right-click them and choose Feed to Vexmoor.";
+        "Drop files on the Dock icon, or right-click them and choose Services > Feed to Vexmoor.";
     constexpr auto kGranted = AutomationStatus::granted;
     const std::pair<Facts, std::string> kCases[] = {
         {{true, kGranted}, kKey},
@@ -202,7 +208,7 @@ TEST_F(OnboardingTest, NamesAtTheEndOnlyWhatWorks) {
     };
     for (const auto& [fact, blurb] : kCases) {
         facts = fact;
-        EXPECT_EQ(start(Page::ready).blurb(), blurb);
+        EXPECT_EQ(start(Page::ready).blurb(), text(blurb));
     }
     facts = {.key = KeyWay::none, .hasMenuEntry = true};
     EXPECT_EQ(start(Page::automation).title(), "Feed files from their menu");
@@ -243,9 +249,9 @@ TEST_F(OnboardingTest, AsksForAutomationOnceAndThenOpensItsSettings) {
 
 TEST_F(OnboardingTest, LooksAtTheFoldersWhenToldToAndSaysWhichAreMissing) {
     Onboarding& walk = start(Page::folders);
-    EXPECT_EQ(walk.status(),
-              (Onboarding::Status{.tick = Tick{false, "Not asked yet",
-                                               "Files dropped on the cauldron never need this."}}));
+    EXPECT_EQ(walk.status(), (Onboarding::Status{
+                                 .tick = Tick{false, "Not asked yet",
+                                              "Files dropped on the Dock icon never need this."}}));
     walk.openFolderSettings();
     walk.primaryAction();
     EXPECT_THAT(calls, ElementsAre("probe"));
@@ -254,7 +260,7 @@ TEST_F(OnboardingTest, LooksAtTheFoldersWhenToldToAndSaysWhichAreMissing) {
     EXPECT_EQ(changes, 1);
     Onboarding::Status status{
         .badges = {{true, "Desktop"}, {false, "Documents"}, {true, "Downloads"}}};
-    status.link = "Look at the missing folders in the file manager…";
+    status.link = "Turn on the missing folders in System Settings…";
     EXPECT_EQ(walk.status(), status);
     EXPECT_THAT(buttons(), ElementsAre("Continue"));
     walk.openFolderSettings();

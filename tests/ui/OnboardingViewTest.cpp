@@ -129,7 +129,8 @@ TEST_F(OnboardingViewTest, TellsAScreenReaderWhatItShows) {
     EXPECT_THAT(readAloud(),
                 testing::UnorderedElementsAre(
                     "Accessibility", "Let flames rise above the Dock",
-                    "The desktop's settings will open. Turn on accessibility, then come back.",
+                    "The desktop's settings will open. Turn on accessibility, then "
+                    "come back.",
                     "Not allowed yet", "Also needed for Ctrl+Backspace in the file manager.",
                     "Page 2 of 5", "Skip", "Open Settings…"));
     auto* const face = QAccessible::queryAccessibleInterface(QApplication::focusWidget());
