@@ -1,6 +1,7 @@
 #include "IntakeFixture.h"
 
 #include "intake/BinnedItems.h"
+#include "support/DeadVolume.h"
 #include "support/RawDatabase.h"
 
 #include <fstream>
@@ -151,6 +152,36 @@ TEST_F(RecoveryTest, DecidesNothingOfAVolumeThatIsNotThere) {
             }
             std::filesystem::remove_all(home / "usb");
         }
+}
+
+TEST_F(RecoveryTest, WaitsForNoVolumeThatDoesNotAnswer) {
+    const auto near = feed(make({"near"})).done;
+    const Path original = fedToVolume("away");
+    const auto away = recent()[0];
+    auto entry = entryFor(home / "usb/other", Path(*away.trashed).parent_path() / "other");
+    DeadVolume volume(home / "usb");
+    if (!volume.mount())
+        GTEST_SKIP() << "no volume can be mounted that does not answer";
+    for (const bool hangs : {true, false}) {
+        SCOPED_TRACE(hangs ? "it hangs" : "its program is gone");
+        if (!hangs)
+            volume.end();
+        ASSERT_EQ(program->binnedItems.lastBatch().size(), 1U);
+        EXPECT_EQ(program->binnedItems.lastBatch()[0].id, near[0].id);
+        EXPECT_EQ(program->binnedItems.newest(5).size(), 1U);
+        EXPECT_FALSE(program->binnedItems.hasAny({away}));
+        EXPECT_EQ(program->binnedItems.named({"away"}).items.size(), 1U);
+        for (const auto act : {&Intake::restore, &Intake::deleteImmediately}) {
+            (program->intake.*act)({away}, {}, {});
+            settle();
+            EXPECT_TRUE(recent()[0].canRestore());
+            EXPECT_FALSE(recent()[0].lost);
+        }
+        noteIntents(JournalKind::feed, {entry});
+        start();
+        EXPECT_TRUE(needsRecovery()) << "it waits";
+        EXPECT_EQ(program->ledger.count.get(), 2);
+    }
 }
 
 TEST_F(RecoveryTest, FindsTheWholeLastBatchHoweverLargeAfterARestart) {
