@@ -340,6 +340,34 @@ TEST_F(RecoveryTest, AdoptsTheWaysBackThatAnEarlierVersionKept) {
     EXPECT_EQ(program->ledger.count.get(), 4);
 }
 
+TEST_F(RecoveryTest, CountsNothingTwiceOfABatchThatAnEarlierVersionCounted) {
+    constexpr int kItems = 45; // more than the history keeps
+    std::string text = "{\"journal\":1,\"kind\":\"feed\",\"mode\":\"bin\"}\n";
+    const auto items = make(kItems);
+    std::map<Path, std::uint64_t> inodes;
+    for (const auto& item : items)
+        inodes[item] = identityAt(item).inode;
+    for (const auto& item : feed(items).done) { // a power cut took the outcomes, not the count
+        auto entry = entryFor(*item.original, *item.trashed);
+        entry.sacrifice = item;
+        entry.inode = inodes[*item.original];
+        text += intentLine(entry);
+    }
+    program.reset();
+    home.write(".local/share/vexmoor/journal/1.open", text);
+    std::filesystem::remove(directories().ownData() / "journal/current");
+    RawDatabase(directories().ownData() / "defaults.db")
+        .run("DROP TABLE records; PRAGMA user_version = 1; DELETE FROM defaults WHERE key IN "
+             "('records.adopted', 'records.count', 'journal.position')");
+    for (int starts = 0; starts < 2; ++starts) {
+        start();
+        EXPECT_TRUE(program->recovery.problems.empty());
+        EXPECT_EQ(program->ledger.count.get(), kItems);
+        EXPECT_EQ(program->binnedItems.all().size(), std::size_t{kItems});
+        EXPECT_FALSE(exists(directories().ownData() / "journal/1.open"));
+    }
+}
+
 TEST_F(RecoveryTest, ReportsAJournalThatShouldHoldSomething) {
     feed(make({"a"}));
     const Path file = directories().ownData() / "journal/current";
