@@ -4,6 +4,7 @@
 #include "intake/OlderRecords.h"
 #include "intake/Settlement.h"
 #include "intake/VolumeCheck.h"
+#include "platform/Volume.h"
 
 #include <algorithm>
 
@@ -243,7 +244,13 @@ class Recoverer {
         if (!m_volumes.answers(*entry.volume))
             return true;
         const auto status = fileStatus(*entry.volume);
-        return !status || !status->isMountPoint;
+        return !status || !status->isMountPoint || isOther(entry);
+    }
+
+    /// Whether another volume than the item's is mounted in its place.
+    static bool isOther(const JournalEntry& entry) {
+        const auto top = openFolder(*entry.volume);
+        return !entry.fileSystem.empty() && (!top || volumeName(top->get()) != entry.fileSystem);
     }
 
     void decide(const JournalBatch& batch, const JournalEntry& entry, Recorded& recorded) {

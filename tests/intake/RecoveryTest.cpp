@@ -81,6 +81,8 @@ TEST_F(RecoveryTest, RecordsCutOffDissolvesPutBacksAndDeletions) {
     EXPECT_EQ(recent()[0].name, "c");
     EXPECT_FALSE(recent()[0].canRestore());
     EXPECT_EQ(program->progression.progress().dissolved, 1);
+    EXPECT_NE(contents(directories().ownData() / "journal/current").find("\"fileSystem\":\""),
+              std::string::npos);
 }
 
 TEST_F(RecoveryTest, LooksAtTheDiskForIntentsWithoutAnOutcome) {
@@ -430,12 +432,14 @@ TEST_F(RecoveryTest, RecordsWhatCanBeReadOfADamagedJournal) {
 TEST_F(RecoveryTest, ReportsWhatFailedAndWhatIsHalfDissolvedAndWaitsForVolumes) {
     home.write("folder/left", "x");
     std::vector<JournalEntry> entries;
-    for (const char* const name : {"folder", "failed", "gone", "usb/away"}) {
+    for (const char* const name : {"folder", "failed", "gone", "usb/away", "swapped"}) {
         entries.push_back(entryFor(home / name, {}));
         entries.back().sacrifice.mode = DisposeMode::dissolve;
         entries.back().sacrifice.trashed.reset();
     }
     entries[3].volume = home / "usb"; // no mount point
+    entries[4].volume = "/proc";      // where another volume was
+    entries[4].fileSystem = "uuid:other";
     {
         const auto writer = program->journal.begin(JournalKind::feed, DisposeMode::dissolve,
                                                    Settlement(*program->defaults).start());
