@@ -1,19 +1,17 @@
 #include "AppDelegate.h"
 
-#include "app/MainMenu.h"
 #include "app/Probe.h"
-#include "app/TileMenu.h"
 
 #include "art/CauldronArt.h"
 #include "dock/FlameOverlayWindow.h"
 #include "dock/StartupNotification.h"
+#include "base/Text.h"
 #include "intake/BinnedItems.h"
 #include "intake/Recovery.h"
 #include "intake/Texts.h"
-#include "ui/AboutPanel.h"
+#include "ui/SampleIcon.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QRandomGenerator>
 
 #include <iostream>
@@ -22,19 +20,10 @@
 namespace vexmoor {
 namespace {
 
-constexpr int kPictureSide = 128; ///< as the thumbnails have it
-
 /// Under Wayland only a window that nobody manages keeps its place.
 TileWindow::Manager tileManager() {
     return qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ? TileWindow::Manager::nobody
                                                         : TileWindow::Manager::windowManager;
-}
-
-QImage pdfIcon() {
-    return QIcon::fromTheme(QStringLiteral("application-pdf"),
-                            QIcon::fromTheme(QStringLiteral("x-office-document")))
-        .pixmap(kPictureSide)
-        .toImage();
 }
 
 } // namespace
@@ -64,7 +53,11 @@ AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBu
                 m_animator, m_sizzle, *m_thumbnails, m_fileManagerKey.undoKey(), &Date::now}),
       m_sessionLock(bus, QDBusConnection::systemBus()),
       m_shutdownDelay(QDBusConnection::systemBus()),
-      m_updater(QDBusConnection::systemBus(), QCoreApplication::applicationFilePath()) {
+      m_updater(QDBusConnection::systemBus(), QCoreApplication::applicationFilePath()),
+      m_updateCommand(m_updater, m_alerts),
+      m_binOpener(BinOpener::waysTo(stores.directories().dataHome / "Trash/files")),
+      m_menuBar(menuParts(), m_compositor, bus),
+      m_mainMenu(m_undoStack, stores.defaults().boolean("debugMenu").value_or(false)) {
     tellOfStoreFailures();
 }
 
@@ -83,6 +76,8 @@ void AppDelegate::finishLaunching(const LaunchOptions& options) {
     wireDesktop();
     wireTile();
     wireFileManagerKey();
+    wireMenuBar();
+    wireMainMenu();
     subscribeToSettings();
     m_tile.show();
     if (!options.items.empty() || options.others > 0)
@@ -99,9 +94,9 @@ void AppDelegate::recordCutOffBatches() {
                                 binnedItems(), m_stores.directories());
     const auto recorded = report.disposed + report.putBack + report.deleted;
     if (recorded > 0)
-        m_notifications.post({"recovery", "An earlier batch was cut off",
-                              "What it had done is recorded now: " + std::to_string(recorded) +
-                                  (recorded == 1 ? " item." : " items.")});
+        m_notifications.post({"recovery", text("An earlier batch was cut off"),
+                              plural("What it had done is recorded now: %1 item.",
+                                     "What it had done is recorded now: %1 items.", recorded)});
     if (!report.failures.empty())
         m_alerts.report(intakeFailures(report.failures));
     for (const auto& problem : report.problems)
@@ -135,7 +130,7 @@ std::optional<Error> AppDelegate::store(const std::function<void()>& assignment)
 
 void AppDelegate::wireTile() {
     connect(&m_tile, &TileWindow::clicked, this, &AppDelegate::showStats);
-    connect(&m_tile, &TileWindow::menuRequested, this, &AppDelegate::showTileMenu);
+    connect(&m_tile, &TileWindow::menuRequested, &m_menuBar, &MenuBar::popUp);
     connect(&m_tile, &TileWindow::dropped, this,
             [this](const std::vector<Path>& items) { consume(items, false); });
     connect(&m_tile, &TileWindow::refused, this,
@@ -160,9 +155,6 @@ void AppDelegate::wireDesktop() {
     connect(&m_shutdownDelay, &ShutdownDelay::shutdownBegun, this, &AppDelegate::quit);
     m_subscriptions.push_back(m_intake.subscribeToBatches(
         [this](std::size_t batches) { m_shutdownDelay.setWorking(batches > 0); }));
-    connect(&m_updater, &Updater::finished, this, [this](const UpdateCheck& check) {
-        m_alerts.tell(tr("Check for Updates"), sentenceFor(check));
-    });
 }
 
 void AppDelegate::wireFileManagerKey() {
@@ -180,6 +172,8 @@ void AppDelegate::subscribeToSettings() {
     m_subscriptions.push_back(m_settings.mode.subscribe(
         [this](DisposeMode mode) { m_tile.setBadged(mode == DisposeMode::dissolve); }));
     m_animator.startIdle();
+    m_subscriptions.push_back(m_settings.showMenuBarIcon.subscribe(
+        [this](bool visible) { m_menuBar.setVisible(visible); }));
     m_fileManagerKey.begin();
 }
 
@@ -247,23 +241,9 @@ void AppDelegate::undo() {
 }
 
 void AppDelegate::testFlames() {
-    m_animator.play(DockIconAnimator::Images{pdfIcon()});
+    m_animator.play(DockIconAnimator::Images{sampleIcon()});
     if (m_settings.sound.get())
         m_sizzle.play();
-}
-
-void AppDelegate::showTileMenu(QPoint position) {
-    m_undoStack.refresh();
-    const bool canPutBack = m_undoStack.canUndo() || !binnedItems().lastBatch().empty();
-    auto* const menu =
-        new TileMenu(m_settings, m_undoStack, canPutBack, m_fileManagerKey.canCapture());
-    connect(menu, &TileMenu::feedSelectionChosen, &m_fileManagerKey,
-            &FileManagerKey::feedSelection);
-    connect(menu, &TileMenu::putBackChosen, this, &AppDelegate::putBackLast);
-    connect(menu, &TileMenu::testFlamesChosen, this, &AppDelegate::testFlames);
-    connect(menu, &TileMenu::statsChosen, this, &AppDelegate::showStats);
-    connect(menu, &TileMenu::quitChosen, this, &AppDelegate::quit);
-    menu->popup(position);
 }
 
 void AppDelegate::showStats() {
@@ -286,27 +266,12 @@ StatsWindow& AppDelegate::statsWindow() {
         // The tile takes no keys: its menu comes by the window's menu key too.
         m_statsWindow->setContextMenuPolicy(Qt::CustomContextMenu);
         connect(m_statsWindow.get(), &QWidget::customContextMenuRequested, this,
-                [this](QPoint place) { showTileMenu(m_statsWindow->mapToGlobal(place)); });
-        buildMenu(*m_statsWindow);
+                [this](QPoint place) { m_menuBar.popUp(m_statsWindow->mapToGlobal(place)); });
+        m_statsWindow->setMenuBar(m_mainMenu.makeBar());
+        m_mainMenu.addTo(*m_statsWindow);
         m_statsFrame = std::make_unique<WindowFrame>(*m_statsWindow, m_stores.defaults());
     }
     return *m_statsWindow;
-}
-
-void AppDelegate::buildMenu(StatsWindow& window) {
-    auto* const menu =
-        new MainMenu(m_undoStack, m_stores.defaults().boolean("debugMenu").value_or(false));
-    window.setMenuBar(menu);
-    connect(menu, &MainMenu::aboutChosen, &window, [&window] { showAbout(&window); });
-    connect(menu, &MainMenu::updatesChosen, &m_updater, &Updater::checkForUpdates);
-    connect(menu, &MainMenu::statsChosen, this, &AppDelegate::showStats);
-    connect(menu, &MainMenu::onboardingChosen, this, &AppDelegate::showOnboarding);
-    connect(menu, &MainMenu::hideChosen, &window, &QWidget::close);
-    connect(menu, &MainMenu::quitChosen, this, &AppDelegate::quit);
-    connect(menu, &MainMenu::undoChosen, this, &AppDelegate::undo);
-    connect(menu, &MainMenu::redoChosen, this, [this] { m_undoStack.redo(); });
-    connect(menu, &MainMenu::unlockAllChosen, this, &AppDelegate::debugUnlockAll);
-    connect(menu, &MainMenu::resetChosen, this, &AppDelegate::debugReset);
 }
 
 void AppDelegate::showOnboarding() {
@@ -314,16 +279,6 @@ void AppDelegate::showOnboarding() {
         m_alerts.tell(tr("There are no accessibility settings"),
                       tr("No program for them is installed. Flames leave the tile wherever the "
                          "accessibility service runs."));
-}
-
-void AppDelegate::debugUnlockAll() {
-    m_progression.unlockAll();
-    showStats();
-}
-
-void AppDelegate::debugReset() {
-    m_progression.reset();
-    showStats();
 }
 
 QString AppDelegate::probe() const {

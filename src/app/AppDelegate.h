@@ -2,11 +2,13 @@
 
 #include "app/Alerts.h"
 #include "app/ApplicationService.h"
+#include "app/BinOpener.h"
 #include "app/CommandService.h"
 #include "app/FileManagerKey.h"
 #include "app/LaunchOptions.h"
 #include "app/MainLoop.h"
 #include "app/Stores.h"
+#include "app/UpdateCommand.h"
 
 #include "base/SerialQueue.h"
 #include "desktopbus/Notifications.h"
@@ -29,6 +31,8 @@
 #include "sound/CanberraOutput.h"
 #include "sound/Sizzle.h"
 #include "thumbnails/Thumbnail.h"
+#include "ui/MainMenu.h"
+#include "ui/MenuBar.h"
 #include "ui/StatsWindow.h"
 #include "ui/WindowFrame.h"
 
@@ -66,6 +70,9 @@ class AppDelegate : public QObject {
     void wireService();
     void wireTile();
     void wireDesktop();
+    void wireMenuBar();
+    void wireMainMenu();
+    [[nodiscard]] MenuContents::Parts menuParts();
     void wireFileManagerKey();
     void restWhileUnseen();
     void subscribeToSettings();
@@ -74,9 +81,8 @@ class AppDelegate : public QObject {
     void act(const QString& action);
     [[nodiscard]] BinnedItems binnedItems() const;
     void putBackLast();
-    void showTileMenu(QPoint position);
     StatsWindow& statsWindow();
-    void buildMenu(StatsWindow& window);
+    void showAboutPanel();
     void debugUnlockAll();
     void debugReset();
     void flushBus();
@@ -115,6 +121,10 @@ class AppDelegate : public QObject {
     SessionLock m_sessionLock;
     ShutdownDelay m_shutdownDelay;
     Updater m_updater;
+    UpdateCommand m_updateCommand;
+    BinOpener m_binOpener;
+    MenuBar m_menuBar;
+    MainMenu m_mainMenu;
     QByteArray m_startup; ///< what a launcher waits for at the moment; empty where none does
     bool m_receivedFilesAtLaunch = false;
     bool m_isEnding = false;

@@ -1,6 +1,7 @@
 // How items leave a TrashDirectory.
 #include "TrashDirectory.h"
 
+#include "base/Text.h"
 #include "disposal/DisposalError.h"
 #include "disposal/NumberedName.h"
 #include "disposal/WholeRemoval.h"
@@ -138,7 +139,7 @@ Result<void> TrashDirectory::openLeaving() {
         return {};
     auto opened = LeavingFolder::open(m_folder.get());
     if (!opened)
-        return Error{opened.error().code, "make the folder", m_path / LeavingFolder::kName};
+        return Error{opened.error().code, marked("make the folder"), m_path / LeavingFolder::kName};
     m_leaving = *std::move(opened);
     return {};
 }
@@ -182,7 +183,7 @@ Result<void> TrashDirectory::giveBack(const Found& item) {
         restoreRights(m_files.get(), item.name.c_str(), item.status);
         return {};
     }
-    return Error{moved.error().code, "move back into the Bin what is at",
+    return Error{moved.error().code, marked("move back into the Bin what is at"),
                  m_path / LeavingFolder::kName / "files" / item.name};
 }
 
@@ -246,7 +247,7 @@ Result<void> TrashDirectory::removeInfo(const Found& item) {
     if (!moved)
         return isMissing(moved.error())
                    ? Result<void>()
-                   : Error{moved.error().code, "remove", m_path / "info" / file};
+                   : Error{moved.error().code, marked("remove"), m_path / "info" / file};
     const auto text = readRegularFile(m_leaving->info(), name, kLongestInfo);
     const bool isOfItem = text && item.infoText == *text;
     if (!isOfItem && moveWithoutReplacing(m_leaving->info(), name, m_info.get(), name))

@@ -37,8 +37,8 @@ class TrashDirectory {
     static Result<TrashDirectory> openHome(const Path& bin);
 
     /// The user's Bin at the top of a volume: $top/.Trash/$uid where an administrator has set that
-    /// up (a real folder, sticky), else $top/.Trash-$uid. Fails with noBinOnVolume, the operation
-    /// says why.
+    /// up (a real folder, sticky), else $top/.Trash-$uid. Fails with noBinOnVolume, whose
+    /// cause says why.
     static Result<TrashDirectory> openOnVolume(const Path& top, uid_t user);
 
     /// The existing Bin that a binned item's place lies in. Fails with notInBin, with goneFromBin

@@ -53,9 +53,10 @@ Failure ambiguous(const std::string& wanted, const std::vector<Sacrifice>& candi
     for (std::size_t i = 0; i < std::min(candidates.size(), kListedCandidates); ++i)
         list += (i > 0 ? ", " : "") + shortId(candidates[i]) + " (" +
                 displayText(candidates[i].original->native()) + ")";
-    if (candidates.size() > kListedCandidates)
-        list += ", and " + std::to_string(candidates.size() - kListedCandidates) + " more";
-    return {displayText(wanted), disposalError(DisposalError::ambiguous, wanted, list)};
+    Error error = disposalError(DisposalError::ambiguous, wanted, list);
+    error.count =
+        std::max<std::int64_t>(0, std::ssize(candidates) - std::int64_t{kListedCandidates});
+    return {displayText(wanted), std::move(error)};
 }
 
 /// What was named, prepared for going through the records once.

@@ -22,7 +22,7 @@ std::optional<FedItem> DisposalJob::prepare(std::size_t number) {
     auto held = hold(path);
     if (!held) {
         m_output.result.failures.push_back(
-            {displayText(lastComponent(path)), std::move(held).error()});
+            {displayText(lastComponent(path)), std::move(held).error(), path});
         return std::nullopt;
     }
     const std::int64_t bytes = m_disposer.size(*held);
@@ -119,7 +119,7 @@ void DisposalJob::carryOut(FedItem& item) {
 }
 
 void DisposalJob::fail(const FedItem& item, const Error& error) {
-    m_output.result.failures.push_back({displayText(item.held.name), error});
+    m_output.result.failures.push_back({displayText(item.held.name), error, item.held.path});
 }
 
 void DisposalJob::leave(std::size_t number) {

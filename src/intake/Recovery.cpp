@@ -292,12 +292,12 @@ class Recoverer {
         const auto& sacrifice = entry.sacrifice;
         if (entry.outcome == Outcome::failed)
             m_report.failures.push_back(
-                {sacrifice.name, disposalError(DisposalError::failedBefore, {}, entry.failure)});
+                {sacrifice.name, disposalError(DisposalError::failedBefore, {}, entry.failure),
+                 sacrifice.original});
         else if (entry.isBegun && batch.mode == DisposeMode::dissolve)
-            m_report.failures.push_back(
-                {sacrifice.name,
-                 disposalError(DisposalError::partlyRemoved, {},
-                               displayText(sacrifice.original->native()) + " is what remains")});
+            m_report.failures.push_back({sacrifice.name,
+                                         disposalError(DisposalError::cutOff, *sacrifice.original),
+                                         sacrifice.original});
     }
 
     /// An item that was on its way when the batch was cut off may have left an info file alone.

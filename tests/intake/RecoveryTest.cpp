@@ -392,7 +392,7 @@ TEST_F(RecoveryTest, ReportsWhatFailedAndWhatIsHalfDissolvedAndWaitsForVolumes) 
     EXPECT_EQ(program->recovery.disposed, 1);
     EXPECT_EQ(recent()[0].name, "gone");
     std::vector<std::string> told;
-    for (const auto& [name, error] : program->recovery.failures)
+    for (const auto& [name, error, path] : program->recovery.failures)
         told.push_back(name + ": " + describe(error));
     EXPECT_EQ(told, (std::vector<std::string>{
                         "folder: Not all of it could be removed: " + (home / "folder").native() +

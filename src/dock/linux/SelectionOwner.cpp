@@ -1,4 +1,4 @@
-#include "dock/Compositor.h"
+#include "dock/SelectionOwner.h"
 
 #include "X11Connection.h"
 
@@ -40,37 +40,37 @@ bool hasOwner(xcb_atom_t selection) {
 
 } // namespace
 
-Compositor::Compositor(QObject* parent) : QObject(parent) {
+SelectionOwner::SelectionOwner(const char* selection, QObject* parent) : QObject(parent) {
     if (!connection())
         return;
-    m_selection = x11::atom("_NET_WM_CM_S0");
+    m_selection = x11::atom(selection);
     m_ownerEvent = watchOwner(m_selection);
-    m_running = hasOwner(m_selection);
+    m_owned = hasOwner(m_selection);
     QCoreApplication::instance()->installNativeEventFilter(this);
 }
 
-Compositor::~Compositor() {
+SelectionOwner::~SelectionOwner() {
     if (auto* const application = QCoreApplication::instance())
         application->removeNativeEventFilter(this);
 }
 
-bool Compositor::nativeEventFilter(const QByteArray&, void* message, qintptr*) {
+bool SelectionOwner::nativeEventFilter(const QByteArray&, void* message, qintptr*) {
     const auto* const event = static_cast<xcb_generic_event_t*>(message);
     constexpr int kSentByClient = 0x80;
     if ((event->response_type & ~kSentByClient) == m_ownerEvent) {
         const auto* const notice =
             reinterpret_cast<const xcb_xfixes_selection_notify_event_t*>(event);
         if (notice->selection == m_selection)
-            setRunning(notice->owner != XCB_WINDOW_NONE);
+            setOwned(notice->owner != XCB_WINDOW_NONE);
     }
     return false;
 }
 
-void Compositor::setRunning(bool running) {
-    if (m_running == running)
+void SelectionOwner::setOwned(bool owned) {
+    if (m_owned == owned)
         return;
-    m_running = running;
-    emit runningChanged(running);
+    m_owned = owned;
+    emit ownedChanged(owned);
 }
 
 } // namespace vexmoor
