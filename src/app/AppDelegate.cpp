@@ -3,9 +3,9 @@
 #include "app/Probe.h"
 
 #include "art/CauldronArt.h"
+#include "base/Text.h"
 #include "dock/FlameOverlayWindow.h"
 #include "dock/StartupNotification.h"
-#include "base/Text.h"
 #include "intake/BinnedItems.h"
 #include "intake/Recovery.h"
 #include "intake/Texts.h"
@@ -211,6 +211,8 @@ void AppDelegate::consume(const std::vector<Path>& items, int others, bool fromF
 void AppDelegate::act(const QString& action) {
     if (action == QStringLiteral("put-back"))
         putBackLast();
+    else if (action == QStringLiteral("open-bin"))
+        m_binOpener.open();
     else if (action == QStringLiteral("test-flames"))
         testFlames();
     else
