@@ -1,5 +1,6 @@
 #include "FileManagerKey.h"
 
+#include "base/Text.h"
 #include "disposal/DisposalError.h"
 #include "disposal/Settings.h"
 #include "platform/Processes.h"
@@ -89,12 +90,16 @@ void FileManagerKey::updateAccelerators() {
     m_background.post([this, installs, removes, context = m_parts.integration] {
         const KeyIntegration keys(context);
         auto states = installs ? keys.install() : removes ? keys.remove() : keys.status();
-        m_parts.main.post(
-            [this, states = std::move(states)]() mutable { take(std::move(states)); });
+        const bool hasMenuEntry = keys.hasMenuEntry();
+        m_parts.main.post([this, hasMenuEntry, states = std::move(states)]() mutable {
+            take(std::move(states), hasMenuEntry);
+        });
     });
 }
 
-void FileManagerKey::take(std::vector<KeyState> states) {
+void FileManagerKey::take(std::vector<KeyState> states, bool hasMenuEntry) {
+    m_hasMenuEntry = hasMenuEntry;
+    m_statesAreKnown = true;
     for (const auto& state : states)
         if (state.error)
             notify("key-" + std::string(state.manager->id),
@@ -106,6 +111,20 @@ void FileManagerKey::take(std::vector<KeyState> states) {
         m_states = std::move(states);
     }
     m_capture->refresh();
+}
+
+Onboarding::KeyWay FileManagerKey::way() const {
+    using Way = Onboarding::KeyWay;
+    if (canCapture())
+        return Way::captured;
+    const std::lock_guard lock(m_mutex);
+    const auto isAny = [this](const auto& test) { return std::ranges::any_of(m_states, test); };
+    if (isAny([](const KeyState& state) { return state.status == AcceleratorStatus::installed; }))
+        return Way::bound;
+    const bool isPossible = isAny([](const KeyState& state) {
+        return state.status == AcceleratorStatus::notInstalled && !state.error;
+    });
+    return isPossible || !m_statesAreKnown ? Way::available : Way::none;
 }
 
 bool FileManagerKey::bindsKeyItself(const FileManager& manager, std::optional<pid_t> process) {
@@ -134,13 +153,12 @@ void FileManagerKey::feedSelection() {
 
 void FileManagerKey::explainAutomation() {
     m_parts.dialogs.ask(
-        {tr("Vexmoor can't see what's selected in the file manager").toStdString(),
-         tr("To send Ctrl+Backspace to the cauldron, allow Vexmoor to ask the file manager in the "
-            "settings of the Vexmoor window. Or turn off \"Ctrl+Backspace in the file manager "
-            "feeds the cauldron\" there.")
-             .toStdString(),
-         tr("Open Settings").toStdString(),
-         tr("Not Now").toStdString(),
+        {text("Vexmoor can't see what's selected in Finder"),
+         text("To send ⌘⌫ to the cauldron, allow Vexmoor to control Finder under System Settings > "
+              "Privacy & Security > Automation. Or turn off \"%1\" in the Vexmoor window.",
+              {text("⌘⌫ in Finder feeds the cauldron")}),
+         text("Open Settings"),
+         text("Not Now"),
          {}},
         [this](const Answer& answer) {
             if (answer.confirmed)

@@ -8,6 +8,7 @@
 #include "intake/Ports.h"
 #include "integration/KeyIntegration.h"
 #include "progression/NotificationPort.h"
+#include "ui/Onboarding.h"
 
 #include <QDBusConnection>
 #include <QObject>
@@ -48,6 +49,15 @@ class FileManagerKey : public QObject {
     /// Whether this session lets programs capture keys and ask for the selection.
     [[nodiscard]] bool canCapture() const { return m_capture->isPossible(); }
 
+    /// How the key gets here as far as is known; follows lookAgain() and every change.
+    [[nodiscard]] Onboarding::KeyWay way() const;
+
+    /// Whether a file manager's menu has our entry, as far as is known.
+    [[nodiscard]] bool hasMenuEntry() const { return m_hasMenuEntry; }
+
+    /// Looks at the file managers' configuration again, without waiting for it.
+    void lookAgain() { updateAccelerators(); }
+
     UndoKey& undoKey() { return *m_hotkey; }
     Automation& automation() { return m_automation; }
 
@@ -71,7 +81,7 @@ class FileManagerKey : public QObject {
     void apply();
     void capture();
     void updateAccelerators();
-    void take(std::vector<KeyState> states);
+    void take(std::vector<KeyState> states, bool hasMenuEntry);
     void notify(const std::string& identifier, const QString& title, const QString& body);
     void notifyFromAnyThread(const std::string& identifier, const QString& title,
                              const QString& body);
@@ -81,7 +91,10 @@ class FileManagerKey : public QObject {
     Parts m_parts;
     Automation m_automation;
 
-    std::mutex m_mutex;             ///< guards what follows
+    bool m_hasMenuEntry = false;
+    bool m_statesAreKnown = false;
+
+    mutable std::mutex m_mutex;     ///< guards what follows
     std::vector<KeyState> m_states; ///< of the file managers that are installed
 
     SerialQueue m_background;

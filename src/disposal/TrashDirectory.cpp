@@ -308,9 +308,9 @@ Result<void> TrashDirectory::writeInfo(const std::string& name, const std::strin
     return error;
 }
 
-Result<std::string> TrashDirectory::infoText(const std::string& name) const {
+Result<std::string> TrashDirectory::infoText(const std::string& name, FileStatus* status) const {
     const std::string file = infoName(name);
-    auto text = readRegularFile(m_info.get(), file.c_str(), kLongestInfo);
+    auto text = readRegularFile(m_info.get(), file.c_str(), kLongestInfo, status);
     return text ? std::move(text)
                 : Error{text.error().code, marked("read"), m_path / "info" / file};
 }

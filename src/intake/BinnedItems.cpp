@@ -231,6 +231,23 @@ void BinnedItems::visit(const std::function<bool(const Sacrifice&)>& visitor) co
           [&](std::int64_t, const Sacrifice& item) { return visitor(item); });
 }
 
+std::vector<Sacrifice>
+BinnedItems::matching(const std::function<bool(const std::string& name)>& matches,
+                      std::size_t most) const {
+    std::vector<Sacrifice> items;
+    visit(
+        [&](const auto& record) {
+            return items.size() >= most   ? Look::stop
+                   : matches(record.name) ? Look::take
+                                          : Look::pass;
+        },
+        [&](std::int64_t, const Sacrifice& item) {
+            items.push_back(item);
+            return true;
+        });
+    return items;
+}
+
 std::vector<Sacrifice> BinnedItems::all() const {
     std::vector<Sacrifice> items;
     visit([&](const Sacrifice& item) {
@@ -270,14 +287,18 @@ BinnedItems::Named BinnedItems::toPutBack(const std::vector<std::string>& wanted
 }
 
 std::vector<Sacrifice> BinnedItems::current(std::vector<Sacrifice> items) const {
-    std::set<std::string> wanted;
+    std::map<std::string, const Sacrifice*> wanted;
     for (const auto& item : items)
-        wanted.insert(bytesOf(item.id));
+        wanted.emplace(bytesOf(item.id), &item);
     std::map<std::string, Sacrifice> left;
     (void)m_table.visit([&](const RecordTable::Record& record) {
-        if (wanted.contains(record.id))
-            if (auto item = itemOf(record))
-                left.emplace(record.id, *std::move(item));
+        const auto known = wanted.find(record.id);
+        if (known == wanted.end())
+            return true;
+        if (recordText(*known->second) == record.content) // much cheaper than to understand it
+            left.emplace(record.id, *known->second);
+        else if (auto item = itemOf(record))
+            left.emplace(record.id, *std::move(item));
         return left.size() < wanted.size();
     });
     std::map<Uuid, const Sacrifice*> recent;

@@ -1,6 +1,7 @@
 #include "StatsPoster.h"
 
 #include "AccentButton.h"
+#include "base/Text.h"
 #include "DissolveBadge.h"
 #include "Figure.h"
 #include "Glow.h"
@@ -87,9 +88,7 @@ void StatsPoster::setText(const StatsText& text) {
 void StatsPoster::setSkin(const Skin& skin) {
     m_skin = skin;
     m_pot->setSkin(skin);
-    m_pot->setAccessibleName(
-        tr("%1 cauldron")
-            .arg(QString::fromUtf8(skin.name.data(), static_cast<qsizetype>(skin.name.size()))));
+    m_pot->setAccessibleName(QString::fromStdString(text("%1 cauldron", {text(skin.name)})));
     recolour();
 }
 

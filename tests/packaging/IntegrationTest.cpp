@@ -77,6 +77,7 @@ TEST_F(IntegrationTest, InstallsAllUnderOneName) {
 TEST_F(IntegrationTest, HasAnEntryThatDesktopsUnderstand) {
     const Path entry = share("applications/" + kId + ".desktop");
     validate({"desktop-file-validate", "--no-hints", entry});
+    EXPECT_EQ(valuesOf("GenericName[de]", entry), std::vector<std::string>{"Kessel für Dateien"});
     EXPECT_EQ(valuesOf("DBusActivatable", entry), std::vector<std::string>{"true"});
     EXPECT_EQ(valuesOf("Icon", entry), std::vector{kId});
     EXPECT_EQ(valuesOf("Exec", entry).front(), "vexmoor-desktop %U");
@@ -105,8 +106,11 @@ TEST_F(IntegrationTest, CallsTheProgramsWhereTheyAreInstalled) {
 }
 
 TEST_F(IntegrationTest, HasAPageForSoftwareCentres) {
-    validate({"appstreamcli", "validate", "--no-net", "--pedantic",
-              share("metainfo/org.vexmoor.vexmoor.metainfo.xml")});
+    const Path page = share("metainfo/org.vexmoor.vexmoor.metainfo.xml");
+    EXPECT_NE(test::contents(page).find(
+                  "<summary xml:lang=\"de\">Dateien an einen Kessel verfüttern</summary>"),
+              std::string::npos);
+    validate({"appstreamcli", "validate", "--no-net", "--pedantic", page});
 }
 
 TEST_F(IntegrationTest, HasAnIconOfCrispSquaresInEverySize) {
