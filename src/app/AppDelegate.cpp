@@ -41,6 +41,8 @@ AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBu
       m_intake({stores.directories(), stores.defaults(), m_ledger, m_settings, m_progression,
                 binnedItems(), stores.journal(), &m_undoStack, m_main, *m_work, m_alerts,
                 m_animator, m_sizzle, *m_thumbnails, m_fileManagerKey.undoKey(), &Date::now}),
+      m_statsWiring({m_ledger, m_settings, m_progression, binnedItems(), m_intake, m_fileManagerKey,
+                     m_dock, m_alerts, m_windowTimers.maker()}),
       m_walkthrough({stores.defaults(), m_settings, m_progression, m_fileManagerKey,
                      m_accessibilityBus, m_alerts, m_main, m_windowTimers.maker()}),
       m_sessionLock(bus, QDBusConnection::systemBus()),
@@ -160,12 +162,13 @@ void AppDelegate::wireFileManagerKey() {
                 consume(selection.items, selection.others, byKey);
             });
     connect(&m_fileManagerKey, &FileManagerKey::undoRequested, this, &AppDelegate::undo);
-    connect(&m_fileManagerKey, &FileManagerKey::settingsRequested, this, &AppDelegate::showStats);
+    connect(&m_fileManagerKey, &FileManagerKey::settingsRequested, this,
+            &AppDelegate::showSettings);
 }
 
 void AppDelegate::wireWalkthrough() {
     connect(&m_walkthrough, &Walkthrough::finished, this, &AppDelegate::showStats);
-    connect(&m_walkthrough, &Walkthrough::settingsRequested, this, &AppDelegate::showStats);
+    connect(&m_walkthrough, &Walkthrough::settingsRequested, this, &AppDelegate::showSettings);
 }
 
 void AppDelegate::subscribeToSettings() {
@@ -261,12 +264,19 @@ void AppDelegate::showStats() {
     window.activateWindow();
 }
 
+void AppDelegate::showSettings() {
+    showStats();
+    m_statsWindow->view().setTab(StatsView::Tab::settings);
+}
+
 StatsWindow& AppDelegate::statsWindow() {
     if (!m_statsWindow) {
-        m_statsWindow = std::make_unique<StatsWindow>(m_ledger, m_settings, m_progression,
-                                                      &Date::now, m_windowTimers.maker());
-        connect(m_statsWindow.get(), &StatsWindow::testFlamesRequested, this,
+        m_statsWindow = m_statsWiring.makeWindow();
+        connect(&m_statsWindow->view(), &StatsView::testFlamesRequested, this,
                 &AppDelegate::testFlames);
+        connect(
+            m_statsWindow.get(), &StatsWindow::dropped, this,
+            [this](const std::vector<Path>& items, int others) { consume(items, others, false); });
         // The tile takes no keys: its menu comes by the window's menu key too.
         m_statsWindow->setContextMenuPolicy(Qt::CustomContextMenu);
         connect(m_statsWindow.get(), &QWidget::customContextMenuRequested, this,

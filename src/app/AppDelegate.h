@@ -7,6 +7,7 @@
 #include "app/FileManagerKey.h"
 #include "app/LaunchOptions.h"
 #include "app/MainLoop.h"
+#include "app/StatsWiring.h"
 #include "app/Stores.h"
 #include "app/UpdateCommand.h"
 #include "app/Walkthrough.h"
@@ -58,6 +59,7 @@ class AppDelegate : public QObject {
     /// The same, and reports that `others` of what was chosen is not on this computer.
     void consume(const std::vector<Path>& items, int others, bool fromFinder);
     void showStats();
+    void showSettings();
     void showOnboarding();
     /// Shows the walkthrough if it comes first, else the main window.
     void activate();
@@ -117,6 +119,7 @@ class AppDelegate : public QObject {
     Intake m_intake;
     std::unique_ptr<CommandService> m_commands; ///< once they may come
     RestingTimers m_windowTimers;
+    StatsWiring m_statsWiring;
     std::unique_ptr<StatsWindow> m_statsWindow; ///< made when it is first shown, and kept
     std::unique_ptr<WindowFrame> m_statsFrame;
     Walkthrough m_walkthrough;

@@ -127,6 +127,11 @@ Onboarding::KeyWay FileManagerKey::way() const {
     return isPossible || !m_statesAreKnown ? Way::available : Way::none;
 }
 
+std::vector<KeyState> FileManagerKey::states() const {
+    const std::lock_guard lock(m_mutex);
+    return m_states;
+}
+
 bool FileManagerKey::bindsKeyItself(const FileManager& manager, std::optional<pid_t> process) {
     const std::lock_guard lock(m_mutex);
     const auto state = std::ranges::find(m_states, &manager, &KeyState::manager);

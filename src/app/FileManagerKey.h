@@ -58,6 +58,9 @@ class FileManagerKey : public QObject {
     /// Looks at the file managers' configuration again, without waiting for it.
     void lookAgain() { updateAccelerators(); }
 
+    /// How the file managers that are installed have the key; empty until that is known.
+    [[nodiscard]] std::vector<KeyState> states() const;
+
     UndoKey& undoKey() { return *m_hotkey; }
     Automation& automation() { return m_automation; }
 

@@ -29,9 +29,9 @@ std::string grouped(std::string digits, const NumberStyle& style) {
 /// With at most so many decimals, without zeros at the end.
 std::string numberText(double value, int decimals) {
     std::array<char, 48> digits{};
-    const auto* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
-                                          std::chars_format::fixed, decimals)
-                                .ptr;
+    char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                    std::chars_format::fixed, decimals)
+                          .ptr;
     const std::string number(digits.data(), end);
     const auto style = numberStyle();
     const auto point = number.find('.');

@@ -35,6 +35,7 @@ struct WindowStores {
         for (const std::int64_t size : sizes) {
             Sacrifice item;
             item.id = Uuid::generate();
+            item.name = "notes.txt";
             item.bytes = size;
             item.date = clock.now;
             items.push_back(item);

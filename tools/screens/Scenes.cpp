@@ -3,6 +3,7 @@
 #include "ui/AboutPanel.h"
 #include "ui/AccentButton.h"
 #include "ui/AchievementsTab.h"
+#include "ui/HistoryList.h"
 #include "ui/MenuContents.h"
 #include "ui/MenuStats.h"
 #include "ui/OnboardingView.h"
@@ -15,13 +16,17 @@
 #include "art/CauldronArt.h"
 #include "intake/UndoStack.h"
 
+#include <QPainter>
+
 #include <algorithm>
+#include <list>
 
 namespace vexmoor::screens {
 namespace {
 
 using Made = std::unique_ptr<QWidget>;
 
+constexpr QSize kWindow(360, 760);
 constexpr QSize kTab(360, 450);
 constexpr QSize kLongTab(360, 1500);
 constexpr QSize kWideTab(1200, 700);
@@ -33,10 +38,70 @@ Stage& dressed(Stage& stage, const Skin& skin) {
     return stage;
 }
 
+/// What the desktop could show of an image; other items have the sheet of their kind.
+void landscape(const Sacrifice& item, const BinnedPictures::Completion& completion) {
+    if (!item.name.ends_with(".png") && !item.name.ends_with(".jpg"))
+        return;
+    QImage image(128, 80, QImage::Format_RGB32);
+    QPainter painter(&image);
+    QLinearGradient sky(0, 0, 0, 80);
+    sky.setColorAt(0, QColor(0x35, 0x6a, 0xc8));
+    sky.setColorAt(1, QColor(0xf3, 0xb4, 0x76));
+    painter.fillRect(image.rect(), sky);
+    completion({image, true});
+}
+
 Made statsWindow(Stage& stage) {
     auto& stores = stage.stores();
-    return std::make_unique<StatsWindow>(stores.ledger, stores.settings, stores.progression,
-                                         stores.clock.clock());
+    return std::make_unique<StatsWindow>(StatsView::Parts{.ledger = stores.ledger,
+                                                          .settings = stores.settings,
+                                                          .progression = stores.progression,
+                                                          .clock = stores.clock.clock(),
+                                                          .loadPicture = &landscape});
+}
+
+/// Once the window was shown, which begins with nothing picked.
+template <typename Act>
+Made shownFirst(Stage& stage, Act act) {
+    Made window = statsWindow(stage);
+    window->show();
+    act(*window);
+    return window;
+}
+
+Made historyWithPicked(Stage& stage) {
+    return shownFirst(stage, [](QWidget& window) {
+        auto& list = *window.findChild<HistoryList*>();
+        for (const int row : {0, 2})
+            list.selectionModel()->select(list.model()->index(row, 0), QItemSelectionModel::Select);
+    });
+}
+
+Made historyFromTheRight(Stage& stage) {
+    Made window = historyWithPicked(stage);
+    window->setLayoutDirection(Qt::RightToLeft);
+    return window;
+}
+
+Made historyWithFilter(Stage& stage) {
+    return shownFirst(stage,
+                      [](QWidget& window) { window.findChild<HistoryTab*>()->openFilter(); });
+}
+
+Made dissolvingHistory(Stage& stage) {
+    stage.stores().settings.mode.set(DisposeMode::dissolve);
+    return statsWindow(stage);
+}
+
+/// Of a ledger that is empty, as at the first start.
+Made emptyHistory(Stage&) {
+    static std::list<test::WindowStores> kept; // as long as the windows
+    auto* const stores = &kept.emplace_back();
+    auto window = std::make_unique<StatsWindow>(StatsView::Parts{.ledger = stores->ledger,
+                                                                 .settings = stores->settings,
+                                                                 .progression = stores->progression,
+                                                                 .clock = stores->clock.clock()});
+    return window;
 }
 
 Made achievements(Stage& stage) {
@@ -137,7 +202,15 @@ Made updatePanel(Stage&) {
 const std::vector<Scene>& scenes() {
     using Page = Onboarding::Page;
     static const std::vector<Scene> kScenes{
-        {"stats", {360, 760}, statsWindow},
+        {"history", kWindow, statsWindow},
+        {"history-picked", kWindow, historyWithPicked},
+        {"history-right-to-left", kWindow, historyFromTheRight},
+        {"history-small", {360, 520}, historyWithPicked},
+        {"history-wide", {1200, 800}, historyWithPicked},
+        {"history-filter", kWindow, historyWithFilter},
+        {"history-empty", kWindow, emptyHistory},
+        {"history-witchfire", kWindow,
+         [](Stage& stage) { return dissolvingHistory(dressed(stage, Skin::witchfire())); }},
         {"achievements", kTab, achievements},
         {"achievements-all", kLongTab, achievements},
         {"achievements-wide", kWideTab, achievements},
