@@ -216,6 +216,8 @@ void AppDelegate::consume(const std::vector<Path>& items, int others, bool fromF
 void AppDelegate::act(const QString& action) {
     if (action == QStringLiteral("put-back"))
         putBackLast();
+    else if (action == QStringLiteral("open-bin"))
+        m_binOpener.open();
     else if (action == QStringLiteral("test-flames"))
         testFlames();
     else
