@@ -4,8 +4,8 @@
 
 #include "art/CauldronArt.h"
 #include "base/Text.h"
-#include "dock/FlameOverlayWindow.h"
 #include "dock/StartupNotification.h"
+#include "dock/TileChoice.h"
 #include "intake/BinnedItems.h"
 #include "intake/Recovery.h"
 #include "intake/Texts.h"
@@ -18,32 +18,22 @@
 #include <utility>
 
 namespace vexmoor {
-namespace {
-
-/// Under Wayland only a window that nobody manages keeps its place.
-TileWindow::Manager tileManager() {
-    return qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ? TileWindow::Manager::nobody
-                                                        : TileWindow::Manager::windowManager;
-}
-
-} // namespace
 
 AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBusConnection& bus)
     : m_stores(stores), m_service(service), m_bus(bus), m_notifications(bus),
       m_ledger(stores.defaults(), &Date::now), m_settings(stores.defaults()),
       m_progression(stores.defaults(), &m_ledger, &Date::now, m_notifications,
                     &CauldronArt::setCurrent),
-      m_tile(stores.defaults(), m_compositor, tileManager()), m_accessibilityBus(bus),
-      m_dock([this] { return m_accessibilityBus.answers(); }, [this] { return m_tile.frame(); }),
-      m_dockTile(m_dock, m_screens),
-      m_animator(
-          {.icon = m_tile,
-           .makeOverlay = [this] { return std::make_unique<FlameOverlayWindow>(m_compositor); },
-           .accessibility = m_dock,
-           .tile = m_dockTile,
-           .screens = m_screens,
-           .makeTimer = std::make_unique<QtFrameTimer>,
-           .random = [] { return QRandomGenerator::system()->generate64(); }}),
+      m_tile(makeTile(stores.defaults())), m_accessibilityBus(bus),
+      m_dock([this] { return m_accessibilityBus.answers(); }, [this] { return m_tile->frame(); }),
+      m_dockTile(m_dock, m_tile->screens()),
+      m_animator({.icon = *m_tile,
+                  .makeOverlay = [this] { return m_tile->makeFlames(); },
+                  .accessibility = m_dock,
+                  .tile = m_dockTile,
+                  .screens = m_tile->screens(),
+                  .makeTimer = std::make_unique<QtFrameTimer>,
+                  .random = [] { return QRandomGenerator::system()->generate64(); }}),
       m_sizzle(m_audio), m_thumbnails(Thumbnail::forSession()),
       m_fileManagerKey({stores.defaults(), m_settings, m_alerts, m_notifications, m_main,
                         m_accessibilityBus, bus, IntegrationContext::ofProcess()}),
@@ -53,6 +43,8 @@ AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBu
                 m_animator, m_sizzle, *m_thumbnails, m_fileManagerKey.undoKey(), &Date::now}),
       m_statsWiring({m_ledger, m_settings, m_progression, binnedItems(), m_intake, m_fileManagerKey,
                      m_dock, m_alerts, m_windowTimers.maker()}),
+      m_walkthrough({stores.defaults(), m_settings, m_progression, m_fileManagerKey,
+                     m_accessibilityBus, m_alerts, m_main, m_windowTimers.maker()}),
       m_sessionLock(bus, QDBusConnection::systemBus()),
       m_shutdownDelay(QDBusConnection::systemBus()),
       m_updater(QDBusConnection::systemBus(), QCoreApplication::applicationFilePath()),
@@ -78,15 +70,16 @@ void AppDelegate::finishLaunching(const LaunchOptions& options) {
     wireDesktop();
     wireTile();
     wireFileManagerKey();
+    wireWalkthrough();
     wireMenuBar();
     wireMainMenu();
     subscribeToSettings();
-    m_tile.show();
+    m_tile->show();
     if (!options.items.empty() || options.others > 0)
         open(options.items, options.others);
     wireService();
-    if (!m_receivedFilesAtLaunch && !options.background)
-        showStats();
+    if (!options.background && (!m_receivedFilesAtLaunch || m_walkthrough.comesFirst()))
+        activate();
 }
 
 void AppDelegate::recordCutOffBatches() {
@@ -131,18 +124,22 @@ std::optional<Error> AppDelegate::store(const std::function<void()>& assignment)
 }
 
 void AppDelegate::wireTile() {
-    connect(&m_tile, &TileWindow::clicked, this, &AppDelegate::showStats);
-    connect(&m_tile, &TileWindow::menuRequested, &m_menuBar, &MenuBar::popUp);
-    connect(&m_tile, &TileWindow::dropped, this,
+    connect(m_tile.get(), &Tile::clicked, this, &AppDelegate::showStats);
+    connect(m_tile.get(), &Tile::menuRequested, &m_menuBar, &MenuBar::popUp);
+    connect(m_tile.get(), &Tile::dropped, this,
             [this](const std::vector<Path>& items) { consume(items, false); });
-    connect(&m_tile, &TileWindow::refused, this,
+    connect(m_tile.get(), &Tile::refused, this,
             [this](bool tookOthers) { m_alerts.report(foreignReport(tookOthers)); });
-    connect(&m_tile, &TileWindow::shownChanged, this, &AppDelegate::restWhileUnseen);
+    connect(m_tile.get(), &Tile::withheld, this, [this] { m_alerts.report(withheldReport()); });
+    connect(m_tile.get(), &Tile::lost, this, [this](const QString& reason) {
+        m_alerts.report(tileLostReport(reason.toStdString()));
+    });
+    connect(m_tile.get(), &Tile::shownChanged, this, &AppDelegate::restWhileUnseen);
     restWhileUnseen();
 }
 
 void AppDelegate::restWhileUnseen() {
-    m_animator.setSuspended(m_sessionLock.isLocked() || !m_tile.isVisible());
+    m_animator.setSuspended(m_sessionLock.isLocked() || !m_tile->isVisible());
     m_windowTimers.setResting(m_sessionLock.isLocked());
 }
 
@@ -165,17 +162,20 @@ void AppDelegate::wireFileManagerKey() {
                 consume(selection.items, selection.others, byKey);
             });
     connect(&m_fileManagerKey, &FileManagerKey::undoRequested, this, &AppDelegate::undo);
-    connect(&m_fileManagerKey, &FileManagerKey::settingsRequested, this, [this] {
-        showStats();
-        m_statsWindow->view().setTab(StatsView::Tab::settings);
-    });
+    connect(&m_fileManagerKey, &FileManagerKey::settingsRequested, this,
+            &AppDelegate::showSettings);
+}
+
+void AppDelegate::wireWalkthrough() {
+    connect(&m_walkthrough, &Walkthrough::finished, this, &AppDelegate::showStats);
+    connect(&m_walkthrough, &Walkthrough::settingsRequested, this, &AppDelegate::showSettings);
 }
 
 void AppDelegate::subscribeToSettings() {
     m_subscriptions.push_back(
         m_settings.escapeDock.subscribe([this](bool escape) { m_animator.setEscapeDock(escape); }));
     m_subscriptions.push_back(m_settings.mode.subscribe(
-        [this](DisposeMode mode) { m_tile.setBadged(mode == DisposeMode::dissolve); }));
+        [this](DisposeMode mode) { m_tile->setBadged(mode == DisposeMode::dissolve); }));
     m_animator.startIdle();
     m_subscriptions.push_back(m_settings.showMenuBarIcon.subscribe(
         [this](bool visible) { m_menuBar.setVisible(visible); }));
@@ -186,7 +186,7 @@ void AppDelegate::wireService() {
     connect(&m_service, &ApplicationService::startupBegun, this,
             [this](const QByteArray& id) { m_startup = id; });
     connect(&m_service, &ApplicationService::startupEnded, this, &AppDelegate::endStartup);
-    connect(&m_service, &ApplicationService::activateRequested, this, &AppDelegate::showStats);
+    connect(&m_service, &ApplicationService::activateRequested, this, &AppDelegate::activate);
     connect(&m_service, &ApplicationService::openRequested, this, &AppDelegate::open);
     connect(&m_service, &ApplicationService::actionRequested, this, &AppDelegate::act);
     m_service.setProbe([this] { return probe(); });
@@ -216,6 +216,8 @@ void AppDelegate::consume(const std::vector<Path>& items, int others, bool fromF
 void AppDelegate::act(const QString& action) {
     if (action == QStringLiteral("put-back"))
         putBackLast();
+    else if (action == QStringLiteral("open-bin"))
+        m_binOpener.open();
     else if (action == QStringLiteral("test-flames"))
         testFlames();
     else
@@ -262,6 +264,11 @@ void AppDelegate::showStats() {
     window.activateWindow();
 }
 
+void AppDelegate::showSettings() {
+    showStats();
+    m_statsWindow->view().setTab(StatsView::Tab::settings);
+}
+
 StatsWindow& AppDelegate::statsWindow() {
     if (!m_statsWindow) {
         m_statsWindow = m_statsWiring.makeWindow();
@@ -282,14 +289,21 @@ StatsWindow& AppDelegate::statsWindow() {
 }
 
 void AppDelegate::showOnboarding() {
-    if (!DockTile::openSettings())
-        m_alerts.tell(tr("There are no accessibility settings"),
-                      tr("No program for them is installed. Flames leave the tile wherever the "
-                         "accessibility service runs."));
+    QWidget& window = m_walkthrough.show();
+    m_mainMenu.addTo(window);
+    if (!m_startup.isEmpty())
+        native::answerStartup(window.winId(), m_startup);
+}
+
+void AppDelegate::activate() {
+    if (m_walkthrough.comesFirst())
+        showOnboarding();
+    else
+        showStats();
 }
 
 QString AppDelegate::probe() const {
-    return probeText(m_dock.isTrusted(), m_dockTile.frame(), m_screens.frames());
+    return probeText(m_dock.isTrusted(), m_dockTile.frame(), m_tile->screens().frames());
 }
 
 void AppDelegate::quit() {

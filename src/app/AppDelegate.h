@@ -10,6 +10,7 @@
 #include "app/StatsWiring.h"
 #include "app/Stores.h"
 #include "app/UpdateCommand.h"
+#include "app/Walkthrough.h"
 
 #include "base/SerialQueue.h"
 #include "desktopbus/Notifications.h"
@@ -24,8 +25,7 @@
 #include "dock/DockTile.h"
 #include "dock/OwnDock.h"
 #include "dock/RestingTimers.h"
-#include "dock/Screens.h"
-#include "dock/TileWindow.h"
+#include "dock/Tile.h"
 #include "intake/Intake.h"
 #include "intake/UndoStack.h"
 #include "progression/Progression.h"
@@ -59,7 +59,10 @@ class AppDelegate : public QObject {
     /// The same, and reports that `others` of what was chosen is not on this computer.
     void consume(const std::vector<Path>& items, int others, bool fromFinder);
     void showStats();
+    void showSettings();
     void showOnboarding();
+    /// Shows the walkthrough if it comes first, else the main window.
+    void activate();
     void testFlames();
     void undo();
 
@@ -75,6 +78,7 @@ class AppDelegate : public QObject {
     void wireMainMenu();
     [[nodiscard]] MenuContents::Parts menuParts();
     void wireFileManagerKey();
+    void wireWalkthrough();
     void restWhileUnseen();
     void subscribeToSettings();
     void endStartup();
@@ -102,11 +106,9 @@ class AppDelegate : public QObject {
     Settings m_settings;
     Progression m_progression;
     UndoStack m_undoStack;
-    Compositor m_compositor;
-    TileWindow m_tile;
+    std::unique_ptr<Tile> m_tile;
     AccessibilityBus m_accessibilityBus;
     OwnDock m_dock;
-    SessionScreens m_screens;
     DockTile m_dockTile;
     DockIconAnimator m_animator;
     CanberraOutput m_audio;
@@ -120,11 +122,13 @@ class AppDelegate : public QObject {
     StatsWiring m_statsWiring;
     std::unique_ptr<StatsWindow> m_statsWindow; ///< made when it is first shown, and kept
     std::unique_ptr<WindowFrame> m_statsFrame;
+    Walkthrough m_walkthrough;
     SessionLock m_sessionLock;
     ShutdownDelay m_shutdownDelay;
     Updater m_updater;
     UpdateCommand m_updateCommand;
     BinOpener m_binOpener;
+    Compositor m_compositor; ///< whether menus can be translucent
     MenuBar m_menuBar;
     MainMenu m_mainMenu;
     QByteArray m_startup; ///< what a launcher waits for at the moment; empty where none does

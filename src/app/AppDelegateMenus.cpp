@@ -3,8 +3,6 @@
 #include "intake/BinnedItems.h"
 #include "ui/AboutPanel.h"
 
-#include <QApplication>
-
 // What the items of the menus do.
 
 namespace vexmoor {
@@ -54,7 +52,7 @@ void AppDelegate::wireMainMenu() {
 }
 
 void AppDelegate::showAboutPanel() {
-    m_mainMenu.addTo(showAbout(QApplication::activeWindow()));
+    m_mainMenu.addTo(showAbout(m_statsWindow.get()));
 }
 
 void AppDelegate::debugUnlockAll() {

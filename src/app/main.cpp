@@ -6,6 +6,7 @@
 #include "app/QuitEvents.h"
 #include "app/Start.h"
 
+#include "base/Text.h"
 #include "base/UserLocale.h"
 #include "dock/NativeWindow.h"
 #include "ui/GettextTranslator.h"
@@ -84,8 +85,9 @@ int main(int argc, char** argv) {
                                                 std::filesystem::current_path(gone));
     options.startup = qgetenv("DESKTOP_STARTUP_ID").toStdString(); // before Qt takes it
     if (!options.unknown.empty()) {
-        std::cerr << "vexmoor-desktop: there is no option " << options.unknown
-                  << ". Try 'vexmoor-desktop --help'.\n";
+        std::cerr << text("vexmoor-desktop: there is no option %1. Try 'vexmoor-desktop --help'.",
+                          {options.unknown})
+                  << "\n";
         return kUsage;
     }
     if (options.help || options.version) {
@@ -95,8 +97,9 @@ int main(int argc, char** argv) {
     }
     choosePlatform();
     if (!displayAnswers()) {
-        std::cerr << "vexmoor-desktop: there is no display to show the cauldron on. The command "
-                     "line works without one: see 'vexmoor --help'.\n";
+        std::cerr << text("vexmoor-desktop: there is no display to show the cauldron on. The "
+                          "command line works without one: see 'vexmoor --help'.")
+                  << "\n";
         return kRefused;
     }
     QApplication application(argc, argv);

@@ -53,6 +53,7 @@ CLI::App* addCommand(CLI::App& app, Invocation& invocation, const char* name, Co
                      const std::string& description) {
     CLI::App* const added = app.add_subcommand(name, description);
     added->group(text("Subcommands"));
+    added->get_help_ptr()->group(text("Options"));
     added->callback([&invocation, command] { invocation.command = command; });
     return added;
 }

@@ -150,6 +150,10 @@ Result<TrashDirectory> TrashDirectory::openOfPlace(const Path& place, const std:
     return opened;
 }
 
+bool TrashDirectory::isOfVolume(const Path& place) {
+    return !topOf(place.parent_path().parent_path()).empty();
+}
+
 /// Without its volume a mount point is a plain folder, or is gone with it. A home Bin may be a link
 /// to another volume, or lie with all other data on one.
 bool TrashDirectory::isOnAbsentVolume(const Path& place) {
@@ -308,9 +312,9 @@ Result<void> TrashDirectory::writeInfo(const std::string& name, const std::strin
     return error;
 }
 
-Result<std::string> TrashDirectory::infoText(const std::string& name) const {
+Result<std::string> TrashDirectory::infoText(const std::string& name, FileStatus* status) const {
     const std::string file = infoName(name);
-    auto text = readRegularFile(m_info.get(), file.c_str(), kLongestInfo);
+    auto text = readRegularFile(m_info.get(), file.c_str(), kLongestInfo, status);
     return text ? std::move(text)
                 : Error{text.error().code, marked("read"), m_path / "info" / file};
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QRect>
+#include <QString>
 #include <QWindow>
 
 #include <optional>
@@ -14,6 +15,12 @@ namespace vexmoor::native {
 
 /// Whether there is a display that takes windows; asked before there is an application.
 bool displayAnswers();
+
+/// Whether the X server shows its windows through a Wayland compositor.
+bool isXwayland();
+
+/// The name that the window manager gives itself; empty if there is none or it has no name.
+QString windowManagerName();
 
 /// Marks a window that is not shown yet as part of the desktop's furniture: a dock, above others,
 /// on all workspaces, in no list. To be repeated before each showing.

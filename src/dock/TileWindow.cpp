@@ -1,12 +1,9 @@
 #include "TileWindow.h"
 
-#include "DroppedUris.h"
 #include "NativeWindow.h"
 #include "PixelImage.h"
+#include "Tile.h"
 #include "TileAccessible.h"
-#include "TileBadge.h"
-
-#include "art/CauldronArt.h"
 
 #include <QApplication>
 #include <QDragEnterEvent>
@@ -15,33 +12,31 @@
 #include <QPainter>
 #include <QScreen>
 
-#include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace vexmoor {
 namespace {
 
-constexpr int kSide = CauldronArt::kWidth; ///< in canvas pixels
-constexpr double kCellPoints = 3;
 constexpr const char* kUriList = "text/uri-list";
 
-Qt::WindowFlags flagsFor(TileWindow::Manager manager) {
-    const Qt::WindowFlags flags =
-        Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::WindowStaysOnTopHint;
-    return manager == TileWindow::Manager::nobody ? flags | Qt::BypassWindowManagerHint : flags;
-}
-
-QColor acidColour() {
-    const Pixel acid = CauldronArt::current().acid;
-    return {acid.r, acid.g, acid.b};
+Qt::WindowFlags flagsFor(TileHandling::Manager manager) {
+    const Qt::WindowFlags flags = Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+    switch (manager) {
+    case TileHandling::Manager::windowManager:
+        break;
+    case TileHandling::Manager::windowManagerWithFocus:
+        return flags;
+    case TileHandling::Manager::nobody:
+        return flags | Qt::WindowDoesNotAcceptFocus | Qt::BypassWindowManagerHint;
+    }
+    return flags | Qt::WindowDoesNotAcceptFocus;
 }
 
 } // namespace
 
-TileWindow::TileWindow(UserDefaults& defaults, const Compositor& compositor, Manager manager)
-    : m_defaults(defaults), m_compositor(compositor) {
-    setWindowFlags(flagsFor(manager));
+TileWindow::TileWindow(UserDefaults& defaults, const Compositor& compositor, TileHandling handling)
+    : m_defaults(defaults), m_compositor(compositor), m_readsDragsEarly(handling.readsDragsEarly) {
+    setWindowFlags(flagsFor(handling.manager));
     setWindowTitle(QStringLiteral("Vexmoor"));
     TileAccessible::install();
     setAccessibleName(QStringLiteral("Vexmoor"));
@@ -49,7 +44,7 @@ TileWindow::TileWindow(UserDefaults& defaults, const Compositor& compositor, Man
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFocusPolicy(Qt::NoFocus);
     setAcceptDrops(true);
-    if (const auto stored = m_defaults.string(kPlaceKey))
+    if (const auto stored = m_defaults.string(Tile::kPlaceKey))
         m_place = TilePlace::fromText(*stored).value_or(TilePlace{});
     connect(&compositor, &Compositor::runningChanged, this, &TileWindow::updateShape);
     watchScreens();
@@ -80,8 +75,8 @@ void TileWindow::place() {
         return;
     const PhysicalScreen& screen = m_place.screenOf(screens);
     m_ratio = screen.ratio;
-    m_cell = std::max(1, static_cast<int>(std::lround(kCellPoints * m_ratio)));
-    const QRect wanted = m_place.rect(screen, kSide * m_cell);
+    m_cell = TilePicture::cellAt(m_ratio);
+    const QRect wanted = m_place.rect(screen, TilePicture::kSide * m_cell);
     // Qt knows whole points only; the window system then gets the exact pixels.
     setGeometry(screen.points(wanted).toAlignedRect());
     m_physical = wanted;
@@ -129,48 +124,33 @@ void TileWindow::setVisible(bool visible) {
 }
 
 void TileWindow::setIcon(const PixelCanvas& icon) {
-    m_icon = icon;
+    m_picture.icon = icon;
     redraw();
 }
 
 void TileWindow::setBadged(bool badged) {
-    if (m_badged == badged)
+    if (m_picture.isBadged == badged)
         return;
-    m_badged = badged;
+    m_picture.isBadged = badged;
     setAccessibleDescription(badged ? tr("Dissolving forever") : QString());
     redraw();
 }
 
 void TileWindow::setHovered(bool hovered) {
-    if (m_hovered == hovered)
+    if (m_picture.isHovered == hovered)
         return;
-    m_hovered = hovered;
+    m_picture.isHovered = hovered;
     redraw();
 }
 
 void TileWindow::redraw() {
-    QImage image = picture();
+    QImage image = m_picture.image(m_cell);
+    image.setDevicePixelRatio(m_ratio);
     if (image == m_image)
         return;
     m_image = std::move(image);
     updateShape();
     update();
-}
-
-QImage TileWindow::picture() const {
-    const QSize size(kSide * m_cell, kSide * m_cell);
-    QImage image(size, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    if (m_icon)
-        image = enlarged(*m_icon, size);
-    if (m_hovered)
-        image = ringed(image, m_cell, acidColour());
-    if (m_badged) {
-        const QImage badge = tileBadge().nsImage(m_cell);
-        QPainter(&image).drawImage(image.width() - badge.width(), 0, badge);
-    }
-    image.setDevicePixelRatio(m_ratio);
-    return image;
 }
 
 void TileWindow::updateShape() {
@@ -223,7 +203,7 @@ void TileWindow::mouseReleaseEvent(QMouseEvent* event) {
     m_grabbedAt.reset();
     setDown(false);
     if (std::exchange(m_moving, false))
-        m_defaults.assign(kPlaceKey, m_place.text());
+        m_defaults.assign(Tile::kPlaceKey, m_place.text());
     else if (rect().contains(event->position().toPoint()))
         click();
 }
@@ -234,10 +214,13 @@ void TileWindow::dragEnterEvent(QDragEnterEvent* event) {
         return;
     event->setDropAction(Qt::CopyAction);
     event->accept();
+    m_draggedList =
+        m_readsDragsEarly ? event->mimeData()->data(QLatin1String(kUriList)) : QByteArray();
     setHovered(true);
 }
 
 void TileWindow::dragLeaveEvent(QDragLeaveEvent*) {
+    m_draggedList.clear();
     setHovered(false);
 }
 
@@ -245,12 +228,10 @@ void TileWindow::dropEvent(QDropEvent* event) {
     setHovered(false);
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    const QByteArray list = event->mimeData()->data(QLatin1String(kUriList));
-    const DroppedUris uris = DroppedUris::fromList(list.toStdString());
-    if (!uris.items.empty())
-        emit dropped(uris.items);
-    if (uris.items.empty() || uris.others > 0)
-        emit refused(!uris.items.empty());
+    QByteArray list = std::exchange(m_draggedList, {});
+    if (list.isEmpty())
+        list = event->mimeData()->data(QLatin1String(kUriList));
+    emit listDropped(list);
 }
 
 } // namespace vexmoor

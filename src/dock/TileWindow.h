@@ -2,33 +2,42 @@
 
 #include "Compositor.h"
 #include "IconSink.h"
+#include "TilePicture.h"
 #include "TilePlace.h"
 
-#include "base/Path.h"
 #include "base/UserDefaults.h"
 
 #include <QAbstractButton>
 #include <QImage>
 
 #include <optional>
-#include <vector>
 
 namespace vexmoor {
 
-/// The application's tile: a small frameless window at the screen's edge that shows the icon and
-/// takes what is dropped on it. A click or a screen reader presses it (clicked()); dragged, it
-/// follows the edges, and it remembers its place. It never takes the focus. Main thread.
+/// How an X server's tile is shown.
+struct TileHandling {
+    /// Who keeps the tile in its place. On some desktops only a window that the window manager does
+    /// not see keeps it; on others only a window that could have the focus gets the data of a drag,
+    /// though it never asks for the focus.
+    enum class Manager { windowManager, windowManagerWithFocus, nobody };
+
+    Manager manager = Manager::windowManager;
+    /// The list of a drag is read as soon as it enters: the compositor may refuse it later.
+    bool readsDragsEarly = false;
+
+    bool operator==(const TileHandling&) const = default;
+};
+
+/// The window of the application's tile: a small frameless window at the screen's edge that shows
+/// the icon and takes what is dropped on it. A click or a screen reader presses it (clicked());
+/// dragged, it follows the edges, and it remembers its place. It never takes the focus. Main
+/// thread.
 class TileWindow : public QAbstractButton, public IconSink {
     Q_OBJECT
 
   public:
-    /// Who keeps the tile in its place: on some desktops only a window that the window manager does
-    /// not see keeps it.
-    enum class Manager { windowManager, nobody };
-
     /// Defaults and compositor must outlive the window.
-    TileWindow(UserDefaults& defaults, const Compositor& compositor,
-               Manager manager = Manager::windowManager);
+    TileWindow(UserDefaults& defaults, const Compositor& compositor, TileHandling handling = {});
 
     void setIcon(const PixelCanvas& icon) override;
     void setVisible(bool visible) override;
@@ -43,15 +52,10 @@ class TileWindow : public QAbstractButton, public IconSink {
     /// hidden.
     [[nodiscard]] std::optional<QRectF> frame() const;
 
-    /// The key under which the place is stored.
-    static constexpr std::string_view kPlaceKey = "tile.place";
-
   signals:
     void shownChanged(bool shown);
-    /// Local items were dropped, in the order in which they came.
-    void dropped(const std::vector<vexmoor::Path>& items);
-    /// Something that is not on this computer was dropped, beside items that were taken or alone.
-    void refused(bool tookOthers);
+    /// A list of URIs was dropped; empty if the desktop did not hand it over.
+    void listDropped(const QByteArray& uriList);
     /// The menu is wanted there.
     void menuRequested(QPoint globalPosition);
 
@@ -73,18 +77,17 @@ class TileWindow : public QAbstractButton, public IconSink {
     void setHovered(bool hovered);
     void redraw();
     void updateShape();
-    [[nodiscard]] QImage picture() const;
 
     UserDefaults& m_defaults;
     const Compositor& m_compositor;
-    std::optional<PixelCanvas> m_icon;
+    const bool m_readsDragsEarly;
+    QByteArray m_draggedList; ///< what was read when the drag entered
+    TilePicture m_picture;
     TilePlace m_place;
     QRect m_physical;   ///< where the window is
     double m_ratio = 1; ///< physical pixels a point
     int m_cell = 3;     ///< physical pixels a canvas pixel
     QImage m_image;
-    bool m_badged = false;
-    bool m_hovered = false;            ///< something is dragged over it
     bool m_moving = false;             ///< it is being dragged itself
     std::optional<QPoint> m_grabbedAt; ///< the pointer from the window's corner, in points
     QPoint m_pressedAt;

@@ -125,6 +125,22 @@ FailureReport foreignReport(bool tookOthers) {
             {}};
 }
 
+FailureReport withheldReport() {
+    return {text("The desktop withheld what was dropped"),
+            text("It did not say which files they were, so nothing was touched. Feed them from the "
+                 "file manager's menu instead."),
+            {}};
+}
+
+FailureReport tileLostReport(const std::string& reason) {
+    return {
+        text("The cauldron left the screen"),
+        text("The desktop ended the connection that shows it: %1. It comes back when Vexmoor is "
+             "started again.",
+             {reason}),
+        {}};
+}
+
 FailureReport droppedCommands(std::size_t count) {
     return {
         plural("A command was not carried out", "%1 commands were not carried out", number(count)),

@@ -29,6 +29,12 @@ FailureReport stoppedReport(std::size_t count);
 /// Something that is not on this computer was named, beside items that were taken or alone.
 FailureReport foreignReport(bool tookOthers);
 
+/// Files were dropped, but the desktop did not hand over which.
+FailureReport withheldReport();
+
+/// The compositor ended the connection that shows the tile, for a reason in the system's words.
+FailureReport tileLostReport(const std::string& reason);
+
 /// Commands were not begun, and their callers do not wait for an answer.
 FailureReport droppedCommands(std::size_t count);
 

@@ -8,10 +8,10 @@
 
 namespace vexmoor {
 
-/// The translation of a text that a catalogue of ours holds as a constant (a skin's name, an
-/// achievement's title). `constant` views a whole string literal.
+/// The translation of a text that a catalogue of ours holds as a constant: a skin's name, an
+/// achievement's title.
 inline QString catalogueText(std::string_view constant) {
-    return QString::fromStdString(constant.empty() ? std::string() : text(constant.data()));
+    return QString::fromStdString(text(constant));
 }
 
 } // namespace vexmoor

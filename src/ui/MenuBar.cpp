@@ -1,14 +1,18 @@
 #include "MenuBar.h"
 
+#include "Accent.h"
 #include "MenuFiller.h"
 #include "MenuStats.h"
 #include "PopupMenu.h"
 #include "PotSilhouette.h"
+#include "TextStyle.h"
 
 #include "dock/Compositor.h"
 #include "progression/Progression.h"
 
+#include <QApplication>
 #include <QCursor>
+#include <QEvent>
 #include <QSystemTrayIcon>
 
 #include <utility>
@@ -18,6 +22,10 @@ namespace {
 
 /// Seen on light and on dark menus: what the tray's menus look like is not known.
 constexpr QColor kSymbolColour{0x80, 0x80, 0x80};
+
+QIcon tintedIcon() {
+    return panelIcon(MenuBar::icon(), isDark(groundOf(QApplication::palette())));
+}
 
 void addText(QMenu& menu, const QString& title) {
     menu.addAction(title)->setEnabled(false);
@@ -29,6 +37,7 @@ MenuBar::MenuBar(MenuContents::Parts parts, const Compositor& compositor,
                  const QDBusConnection& session)
     : m_contents(std::move(parts)), m_compositor(compositor), m_host(session) {
     connect(&m_host, &TrayHost::availableChanged, this, &MenuBar::updateItem);
+    qApp->installEventFilter(this);
 }
 
 MenuBar::~MenuBar() {
@@ -57,7 +66,7 @@ void MenuBar::updateItem() {
     menuNeedsUpdate(*m_trayMenu);
     connect(m_trayMenu.get(), &QMenu::aboutToShow, this,
             [this, menu = m_trayMenu.get()] { menuNeedsUpdate(*menu); });
-    m_item = std::make_unique<QSystemTrayIcon>(panelIcon(icon()));
+    m_item = std::make_unique<QSystemTrayIcon>(tintedIcon());
     m_item->setToolTip(QStringLiteral("Vexmoor"));
     m_item->setContextMenu(m_trayMenu.get());
     connect(m_item.get(), &QSystemTrayIcon::activated, this,
@@ -66,6 +75,13 @@ void MenuBar::updateItem() {
                     popUp(QCursor::pos());
             });
     m_item->show();
+}
+
+/// The desktop's colours changed.
+bool MenuBar::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ApplicationPaletteChange && watched == qApp && m_item)
+        m_item->setIcon(tintedIcon());
+    return QObject::eventFilter(watched, event);
 }
 
 void MenuBar::popUp(QPoint globalPosition) {

@@ -49,6 +49,8 @@ class MenuBar : public QObject {
     /// The status item's image as a template, before it is tinted.
     static const QImage& icon();
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     void updateItem();
 

@@ -1,6 +1,7 @@
 #include "MenuContents.h"
 
 #include "base/Path.h"
+#include "base/Text.h"
 #include "disposal/Ledger.h"
 #include "disposal/Settings.h"
 #include "intake/UndoStack.h"
@@ -31,10 +32,6 @@ MenuEntry onOff(const QString& title, Setting<bool>& setting) {
     return {.title = title,
             .run = [&setting] { setting.set(!setting.get()); },
             .checked = setting.get()};
-}
-
-QString textOf(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 Symbol symbolOf(const Sacrifice& sacrifice) {
@@ -132,7 +129,7 @@ std::vector<MenuEntry> MenuContents::skinMenu() {
     const std::string_view current = Skin::named(progression.progress().skin).id;
     std::vector<MenuEntry> menu;
     for (const Skin& skin : progression.unlockedSkins())
-        menu.push_back({.title = textOf(skin.name),
+        menu.push_back({.title = QString::fromStdString(text(skin.name)),
                         .run = [&progression, skin] { progression.select(skin); },
                         .checked = skin.id == current,
                         .isChoice = true});

@@ -73,7 +73,10 @@ void MenuStats::refresh() {
     m_caption->setText(text.caption);
     setAccessibleName(text.line());
     setAccessibleDescription(text.caption);
-    setFixedWidth(neededWidth());
+    // A menu asks for the size alone, not for the height of a width.
+    const int width = neededWidth();
+    layout()->invalidate();
+    setFixedSize(width, layout()->totalHeightForWidth(width));
 }
 
 int MenuStats::neededWidth() const {

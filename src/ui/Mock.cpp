@@ -65,7 +65,7 @@ void paintSwitch(QPainter& painter, const QRectF& area, bool isOn, const Accent&
     painter.drawRoundedRect(area, area.height() / 2, area.height() / 2);
     const double side = area.height() - 4;
     const double left = isOn ? area.right() - side - 2 : area.left() + 2;
-    painter.setBrush(isOn ? accent.text : QColor(Qt::white));
+    painter.setBrush(Qt::white);
     painter.drawEllipse(QRectF(left, area.top() + 2, side, side));
 }
 

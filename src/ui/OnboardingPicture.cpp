@@ -102,6 +102,7 @@ void OnboardingPicture::paintEvent(QPaintEvent*) {
     if (m_picture == Onboarding::Picture::demo) {
         QRect pot = m_demo->geometry();
         pot.setTop(pot.bottom() - pot.width());
+        pot.translate(0, -pot.height() / 3); // the acid shines, and the light ends in the picture
         paintGlow(painter, pot, Accent::of(m_skin, ground).glow, ground);
         return;
     }

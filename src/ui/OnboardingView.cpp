@@ -44,7 +44,7 @@ OnboardingView::OnboardingView(Onboarding::Ports ports, const Skin& skin,
     setWindowTitle(tr("Welcome to Vexmoor"));
     layOut();
     m_title->setFocusPolicy(Qt::ClickFocus); // else the dialog passes the focus on when shown
-    m_secondary->setAutoDefault(false); // Return is the primary's, wherever the focus is
+    m_secondary->setAutoDefault(false);      // Return is the primary's, wherever the focus is
     m_primary->setDefault(true);
     connect(m_primary, &QPushButton::clicked, this, [this] { m_onboarding.primaryAction(); });
     connect(m_secondary, &QPushButton::clicked, this, [this] { m_onboarding.next(); });
@@ -112,6 +112,7 @@ void OnboardingView::fit() {
     m_blurb->setMinimumHeight(2 * QFontMetrics(m_blurb->font()).lineSpacing());
     const double growth = std::max(1.0, textFont(font(), 13).pixelSize() / 13.0);
     m_size = m_size.expandedTo(kSize * growth);
+    m_status->layout()->activate();
     layout()->activate();
     m_size.setHeight(std::max(m_size.height(), layout()->totalHeightForWidth(m_size.width())));
     setFixedSize(m_size);

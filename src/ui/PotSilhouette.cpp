@@ -13,8 +13,13 @@ namespace {
 constexpr std::string_view kClearLetters = ".S";
 constexpr std::string_view kPotLetters = "KDBHW";
 constexpr int kOutline = 2; ///< in canvas pixels
-constexpr QColor kFill{0xf4, 0xf4, 0xf6};
-constexpr QColor kAround{0x1c, 0x1c, 0x20, 0xd8};
+
+struct Tint {
+    QColor fill;
+    QColor outline;
+};
+constexpr Tint kForDark{{0xf4, 0xf4, 0xf6}, {0x1c, 0x1c, 0x20, 0xb0}};
+constexpr Tint kForLight{{0x36, 0x36, 0x3c}, {0xff, 0xff, 0xff, 0xd0}};
 
 bool has(std::string_view letters, char letter) {
     return letters.find(letter) != std::string_view::npos;
@@ -28,7 +33,7 @@ QImage tinted(QImage image, const QColor& colour) {
 }
 
 /// The silhouette in its outline, a pixel a canvas pixel.
-QImage outlined(QImage pot) {
+QImage outlined(QImage pot, const Tint& tint) {
     pot.setDevicePixelRatio(1);
     QImage around(pot.width() + 2 * kOutline, pot.height() + 2 * kOutline,
                   QImage::Format_ARGB32_Premultiplied);
@@ -38,8 +43,8 @@ QImage outlined(QImage pot) {
         for (int x = 0; x <= 2 * kOutline; ++x)
             painter.drawImage(x, y, pot);
     painter.end();
-    QImage icon = tinted(around, kAround);
-    QPainter(&icon).drawImage(kOutline, kOutline, tinted(pot, kFill));
+    QImage icon = tinted(around, tint.outline);
+    QPainter(&icon).drawImage(kOutline, kOutline, tinted(pot, tint.fill));
     return icon;
 }
 
@@ -75,8 +80,8 @@ QImage potSilhouette() {
     return image;
 }
 
-QIcon panelIcon(const QImage& silhouette) {
-    const QImage image = outlined(silhouette);
+QIcon panelIcon(const QImage& silhouette, bool isDesktopDark) {
+    const QImage image = outlined(silhouette, isDesktopDark ? kForDark : kForLight);
     QIcon icon;
     for (const int side : {16, 22, 24, 32, 44, 48, 64, 96})
         icon.addPixmap(scaled(image, side));

@@ -9,7 +9,8 @@ namespace vexmoor {
 /// shown. A canvas pixel is half a point.
 QImage potSilhouette();
 
-/// A template tinted for panels of any colour: light, in a dark outline.
-QIcon panelIcon(const QImage& silhouette);
+/// A template tinted for panels: light on a dark desktop and dark on a light one, in an outline of
+/// the other, as panels may be of any colour.
+QIcon panelIcon(const QImage& silhouette, bool isDesktopDark);
 
 } // namespace vexmoor

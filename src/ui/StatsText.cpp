@@ -1,6 +1,7 @@
 #include "StatsText.h"
 
 #include "base/ByteCount.h"
+#include "base/Text.h"
 #include "disposal/Ledger.h"
 #include "progression/Progress.h"
 
@@ -21,7 +22,7 @@ StatsText StatsText::of(const Ledger& ledger, const Progress& progress) {
     const std::int64_t count = ledger.count.get();
     StatsText text;
     text.count = grouped(count);
-    text.countCaption = count == 1 ? tr("sacrifice") : tr("sacrifices");
+    text.countCaption = QString::fromStdString(plural("sacrifice", "sacrifices", count));
     text.bytes = size(ledger.bytes.get());
     text.bytesCaption = tr("consumed");
     text.streak = grouped(progress.streak);

@@ -1,28 +1,27 @@
 #include "Transition.h"
 
+#include "Motion.h"
+
+#include <QEasingCurve>
 #include <QWidget>
+
+#include <algorithm>
 
 namespace vexmoor {
 namespace {
 
-bool reducedMotion() {
-    return false;
-}
+constexpr int kFrameMilliseconds = 16;
 
 } // namespace
 
 Transition::Transition(QWidget& widget, int milliseconds)
-    : QVariantAnimation(&widget), m_widget(widget) {
-    setDuration(milliseconds);
-    setEasingCurve(QEasingCurve::OutCubic);
-    connect(this, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {
-        m_at = value.toDouble();
-        m_widget.update();
-    });
+    : QObject(&widget), m_widget(widget), m_milliseconds(milliseconds) {
+    m_frames.setInterval(kFrameMilliseconds);
+    connect(&m_frames, &QTimer::timeout, this, &Transition::step);
 }
 
 void Transition::setAt(double at) {
-    stop();
+    m_frames.stop();
     m_at = at;
     m_widget.update();
 }
@@ -32,10 +31,21 @@ void Transition::moveTo(double at) {
         setAt(at);
         return;
     }
-    stop();
-    setStartValue(m_at);
-    setEndValue(at);
-    start();
+    m_from = m_at;
+    m_to = at;
+    m_since.start();
+    m_frames.start();
+}
+
+void Transition::step() {
+    const double passed = static_cast<double>(m_since.elapsed()) / m_milliseconds;
+    if (passed >= 1) {
+        setAt(m_to);
+        return;
+    }
+    const double eased = QEasingCurve(QEasingCurve::OutCubic).valueForProgress(passed);
+    m_at = m_from + (m_to - m_from) * eased;
+    m_widget.update();
 }
 
 } // namespace vexmoor

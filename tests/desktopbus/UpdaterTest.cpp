@@ -288,6 +288,7 @@ TEST_F(UpdaterTest, CallsACheckOffAndMakesAnother) {
     m_updater->cancel();
     m_updater->cancel();
     EXPECT_FALSE(m_updater->isChecking());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     ASSERT_TRUE(serviceIsCalled("Cancel"));
     EXPECT_TRUE(m_told.isEmpty());
     m_packages->failing.clear();

@@ -1,4 +1,4 @@
-#include "dock/TileWindow.h"
+#include "dock/WindowTile.h"
 
 #include "support/InMemoryDefaults.h"
 
@@ -31,25 +31,33 @@ struct TileWindowTest : testing::Test {
     InMemoryDefaults defaults;
     Compositor compositor;
     TileWindow tile{defaults, compositor};
+    WindowTile target{defaults, {.readsDragsEarly = true}};
     std::vector<std::vector<Path>> drops;
     std::vector<bool> refusals; ///< whether anything was taken beside
+    int withheld = 0;
 
     TileWindowTest() {
-        QObject::connect(&tile, &TileWindow::dropped, &tile,
+        QObject::connect(&target, &Tile::dropped, &tile,
                          [this](const std::vector<Path>& items) { drops.push_back(items); });
-        QObject::connect(&tile, &TileWindow::refused, &tile,
+        QObject::connect(&target, &Tile::refused, &tile,
                          [this](bool tookOthers) { refusals.push_back(tookOthers); });
+        QObject::connect(&target, &Tile::withheld, &tile, [this] { ++withheld; });
     }
 
     Qt::DropAction drop(const char* type, const QByteArray& bytes) {
+        return drop(type, bytes, bytes);
+    }
+    /// A compositor that hands over these bytes while hovering and those at the drop.
+    Qt::DropAction drop(const char* type, const QByteArray& bytes, const QByteArray& atDrop) {
         QMimeData data;
         data.setData(type, bytes);
         QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
                               Qt::NoModifier);
-        QCoreApplication::sendEvent(&tile, &enter);
+        QCoreApplication::sendEvent(&target.window(), &enter);
+        data.setData(type, atDrop);
         QDropEvent event({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
                          Qt::NoModifier);
-        QCoreApplication::sendEvent(&tile, &event);
+        QCoreApplication::sendEvent(&target.window(), &event);
         return event.dropAction();
     }
 };
@@ -69,6 +77,15 @@ TEST_F(TileWindowTest, TakesWhatIsLocalAndSaysWhatIsNot) {
     drop("text/uri-list", "https://example.org/\r\n");
     EXPECT_THAT(drops, SizeIs(2));
     EXPECT_THAT(refusals, ElementsAre(true, false));
+}
+
+TEST_F(TileWindowTest, KeepsWhatItReadBeforeTheDropAndReportsDataThatIsWithheld) {
+    drop("text/uri-list", "file:///tmp/a\r\n", "");
+    EXPECT_THAT(drops, ElementsAre(ElementsAre("/tmp/a")));
+    drop("text/uri-list", "", "");
+    EXPECT_EQ(withheld, 1) << "and nothing of the drag before";
+    EXPECT_THAT(drops, SizeIs(1));
+    EXPECT_THAT(refusals, IsEmpty()) << "nobody knows that it was foreign";
 }
 
 TEST_F(TileWindowTest, IsFoundThroughItsOwnDockWhileItIsShown) {

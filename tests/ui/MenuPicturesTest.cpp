@@ -84,18 +84,22 @@ TEST_P(MenuPicturesTest, OfThePopupInBothDirections) {
 }
 
 TEST_P(MenuPicturesTest, OfThePanelIconOnPanels) {
-    const QIcon icon = panelIcon(MenuBar::icon());
-    QImage picture(500, 400, QImage::Format_RGB32);
+    QImage picture(1000, 400, QImage::Format_RGB32);
     QPainter painter(&picture);
     int top = 0;
     for (const QColor ground :
          {QColor(Qt::black), QColor(0x2b, 0x2b, 0x30), QColor(0x80, 0x80, 0x84),
           QColor(0xe8, 0xe8, 0xea), QColor(Qt::white)}) {
-        painter.fillRect(0, top, 500, 80, ground);
+        painter.fillRect(0, top, 1000, 80, ground);
         int left = 20;
-        for (const int side : {16, 22, 24, 32, 44, 48, 64}) {
-            painter.drawPixmap(left, top + (80 - side) / 2, icon.pixmap(QSize(side, side), 1.0));
-            left += side + 20;
+        for (const bool dark : {true, false}) {
+            const QIcon icon = panelIcon(MenuBar::icon(), dark);
+            for (const int side : {16, 22, 24, 32, 44, 48, 64}) {
+                painter.drawPixmap(left, top + (80 - side) / 2,
+                                   icon.pixmap(QSize(side, side), 1.0));
+                left += side + 20;
+            }
+            left = 520;
         }
         top += 80;
     }

@@ -83,7 +83,7 @@ TEST_F(OnboardingViewTest, IsWalkedThroughWithReturnAlone) {
     EXPECT_EQ(focusedText(), "Welcome to Vexmoor");
     facts = {.accessible = true, .automation = AutomationStatus::granted};
     for (const char* const title :
-         {"Let flames rise above the Dock", "Press ⌘⌫ in Finder to feed it",
+         {"Let flames rise above the Dock", "Press Ctrl+Backspace to feed it",
           "Let Vexmoor see your files"}) {
         pressInFocus(Qt::Key_Return);
         EXPECT_EQ(focusedText(), title) << "the page is announced";
@@ -119,22 +119,24 @@ TEST_F(OnboardingViewTest, ReachesSkipAndLinkByKeyboard) {
     EXPECT_EQ(view.page(), Page::automation);
     EXPECT_TRUE(pressButton("Skip", Qt::Key_Space));
     EXPECT_TRUE(pressButton("Allow…", Qt::Key_Space));
-    EXPECT_TRUE(pressButton("Turn on the missing folders in System Settings…", Qt::Key_Space));
+    EXPECT_TRUE(pressButton("Look at the missing folders in the file manager…", Qt::Key_Space));
     EXPECT_THAT(calls, testing::ElementsAre("accessibility", "documents"));
 }
 
 TEST_F(OnboardingViewTest, TellsAScreenReaderWhatItShows) {
     activate();
     pressInFocus(Qt::Key_Return);
-    EXPECT_THAT(readAloud(), testing::UnorderedElementsAre(
-                                 "Accessibility", "Let flames rise above the Dock",
-                                 "System Settings will open. Turn on Vexmoor, then come back.",
-                                 "Not allowed yet", "Also needed for ⌘⌫ in Finder.", "Page 2 of 5",
-                                 "Skip", "Open System Settings…"));
+    EXPECT_THAT(readAloud(),
+                testing::UnorderedElementsAre(
+                    "Accessibility", "Let flames rise above the Dock",
+                    "The desktop's settings will open. Turn on accessibility, then "
+                    "come back.",
+                    "Not allowed yet", "Also needed for Ctrl+Backspace in the file manager.",
+                    "Page 2 of 5", "Skip", "Open Settings…"));
     auto* const face = QAccessible::queryAccessibleInterface(QApplication::focusWidget());
     EXPECT_EQ(face->text(QAccessible::Description),
-              "System Settings will open. Turn on Vexmoor, then come back. Not allowed yet. Also "
-              "needed for ⌘⌫ in Finder.");
+              "The desktop's settings will open. Turn on accessibility, then come back. Not "
+              "allowed yet. Also needed for Ctrl+Backspace in the file manager.");
 }
 
 TEST_F(OnboardingViewTest, PollsEachSecondOnlyWhileItIsSeen) {

@@ -17,9 +17,6 @@ struct WindowFixture : testing::Test, WindowStores {
     /// With that many physical pixels a point.
     explicit WindowFixture(const char* scale = "1") : scaled(scale) {}
 
-    /// Qt's animations outlive the application unless they hear that they ended.
-    ~WindowFixture() override { QCoreApplication::processEvents(); }
-
     struct Scaled {
         explicit Scaled(const char* scale) { qputenv("QT_SCALE_FACTOR", scale); }
         ~Scaled() { qunsetenv("QT_SCALE_FACTOR"); }

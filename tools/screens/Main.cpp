@@ -1,10 +1,17 @@
 #include "Stage.h"
 
+#include "base/UserLocale.h"
+#include "ui/GettextTranslator.h"
+#include "ui/Motion.h"
+
 #include <QApplication>
+#include <QIcon>
 #include <QProcess>
+#include <QTemporaryFile>
 #include <QWidget>
 
 #include <algorithm>
+#include <clocale>
 #include <iostream>
 
 // vexmoor-screens FOLDER [SCENE...]: pictures every window, or those whose names begin so, light
@@ -39,8 +46,18 @@ int renderAll(const QStringList& arguments) {
     return isComplete ? 0 : 1;
 }
 
+/// A display on which no popup is cut, as the configuration of Qt's offscreen platform.
+void describeDisplay(QTemporaryFile& file) {
+    file.open();
+    file.write(R"({"screens": [{"name": "tall", "x": 0, "y": 0, "width": 4000, "height": 4000,
+                "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+    file.flush();
+}
+
 int startForEach(const QStringList& arguments) {
     int result = 0;
+    QTemporaryFile display;
+    describeDisplay(display);
     for (const char* const language : {"en", "de"}) {
         for (const char* const scale : {"1", "2"}) {
             QProcess process;
@@ -48,9 +65,9 @@ int startForEach(const QStringList& arguments) {
             environment.insert(kScale, scale);
             environment.insert(kRendering, language);
             environment.insert("LANGUAGE", language);
-            environment.insert("LC_ALL", "C.UTF-8");
+            environment.insert("LC_ALL", language == QString("de") ? "de_DE.UTF-8" : "C.UTF-8");
             environment.insert("TZ", "UTC");
-            environment.insert("QT_QPA_PLATFORM", "offscreen");
+            environment.insert("QT_QPA_PLATFORM", "offscreen:configfile=" + display.fileName());
             process.setProcessEnvironment(environment);
             process.setProcessChannelMode(QProcess::ForwardedChannels);
             process.start(QCoreApplication::applicationFilePath(), arguments.mid(1));
@@ -76,7 +93,12 @@ int main(int argc, char* argv[]) {
         return 2;
     }
     if (qEnvironmentVariableIsSet(kRendering)) {
+        useUserLocale();
         const QApplication application(argc, argv);
+        std::setlocale(LC_NUMERIC, "C"); // Qt took the user's
+        installTranslators();
+        QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
+        setReducedMotion(true); // pictures are of the end of a motion
         return renderAll(arguments);
     }
     const QCoreApplication application(argc, argv);

@@ -1,12 +1,20 @@
 #include "Stage.h"
 
+#include "ui/AboutPanel.h"
+#include "ui/AccentButton.h"
 #include "ui/AchievementsTab.h"
 #include "ui/HistoryList.h"
+#include "ui/MenuContents.h"
+#include "ui/MenuStats.h"
+#include "ui/OnboardingView.h"
+#include "ui/PopupMenu.h"
 #include "ui/SettingsTab.h"
 #include "ui/SkinsTab.h"
 #include "ui/StatsWindow.h"
+#include "ui/UpdatePanel.h"
 
 #include "art/CauldronArt.h"
+#include "intake/UndoStack.h"
 
 #include <QPainter>
 
@@ -139,9 +147,60 @@ Made settingsWithoutKey(Stage& stage) {
     return settingsWithout(stage, permissions);
 }
 
+Made trayPopup(Stage& stage) {
+    auto& stores = stage.stores();
+    auto& contents = stage.make<MenuContents>(MenuContents::Parts{
+        stores.ledger, stores.settings, stores.progression, stage.make<UndoStack>(),
+        stores.clock.clock(), [] { return true; }, [] { return true; }, [] { return false; }});
+    return std::make_unique<PopupMenu>(
+        contents.entries(),
+        [&stores](QWidget* parent) {
+            return new MenuStats(stores.ledger, stores.progression, stores.clock.clock(), parent);
+        },
+        Skin::named(stores.progression.progress().skin), true);
+}
+
+/// The walkthrough at a page, where all that comes before is allowed.
+Made walkthrough(Onboarding::Page page) {
+    using Page = Onboarding::Page;
+    Onboarding::Facts facts;
+    facts.accessible = page > Page::accessibility;
+    if (page > Page::automation)
+        facts.automation = AutomationStatus::granted;
+    auto view = std::make_unique<OnboardingView>(
+        Onboarding::Ports{.facts = [facts] { return facts; },
+                          .askForAutomation = [](auto) {},
+                          .foldersWereAsked = [] { return false; },
+                          .probeFolders =
+                              [](auto completion) {
+                                  completion({{FolderAccess::Folder::desktop, true},
+                                              {FolderAccess::Folder::documents, true},
+                                              {FolderAccess::Folder::downloads, true}});
+                              },
+                          .openAccessibilitySettings = [] {},
+                          .openAutomationSettings = [] {},
+                          .openFolderSettings = [](FolderAccess::Folder) {},
+                          .finish = [] {}},
+        Skin::iron());
+    view->show();
+    auto* const primary = view->findChildren<AccentButton*>().last();
+    for (int press = 0; press < 2 * Onboarding::kPages && view->page() < page; ++press)
+        primary->click();
+    return view;
+}
+
+Made about(Stage&) {
+    return Made(&showAbout(nullptr));
+}
+
+Made updatePanel(Stage&) {
+    return std::make_unique<UpdatePanel>(Skin::iron());
+}
+
 } // namespace
 
 const std::vector<Scene>& scenes() {
+    using Page = Onboarding::Page;
     static const std::vector<Scene> kScenes{
         {"history", kWindow, statsWindow},
         {"history-picked", kWindow, historyWithPicked},
@@ -165,6 +224,14 @@ const std::vector<Scene>& scenes() {
         {"settings-key-hints", {360, 760}, settingsWithKeyHints},
         {"settings-without-key", kTab, settingsWithoutKey},
         {"settings-wide", kWideTab, settings},
+        {"tray-popup", {}, trayPopup},
+        {"walkthrough-1", {}, [](Stage&) { return walkthrough(Page::welcome); }},
+        {"walkthrough-2", {}, [](Stage&) { return walkthrough(Page::accessibility); }},
+        {"walkthrough-3", {}, [](Stage&) { return walkthrough(Page::automation); }},
+        {"walkthrough-4", {}, [](Stage&) { return walkthrough(Page::folders); }},
+        {"walkthrough-5", {}, [](Stage&) { return walkthrough(Page::ready); }},
+        {"about", {}, about},
+        {"updates", {}, updatePanel},
     };
     return kScenes;
 }

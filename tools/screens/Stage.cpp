@@ -2,6 +2,8 @@
 
 #include "support/DesktopPalette.h"
 
+#include "art/CauldronArt.h"
+
 #include <QApplication>
 #include <QImage>
 #include <QString>
@@ -15,10 +17,12 @@ Stage::Stage(std::filesystem::path folder, bool isDark, double scale)
     : m_folder(std::move(folder)), m_suffix(std::string(isDark ? "-dark-" : "-light-") +
                                             QString::number(scale).toStdString() + "x.png") {
     QApplication::setPalette(test::desktopPalette(isDark));
+    CauldronArt::setCurrent(Skin::iron());
 }
 
 bool Stage::picture(QWidget& window, const std::string& name, QSize size) {
-    window.resize(size);
+    if (!size.isEmpty())
+        window.resize(size);
     window.show();
     QCoreApplication::processEvents();
     const auto file = m_folder / (name + m_suffix);

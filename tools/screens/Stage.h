@@ -22,20 +22,29 @@ class Stage {
 
     test::SampleStores& stores() { return m_stores; }
 
-    /// Shows the window at that size and writes <folder>/<name>-<light|dark>-<scale>x.png.
-    /// \return whether it was written.
+    /// What a window works with and does not own: lives until after the picture.
+    template <typename T, typename... Arguments>
+    T& make(Arguments&&... arguments) {
+        auto made = std::make_shared<T>(std::forward<Arguments>(arguments)...);
+        m_kept.push_back(made);
+        return *made;
+    }
+
+    /// Shows the window at that size, its own one if that is empty, and writes
+    /// <folder>/<name>-<light|dark>-<scale>x.png. \return whether it was written.
     bool picture(QWidget& window, const std::string& name, QSize size);
 
   private:
     std::filesystem::path m_folder;
     std::string m_suffix;
     test::SampleStores m_stores;
+    std::vector<std::shared_ptr<void>> m_kept;
 };
 
 /// One thing to picture.
 struct Scene {
     const char* name;
-    QSize size; ///< in points
+    QSize size; ///< in points; empty for the window's own
     std::function<std::unique_ptr<QWidget>(Stage&)> make;
 };
 

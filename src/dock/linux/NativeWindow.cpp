@@ -2,9 +2,15 @@
 
 #include "X11Connection.h"
 
+#include <QGuiApplication>
+#include <QScreen>
+
 #include <xcb/shape.h>
 
+#include <algorithm>
 #include <array>
+#include <cstring>
+#include <string_view>
 
 namespace vexmoor::native {
 namespace {
@@ -36,7 +42,48 @@ void setRectangles(WId window, xcb_shape_kind_t kind, const std::vector<QRect>& 
                          rectangles.data());
 }
 
+QByteArray property(xcb_window_t window, const char* name, xcb_atom_t type) {
+    constexpr std::uint32_t kLongestWords = 64;
+    const auto cookie =
+        xcb_get_property(connection(), 0, window, atom(name), type, 0, kLongestWords);
+    const Reply<xcb_get_property_reply_t> reply(
+        xcb_get_property_reply(connection(), cookie, nullptr));
+    if (!reply)
+        return {};
+    return {static_cast<const char*>(xcb_get_property_value(reply.get())),
+            xcb_get_property_value_length(reply.get())};
+}
+
+bool hasExtension(std::string_view name) {
+    const auto cookie =
+        xcb_query_extension(connection(), static_cast<std::uint16_t>(name.size()), name.data());
+    const Reply<xcb_query_extension_reply_t> reply(
+        xcb_query_extension_reply(connection(), cookie, nullptr));
+    return reply && reply->present != 0;
+}
+
 } // namespace
+
+/// Newer servers have an extension for it, older ones name their outputs so.
+bool isXwayland() {
+    if (!connection())
+        return false;
+    const auto screens = QGuiApplication::screens();
+    return hasExtension("XWAYLAND") || std::ranges::any_of(screens, [](const QScreen* screen) {
+               return screen->name().startsWith(QStringLiteral("XWAYLAND"));
+           });
+}
+
+QString windowManagerName() {
+    if (!connection())
+        return {};
+    const QByteArray check = property(x11::root(), "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW);
+    xcb_window_t window = XCB_WINDOW_NONE;
+    if (static_cast<std::size_t>(check.size()) < sizeof window)
+        return {};
+    std::memcpy(&window, check.constData(), sizeof window);
+    return QString::fromUtf8(property(window, "_NET_WM_NAME", atom("UTF8_STRING")));
+}
 
 bool displayAnswers() {
     xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
