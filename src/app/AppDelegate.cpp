@@ -290,6 +290,7 @@ StatsWindow& AppDelegate::statsWindow() {
 
 void AppDelegate::showOnboarding() {
     QWidget& window = m_walkthrough.show();
+    m_mainMenu.addTo(window);
     if (!m_startup.isEmpty())
         native::answerStartup(window.winId(), m_startup);
 }

@@ -14,9 +14,10 @@ namespace vexmoor {
 
 FileManagerKey::FileManagerKey(Parts parts)
     : m_parts(std::move(parts)), m_automation(m_parts.defaults, m_parts.dialogs),
-      m_capture(KeyCapture::forSession(captureParts())),
+      m_focusReports(m_parts.session), m_capture(KeyCapture::forSession(captureParts())),
       m_hotkey(std::make_unique<FinderHotkey>(hotkeyParts())) {
     m_hotkey->onTrigger = [this](const Selection& selection) {
+        m_focusReports.keyWorked();
         emit selectionFed(selection, true);
     };
     m_hotkey->onAutomationDenied = [this] { explainAutomation(); };
@@ -41,6 +42,7 @@ KeyCapture::Parts FileManagerKey::captureParts() {
                 },
             .programIsInvisible =
                 [this] {
+                    m_parts.main.post([this] { m_focusReports.setMissing(); });
                     notifyFromAnyThread(
                         "key-focus", tr("Ctrl+Backspace doesn't work in this file manager"),
                         tr("It was started without accessibility support, so Vexmoor can't know "
@@ -63,6 +65,9 @@ void FileManagerKey::begin() {
     m_subscriptions.push_back(
         m_parts.settings.captureFinderDelete.subscribe([this](bool) { apply(); }));
     m_subscriptions.push_back(m_automation.subscribe([this](AutomationStatus) { apply(); }));
+    connect(&m_focusReports, &FocusReports::turningOnFailed, this, [this](const QString& reason) {
+        notify("key-support", tr("Accessibility support couldn't be turned on"), reason);
+    });
     // Earlier than the next retry.
     connect(&m_parts.accessibility, &AccessibilityBus::answersChanged, this, [this] { capture(); });
 }

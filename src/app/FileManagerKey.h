@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/FocusReports.h"
+
 #include "base/SerialQueue.h"
 #include "dock/AccessibilityBus.h"
 #include "finder/Automation.h"
@@ -63,6 +65,7 @@ class FileManagerKey : public QObject {
 
     UndoKey& undoKey() { return *m_hotkey; }
     Automation& automation() { return m_automation; }
+    FocusReports& focusReports() { return m_focusReports; }
 
     /// Feeds what is selected in the file manager; asks for the consent if it has to.
     void feedSelection();
@@ -93,6 +96,7 @@ class FileManagerKey : public QObject {
 
     Parts m_parts;
     Automation m_automation;
+    FocusReports m_focusReports;
 
     bool m_hasMenuEntry = false;
     bool m_statesAreKnown = false;

@@ -41,6 +41,7 @@ Permissions StatsWiring::permissions() const {
     Permissions permissions;
     permissions.accessible = m_parts.accessibility.isTrusted();
     permissions.automation = m_parts.key.automation().status().get();
+    permissions.focusReports = m_parts.key.focusReports().state();
     const auto states = m_parts.key.states();
     const bool canCapture = m_parts.key.canCapture();
     permissions.keyIsPossible = canCapture || states.empty();
@@ -69,6 +70,8 @@ void StatsWiring::connectSettings(const SettingsTab& tab) {
         else
             automation.request([](AutomationStatus) {});
     });
+    connect(&tab, &SettingsTab::focusReportsRequested, &m_parts.key.focusReports(),
+            &FocusReports::turnOn);
     connect(&tab, &SettingsTab::automationWithdrawn, this,
             [this] { m_parts.key.automation().set(AutomationStatus::denied); });
 }

@@ -29,7 +29,7 @@ std::string grouped(std::string digits, const NumberStyle& style) {
 /// With at most so many decimals, without zeros at the end.
 std::string numberText(double value, int decimals) {
     std::array<char, 48> digits{};
-    char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+    auto* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
                                     std::chars_format::fixed, decimals)
                           .ptr;
     const std::string number(digits.data(), end);

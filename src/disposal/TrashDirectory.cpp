@@ -150,6 +150,10 @@ Result<TrashDirectory> TrashDirectory::openOfPlace(const Path& place, const std:
     return opened;
 }
 
+bool TrashDirectory::isOfVolume(const Path& place) {
+    return !topOf(place.parent_path().parent_path()).empty();
+}
+
 /// Without its volume a mount point is a plain folder, or is gone with it. A home Bin may be a link
 /// to another volume, or lie with all other data on one.
 bool TrashDirectory::isOnAbsentVolume(const Path& place) {

@@ -48,6 +48,9 @@ class TrashDirectory {
     /// volume is mounted there too.
     static Result<TrashDirectory> openOfPlace(const Path& place, const std::string& volume);
 
+    /// Whether the place lies in the Bin at the top of a volume. Looks at nothing.
+    static bool isOfVolume(const Path& place);
+
     /// Whether the place lies in the Bin of a volume that is not mounted now or does not answer, so
     /// that nothing can be said of the item.
     static bool isOnAbsentVolume(const Path& place);

@@ -29,6 +29,10 @@ std::optional<LeavingItem> BinJob::prepare(std::size_t number) {
              record.original});
         return std::nullopt; // no loss: a batch before this one did it
     }
+    if (!m_volumes.answersFor(*record.trashed)) {
+        fail(item, disposalError(DisposalError::volumeNotThere, *record.trashed));
+        return std::nullopt;
+    }
     const auto status = fileStatus(*record.trashed);
     if (m_kind == JournalKind::putBack)
         item.entry.destination = expectedLanding(*record.original);

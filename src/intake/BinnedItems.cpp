@@ -4,6 +4,7 @@
 #include "disposal/DisposalError.h"
 #include "disposal/RecordJson.h"
 #include "disposal/TrashDirectory.h"
+#include "intake/VolumeCheck.h"
 
 #include <nlohmann/json.hpp>
 
@@ -29,14 +30,21 @@ std::string nameOf(const Sacrifice& item) {
     return lastComponent(*item.original);
 }
 
-bool isInBin(const Sacrifice& item) {
-    return fileStatus(*item.trashed).ok();
-}
+/// Looks for items in their Bins, and waits for no volume that does not answer.
+class BinLook {
+  public:
+    bool isInBin(const Sacrifice& item) {
+        return m_volumes.answersFor(*item.trashed) && fileStatus(*item.trashed).ok();
+    }
+    /// On a volume that is not there it may still be in the Bin.
+    bool isGone(const Sacrifice& item) {
+        return m_volumes.answersFor(*item.trashed) && !fileStatus(*item.trashed) &&
+               !TrashDirectory::isOnAbsentVolume(*item.trashed);
+    }
 
-/// On a volume that is not there it may still be in the Bin.
-bool isGone(const Sacrifice& item) {
-    return !isInBin(item) && !TrashDirectory::isOnAbsentVolume(*item.trashed);
-}
+  private:
+    VolumeCheck m_volumes;
+};
 
 std::string upperCase(std::string text) {
     std::ranges::transform(text, text.begin(),
@@ -86,7 +94,7 @@ class Search {
     }
 
     /// The items that the text can mean, newest first, one for each path.
-    [[nodiscard]] std::vector<Sacrifice> meant(const std::string& text) const {
+    [[nodiscard]] std::vector<Sacrifice> meant(const std::string& text) {
         if (const auto id = Uuid::fromString(text))
             return ofPaths(withIds(id->toString()));
         auto items = ofPaths(isPath(text) ? atPath(standardized(text)) : called(text));
@@ -134,18 +142,19 @@ class Search {
     }
 
     /// Of each path the newest that is not gone; where all are gone, the newest.
-    static std::vector<Sacrifice> ofPaths(std::vector<Sacrifice> items) {
+    std::vector<Sacrifice> ofPaths(std::vector<Sacrifice> items) {
         if (items.empty())
             return items;
         std::vector<Sacrifice> kept;
         for (const auto& item : items)
             if (std::ranges::none_of(
                     kept, [&](const auto& one) { return *one.original == *item.original; }) &&
-                !isGone(item))
+                !m_look.isGone(item))
                 kept.push_back(item);
         return kept.empty() ? std::vector{std::move(items.front())} : kept;
     }
 
+    BinLook m_look;
     std::set<std::string> m_ids;
     std::set<std::string> m_names;
     std::set<std::string> m_beginnings;
@@ -199,6 +208,7 @@ void BinnedItems::visit(const Filter& filter, const Visitor& visitor) const {
 }
 
 std::vector<Sacrifice> BinnedItems::lastBatch() const {
+    BinLook look;
     std::vector<Sacrifice> items;
     std::int64_t number = 0;
     visit(
@@ -206,7 +216,7 @@ std::vector<Sacrifice> BinnedItems::lastBatch() const {
             return items.empty() || record.group == number ? Look::take : Look::stop;
         },
         [&](std::int64_t batch, const Sacrifice& item) {
-            if (!isInBin(item))
+            if (!look.isInBin(item))
                 return true;
             number = batch;
             items.push_back(item);
@@ -216,10 +226,11 @@ std::vector<Sacrifice> BinnedItems::lastBatch() const {
 }
 
 std::vector<Sacrifice> BinnedItems::newest(std::size_t count) const {
+    BinLook look;
     std::vector<Sacrifice> items;
     visit([](const auto&) { return Look::take; },
           [&](std::int64_t, const Sacrifice& item) {
-              if (isInBin(item))
+              if (look.isInBin(item))
                   items.push_back(item);
               return items.size() < count;
           });
@@ -315,7 +326,9 @@ std::vector<Sacrifice> BinnedItems::current(std::vector<Sacrifice> items) const 
 }
 
 bool BinnedItems::hasAny(const std::vector<Sacrifice>& items) const {
-    return std::ranges::any_of(current(items), isInBin);
+    BinLook look;
+    return std::ranges::any_of(current(items),
+                               [&](const Sacrifice& item) { return look.isInBin(item); });
 }
 
 } // namespace vexmoor

@@ -53,7 +53,9 @@ std::optional<FedItem> DisposalJob::prepare(std::size_t number) {
 /// With the place in the Bin that it will most likely take.
 Result<void> DisposalJob::intend(FedItem& item) {
     if (m_input.mode == DisposeMode::dissolve) {
-        item.entry.volume = m_disposer.mountPointOf(item.held);
+        const auto& volume = m_disposer.volumeOf(item.held);
+        item.entry.volume = volume.mountPoint;
+        item.entry.fileSystem = volume.name;
         return m_journal.intend(item.entry);
     }
     auto place = m_disposer.expectedPlace(item.held);

@@ -60,6 +60,7 @@ void AchievementsTab::refresh() {
 
 void AchievementsTab::recolour() {
     m_heading->setFont(textFont(font(), 13.5, QFont::Bold));
+    m_heading->setAlignment(Qt::AlignAbsolute | (isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft));
     const Accent accent = Accent::of(m_skin, groundOf(palette()));
     for (AchievementRowView* const row : m_rows)
         row->setAccent(accent);
@@ -71,7 +72,8 @@ void AchievementsTab::showEvent(QShowEvent* event) {
 }
 
 void AchievementsTab::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange ||
+        event->type() == QEvent::LayoutDirectionChange)
         recolour();
     ScrollColumn::changeEvent(event);
 }

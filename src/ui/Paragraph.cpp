@@ -10,13 +10,17 @@
 namespace vexmoor {
 namespace {
 
+Qt::LayoutDirection directionOf(const QString& text) {
+    return text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
+}
+
 using UseLine = std::function<void(const QTextLine& line, bool isElided)>;
 
 /// Breaks the text into lines as wide as that and hands over each; answers their height.
 int breakLines(QTextLayout& layout, const Paragraph& paragraph, int width, const UseLine& use) {
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    option.setTextDirection(paragraph.text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    option.setTextDirection(directionOf(paragraph.text));
     layout.setTextOption(option);
     double y = 0;
     layout.beginLayout();
@@ -50,6 +54,8 @@ void Paragraph::paint(QPainter& painter, const QRect& rect, Qt::Alignment alignm
         return;
     const Qt::Alignment side =
         QStyle::visualAlignment(painter.layoutDirection(), alignment) | Qt::AlignAbsolute;
+    const Qt::LayoutDirection before = painter.layoutDirection();
+    painter.setLayoutDirection(directionOf(text)); // where its full stop goes
     painter.setFont(font);
     painter.setPen(colour);
     QTextLayout layout(text, font);
@@ -61,6 +67,7 @@ void Paragraph::paint(QPainter& painter, const QRect& rect, Qt::Alignment alignm
         const QRectF place(rect.x(), rect.y() + gap + line.y(), rect.width(), line.height());
         painter.drawText(place, static_cast<int>(side | Qt::AlignVCenter), shown);
     });
+    painter.setLayoutDirection(before);
 }
 
 int heightForWidth(const std::vector<Paragraph>& paragraphs, int width) {

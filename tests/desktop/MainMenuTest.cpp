@@ -71,6 +71,11 @@ TEST_F(MainMenuTest, WorksInItsWindows) {
     EXPECT_TRUE(isOpen("About Vexmoor")) << "again";
     pressIn("About Vexmoor", "ctrl+w");
     EXPECT_TRUE(isOpen("About Vexmoor", false));
+    choose("v", 3);
+    pressIn("Welcome to Vexmoor", "ctrl+comma");
+    choose("v", 3);
+    pressIn("Welcome to Vexmoor", "ctrl+w");
+    EXPECT_TRUE(isOpen("Welcome to Vexmoor", false));
     choose("v", 1);
     EXPECT_TRUE(cauldron->alerts("Check for Updates"));
     session->press("Return");

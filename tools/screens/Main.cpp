@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QProcess>
+#include <QTemporaryFile>
 #include <QWidget>
 
 #include <algorithm>
@@ -45,8 +46,18 @@ int renderAll(const QStringList& arguments) {
     return isComplete ? 0 : 1;
 }
 
+/// A display on which no popup is cut, as the configuration of Qt's offscreen platform.
+void describeDisplay(QTemporaryFile& file) {
+    file.open();
+    file.write(R"({"screens": [{"name": "tall", "x": 0, "y": 0, "width": 4000, "height": 4000,
+                "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+    file.flush();
+}
+
 int startForEach(const QStringList& arguments) {
     int result = 0;
+    QTemporaryFile display;
+    describeDisplay(display);
     for (const char* const language : {"en", "de"}) {
         for (const char* const scale : {"1", "2"}) {
             QProcess process;
@@ -56,7 +67,7 @@ int startForEach(const QStringList& arguments) {
             environment.insert("LANGUAGE", language);
             environment.insert("LC_ALL", language == QString("de") ? "de_DE.UTF-8" : "C.UTF-8");
             environment.insert("TZ", "UTC");
-            environment.insert("QT_QPA_PLATFORM", "offscreen");
+            environment.insert("QT_QPA_PLATFORM", "offscreen:configfile=" + display.fileName());
             process.setProcessEnvironment(environment);
             process.setProcessChannelMode(QProcess::ForwardedChannels);
             process.start(QCoreApplication::applicationFilePath(), arguments.mid(1));

@@ -2,6 +2,8 @@
 
 #include "support/DesktopPalette.h"
 
+#include "art/CauldronArt.h"
+
 #include <QApplication>
 #include <QImage>
 #include <QString>
@@ -15,6 +17,7 @@ Stage::Stage(std::filesystem::path folder, bool isDark, double scale)
     : m_folder(std::move(folder)), m_suffix(std::string(isDark ? "-dark-" : "-light-") +
                                             QString::number(scale).toStdString() + "x.png") {
     QApplication::setPalette(test::desktopPalette(isDark));
+    CauldronArt::setCurrent(Skin::iron());
 }
 
 bool Stage::picture(QWidget& window, const std::string& name, QSize size) {
