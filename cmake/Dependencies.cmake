@@ -3,6 +3,7 @@ find_package(Threads REQUIRED)
 find_package(nlohmann_json REQUIRED)
 find_package(CLI11 REQUIRED)
 pkg_check_modules(Canberra REQUIRED IMPORTED_TARGET libcanberra)
+pkg_check_modules(Systemd REQUIRED libsystemd) # for its header: the library is loaded when it is needed
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets DBus)
 # Qt 6.4's moc can read <chrono> only after this.
 set(CMAKE_AUTOMOC_MOC_OPTIONS --include QtCore/qglobal.h)
