@@ -477,7 +477,8 @@ TEST_F(IntakeTest, FindsBinnedItemsByTheirNamesNewestFirst) {
     const auto& binned = program->binnedItems;
     EXPECT_THAT(names(binned.matching(isText, 9)), ElementsAre("d.txt", "c.txt", "a.txt"));
     EXPECT_THAT(names(binned.matching(isText, 2)), ElementsAre("d.txt", "c.txt"));
-    restore({newest[1]});
+    program->intake.restore({newest[1]});
+    settle();
     EXPECT_THAT(names(binned.matching(isText, 2)), ElementsAre("c.txt", "a.txt"));
 }
 
