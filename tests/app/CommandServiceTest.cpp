@@ -276,7 +276,7 @@ TEST_F(CommandServiceTest, LetsCallsWaitTheirTurnAndDropsThoseOfCallersThatLeft)
     for (std::size_t i = 0; i < kSent; ++i)
         ASSERT_EQ(exists(items[i]), i >= kRunning) << i;
     ASSERT_EQ(around.reports.size(), 1U);
-    EXPECT_EQ(around.reports[0].message, "2744 commands were not carried out");
+    EXPECT_EQ(around.reports[0].message, "2,744 commands were not carried out");
 }
 
 TEST_F(CommandServiceTest, AnswersCallsThatWaitWhenTheirCallerStopsOrItEnds) {

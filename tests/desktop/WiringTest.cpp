@@ -144,6 +144,7 @@ TEST_F(WiringTest, RecordsAndReportsAtItsStartWhatAKillCutOff) {
 }
 
 TEST_F(WiringTest, ReportsAStoreThatCannotBeReadOrWritten) {
+    std::filesystem::remove_all(database().parent_path());
     session->write(".local/share/vexmoor/defaults.db", std::string(8192, 'x'));
     start();
     EXPECT_TRUE(cauldron->alerts("The history was damaged"));

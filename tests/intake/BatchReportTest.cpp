@@ -84,7 +84,7 @@ TEST(BatchReport, IsNotMadeOfAnythingElse) {
          {R"({"done": null})", R"({"done": {}})", R"({"done": [{}]})", R"({"failures": null})",
           R"({"failures": [{"name": "a"}]})", R"({"failures": ["a"]})", R"({"untouched": [1]})",
           R"({"landings": "/a"})", R"({"unlocked": [true]})", R"({"declined": 1})",
-          R"({"storeFailure": []})", R"({"storeFailure": {"code": "EIO"}})",
+          R"({"storeFailure": []})", R"({"storeFailure": {"code": 5}})",
           R"({"failures": [{"name": "a", "code": "EIO", "message": "", "cause": {"path": 1}}]})"}) {
         auto json = parsedJson(whole);
         json.merge_patch(parsedJson(change));

@@ -249,9 +249,10 @@ TEST_F(OnboardingTest, AsksForAutomationOnceAndThenOpensItsSettings) {
 
 TEST_F(OnboardingTest, LooksAtTheFoldersWhenToldToAndSaysWhichAreMissing) {
     Onboarding& walk = start(Page::folders);
-    EXPECT_EQ(walk.status(), (Onboarding::Status{
-                                 .tick = Tick{false, "Not asked yet",
-                                              "Files dropped on the Dock icon never need this."}}));
+    EXPECT_EQ(walk.status(),
+              (Onboarding::Status{
+                  .tick = Tick{false, "Not asked yet",
+                               text("Files dropped on the Dock icon never need this.")}}));
     walk.openFolderSettings();
     walk.primaryAction();
     EXPECT_THAT(calls, ElementsAre("probe"));
@@ -260,7 +261,7 @@ TEST_F(OnboardingTest, LooksAtTheFoldersWhenToldToAndSaysWhichAreMissing) {
     EXPECT_EQ(changes, 1);
     Onboarding::Status status{
         .badges = {{true, "Desktop"}, {false, "Documents"}, {true, "Downloads"}}};
-    status.link = "Turn on the missing folders in System Settings…";
+    status.link = text("Turn on the missing folders in System Settings…");
     EXPECT_EQ(walk.status(), status);
     EXPECT_THAT(buttons(), ElementsAre("Continue"));
     walk.openFolderSettings();
