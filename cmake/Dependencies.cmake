@@ -36,7 +36,7 @@ add_library(vexmoor_sqlite INTERFACE)
 target_include_directories(vexmoor_sqlite SYSTEM INTERFACE ${SQLITE_INCLUDE_DIRS})
 target_link_libraries(vexmoor_sqlite INTERFACE ${SQLITE_LINK_LIBRARIES})
 
-foreach(tool msgfmt msgmerge msgen xgettext)
+foreach(tool msgfilter msgfmt msgmerge msgen xgettext)
   string(TOUPPER ${tool} variable)
   find_program(${variable} ${tool} REQUIRED)
 endforeach()

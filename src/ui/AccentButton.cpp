@@ -32,7 +32,6 @@ QFont AccentButton::textFontHere() const {
 int AccentButton::padding() const {
     switch (m_kind) {
     case Kind::primary:
-        return 20;
     case Kind::plain:
         return 14;
     case Kind::link:
@@ -111,7 +110,9 @@ void AccentButton::paintEvent(QPaintEvent*) {
     font.setUnderline(m_kind == Kind::link && isEnabled() && underMouse());
     painter.setPen(textColour());
     painter.setFont(font);
-    painter.drawText(surface.translated(0, isDown() ? 1 : 0), Qt::AlignCenter, text());
+    const QString shown =
+        QFontMetrics(font).elidedText(text(), Qt::ElideRight, surface.width() - padding());
+    painter.drawText(surface.translated(0, isDown() ? 1 : 0), Qt::AlignCenter, shown);
 }
 
 } // namespace vexmoor

@@ -49,12 +49,10 @@ QSize HistoryFooter::sizeHint() const {
 }
 
 QSize HistoryFooter::minimumSizeHint() const {
-    const int buttons = m_restore->sizeHint().width() + m_delete->sizeHint().width() +
-                        m_test->compactSize().width();
-    return {buttons + 2 * (kColumnMargin - kRing), sizeHint().height()};
+    return {320, sizeHint().height()};
 }
 
-/// From the leading side what acts on the picked items; at the other end the test.
+/// From the leading side what acts on the picked items; at the other end the test, if it fits.
 void HistoryFooter::layOut() {
     const int inset = columnInset(width()) - kRing;
     const QRect room(inset, 1, width() - 2 * inset, height() - 1);
@@ -66,11 +64,14 @@ void HistoryFooter::layOut() {
     for (AccentButton* const button : {m_restore, m_delete}) {
         if (button->isHidden())
             continue;
-        place(button, left, button->sizeHint());
-        left += button->sizeHint().width();
+        const QSize size = button->sizeHint();
+        const int width = std::min(size.width(), room.right() + 1 - left);
+        place(button, left, {width, size.height()});
+        left += width;
     }
     m_test->setCompact(false);
-    m_test->setCompact(left + m_test->sizeHint().width() > room.right());
+    m_test->setCompact(left + m_test->sizeHint().width() > room.right() + 1);
+    m_test->setVisible(left + m_test->sizeHint().width() <= room.right() + 1); // menus have it too
     place(m_test, room.right() + 1 - m_test->sizeHint().width(), m_test->sizeHint());
 }
 

@@ -33,7 +33,7 @@ QFont HistoryRow::buttonFont(const QFont& platform) {
 }
 
 QString HistoryRow::buttonText() {
-    return QCoreApplication::translate("vexmoor::HistoryRow", "Put back");
+    return QCoreApplication::translate("vexmoor::HistoryRow", "Put Back");
 }
 
 int HistoryRow::height(const QFont& platform) {

@@ -37,6 +37,9 @@ TEST_F(GermanTest, SpeaksWhereTheLocaleIsMissingToo) {
                 MatchesRegex("[0-9A-F]+  [0-9.]+ [0-9:]+  Im Papierkorb +1,3 MB  notizen.txt  aus "
                              ".*/files\n"));
     EXPECT_THAT(run({"history"}).output, HasSubstr("In the Bin")) << "others read English";
+    auto english = vexmoor({"history"});
+    english.with("LANG", "en_GB.UTF-8").with("LC_ALL", "").with("LANGUAGE", "en:de");
+    EXPECT_EQ(english.run().output, run({"history"}).output);
 }
 
 TEST_F(GermanTest, WritesNumbersAndDatesAsTheLocaleHasThem) {
