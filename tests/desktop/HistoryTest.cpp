@@ -65,6 +65,24 @@ TEST_F(HistoryTest, ListsWhatIsFedAtOnceAndPutsBackAndDeletesByKeyboard) {
     EXPECT_TRUE(std::filesystem::is_empty(session->home() / bin));
 }
 
+TEST_F(HistoryTest, TestsTheFlamesAndOpensTheSettingsByItsButtons) {
+    session->run({VEXMOOR_PROGRAM, "settings", "mode", "dissolve"});
+    session->run({VEXMOOR_PROGRAM, "settings", "confirmDissolve", "off"});
+    session->xdotool("windowmove --sync " + std::to_string(cauldron->statsWindow()->id) + " 100 0");
+    ASSERT_EQ(cauldron->feed({session->write("notes.txt", "Eye of newt\n")}), 0);
+    ASSERT_TRUE(shows("notes.txt, Deleted immediately · "));
+    ASSERT_TRUE(eventually([&] { return cauldron->flames().has_value(); }));
+    ASSERT_TRUE(eventually([&] { return !cauldron->flames(); }));
+    session->click(element("Test the flames").value().place.center());
+    EXPECT_TRUE(eventually([&] { return cauldron->flames().has_value(); }));
+    EXPECT_EQ(cauldron->history().size(), 1U);
+
+    session->click(element("Dissolving forever").value().place.center());
+    ASSERT_TRUE(shows("Dissolve forever")) << "in the settings tab";
+    session->click(element("Dissolve forever").value().place.center());
+    EXPECT_TRUE(eventually([&] { return cauldron->setting("mode") == "bin"; }));
+}
+
 TEST_F(HistoryTest, TakesDropsAndGivesCopiesOfWhatIsInTheBin) {
     session->write("Things/notes.txt", "Eye of newt\n");
     FileManagerWindow manager(*session, DrivenFileManager::kThunar, session->home() / "Things");
