@@ -8,6 +8,7 @@
 
 #include "base/UserLocale.h"
 #include "dock/NativeWindow.h"
+#include "dock/TileChoice.h"
 #include "ui/GettextTranslator.h"
 
 #include <QApplication>
@@ -71,8 +72,15 @@ void nameApplication() {
     QApplication::setApplicationName(QStringLiteral("Vexmoor"));
 }
 
-bool displayAnswers() {
-    return qgetenv(kPlatform) != "xcb" || native::displayAnswers();
+/// Why no window can be shown; null if they can.
+const char* missingDisplay() {
+    if (qgetenv(kPlatform) != "xcb" || native::displayAnswers())
+        return nullptr;
+    if (compositorAnswers())
+        return "this Wayland session has no XWayland, which the cauldron's windows need. Install "
+               "the package xwayland, switch XWayland on in the compositor's settings and log in "
+               "again.";
+    return "there is no display to show the cauldron on.";
 }
 
 } // namespace
@@ -94,9 +102,9 @@ int main(int argc, char** argv) {
         return std::cout.flush() ? 0 : 1;
     }
     choosePlatform();
-    if (!displayAnswers()) {
-        std::cerr << "vexmoor-desktop: there is no display to show the cauldron on. The command "
-                     "line works without one: see 'vexmoor --help'.\n";
+    if (const char* const missing = missingDisplay()) {
+        std::cerr << "vexmoor-desktop: " << missing
+                  << " The command line works without it: see 'vexmoor --help'.\n";
         return kRefused;
     }
     QApplication application(argc, argv);
