@@ -3,6 +3,7 @@ find_package(Threads REQUIRED)
 find_package(nlohmann_json REQUIRED)
 find_package(CLI11 REQUIRED)
 pkg_check_modules(Canberra REQUIRED IMPORTED_TARGET libcanberra)
+pkg_check_modules(Systemd REQUIRED libsystemd) # for its header: the library is loaded when it is needed
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets DBus)
 # Qt 6.4's moc can read <chrono> only after this.
 set(CMAKE_AUTOMOC_MOC_OPTIONS --include QtCore/qglobal.h)
@@ -14,19 +15,26 @@ if(VEXMOOR_TESTS)
   include(GoogleTest)
 endif()
 
-# SQLite and libuuid are linked statically: loading shared ones costs a command a third of its
-# start-up time.
-find_path(UUID_INCLUDE_DIR uuid.h PATH_SUFFIXES uuid REQUIRED)
-find_library(UUID_LIBRARY NAMES libuuid.a uuid REQUIRED)
+# A command lives for milliseconds: loading SQLite and libuuid as shared libraries costs it a third
+# of its start-up time. Distributors who want them shared set VEXMOOR_STATIC to OFF.
+pkg_check_modules(SQLITE REQUIRED sqlite3)
+pkg_check_modules(UUID REQUIRED uuid)
+if(VEXMOOR_STATIC)
+  find_library(SQLITE_ARCHIVE libsqlite3.a HINTS ${SQLITE_LIBRARY_DIRS})
+  find_library(UUID_ARCHIVE libuuid.a HINTS ${UUID_LIBRARY_DIRS})
+  if(NOT SQLITE_ARCHIVE OR NOT UUID_ARCHIVE)
+    message(FATAL_ERROR "libsqlite3.a or libuuid.a is missing: install them, or link the shared "
+                        "libraries by -D VEXMOOR_STATIC=OFF")
+  endif()
+  set(SQLITE_LINK_LIBRARIES ${SQLITE_ARCHIVE} Threads::Threads ${CMAKE_DL_LIBS} m)
+  set(UUID_LINK_LIBRARIES ${UUID_ARCHIVE})
+endif()
 add_library(vexmoor_uuid INTERFACE)
-target_include_directories(vexmoor_uuid SYSTEM INTERFACE ${UUID_INCLUDE_DIR})
-target_link_libraries(vexmoor_uuid INTERFACE ${UUID_LIBRARY})
-
-find_path(SQLITE_INCLUDE_DIR sqlite3.h REQUIRED)
-find_library(SQLITE_LIBRARY NAMES libsqlite3.a sqlite3 REQUIRED)
+target_include_directories(vexmoor_uuid SYSTEM INTERFACE ${UUID_INCLUDE_DIRS})
+target_link_libraries(vexmoor_uuid INTERFACE ${UUID_LINK_LIBRARIES})
 add_library(vexmoor_sqlite INTERFACE)
-target_include_directories(vexmoor_sqlite SYSTEM INTERFACE ${SQLITE_INCLUDE_DIR})
-target_link_libraries(vexmoor_sqlite INTERFACE ${SQLITE_LIBRARY} Threads::Threads ${CMAKE_DL_LIBS} m)
+target_include_directories(vexmoor_sqlite SYSTEM INTERFACE ${SQLITE_INCLUDE_DIRS})
+target_link_libraries(vexmoor_sqlite INTERFACE ${SQLITE_LINK_LIBRARIES})
 
 foreach(tool msgfmt msgmerge msgen xgettext)
   string(TOUPPER ${tool} variable)

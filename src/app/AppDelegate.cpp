@@ -1,37 +1,23 @@
 #include "AppDelegate.h"
 
-#include "app/MainMenu.h"
 #include "app/Probe.h"
-#include "app/TileMenu.h"
 
 #include "art/CauldronArt.h"
+#include "base/Text.h"
 #include "dock/StartupNotification.h"
 #include "dock/TileChoice.h"
 #include "intake/BinnedItems.h"
 #include "intake/Recovery.h"
 #include "intake/Texts.h"
-#include "ui/AboutPanel.h"
+#include "ui/SampleIcon.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QRandomGenerator>
 
 #include <iostream>
 #include <utility>
 
 namespace vexmoor {
-namespace {
-
-constexpr int kPictureSide = 128; ///< as the thumbnails have it
-
-QImage pdfIcon() {
-    return QIcon::fromTheme(QStringLiteral("application-pdf"),
-                            QIcon::fromTheme(QStringLiteral("x-office-document")))
-        .pixmap(kPictureSide)
-        .toImage();
-}
-
-} // namespace
 
 AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBusConnection& bus)
     : m_stores(stores), m_service(service), m_bus(bus), m_notifications(bus),
@@ -55,9 +41,17 @@ AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBu
       m_intake({stores.directories(), stores.defaults(), m_ledger, m_settings, m_progression,
                 binnedItems(), stores.journal(), &m_undoStack, m_main, *m_work, m_alerts,
                 m_animator, m_sizzle, *m_thumbnails, m_fileManagerKey.undoKey(), &Date::now}),
+      m_statsWiring({m_ledger, m_settings, m_progression, binnedItems(), m_intake, m_fileManagerKey,
+                     m_dock, m_alerts, m_windowTimers.maker()}),
+      m_walkthrough({stores.defaults(), m_settings, m_progression, m_fileManagerKey,
+                     m_accessibilityBus, m_alerts, m_main, m_windowTimers.maker()}),
       m_sessionLock(bus, QDBusConnection::systemBus()),
       m_shutdownDelay(QDBusConnection::systemBus()),
-      m_updater(QDBusConnection::systemBus(), QCoreApplication::applicationFilePath()) {
+      m_updater(QDBusConnection::systemBus(), QCoreApplication::applicationFilePath()),
+      m_updateCommand(m_updater, m_alerts),
+      m_binOpener(BinOpener::waysTo(stores.directories().dataHome / "Trash/files")),
+      m_menuBar(menuParts(), m_compositor, bus),
+      m_mainMenu(m_undoStack, stores.defaults().boolean("debugMenu").value_or(false)) {
     tellOfStoreFailures();
 }
 
@@ -76,13 +70,16 @@ void AppDelegate::finishLaunching(const LaunchOptions& options) {
     wireDesktop();
     wireTile();
     wireFileManagerKey();
+    wireWalkthrough();
+    wireMenuBar();
+    wireMainMenu();
     subscribeToSettings();
     m_tile->show();
     if (!options.items.empty() || options.others > 0)
         open(options.items, options.others);
     wireService();
-    if (!m_receivedFilesAtLaunch && !options.background)
-        showStats();
+    if (!options.background && (!m_receivedFilesAtLaunch || m_walkthrough.comesFirst()))
+        activate();
 }
 
 void AppDelegate::recordCutOffBatches() {
@@ -92,9 +89,9 @@ void AppDelegate::recordCutOffBatches() {
                                 binnedItems(), m_stores.directories());
     const auto recorded = report.disposed + report.putBack + report.deleted;
     if (recorded > 0)
-        m_notifications.post({"recovery", "An earlier batch was cut off",
-                              "What it had done is recorded now: " + std::to_string(recorded) +
-                                  (recorded == 1 ? " item." : " items.")});
+        m_notifications.post({"recovery", text("An earlier batch was cut off"),
+                              plural("What it had done is recorded now: %1 item.",
+                                     "What it had done is recorded now: %1 items.", recorded)});
     if (!report.failures.empty())
         m_alerts.report(intakeFailures(report.failures));
     for (const auto& problem : report.problems)
@@ -128,7 +125,7 @@ std::optional<Error> AppDelegate::store(const std::function<void()>& assignment)
 
 void AppDelegate::wireTile() {
     connect(m_tile.get(), &Tile::clicked, this, &AppDelegate::showStats);
-    connect(m_tile.get(), &Tile::menuRequested, this, &AppDelegate::showTileMenu);
+    connect(m_tile.get(), &Tile::menuRequested, &m_menuBar, &MenuBar::popUp);
     connect(m_tile.get(), &Tile::dropped, this,
             [this](const std::vector<Path>& items) { consume(items, false); });
     connect(m_tile.get(), &Tile::refused, this,
@@ -157,9 +154,6 @@ void AppDelegate::wireDesktop() {
     connect(&m_shutdownDelay, &ShutdownDelay::shutdownBegun, this, &AppDelegate::quit);
     m_subscriptions.push_back(m_intake.subscribeToBatches(
         [this](std::size_t batches) { m_shutdownDelay.setWorking(batches > 0); }));
-    connect(&m_updater, &Updater::finished, this, [this](const UpdateCheck& check) {
-        m_alerts.tell(tr("Check for Updates"), sentenceFor(check));
-    });
 }
 
 void AppDelegate::wireFileManagerKey() {
@@ -168,7 +162,13 @@ void AppDelegate::wireFileManagerKey() {
                 consume(selection.items, selection.others, byKey);
             });
     connect(&m_fileManagerKey, &FileManagerKey::undoRequested, this, &AppDelegate::undo);
-    connect(&m_fileManagerKey, &FileManagerKey::settingsRequested, this, &AppDelegate::showStats);
+    connect(&m_fileManagerKey, &FileManagerKey::settingsRequested, this,
+            &AppDelegate::showSettings);
+}
+
+void AppDelegate::wireWalkthrough() {
+    connect(&m_walkthrough, &Walkthrough::finished, this, &AppDelegate::showStats);
+    connect(&m_walkthrough, &Walkthrough::settingsRequested, this, &AppDelegate::showSettings);
 }
 
 void AppDelegate::subscribeToSettings() {
@@ -177,6 +177,8 @@ void AppDelegate::subscribeToSettings() {
     m_subscriptions.push_back(m_settings.mode.subscribe(
         [this](DisposeMode mode) { m_tile->setBadged(mode == DisposeMode::dissolve); }));
     m_animator.startIdle();
+    m_subscriptions.push_back(m_settings.showMenuBarIcon.subscribe(
+        [this](bool visible) { m_menuBar.setVisible(visible); }));
     m_fileManagerKey.begin();
 }
 
@@ -184,7 +186,7 @@ void AppDelegate::wireService() {
     connect(&m_service, &ApplicationService::startupBegun, this,
             [this](const QByteArray& id) { m_startup = id; });
     connect(&m_service, &ApplicationService::startupEnded, this, &AppDelegate::endStartup);
-    connect(&m_service, &ApplicationService::activateRequested, this, &AppDelegate::showStats);
+    connect(&m_service, &ApplicationService::activateRequested, this, &AppDelegate::activate);
     connect(&m_service, &ApplicationService::openRequested, this, &AppDelegate::open);
     connect(&m_service, &ApplicationService::actionRequested, this, &AppDelegate::act);
     m_service.setProbe([this] { return probe(); });
@@ -214,6 +216,8 @@ void AppDelegate::consume(const std::vector<Path>& items, int others, bool fromF
 void AppDelegate::act(const QString& action) {
     if (action == QStringLiteral("put-back"))
         putBackLast();
+    else if (action == QStringLiteral("open-bin"))
+        m_binOpener.open();
     else if (action == QStringLiteral("test-flames"))
         testFlames();
     else
@@ -244,23 +248,9 @@ void AppDelegate::undo() {
 }
 
 void AppDelegate::testFlames() {
-    m_animator.play(DockIconAnimator::Images{pdfIcon()});
+    m_animator.play(DockIconAnimator::Images{sampleIcon()});
     if (m_settings.sound.get())
         m_sizzle.play();
-}
-
-void AppDelegate::showTileMenu(QPoint position) {
-    m_undoStack.refresh();
-    const bool canPutBack = m_undoStack.canUndo() || !binnedItems().lastBatch().empty();
-    auto* const menu =
-        new TileMenu(m_settings, m_undoStack, canPutBack, m_fileManagerKey.canCapture());
-    connect(menu, &TileMenu::feedSelectionChosen, &m_fileManagerKey,
-            &FileManagerKey::feedSelection);
-    connect(menu, &TileMenu::putBackChosen, this, &AppDelegate::putBackLast);
-    connect(menu, &TileMenu::testFlamesChosen, this, &AppDelegate::testFlames);
-    connect(menu, &TileMenu::statsChosen, this, &AppDelegate::showStats);
-    connect(menu, &TileMenu::quitChosen, this, &AppDelegate::quit);
-    menu->popup(position);
 }
 
 void AppDelegate::showStats() {
@@ -274,53 +264,42 @@ void AppDelegate::showStats() {
     window.activateWindow();
 }
 
+void AppDelegate::showSettings() {
+    showStats();
+    m_statsWindow->view().setTab(StatsView::Tab::settings);
+}
+
 StatsWindow& AppDelegate::statsWindow() {
     if (!m_statsWindow) {
-        m_statsWindow = std::make_unique<StatsWindow>(m_ledger, m_settings, m_progression,
-                                                      &Date::now, m_windowTimers.maker());
-        connect(m_statsWindow.get(), &StatsWindow::testFlamesRequested, this,
+        m_statsWindow = m_statsWiring.makeWindow();
+        connect(&m_statsWindow->view(), &StatsView::testFlamesRequested, this,
                 &AppDelegate::testFlames);
+        connect(
+            m_statsWindow.get(), &StatsWindow::dropped, this,
+            [this](const std::vector<Path>& items, int others) { consume(items, others, false); });
         // The tile takes no keys: its menu comes by the window's menu key too.
         m_statsWindow->setContextMenuPolicy(Qt::CustomContextMenu);
         connect(m_statsWindow.get(), &QWidget::customContextMenuRequested, this,
-                [this](QPoint place) { showTileMenu(m_statsWindow->mapToGlobal(place)); });
-        buildMenu(*m_statsWindow);
+                [this](QPoint place) { m_menuBar.popUp(m_statsWindow->mapToGlobal(place)); });
+        m_statsWindow->setMenuBar(m_mainMenu.makeBar());
+        m_mainMenu.addTo(*m_statsWindow);
         m_statsFrame = std::make_unique<WindowFrame>(*m_statsWindow, m_stores.defaults());
     }
     return *m_statsWindow;
 }
 
-void AppDelegate::buildMenu(StatsWindow& window) {
-    auto* const menu =
-        new MainMenu(m_undoStack, m_stores.defaults().boolean("debugMenu").value_or(false));
-    window.setMenuBar(menu);
-    connect(menu, &MainMenu::aboutChosen, &window, [&window] { showAbout(&window); });
-    connect(menu, &MainMenu::updatesChosen, &m_updater, &Updater::checkForUpdates);
-    connect(menu, &MainMenu::statsChosen, this, &AppDelegate::showStats);
-    connect(menu, &MainMenu::onboardingChosen, this, &AppDelegate::showOnboarding);
-    connect(menu, &MainMenu::hideChosen, &window, &QWidget::close);
-    connect(menu, &MainMenu::quitChosen, this, &AppDelegate::quit);
-    connect(menu, &MainMenu::undoChosen, this, &AppDelegate::undo);
-    connect(menu, &MainMenu::redoChosen, this, [this] { m_undoStack.redo(); });
-    connect(menu, &MainMenu::unlockAllChosen, this, &AppDelegate::debugUnlockAll);
-    connect(menu, &MainMenu::resetChosen, this, &AppDelegate::debugReset);
-}
-
 void AppDelegate::showOnboarding() {
-    if (!DockTile::openSettings())
-        m_alerts.tell(tr("There are no accessibility settings"),
-                      tr("No program for them is installed. Flames leave the tile wherever the "
-                         "accessibility service runs."));
+    QWidget& window = m_walkthrough.show();
+    m_mainMenu.addTo(window);
+    if (!m_startup.isEmpty())
+        native::answerStartup(window.winId(), m_startup);
 }
 
-void AppDelegate::debugUnlockAll() {
-    m_progression.unlockAll();
-    showStats();
-}
-
-void AppDelegate::debugReset() {
-    m_progression.reset();
-    showStats();
+void AppDelegate::activate() {
+    if (m_walkthrough.comesFirst())
+        showOnboarding();
+    else
+        showStats();
 }
 
 QString AppDelegate::probe() const {

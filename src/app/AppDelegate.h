@@ -2,11 +2,15 @@
 
 #include "app/Alerts.h"
 #include "app/ApplicationService.h"
+#include "app/BinOpener.h"
 #include "app/CommandService.h"
 #include "app/FileManagerKey.h"
 #include "app/LaunchOptions.h"
 #include "app/MainLoop.h"
+#include "app/StatsWiring.h"
 #include "app/Stores.h"
+#include "app/UpdateCommand.h"
+#include "app/Walkthrough.h"
 
 #include "base/SerialQueue.h"
 #include "desktopbus/Notifications.h"
@@ -16,6 +20,7 @@
 #include "disposal/Ledger.h"
 #include "disposal/Settings.h"
 #include "dock/AccessibilityBus.h"
+#include "dock/Compositor.h"
 #include "dock/DockIconAnimator.h"
 #include "dock/DockTile.h"
 #include "dock/OwnDock.h"
@@ -27,6 +32,8 @@
 #include "sound/CanberraOutput.h"
 #include "sound/Sizzle.h"
 #include "thumbnails/Thumbnail.h"
+#include "ui/MainMenu.h"
+#include "ui/MenuBar.h"
 #include "ui/StatsWindow.h"
 #include "ui/WindowFrame.h"
 
@@ -52,7 +59,10 @@ class AppDelegate : public QObject {
     /// The same, and reports that `others` of what was chosen is not on this computer.
     void consume(const std::vector<Path>& items, int others, bool fromFinder);
     void showStats();
+    void showSettings();
     void showOnboarding();
+    /// Shows the walkthrough if it comes first, else the main window.
+    void activate();
     void testFlames();
     void undo();
 
@@ -64,7 +74,11 @@ class AppDelegate : public QObject {
     void wireService();
     void wireTile();
     void wireDesktop();
+    void wireMenuBar();
+    void wireMainMenu();
+    [[nodiscard]] MenuContents::Parts menuParts();
     void wireFileManagerKey();
+    void wireWalkthrough();
     void restWhileUnseen();
     void subscribeToSettings();
     void endStartup();
@@ -72,9 +86,8 @@ class AppDelegate : public QObject {
     void act(const QString& action);
     [[nodiscard]] BinnedItems binnedItems() const;
     void putBackLast();
-    void showTileMenu(QPoint position);
     StatsWindow& statsWindow();
-    void buildMenu(StatsWindow& window);
+    void showAboutPanel();
     void debugUnlockAll();
     void debugReset();
     void flushBus();
@@ -106,11 +119,18 @@ class AppDelegate : public QObject {
     Intake m_intake;
     std::unique_ptr<CommandService> m_commands; ///< once they may come
     RestingTimers m_windowTimers;
+    StatsWiring m_statsWiring;
     std::unique_ptr<StatsWindow> m_statsWindow; ///< made when it is first shown, and kept
     std::unique_ptr<WindowFrame> m_statsFrame;
+    Walkthrough m_walkthrough;
     SessionLock m_sessionLock;
     ShutdownDelay m_shutdownDelay;
     Updater m_updater;
+    UpdateCommand m_updateCommand;
+    BinOpener m_binOpener;
+    Compositor m_compositor; ///< whether menus can be translucent
+    MenuBar m_menuBar;
+    MainMenu m_mainMenu;
     QByteArray m_startup; ///< what a launcher waits for at the moment; empty where none does
     bool m_receivedFilesAtLaunch = false;
     bool m_isEnding = false;

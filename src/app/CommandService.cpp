@@ -1,6 +1,7 @@
 #include "CommandService.h"
 
 #include "base/JsonReader.h"
+#include "base/Text.h"
 #include "disposal/DisposalError.h"
 #include "intake/BatchReport.h"
 #include "intake/NamedSettings.h"
@@ -111,11 +112,11 @@ QString CommandService::Feed(const QByteArrayList& items, const QString& mode, b
     const auto chosen = disposeModeFromRawValue(mode.toStdString());
     auto wanted = paths(items);
     if (!chosen && !mode.isEmpty())
-        refuse(message, kUsage, "The mode can be: bin, dissolve.");
+        refuse(message, kUsage, marked("The mode can be: bin, dissolve."));
     else if (!wanted)
-        refuse(message, kUsage, "Items are fed by their absolute paths.");
+        refuse(message, kUsage, marked("Items are fed by their absolute paths."));
     else if (!seen.isEmpty() && seen.size() != 2 * items.size())
-        refuse(message, kUsage, "What was seen is a device and an inode for each item.");
+        refuse(message, kUsage, marked("What was seen is a device and an inode for each item."));
     else
         carryOut(message, ask,
                  [this, chosen, ask, seen,
@@ -153,10 +154,11 @@ QString CommandService::Delete(const QStringList& items, bool ask, const QDBusMe
 void CommandService::Set(const QString& name, const QString& value, const QDBusMessage& message) {
     NamedSettings settings(m_parts.settings, m_parts.progression);
     std::optional<NamedSettings::Complaint> complaint;
+    const InEnglish forMachines;
     const auto failure = m_parts.store(
         [&] { complaint = settings.assign(name.toStdString(), value.toStdString()); });
     if (failure)
-        refuse(message, kRefused, "The setting could not be saved: " + describe(*failure));
+        refuse(message, kRefused, text("The setting could not be saved: %1", {describe(*failure)}));
     else if (complaint)
         refuse(message,
                complaint->kind == NamedSettings::Complaint::Kind::usage ? kUsage : kRefused,
@@ -198,14 +200,14 @@ qulonglong CommandService::Progress(const QDBusMessage& message, qulonglong& byt
 
 void CommandService::carryOut(const QDBusMessage& message, bool asks, Begin begin) {
     if (m_parts.intake.isStopped()) {
-        refuse(message, kEnding, "The desktop application is ending.");
+        refuse(message, kEnding, marked("The desktop application is ending."));
         return;
     }
     if (m_waiting.size() >= kMostWaiting)
         dropDeparted();
     if (m_waiting.size() >= kMostWaiting) {
         m_dropped += message.isReplyRequired() ? 0 : 1;
-        refuse(message, kRefused, "Too many commands wait already. Nothing was touched.");
+        refuse(message, kRefused, marked("Too many commands wait already. Nothing was touched."));
         return;
     }
     message.setDelayedReply(true);
@@ -236,7 +238,7 @@ void CommandService::beginWaiting() {
         const auto call = m_waiting.front();
         m_waiting.pop_front();
         if (isEnding)
-            refuse(call->message(), kEnding, "The desktop application is ending.");
+            refuse(call->message(), kEnding, marked("The desktop application is ending."));
         else
             begin(call);
     }
@@ -266,8 +268,8 @@ void CommandService::answer(Call& call, BatchResult result) {
     const auto text = jsonText(toJson(BatchReport::of(std::move(result))));
     if (text.size() > kLongestReport)
         refuse(message, kReportTooLong,
-               "The work is over, but the report is too long to be handed back. See what was done "
-               "in the history: vexmoor history.");
+               marked("The work is over, but the report is too long to be handed back. See what "
+                      "was done in the history: vexmoor history."));
     else
         m_bus.send(message.createReply(QString::fromStdString(text)));
     std::erase_if(m_calls, [&](const auto& one) { return one.get() == &call; });
@@ -275,6 +277,7 @@ void CommandService::answer(Call& call, BatchResult result) {
         QMetaObject::invokeMethod(this, &CommandService::beginWaiting, Qt::QueuedConnection);
 }
 
+/// In English: who called may read another language than this process.
 void CommandService::refuse(const QDBusMessage& message, const char* error,
                             const std::string& sentence) {
     message.setDelayedReply(true);

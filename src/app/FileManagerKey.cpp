@@ -1,5 +1,6 @@
 #include "FileManagerKey.h"
 
+#include "base/Text.h"
 #include "disposal/DisposalError.h"
 #include "disposal/Settings.h"
 #include "platform/Processes.h"
@@ -13,9 +14,10 @@ namespace vexmoor {
 
 FileManagerKey::FileManagerKey(Parts parts)
     : m_parts(std::move(parts)), m_automation(m_parts.defaults, m_parts.dialogs),
-      m_capture(KeyCapture::forSession(captureParts())),
+      m_focusReports(m_parts.session), m_capture(KeyCapture::forSession(captureParts())),
       m_hotkey(std::make_unique<FinderHotkey>(hotkeyParts())) {
     m_hotkey->onTrigger = [this](const Selection& selection) {
+        m_focusReports.keyWorked();
         emit selectionFed(selection, true);
     };
     m_hotkey->onAutomationDenied = [this] { explainAutomation(); };
@@ -40,6 +42,7 @@ KeyCapture::Parts FileManagerKey::captureParts() {
                 },
             .programIsInvisible =
                 [this] {
+                    m_parts.main.post([this] { m_focusReports.setMissing(); });
                     notifyFromAnyThread(
                         "key-focus", tr("Ctrl+Backspace doesn't work in this file manager"),
                         tr("It was started without accessibility support, so Vexmoor can't know "
@@ -62,6 +65,9 @@ void FileManagerKey::begin() {
     m_subscriptions.push_back(
         m_parts.settings.captureFinderDelete.subscribe([this](bool) { apply(); }));
     m_subscriptions.push_back(m_automation.subscribe([this](AutomationStatus) { apply(); }));
+    connect(&m_focusReports, &FocusReports::turningOnFailed, this, [this](const QString& reason) {
+        notify("key-support", tr("Accessibility support couldn't be turned on"), reason);
+    });
     // Earlier than the next retry.
     connect(&m_parts.accessibility, &AccessibilityBus::answersChanged, this, [this] { capture(); });
 }
@@ -89,12 +95,16 @@ void FileManagerKey::updateAccelerators() {
     m_background.post([this, installs, removes, context = m_parts.integration] {
         const KeyIntegration keys(context);
         auto states = installs ? keys.install() : removes ? keys.remove() : keys.status();
-        m_parts.main.post(
-            [this, states = std::move(states)]() mutable { take(std::move(states)); });
+        const bool hasMenuEntry = keys.hasMenuEntry();
+        m_parts.main.post([this, hasMenuEntry, states = std::move(states)]() mutable {
+            take(std::move(states), hasMenuEntry);
+        });
     });
 }
 
-void FileManagerKey::take(std::vector<KeyState> states) {
+void FileManagerKey::take(std::vector<KeyState> states, bool hasMenuEntry) {
+    m_hasMenuEntry = hasMenuEntry;
+    m_statesAreKnown = true;
     for (const auto& state : states)
         if (state.error)
             notify("key-" + std::string(state.manager->id),
@@ -106,6 +116,25 @@ void FileManagerKey::take(std::vector<KeyState> states) {
         m_states = std::move(states);
     }
     m_capture->refresh();
+}
+
+Onboarding::KeyWay FileManagerKey::way() const {
+    using Way = Onboarding::KeyWay;
+    if (canCapture())
+        return Way::captured;
+    const std::lock_guard lock(m_mutex);
+    const auto isAny = [this](const auto& test) { return std::ranges::any_of(m_states, test); };
+    if (isAny([](const KeyState& state) { return state.status == AcceleratorStatus::installed; }))
+        return Way::bound;
+    const bool isPossible = isAny([](const KeyState& state) {
+        return state.status == AcceleratorStatus::notInstalled && !state.error;
+    });
+    return isPossible || !m_statesAreKnown ? Way::available : Way::none;
+}
+
+std::vector<KeyState> FileManagerKey::states() const {
+    const std::lock_guard lock(m_mutex);
+    return m_states;
 }
 
 bool FileManagerKey::bindsKeyItself(const FileManager& manager, std::optional<pid_t> process) {
@@ -134,13 +163,12 @@ void FileManagerKey::feedSelection() {
 
 void FileManagerKey::explainAutomation() {
     m_parts.dialogs.ask(
-        {tr("Vexmoor can't see what's selected in the file manager").toStdString(),
-         tr("To send Ctrl+Backspace to the cauldron, allow Vexmoor to ask the file manager in the "
-            "settings of the Vexmoor window. Or turn off \"Ctrl+Backspace in the file manager "
-            "feeds the cauldron\" there.")
-             .toStdString(),
-         tr("Open Settings").toStdString(),
-         tr("Not Now").toStdString(),
+        {text("Vexmoor can't see what's selected in Finder"),
+         text("To send ⌘⌫ to the cauldron, allow Vexmoor to control Finder under System Settings > "
+              "Privacy & Security > Automation. Or turn off \"%1\" in the Vexmoor window.",
+              {text("⌘⌫ in Finder feeds the cauldron")}),
+         text("Open Settings"),
+         text("Not Now"),
          {}},
         [this](const Answer& answer) {
             if (answer.confirmed)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/FocusReports.h"
+
 #include "base/SerialQueue.h"
 #include "dock/AccessibilityBus.h"
 #include "finder/Automation.h"
@@ -8,6 +10,7 @@
 #include "intake/Ports.h"
 #include "integration/KeyIntegration.h"
 #include "progression/NotificationPort.h"
+#include "ui/Onboarding.h"
 
 #include <QDBusConnection>
 #include <QObject>
@@ -48,8 +51,21 @@ class FileManagerKey : public QObject {
     /// Whether this session lets programs capture keys and ask for the selection.
     [[nodiscard]] bool canCapture() const { return m_capture->isPossible(); }
 
+    /// How the key gets here as far as is known; follows lookAgain() and every change.
+    [[nodiscard]] Onboarding::KeyWay way() const;
+
+    /// Whether a file manager's menu has our entry, as far as is known.
+    [[nodiscard]] bool hasMenuEntry() const { return m_hasMenuEntry; }
+
+    /// Looks at the file managers' configuration again, without waiting for it.
+    void lookAgain() { updateAccelerators(); }
+
+    /// How the file managers that are installed have the key; empty until that is known.
+    [[nodiscard]] std::vector<KeyState> states() const;
+
     UndoKey& undoKey() { return *m_hotkey; }
     Automation& automation() { return m_automation; }
+    FocusReports& focusReports() { return m_focusReports; }
 
     /// Feeds what is selected in the file manager; asks for the consent if it has to.
     void feedSelection();
@@ -71,7 +87,7 @@ class FileManagerKey : public QObject {
     void apply();
     void capture();
     void updateAccelerators();
-    void take(std::vector<KeyState> states);
+    void take(std::vector<KeyState> states, bool hasMenuEntry);
     void notify(const std::string& identifier, const QString& title, const QString& body);
     void notifyFromAnyThread(const std::string& identifier, const QString& title,
                              const QString& body);
@@ -80,8 +96,12 @@ class FileManagerKey : public QObject {
 
     Parts m_parts;
     Automation m_automation;
+    FocusReports m_focusReports;
 
-    std::mutex m_mutex;             ///< guards what follows
+    bool m_hasMenuEntry = false;
+    bool m_statesAreKnown = false;
+
+    mutable std::mutex m_mutex;     ///< guards what follows
     std::vector<KeyState> m_states; ///< of the file managers that are installed
 
     SerialQueue m_background;

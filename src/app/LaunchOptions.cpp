@@ -1,5 +1,7 @@
 #include "LaunchOptions.h"
 
+#include "base/Text.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -63,15 +65,16 @@ LaunchOptions LaunchOptions::fromArguments(const std::vector<std::string>& argum
     return options;
 }
 
-const char* LaunchOptions::helpText() {
-    return "Usage: vexmoor-desktop [--background] [FILE…]\n"
-           "The cauldron on the desktop. Where it runs already, that one gets the files, or opens "
-           "its\nwindow, and this one ends.\n\n"
-           "  --background  Start without opening the window\n"
-           "  --probe       Print what the program sees of the desktop\n"
-           "  --version     Print the version\n"
-           "  --help, -h    Print this help\n\n"
-           "FILE is fed to the cauldron; file:/// URIs are understood. See also vexmoor(1).\n";
+std::string LaunchOptions::helpText() {
+    return text(
+        "Usage: vexmoor-desktop [--background] [FILE…]\n"
+        "The cauldron on the desktop. Where it runs already, that one gets the files, or opens "
+        "its\nwindow, and this one ends.\n\n"
+        "  --background  Start without opening the window\n"
+        "  --probe       Print what the program sees of the desktop\n"
+        "  --version     Print the version\n"
+        "  --help, -h    Print this help\n\n"
+        "FILE is fed to the cauldron; file:/// URIs are understood. See also vexmoor(1).\n");
 }
 
 } // namespace vexmoor

@@ -23,7 +23,7 @@ struct LaunchOptions {
     static LaunchOptions fromArguments(const std::vector<std::string>& arguments,
                                        const Path& folder);
 
-    static const char* helpText();
+    static std::string helpText();
 };
 
 } // namespace vexmoor

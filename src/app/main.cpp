@@ -6,6 +6,7 @@
 #include "app/QuitEvents.h"
 #include "app/Start.h"
 
+#include "base/Text.h"
 #include "base/UserLocale.h"
 #include "dock/NativeWindow.h"
 #include "dock/TileChoice.h"
@@ -18,6 +19,7 @@
 #include <algorithm>
 #include <clocale>
 #include <iostream>
+#include <optional>
 
 namespace {
 
@@ -72,15 +74,17 @@ void nameApplication() {
     QApplication::setApplicationName(QStringLiteral("Vexmoor"));
 }
 
-/// Why no window can be shown; null if they can.
-const char* missingDisplay() {
+/// Why no window can be shown; nullopt if they can.
+std::optional<std::string> missingDisplay() {
     if (qgetenv(kPlatform) != "xcb" || native::displayAnswers())
-        return nullptr;
+        return std::nullopt;
     if (compositorAnswers())
-        return "this Wayland session has no XWayland, which the cauldron's windows need. Install "
-               "the package xwayland, switch XWayland on in the compositor's settings and log in "
-               "again.";
-    return "there is no display to show the cauldron on.";
+        return text("vexmoor-desktop: this Wayland session has no XWayland, which the cauldron's "
+                    "windows need. Install the package xwayland, switch XWayland on in the "
+                    "compositor's settings and log in again. The command line works without it: "
+                    "see 'vexmoor --help'.");
+    return text("vexmoor-desktop: there is no display to show the cauldron on. The command line "
+                "works without one: see 'vexmoor --help'.");
 }
 
 } // namespace
@@ -92,8 +96,9 @@ int main(int argc, char** argv) {
                                                 std::filesystem::current_path(gone));
     options.startup = qgetenv("DESKTOP_STARTUP_ID").toStdString(); // before Qt takes it
     if (!options.unknown.empty()) {
-        std::cerr << "vexmoor-desktop: there is no option " << options.unknown
-                  << ". Try 'vexmoor-desktop --help'.\n";
+        std::cerr << text("vexmoor-desktop: there is no option %1. Try 'vexmoor-desktop --help'.",
+                          {options.unknown})
+                  << "\n";
         return kUsage;
     }
     if (options.help || options.version) {
@@ -102,9 +107,8 @@ int main(int argc, char** argv) {
         return std::cout.flush() ? 0 : 1;
     }
     choosePlatform();
-    if (const char* const missing = missingDisplay()) {
-        std::cerr << "vexmoor-desktop: " << missing
-                  << " The command line works without it: see 'vexmoor --help'.\n";
+    if (const auto missing = missingDisplay()) {
+        std::cerr << *missing << "\n";
         return kRefused;
     }
     QApplication application(argc, argv);

@@ -3,10 +3,11 @@
 #include "Text.h"
 #include "UserLocale.h"
 
+#include <algorithm>
 #include <array>
+#include <charconv>
 #include <climits>
 #include <cmath>
-#include <cstdio>
 
 namespace vexmoor {
 namespace {
@@ -27,9 +28,11 @@ std::string grouped(std::string digits, const NumberStyle& style) {
 
 /// With at most so many decimals, without zeros at the end.
 std::string numberText(double value, int decimals) {
-    std::array<char, 48> text{};
-    std::string number(text.data(), static_cast<std::size_t>(std::snprintf(
-                                        text.data(), text.size(), "%.*f", decimals, value)));
+    std::array<char, 48> digits{};
+    auto* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                    std::chars_format::fixed, decimals)
+                          .ptr;
+    const std::string number(digits.data(), end);
     const auto style = numberStyle();
     const auto point = number.find('.');
     if (point == std::string::npos)

@@ -205,6 +205,11 @@ std::string pathToJsonText(std::string_view bytes) {
 }
 
 Path pathFromJsonText(const std::string& text) {
+    constexpr std::string_view kScheme = "file://";
+    if (text.starts_with(kScheme) && !text.starts_with("file:///")) { // of a relative path
+        if (const auto path = pathFromFileUri("file:///" + text.substr(kScheme.size())))
+            return path->relative_path();
+    }
     return pathFromFileUri(text).value_or(Path(text));
 }
 

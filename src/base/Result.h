@@ -1,10 +1,14 @@
 #pragma once
 
+#include "base/ErrorCode.h"
+
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <system_error>
 #include <utility>
 #include <variant>
+#include <vector>
 
 namespace vexmoor {
 
@@ -14,15 +18,20 @@ struct Error {
     std::error_code code;
     std::string operation;
     std::filesystem::path path;
+    std::int64_t count = 0;      ///< of items, where the code's sentence names one
+    std::vector<Error> causes{}; ///< where others led to it
 
     /// An error of the operating system.
     static Error fromErrno(int number, std::string operation, std::filesystem::path path = {}) {
-        return {std::error_code(number, std::generic_category()), std::move(operation),
-                std::move(path)};
+        return {std::error_code(number, std::generic_category()),
+                std::move(operation),
+                std::move(path),
+                0,
+                {}};
     }
 
-    /// The code's own sentence, e.g. "Permission denied".
-    [[nodiscard]] std::string message() const { return code.message(); }
+    /// The code's own sentence, e.g. "Permission denied", in the user's language.
+    [[nodiscard]] std::string message() const { return messageOf(code); }
 
     bool operator==(const Error&) const = default;
 };

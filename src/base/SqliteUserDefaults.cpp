@@ -3,6 +3,7 @@
 #include "base/FileDescriptor.h"
 #include "base/Path.h"
 #include "base/SqliteRecordTable.h"
+#include "base/Text.h"
 
 #include <fcntl.h>
 #include <sqlite3.h>
@@ -38,23 +39,41 @@ constexpr const char* kCreate = "PRAGMA journal_mode=WAL; PRAGMA synchronous=FUL
                                 "COMMIT;";
 constexpr const char* kKinds[] = {"bool", "integer", "string", "data"};
 
-class SqliteCategory : public std::error_category {
+class SqliteCategory : public NamedCategory {
   public:
     [[nodiscard]] const char* name() const noexcept override { return "sqlite"; }
+
     [[nodiscard]] std::string message(int code) const override {
         switch (code & 0xff) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
-            return "The database is in use by another program";
+            return text("The database is in use by another program");
         case SQLITE_READONLY:
         case SQLITE_PERM:
-            return "The database cannot be written";
+            return text("The database cannot be written");
         case SQLITE_FULL:
-            return "No space left on device";
+            return messageOf(std::make_error_code(std::errc::no_space_on_device));
         case SQLITE_MISMATCH:
-            return "The database was written by a newer version of this program";
+            return text("The database was written by a newer version of this program");
         default:
             return sqlite3_errstr(code);
+        }
+    }
+
+    [[nodiscard]] std::string codeName(int code) const override {
+        switch (code & 0xff) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return "databaseBusy";
+        case SQLITE_READONLY:
+        case SQLITE_PERM:
+            return "databaseReadOnly";
+        case SQLITE_FULL:
+            return "databaseFull";
+        case SQLITE_MISMATCH:
+            return "databaseTooNew";
+        default:
+            return "databaseError";
         }
     }
 };
@@ -195,7 +214,7 @@ Result<std::filesystem::path> moveAside(const std::filesystem::path& file) {
         const auto from = companion(file, suffix);
         std::filesystem::rename(from, companion(aside, suffix), code);
         if (code && code != std::errc::no_such_file_or_directory)
-            return Error{code, "set the corrupt database aside", from};
+            return Error{code, marked("set the corrupt database aside"), from};
     }
     return aside;
 }
@@ -205,7 +224,7 @@ Result<void> makePrivateFolder(const std::filesystem::path& folder) {
     std::error_code code;
     if (std::filesystem::create_directories(folder, code) && !code)
         std::filesystem::permissions(folder, std::filesystem::perms::owner_all, code);
-    return code ? Result<void>(Error{code, "make the folder of the database", folder})
+    return code ? Result<void>(Error{code, marked("make the folder of the database"), folder})
                 : Result<void>();
 }
 
@@ -214,6 +233,13 @@ Result<void> makePrivateFolder(const std::filesystem::path& folder) {
 const std::error_category& sqliteCategory() {
     static const SqliteCategory category;
     return category;
+}
+
+std::optional<std::error_code> databaseCodeNamed(std::string_view name) {
+    for (const int code : {SQLITE_BUSY, SQLITE_READONLY, SQLITE_FULL, SQLITE_MISMATCH})
+        if (const std::error_code known(code, sqliteCategory()); codeName(known) == name)
+            return known;
+    return std::nullopt;
 }
 
 void SqliteUserDefaults::Closer::operator()(sqlite3* database) const {
@@ -265,9 +291,10 @@ SqliteUserDefaults::open(const std::filesystem::path& file, Access access,
 Result<void> SqliteUserDefaults::connect(Access access) {
     std::error_code code;
     if (hasLostItsPages(m_file))
-        return Error{{SQLITE_CORRUPT, sqliteCategory()}, "open the database", m_file};
+        return Error{{SQLITE_CORRUPT, sqliteCategory()}, marked("open the database"), m_file};
     if (access == Access::readOnly && !std::filesystem::exists(m_file, code))
-        return code ? Result<void>(Error{code, "open the database", m_file}) : Result<void>();
+        return code ? Result<void>(Error{code, marked("open the database"), m_file})
+                    : Result<void>();
     sqlite3* raw = nullptr;
     const int flags = access == Access::readOnly ? SQLITE_OPEN_READONLY
                                                  : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
@@ -280,7 +307,7 @@ Result<void> SqliteUserDefaults::connect(Access access) {
     if (opened != SQLITE_OK)
         return lastError("open the database");
     if (access == Access::readWrite && sqlite3_db_readonly(raw, "main") == 1)
-        return Error{{SQLITE_READONLY, sqliteCategory()}, "open the database", m_file};
+        return Error{{SQLITE_READONLY, sqliteCategory()}, marked("open the database"), m_file};
     sqlite3_extended_result_codes(raw, 1);
     sqlite3_busy_timeout(raw, kBusyMilliseconds);
     // The log stays for the next command: making, checkpointing and deleting it at each end would
@@ -293,10 +320,10 @@ Result<void> SqliteUserDefaults::connect(Access access) {
     if (!version)
         return std::move(version).error();
     if (*version > kFormatVersion)
-        return Error{{SQLITE_MISMATCH, sqliteCategory()}, "open the database", m_file};
+        return Error{{SQLITE_MISMATCH, sqliteCategory()}, marked("open the database"), m_file};
     if (access == Access::readWrite)
-        if (auto done =
-                execute(*version < kFormatVersion ? kCreate : kPrepare, "open the database");
+        if (auto done = execute(*version < kFormatVersion ? kCreate : kPrepare,
+                                marked("open the database"));
             !done)
             return done;
     if (access == Access::readWrite)
@@ -316,7 +343,8 @@ Result<void> SqliteUserDefaults::prepare(const char* sql, const char* operation,
 
 Result<int> SqliteUserDefaults::formatVersion() {
     Statement statement;
-    if (auto prepared = prepare("PRAGMA user_version", "open the database", statement); !prepared)
+    if (auto prepared = prepare("PRAGMA user_version", marked("open the database"), statement);
+        !prepared)
         return std::move(prepared).error();
     if (sqlite3_step(statement.get()) != SQLITE_ROW)
         return lastError("open the database");
@@ -382,12 +410,12 @@ Result<void> SqliteUserDefaults::storeLeftOver() {
 
 Result<void> SqliteUserDefaults::store(std::string_view key, const std::optional<Value>& value) {
     if (!m_database)
-        return Error::fromErrno(EROFS, "write the database", m_file);
+        return Error::fromErrno(EROFS, marked("write the database"), m_file);
     const char* const sql = value ? "INSERT OR REPLACE INTO defaults VALUES (?, ?, ?)"
                                   : "DELETE FROM defaults WHERE key = ?";
     Statement& statement = value ? m_insertion : m_removal;
     if (!statement)
-        if (auto prepared = prepare(sql, "write the database", statement); !prepared)
+        if (auto prepared = prepare(sql, marked("write the database"), statement); !prepared)
             return prepared;
     sqlite3_stmt* const raw = statement.get();
     const StatementReset reset(raw);
@@ -407,21 +435,22 @@ void SqliteUserDefaults::prepareFor(Durability durability) {
         return;
     const char* const pragma =
         durability == Durability::onDisk ? "PRAGMA synchronous=FULL" : "PRAGMA synchronous=NORMAL";
-    if (execute(pragma, "write the database"))
+    if (execute(pragma, marked("write the database")))
         m_durability = durability;
 }
 
 /// Folding the log into the database syncs both.
 Result<void> SqliteUserDefaults::makeDurable() {
     if (!m_database)
-        return Error::fromErrno(EROFS, "write the database", m_file);
+        return Error::fromErrno(EROFS, marked("write the database"), m_file);
     int frames = 0;
     int folded = 0;
     if (sqlite3_wal_checkpoint_v2(m_database.get(), "main", SQLITE_CHECKPOINT_PASSIVE, &frames,
                                   &folded) != SQLITE_OK)
         return lastError("write the database");
-    return frames == folded ? Result<void>()
-                            : Error{{SQLITE_BUSY, sqliteCategory()}, "write the database", m_file};
+    return frames == folded
+               ? Result<void>()
+               : Error{{SQLITE_BUSY, sqliteCategory()}, marked("write the database"), m_file};
 }
 
 Result<void> SqliteUserDefaults::transaction(const std::function<void()>& body,
@@ -431,7 +460,7 @@ Result<void> SqliteUserDefaults::transaction(const std::function<void()>& body,
         return {};
     }
     prepareFor(durability);
-    if (auto begun = execute("BEGIN IMMEDIATE", "write the database"); !begun)
+    if (auto begun = execute("BEGIN IMMEDIATE", marked("write the database")); !begun)
         m_transactionFailure = std::move(begun).error();
     m_inTransaction = true;
     if (!m_transactionFailure)
@@ -440,7 +469,8 @@ Result<void> SqliteUserDefaults::transaction(const std::function<void()>& body,
     body();
     m_inTransaction = false;
     const auto failure = std::exchange(m_transactionFailure, std::nullopt);
-    auto committed = failure ? Result<void>(*failure) : execute("COMMIT", "write the database");
+    auto committed =
+        failure ? Result<void>(*failure) : execute("COMMIT", marked("write the database"));
     if (!committed && m_database && sqlite3_get_autocommit(m_database.get()) == 0)
         sqlite3_exec(m_database.get(), "ROLLBACK", nullptr, nullptr, nullptr);
     if (committed)

@@ -85,4 +85,7 @@ class SqliteUserDefaults : public UserDefaults {
 /// The codes of SQLite's errors.
 const std::error_category& sqliteCategory();
 
+/// The code of that name among the category's, if it has a sentence of its own.
+std::optional<std::error_code> databaseCodeNamed(std::string_view name);
+
 } // namespace vexmoor

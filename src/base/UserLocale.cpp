@@ -115,8 +115,14 @@ NumberStyle numberStyle() {
 DateStyle dateStyle() {
     if (datesOfLocale)
         return *datesOfLocale;
-    // Translators: dates and times as your language writes them, in the letters of "man strftime".
-    return {text("%F"), text("%R"), false};
+    DateStyle style;
+    // Translators: a date as your language writes it, in the letters of "man strftime".
+    // xgettext:no-c-format
+    style.date = text("%F");
+    // Translators: a time of day, in the letters of "man strftime".
+    // xgettext:no-c-format
+    style.time = text("%R");
+    return style;
 }
 
 } // namespace vexmoor

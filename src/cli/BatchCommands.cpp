@@ -15,8 +15,12 @@ using Command = Invocation::Command;
 
 Refusal refusalOfStart(const Error& error) {
     if (error.code == std::errc::interrupted)
-        return {kRefused, "Stopped while waiting for another command. Nothing was touched."};
-    return {kRefused, "The history can't be opened, so nothing was touched: " + describe(error)};
+        return {kRefused, "interrupted", [] {
+                    return text("Stopped while waiting for another command. Nothing was touched.");
+                }};
+    return {kRefused, "historyNotOpened", error, [](const std::string& why) {
+                return text("The history can't be opened, so nothing was touched: %1", {why});
+            }};
 }
 
 void begin(Session& session, const Invocation& invocation, BatchCompletion completion,
@@ -53,8 +57,10 @@ Outcome carryOutHere(Session& session, const Invocation& invocation, MenuDialogs
     if (session.dialogs().lackedTerminal())
         return noTerminal();
     if (menu.lackedWindow())
-        return Refusal{kRefused, "Dissolving needs a yes, and the desktop application is not there "
-                                 "to ask for it. Nothing was touched."};
+        return Refusal{kRefused, "noDesktop", [] {
+                           return text("Dissolving needs a yes, and the desktop application is not "
+                                       "there to ask for it. Nothing was touched.");
+                       }};
     return BatchReport::of(std::move(result));
 }
 
@@ -75,34 +81,43 @@ Outcome carryOut(Invocation invocation, MenuDialogs& menu) {
 }
 
 Refusal unknownSelection() {
-    return {kRefused, "The file manager does not answer whether this folder is selected or only on "
-                      "view. Nothing was touched."};
+    return {kRefused, "selectionUnknown", [] {
+                return text("The file manager does not answer whether this folder is selected or "
+                            "only on view. Nothing was touched.");
+            }};
 }
 
-const char* wordsFor(Command command, const BatchReport& report) {
+Refusal declined() {
+    return {kRefused, "declined", [] { return text("Nothing was touched."); }};
+}
+
+Refusal nothingToPutBack() {
+    return {kRefused, "nothingToPutBack", [] { return text("There is nothing to put back."); }};
+}
+
+Deed deedOf(Command command, const BatchReport& report) {
     if (command == Command::putBack)
-        return "Put back";
+        return Deed::putBack;
     if (command == Command::erase)
-        return "Deleted from the Bin";
+        return Deed::deleted;
     const bool dissolved =
         !report.done.empty() && report.done.front().mode == DisposeMode::dissolve;
-    return dissolved ? "Dissolved" : "To the Bin";
+    return dissolved ? Deed::dissolved : Deed::binned;
+}
+
+int refuse(const Refusal& refusal, bool asJson) {
+    complain(printable(refusal.sentence));
+    if (asJson)
+        printRefusal(refusal);
+    return refusal.status;
 }
 
 int tell(const BatchReport& report, const Invocation& invocation) {
-    if (report.declined) {
-        complain("Nothing was touched.");
-        if (invocation.json)
-            printRefusal("Nothing was touched.");
-        return kRefused;
-    }
-    if (invocation.command == Command::putBack && report.isEmpty()) {
-        complain("There is nothing to put back.");
-        if (invocation.json)
-            printRefusal("There is nothing to put back.");
-        return kRefused;
-    }
-    return reportBatch(report, wordsFor(invocation.command, report), invocation.json);
+    if (report.declined)
+        return refuse(declined(), invocation.json);
+    if (invocation.command == Command::putBack && report.isEmpty())
+        return refuse(nothingToPutBack(), invocation.json);
+    return reportBatch(report, deedOf(invocation.command, report), invocation.json);
 }
 
 } // namespace
@@ -116,17 +131,13 @@ int runBatch(const Invocation& invocation) {
     const auto outcome = selection == MenuSelection::unknown ? Outcome(unknownSelection())
                                                              : carryOut(invocation, menu);
     const auto* const refusal = std::get_if<Refusal>(&outcome);
-    if (refusal != nullptr) {
-        complain(printable(refusal->sentence));
-        if (invocation.json)
-            printRefusal(refusal->sentence);
-        menu.report(
-            {refusal->status == kSomeFailed ? "The cauldron did not answer" : "Nothing was fed",
-             refusal->sentence,
-             {}});
-    }
-    const int status =
-        refusal != nullptr ? refusal->status : tell(std::get<BatchReport>(outcome), invocation);
+    if (refusal != nullptr)
+        menu.report({refusal->status == kSomeFailed ? text("The cauldron did not answer")
+                                                    : text("Nothing was fed"),
+                     refusal->sentence,
+                     {}});
+    const int status = refusal != nullptr ? refuse(*refusal, invocation.json)
+                                          : tell(std::get<BatchReport>(outcome), invocation);
     if (invocation.fromMenu)
         menu.show();
     return status;

@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 
 #include "base/Path.h"
+#include "base/Text.h"
 #include "cli/ExitStatus.h"
 #include "cli/Terminal.h"
 #include "intake/NamedSettings.h"
@@ -45,89 +46,93 @@ void takeGuard(std::string& argument) {
 /// An empty argument is mostly a shell's variable that was not set; it must not come to stand for
 /// the current folder.
 std::string refuseEmpty(const std::string& argument) {
-    return argument.empty() ? "is empty. Nothing was touched" : "";
+    return argument.empty() ? text("is empty. Nothing was touched") : "";
 }
 
 CLI::App* addCommand(CLI::App& app, Invocation& invocation, const char* name, Command command,
-                     const char* description) {
+                     const std::string& description) {
     CLI::App* const added = app.add_subcommand(name, description);
+    added->group(text("Subcommands"));
+    added->get_help_ptr()->group(text("Options"));
     added->callback([&invocation, command] { invocation.command = command; });
     return added;
 }
 
 void addJson(CLI::App& command, Invocation& invocation) {
-    command.add_flag("--json", invocation.json, "Print one JSON document");
+    command.add_flag("--json", invocation.json, text("Print one JSON document"));
 }
 
 void addFeed(CLI::App& app, Invocation& invocation) {
     auto& feed = *addCommand(app, invocation, "feed", Command::feed,
-                             "Feed files and folders to the cauldron");
+                             text("Feed files and folders to the cauldron"));
     feed.add_option(
             "--mode", invocation.mode,
-            "Move them to the Bin, or dissolve them forever; without it as the settings say")
+            text("Move them to the Bin, or dissolve them forever; without it as the settings say"))
         ->check(CLI::IsMember({"bin", "dissolve"}))
         ->type_name("MODE");
-    auto* const yes = feed.add_flag("--yes", invocation.yes, "Dissolve without asking");
+    auto* const yes = feed.add_flag("--yes", invocation.yes, text("Dissolve without asking"));
     auto* const fromMenu = feed.add_flag_callback(
         "--from-menu", [&invocation] { invocation.fromMenu = true; },
-        "For menus: ask and report on the desktop instead of a terminal");
+        text("For menus: ask and report on the desktop instead of a terminal"));
     fromMenu->excludes(yes);
     addJson(feed, invocation);
-    auto* const paths =
-        feed.add_option("PATH", invocation.items, "What to feed; file:/// URIs are understood too")
-            ->required()
-            ->check(CLI::Validator(refuseEmpty, ""))
-            ->type_name("PATH");
+    auto* const paths = feed.add_option("PATH", invocation.items,
+                                        text("What to feed; file:/// URIs are understood too"))
+                            ->required()
+                            ->check(CLI::Validator(refuseEmpty, ""))
+                            ->type_name("PATH");
     fromMenu->each([paths](const std::string&) { paths->required(false); }); // nothing is selected
 }
 
 void addPutBack(CLI::App& app, Invocation& invocation) {
-    auto& putBack = *addCommand(app, invocation, "put-back", Command::putBack,
-                                "Put sacrifices back where they were; without arguments the whole "
-                                "last batch");
-    auto* const last = putBack.add_option("--last", invocation.last, "The newest N items")
+    auto& putBack =
+        *addCommand(app, invocation, "put-back", Command::putBack,
+                    text("Put sacrifices back where they were; without arguments the whole "
+                         "last batch"));
+    auto* const last = putBack.add_option("--last", invocation.last, text("The newest N items"))
                            ->check(CLI::PositiveNumber)
                            ->type_name("N");
     addJson(putBack, invocation);
-    putBack.add_option("ITEM", invocation.items, "Ids or names, as the history shows them")
+    putBack.add_option("ITEM", invocation.items, text("Ids or names, as the history shows them"))
         ->type_name("ITEM")
         ->excludes(last);
 }
 
 void addDelete(CLI::App& app, Invocation& invocation) {
     auto& erase = *addCommand(app, invocation, "delete", Command::erase,
-                              "Delete sacrifices from the Bin, forever");
-    erase.add_flag("--yes", invocation.yes, "Do not ask");
+                              text("Delete sacrifices from the Bin, forever"));
+    erase.add_flag("--yes", invocation.yes, text("Do not ask"));
     addJson(erase, invocation);
-    erase.add_option("ITEM", invocation.items, "Ids or names, as the history shows them")
+    erase.add_option("ITEM", invocation.items, text("Ids or names, as the history shows them"))
         ->type_name("ITEM")
         ->required();
 }
 
 void addHistory(CLI::App& app, Invocation& invocation) {
     auto& history = *addCommand(app, invocation, "history", Command::history,
-                                "Show the recent sacrifices, newest first, and their fate");
-    history.add_option("-n", invocation.number, "How many at most")
+                                text("Show the recent sacrifices, newest first, and their fate"));
+    history.add_option("-n", invocation.number, text("How many at most"))
         ->check(CLI::PositiveNumber)
         ->type_name("N");
-    history.add_flag("--all", invocation.all, "After them, all others that can still be put back");
+    history.add_flag("--all", invocation.all,
+                     text("After them, all others that can still be put back"));
     addJson(history, invocation);
 }
 
 void addStats(CLI::App& app, Invocation& invocation) {
     addJson(*addCommand(app, invocation, "stats", Command::stats,
-                        "Show totals, the week, the streak, achievements and the cauldron"),
+                        text("Show totals, the week, the streak, achievements and the cauldron")),
             invocation);
 }
 
 void addSettings(CLI::App& app, Invocation& invocation) {
     auto& settings = *addCommand(app, invocation, "settings", Command::settings,
-                                 "List the settings, read one or set it");
+                                 text("List the settings, read one or set it"));
     addJson(settings, invocation);
-    settings.add_option("NAME", invocation.name, "The setting")
+    settings.add_option("NAME", invocation.name, text("The setting"))
         ->check(CLI::IsMember(NamedSettings::names()))
         ->type_name("NAME");
-    settings.add_option("VALUE", invocation.value, "Its new value")
+    settings.add_option("VALUE", invocation.value, text("Its new value"))
         ->check(CLI::Validator(refuseEmpty, ""))
         ->type_name("VALUE");
 }
@@ -142,20 +147,21 @@ std::string integrationIds() {
 std::string refuseUnknownIntegration(const std::string& argument) {
     const bool isKnown = argument == kAutostartId || argument == kFormerDolphinId ||
                          fileManagerWithId(argument) != nullptr;
-    return isKnown ? "" : argument + " is not known. Known are " + integrationIds();
+    return isKnown ? "" : text("%1 is not known. Known are %2", {argument, integrationIds()});
 }
 
 void addIntegrate(CLI::App& app, Invocation& invocation) {
-    auto& integrate = *addCommand(app, invocation, "integrate", Command::integrate,
-                                  "Put \"Feed to Vexmoor\" and its key into the file managers, "
-                                  "and start with the session");
+    auto& integrate =
+        *addCommand(app, invocation, "integrate", Command::integrate,
+                    text("Put \"Feed to Vexmoor\" and its key into the file managers, "
+                         "and start with the session"));
     addJson(integrate, invocation);
-    integrate.add_option("ACTION", invocation.action, "What to do; without it, status")
+    integrate.add_option("ACTION", invocation.action, text("What to do; without it, status"))
         ->check(CLI::IsMember({"install", "remove", "status"}))
         ->type_name("ACTION");
     integrate
         .add_option("ID", invocation.items,
-                    "A file manager, or autostart; without one, all that are installed")
+                    text("A file manager, or autostart; without one, all that are installed"))
         ->check(CLI::Validator(refuseUnknownIntegration, "{" + integrationIds() + "}"))
         ->type_name("ID");
 }
@@ -172,8 +178,8 @@ constexpr CommandDescription kCommands[] = {
 };
 
 void takeGuards(Invocation& invocation) {
-    for (auto* text : {&invocation.mode, &invocation.name, &invocation.value, &invocation.action})
-        takeGuard(*text);
+    for (auto* value : {&invocation.mode, &invocation.name, &invocation.value, &invocation.action})
+        takeGuard(*value);
     std::ranges::for_each(invocation.items, takeGuard);
 }
 
@@ -185,23 +191,32 @@ void decodeUris(std::vector<std::string>& items) {
                 item = path->native();
 }
 
+/// The headings of help texts, which commands inherit.
+void nameParts(CLI::App& app) {
+    for (const char* label : {marked("Usage"), marked("OPTIONS"), marked("SUBCOMMAND"),
+                              marked("REQUIRED"), marked("Positionals"), marked("Excludes")})
+        app.get_formatter()->label(label, text(label));
+    app.option_defaults()->group(text("Options"));
+}
+
 } // namespace
 
 std::unique_ptr<CLI::App> describeCommands(Invocation& invocation, std::string_view only) {
     auto app = std::make_unique<CLI::App>(
-        "Throws files away with a little ceremony. Without a command it opens the window.",
+        text("Throws files away with a little ceremony. Without a command it opens the window."),
         "vexmoor");
-    app->set_version_flag("--version", "vexmoor " VEXMOOR_VERSION, "Print the version");
+    nameParts(*app);
+    app->set_version_flag("--version", "vexmoor " VEXMOOR_VERSION, text("Print the version"));
     app->add_flag_callback(
         "--probe", [&invocation] { invocation.command = Command::probe; },
-        "Print what the desktop application sees of the desktop");
-    app->set_help_flag("--help,-h", "Print this help");
+        text("Print what the desktop application sees of the desktop"));
+    app->set_help_flag("--help,-h", text("Print this help"));
     app->require_subcommand(0, 1);
     app->failure_message([](const CLI::App* failed, const CLI::Error& error) {
         std::string sentence = error.what();
         std::erase(sentence, kGuard);
-        return "vexmoor: " + printable(sentence) + "\nTry '" + failed->get_display_name() +
-               " --help'.\n";
+        return "vexmoor: " + printable(sentence) + "\n" +
+               text("Try '%1 --help'.", {failed->get_display_name()}) + "\n";
     });
     const bool wantsAll = std::ranges::find(kCommands, only, &CommandDescription::name) ==
                           std::ranges::end(kCommands);

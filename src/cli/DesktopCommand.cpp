@@ -1,6 +1,8 @@
 #include "Commands.h"
 
+#include "base/ErrorCode.h"
 #include "base/Path.h"
+#include "base/Text.h"
 #include "cli/ExitStatus.h"
 #include "cli/Terminal.h"
 
@@ -29,8 +31,8 @@ int runDesktop(const Invocation& invocation) {
         invocation.command == Invocation::Command::probe ? "--probe" : nullptr;
     ::execl(programBeside().c_str(), kProgram, option, nullptr);
     ::execlp(kProgram, kProgram, option, nullptr);
-    complain("The desktop application can't be started: " +
-             std::error_code(errno, std::generic_category()).message() + ".");
+    complain(text("The desktop application can't be started: %1.",
+                  {messageOf(std::error_code(errno, std::generic_category()))}));
     return kRefused;
 }
 

@@ -1,6 +1,7 @@
 #include "HandOver.h"
 
 #include "base/JsonReader.h"
+#include "base/Text.h"
 #include "cli/ExitStatus.h"
 #include "cli/RunningDesktop.h"
 #include "cli/Session.h"
@@ -25,7 +26,9 @@ std::optional<Refusal> askFor(Invocation& invocation, const Question& question) 
     invocation.yes = dialogs.ask(question).confirmed;
     if (invocation.yes)
         return std::nullopt;
-    return dialogs.lackedTerminal() ? noTerminal() : Refusal{kRefused, "Nothing was touched."};
+    return dialogs.lackedTerminal()
+               ? noTerminal()
+               : Refusal{kRefused, "declined", [] { return text("Nothing was touched."); }};
 }
 
 std::size_t countOf(const std::vector<std::string>& items) {
@@ -71,8 +74,8 @@ std::optional<Refusal> settleDelete(Invocation& invocation, const Session& sessi
 /// What was not found is told with the rest.
 Outcome withMissing(Outcome outcome, const Invocation& invocation) {
     if (auto* const report = std::get_if<BatchReport>(&outcome))
-        for (const auto& failure : invocation.missing)
-            report->failures.push_back({failure.name, describe(failure.error)});
+        report->failures.insert(report->failures.end(), invocation.missing.begin(),
+                                invocation.missing.end());
     return outcome;
 }
 
@@ -82,8 +85,10 @@ std::optional<Refusal> settle(Invocation& invocation) {
         return std::nullopt;
     const auto session = Session::openForReading();
     if (!session)
-        return Refusal{kRefused, "The history can't be read, so nothing was touched: " +
-                                     describe(session.error())};
+        return Refusal{kRefused, "historyNotRead", session.error(), [](const std::string& why) {
+                           return text("The history can't be read, so nothing was touched: %1",
+                                       {why});
+                       }};
     if (isPutBack) {
         nameById(invocation, **session);
         return std::nullopt;
@@ -102,7 +107,7 @@ Result<std::vector<std::string>> absolute(std::vector<std::string> items) {
             std::error_code code;
             folder = std::filesystem::current_path(code).native();
             if (code)
-                return Error{code, "find the current folder", {}};
+                return Error{code, marked("find the current folder"), {}};
         }
         item.insert(0, folder + "/");
     }
@@ -162,11 +167,13 @@ Outcome outcomeOf(RunningDesktop::Answer answer, const Invocation& invocation) {
         return *refusal;
     if (invocation.command == Command::settings)
         return BatchReport();
-    const auto text = std::get<BusReply>(answer).text();
-    auto report = text ? batchReportFromJson(parsedJson(*text)) : std::nullopt;
+    const auto document = std::get<BusReply>(answer).text();
+    auto report = document ? batchReportFromJson(parsedJson(*document)) : std::nullopt;
     if (!report)
-        return Refusal{kSomeFailed, "The desktop application's answer can't be understood. What "
-                                    "was done is in the history: vexmoor history."};
+        return Refusal{kSomeFailed, "answerNotUnderstood", [] {
+                           return text("The desktop application's answer can't be understood. "
+                                       "What was done is in the history: vexmoor history.");
+                       }};
     return *std::move(report);
 }
 
@@ -174,8 +181,11 @@ std::optional<Outcome> handOverSettled(Invocation invocation, bool asks, Start s
     if (invocation.command == Command::feed) {
         auto items = absolute(std::move(invocation.items));
         if (!items)
-            return Refusal{kRefused, "The current folder can't be found, so nothing was touched: " +
-                                         items.error().message() + "."};
+            return Refusal{kRefused, "noCurrentFolder", items.error(), [](const std::string& why) {
+                               return text(
+                                   "The current folder can't be found, so nothing was touched: %1",
+                                   {why});
+                           }};
         invocation.items = *std::move(items);
     }
     const RunningDesktop desktop(UserDirectories::ofProcess().ownData() / WriterLock::kFileName);
@@ -196,8 +206,10 @@ bool hasDisplay() {
 } // namespace
 
 Refusal noTerminal() {
-    return {kRefused, "There is no terminal to ask on. Nothing was touched; --yes goes on without "
-                      "asking."};
+    return {kRefused, "noTerminal", [] {
+                return text("There is no terminal to ask on. Nothing was touched; --yes goes on "
+                            "without asking.");
+            }};
 }
 
 std::optional<Outcome> handOver(Invocation& invocation) {

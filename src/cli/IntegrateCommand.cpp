@@ -1,5 +1,7 @@
 #include "Commands.h"
 
+#include "base/Text.h"
+#include "cli/Columns.h"
 #include "cli/ExitStatus.h"
 #include "cli/Session.h"
 #include "cli/Terminal.h"
@@ -9,7 +11,6 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <iomanip>
 #include <iostream>
 
 namespace vexmoor {
@@ -29,80 +30,82 @@ struct Row {
 
 struct Failed {
     std::string id;
-    std::string sentence;
+    Error error;
 };
 
+/// In English, as programs read it.
 const char* asWords(const Row& row) {
     if (!row.hasMenu)
-        return "unsupported";
+        return marked("unsupported");
     if (!row.status)
-        return "unknown";
+        return marked("unknown");
     switch (*row.status) {
     case IntegrationStatus::notInstalled:
-        return "not installed";
+        return marked("not installed");
     case IntegrationStatus::installed:
-        return "installed";
+        return marked("installed");
     case IntegrationStatus::differs:
-        return "differs";
+        return marked("differs");
     case IntegrationStatus::notOurs:
-        return "not ours";
+        return marked("not ours");
     }
-    return "unknown";
+    return marked("unknown");
 }
 
 const char* asWords(const KeyState& key) {
     if (key.error)
-        return "unknown";
+        return marked("unknown");
     switch (key.status) {
     case AcceleratorStatus::unsupported:
-        return "unsupported";
+        return marked("unsupported");
     case AcceleratorStatus::notInstalled:
-        return "not installed";
+        return marked("not installed");
     case AcceleratorStatus::installed:
-        return "installed";
+        return marked("installed");
     case AcceleratorStatus::otherKey:
-        return "other key";
+        return marked("other key");
     case AcceleratorStatus::taken:
-        return "taken";
+        return marked("taken");
     }
-    return "unknown";
+    return marked("unknown");
 }
 
 std::string sentenceOf(const KeyState& key, bool hasMenu) {
-    const std::string title(key.manager->title);
     if (key.error)
-        return "unknown";
+        return text("unknown");
+    const auto& title = key.manager->title;
     switch (key.status) {
     case AcceleratorStatus::unsupported:
-        return hasMenu ? "captured on X11; on Wayland there is the menu entry"
-                       : "captured on X11; nothing on Wayland";
+        return hasMenu ? text("captured on X11; on Wayland there is the menu entry")
+                       : text("captured on X11; nothing on Wayland");
     case AcceleratorStatus::notInstalled:
-        return "not installed";
+        return text("not installed");
     case AcceleratorStatus::installed:
-        return key.waitsForRestart ? "installed; it works after the next start of " + title
-                                   : "installed";
+        return key.waitsForRestart ? text("installed; it works after the next start of %1", {title})
+                                   : text("installed");
     case AcceleratorStatus::otherKey:
-        return "the entry has another key or none by your own choice, which is kept";
+        return text("the entry has another key or none by your own choice, which is kept");
     case AcceleratorStatus::taken:
-        return "bound to something else in " + title + ", which is left so";
+        return text("bound to something else in %1, which is left so", {title});
     }
-    return "unknown";
+    return text("unknown");
 }
 
 std::string sentenceOf(const Error& error) {
     const auto file = displayText(error.path.native());
     if (error.code == std::errc::file_exists)
-        return file + " is not ours. It was left as it is.";
+        return text("%1 is not ours. It was left as it is.", {file});
     if (error.code == std::errc::bad_message)
-        return file + " could not be understood. It was left as it is.";
+        return text("%1 could not be understood. It was left as it is.", {file});
     if (error.code == std::errc::invalid_argument)
-        return file + " is not a regular file. It was left as it is.";
+        return text("%1 is not a regular file. It was left as it is.", {file});
     if (error.code == std::errc::file_too_large)
-        return file + " is too long. It was left as it is.";
+        return text("%1 is too long. It was left as it is.", {file});
     if (error.operation == "run" || error.operation == "read the version of")
-        return file + " does not report its version here, on which its key depends. Try "
-                      "again in a desktop session.";
-    return file + ": " + describe(error);
+        return text("%1 does not report its version here, on which its key depends. Try again in "
+                    "a desktop session.",
+                    {file});
+    return text("%1: %2", {file, describe(error)});
 }
 
 /// Carries one action out on what was asked for.
@@ -134,7 +137,7 @@ class Integrator {
     /// False if it failed, which is noted.
     bool succeeded(const std::string& id, const Result<void>& done) {
         if (!done)
-            m_failures.push_back({id, sentenceOf(done.error())});
+            m_failures.push_back({id, done.error()});
         return done.ok();
     }
 
@@ -167,7 +170,7 @@ class Integrator {
             lookAt(row, *menu, isWell);
         row.key = integration.key();
         if (row.key->error && isWell)
-            m_failures.push_back({row.id, sentenceOf(*row.key->error)});
+            m_failures.push_back({row.id, *row.key->error});
         m_rows.push_back(std::move(row));
     }
 
@@ -177,7 +180,7 @@ class Integrator {
         if (status)
             row.status = *status;
         else if (isWell)
-            m_failures.push_back({row.id, sentenceOf(status.error())});
+            m_failures.push_back({row.id, status.error()});
     }
 
     void carryOutAutostart() {
@@ -191,7 +194,7 @@ class Integrator {
         m_created.removeEmptyFolders();
         Row row;
         row.id = kAutostartId;
-        row.title = "Start with the session";
+        row.title = text("Start with the session");
         lookAt(row, file, isWell);
         m_rows.push_back(std::move(row));
     }
@@ -205,11 +208,15 @@ class Integrator {
 };
 
 void print(const std::vector<Row>& rows) {
+    constexpr std::size_t kTitleWidth = 22;
+    constexpr std::size_t kStatusWidth = 13;
     for (const auto& row : rows) {
-        std::cout << std::left << std::setw(22) << row.title << "  " << std::setw(13)
-                  << asWords(row) << "  " << printable(row.file.native()) << "\n";
+        std::cout << leftAligned(row.title, kTitleWidth) << "  "
+                  << leftAligned(text(asWords(row)), kStatusWidth) << "  "
+                  << printable(row.file.native()) << "\n";
         if (row.key)
-            std::cout << "  Ctrl+Backspace: " << sentenceOf(*row.key, row.hasMenu) << "\n";
+            std::cout << "  " << text("Ctrl+Backspace: %1", {sentenceOf(*row.key, row.hasMenu)})
+                      << "\n";
     }
 }
 
@@ -227,8 +234,15 @@ void printJson(const std::vector<Row>& rows, const std::vector<Failed>& failures
     Json json = {{"integrations", Json::array()}, {"failures", Json::array()}};
     for (const auto& row : rows)
         json["integrations"].push_back(jsonOf(row));
-    for (const auto& failure : failures)
-        json["failures"].push_back({{"name", failure.id}, {"error", failure.sentence}});
+    const InEnglish forMachines;
+    for (const auto& [id, error] : failures) {
+        const auto message = sentenceOf(error);
+        json["failures"].push_back({{"name", id},
+                                    {"path", pathToJsonText(error.path.native())},
+                                    {"code", codeName(error.code)},
+                                    {"message", message},
+                                    {"error", message}});
+    }
     std::cout << json.dump(2) << "\n";
 }
 
@@ -246,14 +260,14 @@ int runIntegrate(const Invocation& invocation) {
     const auto context = IntegrationContext::ofProcess();
     const bool installs = invocation.action == "install";
     if (installs && !context.canBeWritten()) {
-        complain("File managers can't be given the name of this program's place: " +
-                 printable(context.program.native()));
+        complain(text("File managers can't be given the name of this program's place: %1",
+                      {printable(context.program.native())}));
         return kRefused;
     }
     const auto key = installs ? wantsKey() : Result(false);
     if (!key) {
-        complain("The settings can't be read, so nothing was installed: " +
-                 printable(describe(key.error())));
+        complain(text("The settings can't be read, so nothing was installed: %1",
+                      {printable(describe(key.error()))}));
         return kRefused;
     }
     Integrator integrator(invocation, context, *key);
@@ -263,7 +277,7 @@ int runIntegrate(const Invocation& invocation) {
     else
         print(integrator.rows());
     for (const auto& failure : integrator.failures())
-        complain(printable(failure.sentence));
+        complain(printable(sentenceOf(failure.error)));
     return integrator.failures().empty() ? kAllDone : kSomeFailed;
 }
 

@@ -1,6 +1,7 @@
 #include "ProgressLine.h"
 
 #include "base/ByteCount.h"
+#include "base/Text.h"
 
 #include <unistd.h>
 
@@ -25,14 +26,17 @@ std::string textOf(const WorkMeter& meter, std::chrono::duration<double> elapsed
         return {};
     const auto done = removed > 0 ? removed : entries;
     const auto rate = static_cast<std::int64_t>(static_cast<double>(done) / elapsed.count());
-    std::string text = countText(done);
-    if (removed > 0)
-        text =
-            entries > 0 ? "Dissolving: " + text + " of " + countText(entries) : "Deleting: " + text;
-    text += " items · ";
-    if (entries > 0)
-        text += byteCountText(meter.bytes.load()) + " · ";
-    return text + countText(rate) + " items/s";
+    const auto perSecond = countText(rate);
+    if (entries == 0)
+        return plural("Deleting: %1 item · %2 items/s", "Deleting: %1 items · %2 items/s", done,
+                      {perSecond});
+    const auto bytes = byteCountText(meter.bytes.load());
+    if (removed == 0)
+        return plural("%1 item · %2 · %3 items/s", "%1 items · %2 · %3 items/s", done,
+                      {bytes, perSecond});
+    return plural("Dissolving: %2 of %1 item · %3 · %4 items/s",
+                  "Dissolving: %2 of %1 items · %3 · %4 items/s", entries,
+                  {countText(removed), bytes, perSecond});
 }
 
 } // namespace
@@ -59,10 +63,10 @@ void ProgressLine::run() {
     auto pause = std::chrono::milliseconds(kBeforeFirst);
     for (std::unique_lock lock(m_mutex);
          !m_ended.wait_for(lock, pause, [this] { return m_isEnding; }); pause = kBetween) {
-        const std::string text = textOf(m_meter, std::chrono::steady_clock::now() - start);
-        if (text.empty())
+        const std::string line = textOf(m_meter, std::chrono::steady_clock::now() - start);
+        if (line.empty())
             continue;
-        std::cerr << kClearLine << text << std::flush;
+        std::cerr << kClearLine << line << std::flush;
         isShown = true;
     }
     if (isShown)

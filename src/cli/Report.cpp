@@ -14,49 +14,86 @@ namespace {
 
 constexpr std::size_t kNamedItems = 10;
 
-void printDone(const BatchReport& report, const char* what) {
+std::string lineFor(Deed deed, std::string_view name, std::string_view size) {
+    switch (deed) {
+    case Deed::binned:
+        return text("To the Bin: %1 (%2)", {name, size});
+    case Deed::dissolved:
+        return text("Dissolved: %1 (%2)", {name, size});
+    case Deed::putBack:
+        return text("Put back: %1 (%2)", {name, size});
+    case Deed::deleted:
+        return text("Deleted from the Bin: %1 (%2)", {name, size});
+    }
+    return {};
+}
+
+std::string lineFor(Deed deed, std::size_t items, std::string_view size) {
+    const auto count = static_cast<std::int64_t>(items);
+    switch (deed) {
+    case Deed::binned:
+        return plural("To the Bin: %1 item (%2)", "To the Bin: %1 items (%2)", count, {size});
+    case Deed::dissolved:
+        return plural("Dissolved: %1 item (%2)", "Dissolved: %1 items (%2)", count, {size});
+    case Deed::putBack:
+        return plural("Put back: %1 item (%2)", "Put back: %1 items (%2)", count, {size});
+    case Deed::deleted:
+        return plural("Deleted from the Bin: %1 item (%2)", "Deleted from the Bin: %1 items (%2)",
+                      count, {size});
+    }
+    return {};
+}
+
+/// One that was put back elsewhere than where it was is shown with its new path.
+std::string lineFor(const BatchReport& report, std::size_t index, Deed deed) {
+    const auto& item = report.done[index];
+    const auto name = printable(item.name);
+    const auto size = byteCountText(item.bytes);
+    const bool isElsewhere = index < report.landings.size() && item.original &&
+                             report.landings[index] != item.original &&
+                             report.landings[index] != item.trashed;
+    return isElsewhere ? text("Put back: %1 (%2), as %3",
+                              {name, size, printable(report.landings[index].native())})
+                       : lineFor(deed, name, size);
+}
+
+void printDone(const BatchReport& report, Deed deed) {
+    const auto count = report.done.size();
     std::int64_t bytes = 0;
     for (const auto& item : report.done)
         bytes += item.bytes;
-    const auto count = report.done.size();
-    if (count > 0 && count <= kNamedItems) {
-        for (std::size_t i = 0; i < count; ++i) {
-            const auto& item = report.done[i];
-            std::cout << what << ": " << printable(item.name) << " (" << byteCountText(item.bytes)
-                      << ")";
-            if (i < report.landings.size() && item.original &&
-                report.landings[i] != item.original && report.landings[i] != item.trashed)
-                std::cout << ", as " << printable(report.landings[i].native());
-            std::cout << "\n";
-        }
-    } else if (count > 0) {
-        std::cout << what << ": " << counted(static_cast<std::int64_t>(count), "item") << " ("
-                  << byteCountText(bytes) << ")\n";
-    }
+    if (count > kNamedItems)
+        std::cout << lineFor(deed, count, byteCountText(bytes)) << "\n";
+    else
+        for (std::size_t i = 0; i < count; ++i)
+            std::cout << lineFor(report, i, deed) << "\n";
 }
 
 } // namespace
 
-int reportBatch(const BatchReport& report, const char* what, bool asJson) {
+int reportBatch(const BatchReport& report, Deed deed, bool asJson) {
     if (asJson)
         std::cout << toJson(report).dump(2) << "\n";
     else
-        printDone(report, what);
-    for (const auto& [name, text] : report.failures)
-        complain((text.starts_with(name) ? "" : printable(name) + ": ") + printable(text));
+        printDone(report, deed);
+    for (const auto& failure : report.failures) {
+        const auto sentence = describe(failure.error);
+        complain((sentence.starts_with(failure.name) ? "" : printable(failure.name) + ": ") +
+                 printable(sentence));
+    }
     if (!report.untouched.empty())
-        complain("Stopped. Left as it was: " +
-                 counted(static_cast<std::int64_t>(report.untouched.size()), "item") + ".");
+        complain(plural("Stopped. Left as it was: %1 item.", "Stopped. Left as it was: %1 items.",
+                        static_cast<std::int64_t>(report.untouched.size())));
     if (report.storeError)
-        complain("The history couldn't be saved: " + printable(*report.storeError) +
-                 " It will be at the next start.");
+        complain(text("The history couldn't be saved: %1 It will be at the next start.",
+                      {printable(describe(*report.storeError))}));
     return report.failures.empty() && report.untouched.empty() && !report.storeError ? kAllDone
                                                                                      : kSomeFailed;
 }
 
-void printRefusal(const std::string& sentence) {
+void printRefusal(const Refusal& refusal) {
     auto json = toJson(BatchReport());
-    json["error"] = displayText(sentence);
+    json.update(toJson(refusal));
     std::cout << json.dump(2) << "\n";
 }
 

@@ -1,14 +1,16 @@
 #pragma once
 
-#include "intake/BatchReport.h"
+#include "cli/Outcome.h"
 
 namespace vexmoor {
 
-/// Prints what became of a batch after `what` was done ("Put back"), failures to stderr, and
-/// answers the exit status.
-int reportBatch(const BatchReport& report, const char* what, bool asJson);
+/// What a batch did with its items.
+enum class Deed { binned, dissolved, putBack, deleted };
 
-/// Prints the JSON document of a command that was refused or declined.
-void printRefusal(const std::string& sentence);
+/// Prints what became of a batch, failures to stderr, and answers the exit status.
+int reportBatch(const BatchReport& report, Deed deed, bool asJson);
+
+/// Prints the JSON document of a command that feeds, puts back or deletes and was refused.
+void printRefusal(const Refusal& refusal);
 
 } // namespace vexmoor

@@ -43,28 +43,40 @@ bool isNotReady(const BusError& error) {
 
 Refusal refusalOf(const BusError& error) {
     if (error.name == "org.vexmoor.Error.Usage")
-        return {kUsage, error.message};
+        return {kUsage, "usage", [&] { return text(error.message.c_str()); }};
     if (error.name == "org.vexmoor.Error.Refused")
-        return {kRefused, error.message};
+        return {kRefused, "refused", [&] { return text(error.message.c_str()); }};
     if (error.name == "org.vexmoor.Error.ReportTooLong")
-        return {kSomeFailed, error.message};
+        return {kSomeFailed, "reportTooLong", [&] { return text(error.message.c_str()); }};
     if (isOneOf(error, {"NoReply", "Disconnected", "Timeout"}))
-        return {kSomeFailed, "The desktop application ended before it told what became of this. "
-                             "What was done is in the history: vexmoor history."};
-    return {kRefused,
-            "The desktop application can't be told, so nothing was touched: " + error.message};
+        return {kSomeFailed, "desktopEnded", [] {
+                    return text("The desktop application ended before it told what became of "
+                                "this. What was done is in the history: vexmoor history.");
+                }};
+    return {kRefused, "desktopNotReached", [&] {
+                return text("The desktop application can't be told, so nothing was touched: %1",
+                            {error.message});
+            }};
 }
 
 Refusal noBus(const Error& error) {
     const bool isNamed = error.code != std::error_code(ENOMEDIUM, std::generic_category());
-    return {kRefused, "The desktop application is running, but the session bus that leads to it "
-                      "can't be reached, so nothing was touched: " +
-                          (isNamed ? error.message() : "the environment names none") + "."};
+    return {kRefused, "noSessionBus", [&] {
+                return isNamed
+                           ? text("The desktop application is running, but the session bus that "
+                                  "leads to it can't be reached, so nothing was touched: %1.",
+                                  {error.message()})
+                           : text("The desktop application is running, but the session bus that "
+                                  "leads to it can't be reached, so nothing was touched: the "
+                                  "environment names none.");
+            }};
 }
 
 Refusal noAnswer() {
-    return {kRefused,
-            "The desktop application is running, but does not answer. Nothing was touched."};
+    return {kRefused, "desktopSilent", [] {
+                return text("The desktop application is running, but does not answer. Nothing was "
+                            "touched.");
+            }};
 }
 
 /// The work of one call, seen from here: what it has done comes into the meter, and when the meter
@@ -158,8 +170,10 @@ RunningDesktop::call(const char* method, const std::function<void(BusCall&)>& ad
         if (starts ? isAbsent(error) : !holdsLock())
             return std::nullopt;
         if (meter.stop)
-            return Refusal{kRefused, "Stopped while waiting for the desktop application. Nothing "
-                                     "was touched."};
+            return Refusal{kRefused, "interrupted", [] {
+                               return text("Stopped while waiting for the desktop application. "
+                                           "Nothing was touched.");
+                           }};
         if (SteadyClock::now() > end)
             return starts ? std::nullopt : std::optional<Answer>(noAnswer());
         ::nanosleep(&kPause, nullptr);

@@ -1,5 +1,7 @@
 #include "Session.h"
 
+#include "base/ByteCount.h"
+#include "base/Text.h"
 #include "cli/Interrupt.h"
 #include "cli/ProgressLine.h"
 #include "intake/Recovery.h"
@@ -61,7 +63,7 @@ Result<std::unique_ptr<Session>> Session::openForWriting(bool assumeYes, bool& d
     auto lock = WriterLock::take(session->m_directories.ownData() / WriterLock::kFileName,
                                  WriterLock::Role::command, [&] {
                                      if (++looks == kSilentLooks)
-                                         complain("Waiting for another command to end.");
+                                         complain(text("Waiting for another command to end."));
                                      return waiting.stop.load();
                                  });
     if (!lock)
@@ -101,8 +103,8 @@ Result<void> Session::openStores(SqliteUserDefaults::Access access) {
         return std::move(defaults).error();
     m_defaults = *std::move(defaults);
     if (const auto& aside = m_defaults->setAside())
-        complain("The database was damaged. It was set aside as " + printable(aside->native()) +
-                 " and a fresh one was begun.");
+        complain(text("The database was damaged. It was set aside as %1 and a fresh one was begun.",
+                      {printable(aside->native())}));
     m_ledger = std::make_unique<Ledger>(*m_defaults, &Date::now);
     m_settings = std::make_unique<Settings>(*m_defaults);
     m_progression = std::make_unique<Progression>(*m_defaults, m_ledger.get(), &Date::now,
@@ -118,14 +120,15 @@ void Session::recoverJournals() {
     const auto report =
         recover(m_journal, *m_defaults, *m_ledger, *m_progression, binnedItems(), m_directories);
     if (report.disposed + report.putBack + report.deleted > 0)
-        complain("An earlier batch was cut off. What it had done is recorded now: " +
-                 std::to_string(report.disposed) + " disposed of, " +
-                 std::to_string(report.putBack) + " put back, " + std::to_string(report.deleted) +
-                 " deleted.");
-    for (const auto& [name, error] : report.failures)
-        complain("From an earlier batch: " + printable(name) + ": " + printable(describe(error)));
+        complain(text(
+            "An earlier batch was cut off. What it had done is recorded now: %1 "
+            "disposed of, %2 put back, %3 deleted.",
+            {countText(report.disposed), countText(report.putBack), countText(report.deleted)}));
+    for (const auto& [name, error, path] : report.failures)
+        complain(
+            text("From an earlier batch: %1: %2", {printable(name), printable(describe(error))}));
     for (const auto& problem : report.problems)
-        complain("The journal of an earlier batch: " + printable(describe(problem)));
+        complain(text("The journal of an earlier batch: %1", {printable(describe(problem))}));
     m_progression->notify(report.unlocked);
 }
 

@@ -29,14 +29,33 @@ std::string asText(const Json& value) {
     return value.get<std::string>();
 }
 
+/// The complaint about a value, for people and for programs.
+Refusal refusalFor(const NamedSettings& settings, const Invocation& invocation,
+                   NamedSettings::Complaint::Kind kind) {
+    const bool isUsage = kind == NamedSettings::Complaint::Kind::usage;
+    return {isUsage ? kUsage : kRefused, isUsage ? "usage" : "settingLocked",
+            [&] { return settings.complaintAbout(invocation.name, invocation.value)->sentence; }};
+}
+
+/// The desktop application refuses in English.
+Outcome inUsersLanguage(Outcome outcome, const Invocation& invocation) {
+    const auto session = Session::openForReading();
+    if (!std::holds_alternative<Refusal>(outcome) || !session)
+        return outcome;
+    const NamedSettings settings((*session)->settings(), (*session)->progression());
+    const auto complaint = settings.complaintAbout(invocation.name, invocation.value);
+    return complaint ? refusalFor(settings, invocation, complaint->kind) : outcome;
+}
+
 Outcome setHere(Session& session, const Invocation& invocation) {
     NamedSettings settings(session.settings(), session.progression());
     const auto complaint = settings.assign(invocation.name, invocation.value);
     if (const auto& error = session.storeError())
-        return Refusal{kRefused, "The setting could not be saved: " + describe(*error)};
+        return Refusal{kRefused, "settingNotSaved", *error, [](const std::string& why) {
+                           return text("The setting could not be saved: %1", {why});
+                       }};
     if (complaint)
-        return Refusal{complaint->kind == NamedSettings::Complaint::Kind::usage ? kUsage : kRefused,
-                       complaint->sentence};
+        return refusalFor(settings, invocation, complaint->kind);
     return BatchReport();
 }
 
@@ -47,9 +66,12 @@ Outcome set(Invocation invocation) {
         if (session)
             return setHere(**session, invocation);
         if (!desktopRuns)
-            return Refusal{kRefused, "The settings can't be changed: " + describe(session.error())};
+            return Refusal{kRefused, "settingsNotOpened", session.error(),
+                           [](const std::string& why) {
+                               return text("The settings can't be changed: %1", {why});
+                           }};
         if (auto outcome = handOver(invocation))
-            return *std::move(outcome);
+            return inUsersLanguage(*std::move(outcome), invocation);
     }
 }
 
@@ -57,7 +79,7 @@ Outcome set(Invocation invocation) {
 int refuse(const Refusal& refusal, bool asJson) {
     complain(printable(refusal.sentence));
     if (asJson && refusal.status != kUsage)
-        std::cout << Json{{"error", displayText(refusal.sentence)}}.dump(2) << "\n";
+        std::cout << toJson(refusal).dump(2) << "\n";
     return refusal.status;
 }
 
@@ -79,8 +101,10 @@ int runSettings(const Invocation& invocation) {
     }
     const auto session = Session::openForReading();
     if (!session)
-        return refuse({kRefused, "The settings can't be read: " + describe(session.error())},
-                      invocation.json);
+        return refuse(
+            {kRefused, "settingsNotRead", session.error(),
+             [](const std::string& why) { return text("The settings can't be read: %1", {why}); }},
+            invocation.json);
     const Json all = settingsJson(**session);
     if (invocation.json)
         std::cout << (invocation.name.empty() ? all : Json{{invocation.name, all[invocation.name]}})

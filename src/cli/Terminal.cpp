@@ -1,7 +1,7 @@
 #include "Terminal.h"
 
-#include "base/ByteCount.h"
 #include "base/Path.h"
+#include "base/Text.h"
 
 #include <unistd.h>
 
@@ -11,13 +11,22 @@
 
 namespace vexmoor {
 
-std::string counted(std::int64_t count, const std::string& noun) {
-    return countText(count) + " " + noun + (count == 1 ? "" : "s");
-}
-
 void complain(const std::string& sentence) {
     std::cerr << "vexmoor: " << sentence << "\n";
 }
+
+namespace {
+
+bool saysYes(const std::string& line) {
+    // Translators: the answers to "[y/N]" that say yes, one after the other.
+    std::istringstream words(text("y Y yes"));
+    for (std::string word; words >> word;)
+        if (line == word)
+            return true;
+    return line == "y" || line == "Y" || line == "yes";
+}
+
+} // namespace
 
 Answer TerminalDialogs::ask(const Question& question) {
     if (m_assumeYes)
@@ -30,10 +39,12 @@ Answer TerminalDialogs::ask(const Question& question) {
     std::istringstream items(question.items);
     for (std::string item; std::getline(items, item);)
         std::cerr << "  " << printable(item) << "\n";
-    std::cerr << question.informative << "\n" << question.confirm << "? [y/N] " << std::flush;
+    // Translators: a question on the terminal, such as "Dissolve? [y/N]".
+    std::cerr << question.informative << "\n"
+              << text("%1? [y/N]", {question.confirm}) << " " << std::flush;
     std::string line;
     std::getline(std::cin, line);
-    return {line == "y" || line == "Y" || line == "yes", false};
+    return {saysYes(line), false};
 }
 
 } // namespace vexmoor

@@ -3,14 +3,10 @@
 #include "base/Printable.h"
 #include "intake/Ports.h"
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace vexmoor {
-
-/// "1 item", "10,000 items".
-std::string counted(std::int64_t count, const std::string& noun);
 
 /// Prints "vexmoor: …" to stderr.
 void complain(const std::string& sentence);

@@ -1,14 +1,16 @@
 #include "Commands.h"
 
 #include "base/ByteCount.h"
+#include "base/DateText.h"
+#include "cli/Columns.h"
 #include "cli/ExitStatus.h"
+#include "cli/Outcome.h"
 #include "cli/Session.h"
 #include "disposal/RecordJson.h"
 
 #include <nlohmann/json.hpp>
 
 #include <ctime>
-#include <iomanip>
 #include <iostream>
 #include <limits>
 #include <set>
@@ -23,36 +25,52 @@ Result<std::unique_ptr<Session>> openOrComplain(bool asJson) {
     auto session = Session::openForReading();
     if (session)
         return session;
-    const auto sentence = "The history can't be read: " + describe(session.error());
-    complain(printable(sentence));
+    const Refusal refusal(kRefused, "historyNotRead", session.error(), [](const std::string& why) {
+        return text("The history can't be read: %1", {why});
+    });
+    complain(printable(refusal.sentence));
     if (asJson)
-        std::cout << Json{{"error", displayText(sentence)}}.dump(2) << "\n";
+        std::cout << toJson(refusal).dump(2) << "\n";
     return session;
 }
 
-std::string localTime(Date date, const char* format) {
+/// For machines, in the local time zone.
+std::string isoDay(Date date) {
     const auto seconds = static_cast<std::time_t>(date.unixSeconds());
     std::tm local{};
     localtime_r(&seconds, &local);
-    char text[64];
-    std::strftime(text, sizeof text, format, &local);
-    return text;
+    char day[64];
+    std::strftime(day, sizeof day, "%F", &local);
+    return day;
 }
+
+constexpr const char* kPutBack = marked("Put back");
+constexpr const char* kDeleted = marked("Deleted immediately");
+constexpr const char* kLost = marked("No longer in the Bin");
+constexpr const char* kDissolved = marked("Dissolved");
+constexpr const char* kInBin = marked("In the Bin");
 
 const char* fate(const Sacrifice& item) {
     if (item.restored)
-        return "Put back";
+        return kPutBack;
     if (item.deleted)
-        return "Deleted immediately";
+        return kDeleted;
     if (item.lost.value_or(false))
-        return "No longer in the Bin";
-    if (item.mode == DisposeMode::dissolve)
-        return "Dissolved";
-    return "In the Bin";
+        return kLost;
+    return item.mode == DisposeMode::dissolve ? kDissolved : kInBin;
+}
+
+std::size_t widestFate() {
+    std::size_t width = 0;
+    for (const char* fate : {kPutBack, kDeleted, kLost, kDissolved, kInBin})
+        width = std::max(width, characters(text(fate)));
+    return width;
 }
 
 std::string origin(const Sacrifice& item) {
-    return item.original ? "  from " + printable(Path(*item.original).parent_path().native()) : "";
+    return item.original
+               ? "  " + text("from %1", {printable(Path(*item.original).parent_path().native())})
+               : "";
 }
 
 /// The recent ones, whatever became of them, and with --all those that can be put back besides.
@@ -78,16 +96,16 @@ std::vector<Sacrifice> historyOf(Session& session, const Invocation& invocation)
 Json weekJson(const std::vector<Ledger::DayOfWeek>& week) {
     Json days = Json::array();
     for (const auto& [day, tally] : week)
-        days.push_back(
-            {{"date", localTime(day, "%F")}, {"count", tally.count}, {"bytes", tally.bytes}});
+        days.push_back({{"date", isoDay(day)}, {"count", tally.count}, {"bytes", tally.bytes}});
     return days;
 }
 
 void printWeek(const std::vector<Ledger::DayOfWeek>& week) {
-    std::cout << "\nThis week\n";
+    constexpr std::size_t kItemsWidth = 14;
+    std::cout << "\n" << text("This week") << "\n";
     for (const auto& [day, tally] : week)
-        std::cout << "  " << localTime(day, "%a %F") << "  " << std::setw(8)
-                  << countText(tally.count) << (tally.count == 1 ? " item   " : " items  ")
+        std::cout << "  " << weekdayText(day) << " " << dateText(day) << "  "
+                  << rightAligned(plural("%1 item", "%1 items", tally.count), kItemsWidth) << "  "
                   << byteCountText(tally.bytes) << "\n";
 }
 
@@ -106,12 +124,14 @@ int runHistory(const Invocation& invocation) {
         return kAllDone;
     }
     if (items.empty())
-        std::cout << "The cauldron is hungry: nothing has been sacrificed yet.\n";
+        std::cout << text("The cauldron is hungry: nothing has been sacrificed yet.") << "\n";
+    constexpr std::size_t kSizeWidth = 9;
+    const auto fateWidth = widestFate();
     for (const auto& item : items)
         std::cout << item.id.toString().substr(0, BinnedItems::kShortId) << "  "
-                  << localTime(item.date, "%F %H:%M") << "  " << std::left << std::setw(20)
-                  << fate(item) << "  " << std::right << std::setw(9) << byteCountText(item.bytes)
-                  << "  " << printable(item.name) << origin(item) << "\n";
+                  << dateTimeText(item.date) << "  " << leftAligned(text(fate(item)), fateWidth)
+                  << "  " << rightAligned(byteCountText(item.bytes), kSizeWidth) << "  "
+                  << printable(item.name) << origin(item) << "\n";
     return kAllDone;
 }
 
@@ -138,20 +158,25 @@ int runStats(const Invocation& invocation) {
         std::cout << json.dump(2) << "\n";
         return kAllDone;
     }
-    std::cout << counted(ledger.count.get(), "sacrifice") << ", "
-              << byteCountText(ledger.bytes.get()) << " consumed\n"
-              << "Today: " << counted(today.count, "item") << ", " << byteCountText(today.bytes)
+    std::cout << plural("%1 sacrifice, %2 consumed", "%1 sacrifices, %2 consumed",
+                        ledger.count.get(), {byteCountText(ledger.bytes.get())})
               << "\n"
-              << "Streak: " << counted(progress.streak, "day") << " (best " << progress.bestStreak
-              << ")\n"
-              << "Cauldron: " << skin.name << "\n";
+              << plural("Today: %1 item, %2", "Today: %1 items, %2", today.count,
+                        {byteCountText(today.bytes)})
+              << "\n"
+              << plural("Streak: %1 day (best %2)", "Streak: %1 days (best %2)", progress.streak,
+                        {countText(progress.bestStreak)})
+              << "\n"
+              << text("Cauldron: %1", {text(skin.name)}) << "\n";
     printWeek(week);
     std::cout << "\n"
-              << progress.unlocked.size() << " of " << Achievement::all().size()
-              << " achievements\n";
+              << text("%1 of %2 achievements", {countText(std::ssize(progress.unlocked)),
+                                                countText(std::ssize(Achievement::all()))})
+              << "\n";
     for (const auto& achievement : Achievement::all())
         if (std::ranges::count(progress.unlocked, achievement.id) > 0)
-            std::cout << "  " << achievement.title << "\n    " << achievement.flavour << "\n";
+            std::cout << "  " << text(achievement.title) << "\n    " << text(achievement.flavour)
+                      << "\n";
     return kAllDone;
 }
 

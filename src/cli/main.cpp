@@ -1,3 +1,4 @@
+#include "base/Text.h"
 #include "base/UserLocale.h"
 #include "cli/CommandLine.h"
 #include "cli/Commands.h"
@@ -42,6 +43,6 @@ int main(int argc, char** argv) {
     const int status = parsed.invocation ? run(*parsed.invocation) : parsed.status;
     if (std::cout.flush())
         return status;
-    vexmoor::complain("Not all of the output could be written.");
+    vexmoor::complain(vexmoor::text("Not all of the output could be written."));
     return std::max(status, vexmoor::kSomeFailed);
 }

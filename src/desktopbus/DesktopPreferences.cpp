@@ -50,7 +50,7 @@ bool wantsReducedMotion(const Groups& groups) {
 DesktopPreferences::DesktopPreferences(const QDBusConnection& session, QObject* parent)
     : QObject(parent), m_session(session) {
     m_session.connect({}, kPath, kInterface, QStringLiteral("SettingChanged"), this,
-                      SLOT(settingChanged(QString, QString, QDBusVariant)));
+                      SLOT(settingChanged(QDBusMessage)));
     auto* const watcher = new QDBusServiceWatcher(kService, m_session,
                                                   QDBusServiceWatcher::WatchForRegistration, this);
     connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, &DesktopPreferences::ask);
@@ -58,8 +58,8 @@ DesktopPreferences::DesktopPreferences(const QDBusConnection& session, QObject* 
 }
 
 /// Only the owner of the name is believed, so the signal's own value is not used.
-void DesktopPreferences::settingChanged(const QString& group, const QString&, const QDBusVariant&) {
-    if (kGroups.contains(group))
+void DesktopPreferences::settingChanged(const QDBusMessage& signal) {
+    if (kGroups.contains(signal.arguments().value(0).toString()))
         ask();
 }
 

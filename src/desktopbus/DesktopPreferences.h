@@ -2,7 +2,6 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusVariant>
 #include <QObject>
 
 namespace vexmoor {
@@ -30,7 +29,7 @@ class DesktopPreferences : public QObject {
     void changed(const vexmoor::DesktopPreferences::Values& values);
 
   private slots:
-    void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+    void settingChanged(const QDBusMessage& signal);
 
   private:
     void ask();

@@ -21,6 +21,9 @@ QString sentenceFor(const UpdateCheck& check) {
     case UpdateCheck::Outcome::notManaged:
         return Text::tr("This copy of Vexmoor was not installed by the system's package service, "
                         "so it can't look for updates.");
+    case UpdateCheck::Outcome::noService:
+        return Text::tr("This system has no package service that Vexmoor can ask for updates. "
+                        "Look for them where you got it from.");
     case UpdateCheck::Outcome::failed:
         break;
     }

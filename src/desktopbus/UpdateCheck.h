@@ -9,7 +9,8 @@ struct UpdateCheck {
     enum class Outcome {
         upToDate,
         updateAvailable,
-        notManaged, ///< it is of no package, or there is no package service
+        notManaged, ///< it is of no package
+        noService,  ///< there is no package service here
         failed,
     };
 

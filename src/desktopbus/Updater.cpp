@@ -47,15 +47,28 @@ void Updater::checkForUpdates() {
     if (m_deadline.isActive())
         return;
     m_deadline.start();
+    emit checkingChanged(true);
     if (m_bus.isConnected())
         findOurPackage();
     else
-        QMetaObject::invokeMethod(this, &Updater::finishNotManaged, Qt::QueuedConnection);
+        QTimer::singleShot(0, &m_deadline, [this] {
+            if (isChecking())
+                finishWithoutService();
+        });
+}
+
+void Updater::cancel() {
+    if (!isChecking())
+        return;
+    m_deadline.stop();
+    forgetTransaction();
+    emit checkingChanged(false);
 }
 
 void Updater::findOurPackage() {
     ask(QStringLiteral("SearchFiles"), {kFilterInstalled, QStringList{m_executable}});
-    connect(m_transaction, &PackageTransaction::serviceMissing, this, &Updater::finishNotManaged);
+    connect(m_transaction, &PackageTransaction::serviceMissing, this,
+            &Updater::finishWithoutService);
     connect(m_transaction, &PackageTransaction::succeeded, this,
             [this](const QList<Package>& packages) {
                 const auto installed =
@@ -63,7 +76,7 @@ void Updater::findOurPackage() {
                         return package.info == kInfoInstalled;
                     });
                 if (installed == packages.cend())
-                    finishNotManaged();
+                    finish({UpdateCheck::Outcome::notManaged, {}, {}});
                 else
                     findUpdateOf(*installed);
             });
@@ -101,8 +114,8 @@ void Updater::forgetTransaction() {
     m_transaction = nullptr;
 }
 
-void Updater::finishNotManaged() {
-    finish({UpdateCheck::Outcome::notManaged, {}, {}});
+void Updater::finishWithoutService() {
+    finish({UpdateCheck::Outcome::noService, {}, {}});
 }
 
 void Updater::fail(const QString& problem) {
@@ -112,6 +125,7 @@ void Updater::fail(const QString& problem) {
 void Updater::finish(const UpdateCheck& check) {
     m_deadline.stop();
     forgetTransaction();
+    emit checkingChanged(false);
     emit finished(check);
 }
 

@@ -27,10 +27,16 @@ class Updater : public QObject {
     Updater(const QDBusConnection& systemBus, const QString& executable,
             std::chrono::milliseconds deadline = kDeadline);
 
-    /// `finished` follows, within the deadline. During a check there is no second one.
+    /// `finished` follows, within the deadline, unless it is cancelled. During a check there is no
+    /// second one.
     void checkForUpdates();
+    /// Calls off the check that runs, if one does; `finished` does not follow.
+    void cancel();
+    [[nodiscard]] bool isChecking() const { return m_deadline.isActive(); }
 
   signals:
+    /// A check began or ended.
+    void checkingChanged(bool isChecking);
     void finished(const UpdateCheck& check);
 
   private:
@@ -38,7 +44,7 @@ class Updater : public QObject {
     void findUpdateOf(const Package& installed);
     void ask(const QString& method, const QVariantList& arguments);
     void forgetTransaction();
-    void finishNotManaged();
+    void finishWithoutService();
     void fail(const QString& problem);
     void finish(const UpdateCheck& check);
 

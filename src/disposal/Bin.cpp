@@ -1,5 +1,6 @@
 #include "Bin.h"
 
+#include "base/Text.h"
 #include "disposal/NumberedName.h"
 
 #include <algorithm>
@@ -159,7 +160,7 @@ Result<std::shared_ptr<const HeldFolder>> Bin::openDestination(const Path& desti
         folder = m_destinations.open(destination.parent_path());
     }
     if (!folder)
-        return Error{folder.error().code, "open", destination.parent_path()};
+        return Error{folder.error().code, marked("open"), destination.parent_path()};
     if (m_guard.isInsideBin(**folder))
         return disposalError(DisposalError::invalidDestination, destination);
     return folder;

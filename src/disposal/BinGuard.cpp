@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace vexmoor {
 
@@ -53,14 +54,14 @@ BinGuard::BinGuard(const UserDirectories& directories, MountTable& mounts)
         learnBin(bin);
     if (const auto own = fileStatus(directories.ownData() / "."))
         m_ownData = own->identity;
-    learnHolders(directories.ownData(), DisposalError::isOwnData);
+    m_held.emplace_back(directories.ownData(), DisposalError::isOwnData);
 }
 
 void BinGuard::learnBin(const Path& bin) {
     for (const char* part : {"", "files", "info", LeavingFolder::kName})
         if (const auto status = fileStatus(bin / part / "."))
             m_bins.insert(status->identity);
-    learnHolders(bin, DisposalError::holdsBin);
+    m_held.emplace_back(bin, DisposalError::holdsBin);
 }
 
 /// The folders and links on the way there hold it, whether it has been made yet or not, and so do
@@ -96,13 +97,22 @@ std::optional<DisposalError> BinGuard::refusal(const HeldItem& item) {
         return DisposalError::isMountPoint;
     if (m_lastIsSystem)
         return DisposalError::isPartOfSystem;
-    if (const auto holder = m_holders.find(status.identity); holder != m_holders.end())
-        return holder->second;
+    if (status.isFolder() || status.isLink())
+        if (const auto holds = whatItHolds(status.identity))
+            return holds;
     if (!status.isFolder())
         return std::nullopt;
     if (holdsVolumeBin(item.name))
         return DisposalError::holdsBin;
     return holdsMount(item) ? std::optional(DisposalError::holdsMountPoint) : std::nullopt;
+}
+
+/// The holders are learnt when the first item comes that can be one.
+std::optional<DisposalError> BinGuard::whatItHolds(const FileIdentity& item) {
+    for (const auto& [path, refusal] : std::exchange(m_held, {}))
+        learnHolders(path, refusal);
+    const auto holder = m_holders.find(item);
+    return holder == m_holders.end() ? std::nullopt : std::optional(holder->second);
 }
 
 bool BinGuard::holdsMount(const HeldItem& item) {

@@ -34,6 +34,7 @@ class BinGuard {
     std::optional<DisposalError> findRefusalInside(const HeldFolder& folder);
     [[nodiscard]] bool isVolumeBin(const HeldFolder& parent, const std::string& name) const;
     [[nodiscard]] bool holdsVolumeBin(const std::string& name) const;
+    std::optional<DisposalError> whatItHolds(const FileIdentity& item);
     bool holdsMount(const HeldItem& item);
     void lookAt(const HeldFolder& folder);
 
@@ -42,7 +43,8 @@ class BinGuard {
     std::set<FileIdentity> m_homes;
     std::optional<FileIdentity> m_ownData;
     std::set<FileIdentity> m_bins;
-    std::map<FileIdentity, DisposalError> m_holders; ///< what these lie in, and why that stays
+    std::vector<std::pair<Path, DisposalError>> m_held; ///< of which the holders are not learnt yet
+    std::map<FileIdentity, DisposalError> m_holders;    ///< what these lie in, and why that stays
     std::optional<FileIdentity> m_lastFolder;
     std::uint64_t m_lastMount = 0;
     bool m_lastIsSystem = false;

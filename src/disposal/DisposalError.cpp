@@ -1,75 +1,160 @@
 #include "DisposalError.h"
 
 #include "base/Path.h"
+#include "base/SqliteUserDefaults.h"
+#include "base/Text.h"
+
+#include <algorithm>
+#include <iterator>
 
 namespace vexmoor {
 
 namespace {
 
-class DisposalCategory : public std::error_category {
+struct Row {
+    DisposalError code;
+    const char* name;
+    const char* sentence; ///< what describe() completes has a simpler one here
+};
+
+constexpr Row kRows[] = {
+    {DisposalError::goneFromBin, "goneFromBin", marked("It is no longer in the Bin.")},
+    {DisposalError::isRoot, "isRoot", marked("The root of the file system can't be thrown away.")},
+    {DisposalError::isHome, "isHome", marked("The home folder can't be thrown away.")},
+    {DisposalError::isDots, "isDots",
+     marked("“.” and “..” name the folder you are in or the one above. Name it itself.")},
+    {DisposalError::isMountPoint, "isMountPoint",
+     marked("A volume is mounted here. Unmount it first.")},
+    {DisposalError::holdsMountPoint, "holdsMountPoint",
+     marked("A volume is mounted inside this folder. Unmount it first.")},
+    {DisposalError::isBin, "isBin", marked("This is the Bin itself.")},
+    {DisposalError::isInsideBin, "isInsideBin", marked("It is in the Bin already.")},
+    {DisposalError::holdsBin, "holdsBin", marked("The Bin lies inside this folder.")},
+    {DisposalError::noBinOnVolume, "noBinOnVolume",
+     marked("There is no Bin on its volume, and none could be made.")},
+    {DisposalError::otherVolume, "otherVolume",
+     marked("It can't be moved: the other place is on another volume.")},
+    {DisposalError::notInBin, "notInBin", marked("Its recorded place is not in a Bin.")},
+    {DisposalError::invalidDestination, "invalidDestination",
+     marked("Its recorded place can't be used.")},
+    {DisposalError::noFreeName, "noFreeName", marked("No free name was found for it.")},
+    {DisposalError::volumeNotThere, "volumeNotThere",
+     marked("It is in the Bin of a volume that is not there now.")},
+    {DisposalError::withoutInfo, "withoutInfo",
+     marked("The Bin no longer says where it came from. It was left there.")},
+    {DisposalError::journalSetAside, "journalSetAside",
+     marked("It can't be understood and was set aside.")},
+    {DisposalError::partlyRemoved, "partlyRemoved", marked("Not all of it could be removed.")},
+    {DisposalError::stopped, "stopped", marked("It was stopped.")},
+    {DisposalError::replaced, "replaced",
+     marked("Something else took its place in the meantime, which was not touched.")},
+    {DisposalError::isOwnData, "isOwnData", marked("Vexmoor keeps its history here.")},
+    {DisposalError::isPartOfSystem, "isPartOfSystem",
+     marked("It is a part of the running system, which no Bin can hold.")},
+    {DisposalError::isOnTheWay, "isOnTheWay",
+     marked("It is on its way into the cauldron already.")},
+    {DisposalError::journalLost, "journalLost",
+     marked("The journal is empty or gone, though batches were noted in it.")},
+    {DisposalError::volumeAway, "volumeAway",
+     marked("It was being dissolved on a volume that is not there now.")},
+    {DisposalError::failedBefore, "failedBefore",
+     marked("It failed before the batch was cut off.")},
+    {DisposalError::ambiguous, "ambiguous", marked("Several items are meant by this.")},
+    {DisposalError::stoppedPartly, "stoppedPartly", marked("It was stopped.")},
+    {DisposalError::cutOff, "cutOff", marked("Not all of it could be removed.")},
+    {DisposalError::ownedByOther, "ownedByOther",
+     marked("what lies there belongs to another user")},
+    {DisposalError::openToOthers, "openToOthers", marked("others may write to it")},
+    {DisposalError::reported, "reported", marked("Unknown error")},
+};
+
+const Row* rowOf(int code) {
+    const auto* const row = std::ranges::find(kRows, static_cast<DisposalError>(code), &Row::code);
+    return row == std::end(kRows) ? nullptr : row;
+}
+
+class DisposalCategory : public NamedCategory {
   public:
     [[nodiscard]] const char* name() const noexcept override { return "disposal"; }
+
     [[nodiscard]] std::string message(int code) const override {
-        switch (static_cast<DisposalError>(code)) {
-        case DisposalError::goneFromBin:
-            return "It is no longer in the Bin.";
-        case DisposalError::isRoot:
-            return "The root of the file system can't be thrown away.";
-        case DisposalError::isHome:
-            return "The home folder can't be thrown away.";
-        case DisposalError::isDots:
-            return "“.” and “..” name the folder you are in or the one above. Name it itself.";
-        case DisposalError::isMountPoint:
-            return "A volume is mounted here. Unmount it first.";
-        case DisposalError::holdsMountPoint:
-            return "A volume is mounted inside this folder. Unmount it first.";
-        case DisposalError::isBin:
-            return "This is the Bin itself.";
-        case DisposalError::isInsideBin:
-            return "It is in the Bin already.";
-        case DisposalError::holdsBin:
-            return "The Bin lies inside this folder.";
-        case DisposalError::noBinOnVolume:
-            return "There is no Bin on its volume, and none could be made.";
-        case DisposalError::otherVolume:
-            return "It can't be moved: the other place is on another volume.";
-        case DisposalError::notInBin:
-            return "Its recorded place is not in a Bin.";
-        case DisposalError::invalidDestination:
-            return "Its recorded place can't be used.";
-        case DisposalError::noFreeName:
-            return "No free name was found for it.";
-        case DisposalError::volumeNotThere:
-            return "It is in the Bin of a volume that is not there now.";
-        case DisposalError::withoutInfo:
-            return "The Bin no longer says where it came from. It was left there.";
-        case DisposalError::journalSetAside:
-            return "It can't be understood and was set aside";
-        case DisposalError::partlyRemoved:
-            return "Not all of it could be removed";
-        case DisposalError::stopped:
-            return "It was stopped.";
-        case DisposalError::replaced:
-            return "Something else took its place in the meantime, which was not touched.";
-        case DisposalError::isOwnData:
-            return "Vexmoor keeps its history here.";
-        case DisposalError::isPartOfSystem:
-            return "It is a part of the running system, which no Bin can hold.";
-        case DisposalError::isOnTheWay:
-            return "It is on its way into the cauldron already.";
-        case DisposalError::journalLost:
-            return "The journal is empty or gone, though batches were noted in it. Items of the "
-                   "last ones may be in the Bin without a record";
-        case DisposalError::volumeAway:
-            return "It was being dissolved on a volume that is not there now.";
-        case DisposalError::failedBefore:
-            return "It failed before the batch was cut off";
-        case DisposalError::ambiguous:
-            return "Several items are meant by this";
-        }
-        return "Unknown error";
+        const Row* const row = rowOf(code);
+        return row != nullptr ? text(row->sentence) : text("Unknown error");
+    }
+
+    [[nodiscard]] std::string codeName(int code) const override {
+        const Row* const row = rowOf(code);
+        return row != nullptr ? row->name : "unknown";
     }
 };
+
+std::string pathOf(const Error& error) {
+    return displayText(error.path.native());
+}
+
+/// Of the causes those that are known, one after the other.
+std::string whatRemains(const Error& error) {
+    std::string list;
+    for (const auto& cause : error.causes)
+        list += (list.empty() ? "" : ", ") + pathOf(cause) + " (" + cause.message() + ")";
+    if (list.empty())
+        return plural("Not all of it could be removed: %1 item remains.",
+                      "Not all of it could be removed: %1 items remain.", error.count);
+    return plural("Not all of it could be removed: %1 item remains, among them %2.",
+                  "Not all of it could be removed: %1 items remain, among them %2.", error.count,
+                  {list});
+}
+
+std::string describeAmbiguity(const Error& error) {
+    if (error.count == 0)
+        return text("Several items are meant by this: %1. Name one by its id or its path.",
+                    {error.operation});
+    return plural(
+        "Several items are meant by this: %2, and %1 more. Name one by its id or its path.",
+        "Several items are meant by this: %2, and %1 more. Name one by its id or its path.",
+        error.count, {error.operation});
+}
+
+std::string describeOwn(const Error& error) {
+    const auto item = [&] { return displayText(lastComponent(error.path)); };
+    switch (static_cast<DisposalError>(error.code.value())) {
+    case DisposalError::goneFromBin:
+        return text("%1 is no longer in the Bin.", {item()});
+    case DisposalError::volumeNotThere:
+        return text("%1 is in the Bin of a volume that is not there now.", {item()});
+    case DisposalError::volumeAway:
+        return text("%1 was being dissolved on a volume that is not there now.", {item()});
+    case DisposalError::journalSetAside:
+        return text("It can't be understood and was set aside as %1.", {pathOf(error)});
+    case DisposalError::journalLost:
+        return text("The journal is empty or gone, though batches were noted in it. Items of the "
+                    "last ones may be in the Bin without a record (%1).",
+                    {pathOf(error)});
+    case DisposalError::failedBefore:
+        return error.operation.empty()
+                   ? error.message()
+                   : text("It failed before the batch was cut off: %1", {error.operation});
+    case DisposalError::ambiguous:
+        return describeAmbiguity(error);
+    case DisposalError::partlyRemoved:
+        return whatRemains(error);
+    case DisposalError::stoppedPartly:
+        return plural("Not all of it could be removed: it was stopped after %1 item.",
+                      "Not all of it could be removed: it was stopped after %1 items.",
+                      error.count);
+    case DisposalError::cutOff:
+        return text("Not all of it could be removed: %1 is what remains.", {pathOf(error)});
+    case DisposalError::noBinOnVolume:
+        return error.causes.empty()
+                   ? error.message()
+                   : text("There is no Bin on its volume, and none could be made: %1.",
+                          {error.causes.front().message()});
+    case DisposalError::reported:
+        return error.operation;
+    default:
+        return error.message();
+    }
+}
 
 } // namespace
 
@@ -82,33 +167,20 @@ std::error_code make_error_code(DisposalError error) {
     return {static_cast<int>(error), disposalCategory()};
 }
 
+std::optional<std::error_code> codeNamed(std::string_view name) {
+    if (const auto* const row = std::ranges::find(kRows, name, &Row::name); row != std::end(kRows))
+        return make_error_code(row->code);
+    const auto ofDatabase = databaseCodeNamed(name);
+    return ofDatabase ? ofDatabase : systemCodeNamed(name);
+}
+
 std::string describe(const Error& error) {
-    if (error.code == DisposalError::goneFromBin)
-        return displayText(lastComponent(error.path)) + " is no longer in the Bin.";
-    if (error.code == DisposalError::volumeNotThere)
-        return displayText(lastComponent(error.path)) +
-               " is in the Bin of a volume that is not there now.";
-    if (error.code == DisposalError::journalSetAside)
-        return error.message() + " as " + displayText(error.path.native()) + ".";
-    if (error.code == DisposalError::journalLost)
-        return error.message() + " (" + displayText(error.path.native()) + ").";
-    if (error.code == DisposalError::volumeAway)
-        return displayText(lastComponent(error.path)) +
-               " was being dissolved on a volume that is not there now.";
-    if (error.code == DisposalError::failedBefore)
-        return error.message() + (error.operation.empty() ? "." : ": " + error.operation);
-    if (error.code == DisposalError::ambiguous)
-        return error.message() + ": " + error.operation + ". Name one by its id or its path.";
-    if (error.code == DisposalError::partlyRemoved)
-        return error.message() + ": " + error.operation + ".";
-    if (error.code == DisposalError::noBinOnVolume && !error.operation.empty())
-        return "There is no Bin on its volume, and none could be made: " + error.operation + ".";
     if (error.code.category() == disposalCategory())
-        return error.message();
-    std::string sentence = error.message();
-    if (!error.path.empty())
-        sentence += " (" + error.operation + " " + displayText(error.path.native()) + ")";
-    return sentence + ".";
+        return describeOwn(error);
+    if (error.path.empty())
+        return text("%1.", {error.message()});
+    // Translators: a sentence, what was being done, and to which file.
+    return text("%1 (%2 %3).", {error.message(), text(error.operation), pathOf(error)});
 }
 
 } // namespace vexmoor

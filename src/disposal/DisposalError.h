@@ -2,6 +2,9 @@
 
 #include "base/Result.h"
 
+#include <optional>
+#include <string_view>
+
 namespace vexmoor {
 
 /// What only disposing and putting back can fail with; the system's own errors stay as they are.
@@ -15,7 +18,7 @@ enum class DisposalError {
     isBin,
     isInsideBin,
     holdsBin,
-    noBinOnVolume, ///< Error::operation says why, where that is known
+    noBinOnVolume, ///< the cause says why, where that is known
     otherVolume,
     notInBin,
     invalidDestination,
@@ -23,7 +26,7 @@ enum class DisposalError {
     volumeNotThere,  ///< the one whose Bin the item lies in
     withoutInfo,     ///< it lies in the Bin, but whose it is cannot be told
     journalSetAside, ///< Error::path is where it is now
-    partlyRemoved,   ///< Error::operation tells what remains
+    partlyRemoved,   ///< `count` items remain; the causes are the first ones
     stopped,
     replaced,
     isOwnData,
@@ -31,8 +34,13 @@ enum class DisposalError {
     journalLost,  ///< batches were noted in it, and nothing can be read
     volumeAway,   ///< it was being dissolved there when the batch was cut off
     failedBefore, ///< in a batch that was cut off; Error::operation says why
-    ambiguous,    ///< Error::operation lists what the name can mean
+    ambiguous,    ///< Error::operation lists what the name can mean, and there are `count` more
     isPartOfSystem,
+    stoppedPartly, ///< after `count` items were removed
+    cutOff,        ///< while it was dissolved; Error::path is what remains
+    ownedByOther,  ///< a cause: of a folder that is not to be used as a Bin
+    openToOthers,  ///< the same
+    reported,      ///< by another version of this program; Error::operation is its sentence
 };
 
 const std::error_category& disposalCategory();
@@ -43,8 +51,11 @@ inline Error disposalError(DisposalError error, std::filesystem::path path = {},
     return {make_error_code(error), std::move(operation), std::move(path)};
 }
 
-/// The sentence that the user reads. It does not name the item, which stands beside it, but any
-/// other file that is at fault.
+/// The code of that name (codeName), of whatever category; nullopt if there is none.
+std::optional<std::error_code> codeNamed(std::string_view name);
+
+/// The sentence that the user reads, in the user's language. It does not name the item, which
+/// stands beside it, but any other file that is at fault.
 std::string describe(const Error& error);
 
 } // namespace vexmoor

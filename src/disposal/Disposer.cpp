@@ -3,6 +3,7 @@
 #include "base/Saturated.h"
 #include "disposal/TreeSize.h"
 #include "disposal/WholeRemoval.h"
+#include "platform/Volume.h"
 
 #include <fcntl.h>
 
@@ -28,6 +29,14 @@ Result<HeldItem> Disposer::hold(const Path& path) {
     if (const auto refused = m_guard.refusal(*item))
         return disposalError(*refused);
     return item;
+}
+
+const Disposer::Volume& Disposer::volumeOf(const HeldItem& item) {
+    const auto mount = item.parent->status.mountId;
+    const auto [volume, isNew] = m_volumes.try_emplace(mount);
+    if (isNew)
+        volume->second = {m_mounts.mountPoint(mount), volumeName(item.folder())};
+    return volume->second;
 }
 
 std::int64_t Disposer::size(const HeldItem& item) const {

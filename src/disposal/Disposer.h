@@ -3,6 +3,7 @@
 #include "disposal/Bin.h"
 #include "disposal/DisposeMode.h"
 
+#include <map>
 #include <optional>
 
 namespace vexmoor {
@@ -54,10 +55,12 @@ class Disposer {
     /// The place in the Bin that the item will most likely take: only a guess.
     Result<Path> expectedPlace(const HeldItem& item) { return m_bin.expectedPlace(item); }
 
-    /// Where the item's volume is mounted; nullopt if it can't be told.
-    [[nodiscard]] std::optional<Path> mountPointOf(const HeldItem& item) {
-        return m_mounts.mountPoint(item.parent->status.mountId);
-    }
+    /// The volume that an item lies on.
+    struct Volume {
+        std::optional<Path> mountPoint; ///< nullopt if it can't be told
+        std::string name;               ///< volumeName() of it
+    };
+    const Volume& volumeOf(const HeldItem& item);
 
     /// Whether the item of the record lies at its place in the Bin; fails with the reason.
     Result<void> check(const Path& place, const BinRecord& record);
@@ -76,6 +79,7 @@ class Disposer {
 
     WorkMeter* m_meter;
     MountTable m_mounts;
+    std::map<std::uint64_t, Volume> m_volumes; ///< by mount
     FolderKeeper m_folders;
     BinGuard m_guard;
     Bin m_bin;

@@ -1,5 +1,6 @@
 #include "Journal.h"
 
+#include "base/Text.h"
 #include "platform/FileManager.h"
 
 #include <fcntl.h>
@@ -107,7 +108,7 @@ Result<Journal::Unrecorded> Journal::unrecorded(JournalPosition recorded) const 
     for (const auto& block : contents->blocks) {
         if (auto read = readLines(block.text, unrecorded.batches); !read) {
             if (read.error().code == std::errc::not_supported)
-                return Error{read.error().code, "read the newer format of", this->file()};
+                return Error{read.error().code, marked("read the newer format of"), this->file()};
             unrecorded.isDamaged = true;
         }
         if (!unrecorded.batches.empty())
@@ -125,7 +126,7 @@ Result<Path> Journal::setAside() {
         if (moved)
             return aside;
         if (moved.error().code != std::errc::file_exists)
-            return Error{moved.error().code, "set aside", file()};
+            return Error{moved.error().code, marked("set aside"), file()};
     }
 }
 

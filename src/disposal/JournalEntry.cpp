@@ -40,6 +40,7 @@ std::optional<JournalEntry> entryFromJson(const Json& json) {
     entry.inode = json.value("inode", std::uint64_t{0});
     entry.destination = pathUnder(json, "destination");
     entry.volume = pathUnder(json, "volume");
+    entry.fileSystem = json.value("fileSystem", std::string());
     return entry;
 }
 
@@ -155,6 +156,8 @@ std::string intentLine(const JournalEntry& entry) {
         if (*path)
             line +=
                 ",\"" + std::string(key) + "\":" + Json(pathToJsonText((*path)->native())).dump();
+    if (!entry.fileSystem.empty())
+        line += ",\"fileSystem\":" + Json(entry.fileSystem).dump();
     return line + "}\n";
 }
 

@@ -22,6 +22,7 @@ struct JournalEntry {
     std::uint64_t inode = 0;         ///< of the item itself, wherever it lies
     std::optional<Path> destination; ///< where it is put back to
     std::optional<Path> volume;      ///< of a dissolve: where the item's volume is mounted
+    std::string fileSystem{};        ///< of a dissolve: volumeName() of it, empty if unknown
     Outcome outcome = Outcome::unknown;
     bool isBegun = false; ///< dissolving the folder has begun
     std::string failure;  ///< why it failed, as the user reads it

@@ -1,5 +1,7 @@
 #include "OlderJournals.h"
 
+#include "base/Text.h"
+
 #include <unistd.h>
 
 #include <algorithm>
@@ -49,8 +51,9 @@ Result<JournalBatch> OlderJournals::read(std::int64_t number) const {
     std::vector<JournalBatch> batches;
     if (auto read = readLines(text, batches); !read)
         return Error{read.error().code,
-                     read.error().code == std::errc::not_supported ? "read the newer format of"
-                                                                   : "read",
+                     read.error().code == std::errc::not_supported
+                         ? marked("read the newer format of")
+                         : marked("read"),
                      file};
     if (batches.empty())
         batches.emplace_back(); // cut off in its first line: nothing was begun

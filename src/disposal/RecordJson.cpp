@@ -4,7 +4,9 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <charconv>
+#include <type_traits>
 
 namespace vexmoor {
 
@@ -46,6 +48,9 @@ void append(std::string& json, const char* key, Number number) {
     char digits[32];
     const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
     json.append(",\"").append(key).append("\":").append(digits, end);
+    if constexpr (std::is_floating_point_v<Number>)
+        if (std::none_of(digits, end, [](char c) { return c == '.' || c == 'e'; }))
+            json += ".0";
 }
 
 void append(std::string& json, const char* key, const std::optional<StoredPath>& path) {
@@ -56,6 +61,24 @@ void append(std::string& json, const char* key, const std::optional<StoredPath>&
 void append(std::string& json, const char* key, const std::optional<Date>& date) {
     if (date)
         append(json, key, date->secondsSinceReference);
+}
+
+/// All but the facts, without the brace at the end. Much faster than by way of a Json.
+void appendOpen(std::string& json, const Sacrifice& sacrifice) {
+    json.append(R"({"id":")").append(sacrifice.id.toString()) += '"';
+    if (isValidUtf8(sacrifice.name))
+        append(json, "name", std::string_view(sacrifice.name));
+    else
+        json.append(R"(,"name":)").append(jsonText(sacrifice.name)); // mends it
+    append(json, "bytes", sacrifice.bytes);
+    append(json, "mode", toRawValue(sacrifice.mode));
+    append(json, "date", sacrifice.date.secondsSinceReference);
+    append(json, "original", sacrifice.original);
+    append(json, "trashed", sacrifice.trashed);
+    append(json, "restored", sacrifice.restored);
+    if (sacrifice.lost)
+        json += *sacrifice.lost ? R"(,"lost":true)" : R"(,"lost":false)";
+    append(json, "deleted", sacrifice.deleted);
 }
 
 std::optional<Path> readPath(JsonReader& reader, const char* key) {
@@ -106,17 +129,8 @@ std::optional<Sacrifice> sacrificeFromJson(const Json& json) {
 }
 
 std::string recordText(const Sacrifice& sacrifice) {
-    std::string json = R"({"id":")" + sacrifice.id.toString() + '"';
-    append(json, "name", std::string_view(sacrifice.name));
-    append(json, "bytes", sacrifice.bytes);
-    append(json, "mode", toRawValue(sacrifice.mode));
-    append(json, "date", sacrifice.date.secondsSinceReference);
-    append(json, "original", sacrifice.original);
-    append(json, "trashed", sacrifice.trashed);
-    append(json, "restored", sacrifice.restored);
-    if (sacrifice.lost)
-        json += *sacrifice.lost ? R"(,"lost":true)" : R"(,"lost":false)";
-    append(json, "deleted", sacrifice.deleted);
+    std::string json;
+    appendOpen(json, sacrifice);
     const auto& facts = sacrifice.facts;
     json += R"(,"facts":{"kind":)" + std::to_string(facts.kind);
     if (facts.size >= 0)
@@ -138,10 +152,14 @@ std::optional<Sacrifice> recordFromJson(const Json& json) {
 }
 
 std::string encode(const std::vector<Sacrifice>& sacrifices) {
-    Json array = Json::array();
-    for (const auto& sacrifice : sacrifices)
-        array.push_back(toJson(sacrifice));
-    return jsonText(array);
+    std::string json = "[";
+    for (const auto& sacrifice : sacrifices) {
+        if (json.size() > 1)
+            json += ',';
+        appendOpen(json, sacrifice);
+        json += '}';
+    }
+    return json + "]";
 }
 
 std::optional<std::vector<Sacrifice>> decodeSacrifices(const std::string& text) {

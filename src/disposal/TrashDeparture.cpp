@@ -1,6 +1,7 @@
 // How items leave a TrashDirectory.
 #include "TrashDirectory.h"
 
+#include "base/Text.h"
 #include "disposal/DisposalError.h"
 #include "disposal/NumberedName.h"
 #include "disposal/WholeRemoval.h"
@@ -32,6 +33,23 @@ bool isTaken(const Error& error) {
 
 bool isSameItem(const FileStatus& one, const FileStatus& other) {
     return one.identity == other.identity || ItemFacts::of(one, false).fit(other);
+}
+
+/// Whether any later change of a file, and any other file under its name, shows in its status: a
+/// write shows in the time of change if the last one is more than the clock's step ago, another
+/// file in the time of birth.
+bool showsChanges(const FileStatus& status) {
+    constexpr double kClockStep = 0.1; // seconds; ten times what the coarsest kernel has
+    const double modified =
+        static_cast<double>(status.modifiedSeconds) + status.modifiedFraction * 1e-9;
+    return status.birthNanoseconds != 0 && status.modifiedFraction != 0 &&
+           Date::now().unixSeconds() - modified > kClockStep;
+}
+
+bool isUnchanged(const FileStatus& then, const FileStatus& now) {
+    return then.identity == now.identity && then.birthNanoseconds == now.birthNanoseconds &&
+           then.modifiedSeconds == now.modifiedSeconds &&
+           then.modifiedFraction == now.modifiedFraction && then.size == now.size;
 }
 
 std::vector<std::string> namesIn(int folder) {
@@ -82,10 +100,16 @@ Result<TrashDirectory::Found> TrashDirectory::find(const std::string& name,
     const auto status = fileStatus(m_files.get(), name.c_str());
     if (!status)
         return isMissing(status.error()) ? gone(name, record) : status.error();
-    auto text = infoText(name);
+    FileStatus infoStatus;
+    auto text = infoText(name, &infoStatus);
     if (!text && !isMissing(text.error()) && !record.facts.fit(*status))
         return std::move(text).error();
-    Found found{name, *status, text ? std::optional(*std::move(text)) : std::nullopt};
+    Found found{name, *status};
+    if (text) {
+        found.infoText = *std::move(text);
+        if (m_hasStableInodes && showsChanges(infoStatus))
+            found.infoStatus = infoStatus;
+    }
     const auto isOurs = isOf(name, *status, found.infoText, record);
     if (!isOurs)
         return isOurs.error();
@@ -138,7 +162,7 @@ Result<void> TrashDirectory::openLeaving() {
         return {};
     auto opened = LeavingFolder::open(m_folder.get());
     if (!opened)
-        return Error{opened.error().code, "make the folder", m_path / LeavingFolder::kName};
+        return Error{opened.error().code, marked("make the folder"), m_path / LeavingFolder::kName};
     m_leaving = *std::move(opened);
     return {};
 }
@@ -152,14 +176,25 @@ Result<void> TrashDirectory::takeOut(const Found& item) {
                    ? disposalError(DisposalError::goneFromBin, m_path / "files" / item.name)
                    : std::move(moved);
     const auto taken = fileStatus(leaving(), name);
-    const auto text = infoText(item.name);
-    const bool isSameInfo = text ? item.infoText == *text : !item.infoText;
-    if (taken && isSameInfo && isSameItem(item.status, *taken))
+    if (taken && isSameItem(item.status, *taken) && isInfoOf(item, m_info.get()))
         return {};
+    const auto text = infoText(item.name);
     if (auto back = giveBack({item.name, item.status, text ? std::optional(*text) : std::nullopt});
         !back)
         return back;
     return disposalError(DisposalError::replaced);
+}
+
+/// Whether the item's info file in that folder is still the one that was found. It is read again
+/// only where its status cannot tell.
+bool TrashDirectory::isInfoOf(const Found& item, int infoFolder) const {
+    const std::string file = infoName(item.name);
+    if (item.infoStatus)
+        if (const auto now = fileStatus(infoFolder, file.c_str());
+            now && isUnchanged(*item.infoStatus, *now))
+            return true;
+    const auto text = readRegularFile(infoFolder, file.c_str(), kLongestInfo);
+    return text ? item.infoText == *text : !item.infoText;
 }
 
 /// A number in the name needs an info file of that name; the one of the first name is another's.
@@ -182,7 +217,7 @@ Result<void> TrashDirectory::giveBack(const Found& item) {
         restoreRights(m_files.get(), item.name.c_str(), item.status);
         return {};
     }
-    return Error{moved.error().code, "move back into the Bin what is at",
+    return Error{moved.error().code, marked("move back into the Bin what is at"),
                  m_path / LeavingFolder::kName / "files" / item.name};
 }
 
@@ -246,10 +281,9 @@ Result<void> TrashDirectory::removeInfo(const Found& item) {
     if (!moved)
         return isMissing(moved.error())
                    ? Result<void>()
-                   : Error{moved.error().code, "remove", m_path / "info" / file};
-    const auto text = readRegularFile(m_leaving->info(), name, kLongestInfo);
-    const bool isOfItem = text && item.infoText == *text;
-    if (!isOfItem && moveWithoutReplacing(m_leaving->info(), name, m_info.get(), name))
+                   : Error{moved.error().code, marked("remove"), m_path / "info" / file};
+    if (!isInfoOf(item, m_leaving->info()) &&
+        moveWithoutReplacing(m_leaving->info(), name, m_info.get(), name))
         return {};
     if (::unlinkat(m_leaving->info(), name, 0) != 0 && errno != ENOENT)
         return Error::fromErrno(errno, "remove", m_path / "info" / file);

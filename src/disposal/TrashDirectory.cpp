@@ -1,5 +1,6 @@
 #include "TrashDirectory.h"
 
+#include "base/Text.h"
 #include "base/Uuid.h"
 #include "disposal/DisposalError.h"
 #include "disposal/NumberedName.h"
@@ -39,11 +40,11 @@ Result<FileDescriptor> openOrMake(int directory, const char* name, bool make, co
     if (!folder && make && isMissing(folder.error())) {
         if (auto made = makeFolder(directory, name, kFolderRights);
             !made && made.error().code != std::errc::file_exists)
-            return Error{made.error().code, "make the folder", path};
+            return Error{made.error().code, marked("make the folder"), path};
         folder = openFolderItself(directory, name);
     }
     if (!folder)
-        return Error{folder.error().code, "open the folder", path};
+        return Error{folder.error().code, marked("open the folder"), path};
     return folder;
 }
 
@@ -57,20 +58,20 @@ Path topOf(const Path& bin) {
 
 /// Why the folder at the top of a volume that others can write to is not ours; nullopt where it
 /// is. Its rights count only where the file system keeps any.
-std::optional<std::string> whyNotOwn(int folder, uid_t user) {
+std::optional<Error> whyNotOwn(int folder, uid_t user) {
     const auto status = fileStatus(folder, "");
     if (!status)
-        return status.error().message();
+        return status.error();
     if (status->owner != user)
-        return "what lies there belongs to another user";
+        return disposalError(DisposalError::ownedByOther);
     const bool isOpenToOthers = (status->mode & (S_IWGRP | S_IWOTH)) != 0;
     if (isOpenToOthers && volumeKind(folder).keepsRights)
-        return "others may write to it";
+        return disposalError(DisposalError::openToOthers);
     return std::nullopt;
 }
 
-Error noBin(const Path& top, std::string why) {
-    return disposalError(DisposalError::noBinOnVolume, top, std::move(why));
+Error noBin(const Path& top, Error why) {
+    return {make_error_code(DisposalError::noBinOnVolume), {}, top, 0, {std::move(why)}};
 }
 
 } // namespace
@@ -80,14 +81,14 @@ Result<TrashDirectory> TrashDirectory::openHome(const Path& bin) {
         return std::move(made).error();
     auto folder = openFolder(bin);
     if (!folder)
-        return Error{folder.error().code, "open the Bin", bin};
+        return Error{folder.error().code, marked("open the Bin"), bin};
     return openAt(folder->get(), bin, {}, true);
 }
 
 Result<TrashDirectory> TrashDirectory::openOnVolume(const Path& top, uid_t user) {
     const auto topFolder = openFolder(top);
     if (!topFolder)
-        return noBin(top, topFolder.error().message());
+        return noBin(top, topFolder.error());
     const std::string number = std::to_string(user);
     if (const auto shared = openFolderItself(topFolder->get(), ".Trash")) {
         const auto status = fileStatus(shared->get(), "");
@@ -105,7 +106,7 @@ Result<TrashDirectory> TrashDirectory::openOwn(int parent, const std::string& na
     const bool isNew = ::faccessat(parent, name.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) != 0;
     const auto own = openOrMake(parent, name.c_str(), true, path);
     if (!own)
-        return noBin(top, own.error().message());
+        return noBin(top, own.error());
     auto why = whyNotOwn(own->get(), user);
     if (!why) {
         auto bin = openAt(own->get(), path, top, true);
@@ -113,7 +114,7 @@ Result<TrashDirectory> TrashDirectory::openOwn(int parent, const std::string& na
             bin->m_isNew = isNew;
             return bin;
         }
-        why = bin.error().message();
+        why = bin.error();
     }
     if (isNew) {
         for (const char* part : {"files", "info"})
@@ -139,7 +140,7 @@ Result<TrashDirectory> TrashDirectory::openOfPlace(const Path& place, const std:
     if (!folder && (isMissing(folder.error()) || isOnAbsentVolume(place)))
         return gone();
     if (!folder)
-        return Error{folder.error().code, "open the Bin", bin};
+        return Error{folder.error().code, marked("open the Bin"), bin};
     auto opened = openAt(folder->get(), bin, topOf(bin), false);
     if (!opened && isMissing(opened.error())) {
         const auto item = fileStatus(place);
@@ -147,6 +148,10 @@ Result<TrashDirectory> TrashDirectory::openOfPlace(const Path& place, const std:
                                                 : disposalError(DisposalError::notInBin, place);
     }
     return opened;
+}
+
+bool TrashDirectory::isOfVolume(const Path& place) {
+    return !topOf(place.parent_path().parent_path()).empty();
 }
 
 /// Without its volume a mount point is a plain folder, or is gone with it. A home Bin may be a link
@@ -307,10 +312,11 @@ Result<void> TrashDirectory::writeInfo(const std::string& name, const std::strin
     return error;
 }
 
-Result<std::string> TrashDirectory::infoText(const std::string& name) const {
+Result<std::string> TrashDirectory::infoText(const std::string& name, FileStatus* status) const {
     const std::string file = infoName(name);
-    auto text = readRegularFile(m_info.get(), file.c_str(), kLongestInfo);
-    return text ? std::move(text) : Error{text.error().code, "read", m_path / "info" / file};
+    auto text = readRegularFile(m_info.get(), file.c_str(), kLongestInfo, status);
+    return text ? std::move(text)
+                : Error{text.error().code, marked("read"), m_path / "info" / file};
 }
 
 void TrashDirectory::flushSizes() {

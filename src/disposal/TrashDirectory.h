@@ -30,21 +30,26 @@ class TrashDirectory {
     struct Found {
         std::string name;
         FileStatus status;
-        std::optional<std::string> infoText; ///< nullopt where there is no info file
+        std::optional<std::string> infoText{}; ///< nullopt where there is no info file
+        /// Of the info file, if a change since would show in it; nullopt where only its text tells.
+        std::optional<FileStatus> infoStatus{};
     };
 
     /// The Bin at the path, made with rights 0700 where it is missing.
     static Result<TrashDirectory> openHome(const Path& bin);
 
     /// The user's Bin at the top of a volume: $top/.Trash/$uid where an administrator has set that
-    /// up (a real folder, sticky), else $top/.Trash-$uid. Fails with noBinOnVolume, the operation
-    /// says why.
+    /// up (a real folder, sticky), else $top/.Trash-$uid. Fails with noBinOnVolume, whose
+    /// cause says why.
     static Result<TrashDirectory> openOnVolume(const Path& top, uid_t user);
 
     /// The existing Bin that a binned item's place lies in. Fails with notInBin, with goneFromBin
     /// where somebody deleted that Bin, and with volumeNotThere, where another than the named
     /// volume is mounted there too.
     static Result<TrashDirectory> openOfPlace(const Path& place, const std::string& volume);
+
+    /// Whether the place lies in the Bin at the top of a volume. Looks at nothing.
+    static bool isOfVolume(const Path& place);
 
     /// Whether the place lies in the Bin of a volume that is not mounted now or does not answer, so
     /// that nothing can be said of the item.
@@ -98,8 +103,9 @@ class TrashDirectory {
     /// Answers whether that was so.
     Result<bool> repairInfo(const Found& item, const TrashInfo& info);
 
-    /// The whole info file of that stored name.
-    [[nodiscard]] Result<std::string> infoText(const std::string& name) const;
+    /// The whole info file of that stored name. `status` (optional) is how it was before that.
+    [[nodiscard]] Result<std::string> infoText(const std::string& name,
+                                               FileStatus* status = nullptr) const;
 
     /// Whether such an info file is of an item that was at the absolute path.
     [[nodiscard]] bool names(const TrashInfo& info, const Path& original) const;
@@ -129,6 +135,7 @@ class TrashDirectory {
                                                const std::optional<std::string>& infoText);
     Result<void> openLeaving();
     void returnLeftInfos();
+    [[nodiscard]] bool isInfoOf(const Found& item, int infoFolder) const;
     [[nodiscard]] Error gone(const std::string& name, const BinRecord& record) const;
     [[nodiscard]] Result<bool> isOf(const std::string& name, const FileStatus& status,
                                     const std::optional<std::string>& infoText,

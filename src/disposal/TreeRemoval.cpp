@@ -1,5 +1,6 @@
 #include "disposal/TreeRemoval.h"
 
+#include "base/Text.h"
 #include "disposal/DisposalError.h"
 #include "disposal/TreeWalk.h"
 #include "platform/FolderReader.h"
@@ -107,7 +108,7 @@ void RemovalVisitor::account(const TreePlace& place, const char* name, int error
     const std::lock_guard lock(m_mutex);
     if (m_failures.size() >= RemovalReport::kMaxFailures)
         return;
-    const char* operation = error == EXDEV ? "enter the mount" : "remove";
+    const char* operation = error == EXDEV ? marked("enter the mount") : marked("remove");
     Error failure = Error::fromErrno(error, operation, place.folder.pathOf(name));
     if (std::find(m_failures.begin(), m_failures.end(), failure) == m_failures.end())
         m_failures.push_back(std::move(failure)); // once, however often the folder is read

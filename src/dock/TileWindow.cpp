@@ -209,7 +209,8 @@ void TileWindow::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void TileWindow::dragEnterEvent(QDragEnterEvent* event) {
-    if (!event->mimeData()->hasFormat(QLatin1String(kUriList)))
+    // What comes from a window of this program lies in the Bin already.
+    if (event->source() != nullptr || !event->mimeData()->hasFormat(QLatin1String(kUriList)))
         return;
     event->setDropAction(Qt::CopyAction);
     event->accept();

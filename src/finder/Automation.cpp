@@ -1,6 +1,7 @@
 #include "Automation.h"
 
-#include <QCoreApplication>
+#include "base/Text.h"
+
 #include <QLoggingCategory>
 
 #include <utility>
@@ -15,10 +16,10 @@ constexpr const char* kGranted = "granted";
 constexpr const char* kDenied = "denied";
 
 AutomationStatus stored(const UserDefaults& defaults) {
-    const auto text = defaults.string(Automation::kKey);
-    if (text == kGranted)
+    const auto answer = defaults.string(Automation::kKey);
+    if (answer == kGranted)
         return AutomationStatus::granted;
-    return text == kDenied ? AutomationStatus::denied : AutomationStatus::notAsked;
+    return answer == kDenied ? AutomationStatus::denied : AutomationStatus::notAsked;
 }
 
 /// The status codes of Apple events: no error, not permitted, consent required.
@@ -34,16 +35,12 @@ int codeOf(AutomationStatus status) {
     return -1744;
 }
 
-std::string translated(const char* text) {
-    return QCoreApplication::translate("Automation", text).toStdString();
-}
-
 Question consentQuestion() {
-    return {translated("“Vexmoor” wants access to control the file manager."),
-            translated("When you press Ctrl+Backspace there, it asks for the selected files and "
-                       "feeds them to the cauldron."),
-            translated("Allow"),
-            translated("Don't Allow"),
+    return {text("“Vexmoor” wants access to control the file manager."),
+            text("When you press Ctrl+Backspace there, it asks for the selected files and "
+                 "feeds them to the cauldron."),
+            text("Allow"),
+            text("Don't Allow"),
             {}};
 }
 

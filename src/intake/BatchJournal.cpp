@@ -1,5 +1,6 @@
 #include "BatchJournal.h"
 
+#include "base/Text.h"
 #include "disposal/DisposalError.h"
 
 namespace vexmoor {
@@ -31,6 +32,7 @@ void BatchJournal::begin(const Uuid& id) {
 }
 
 void BatchJournal::conclude(const Uuid& id, const std::optional<Error>& failure) {
+    const InEnglish forMachines;
     if (m_writer)
         m_writer->note(failure ? failedLine(id, describe(*failure)) : doneLine(id));
 }

@@ -1,7 +1,7 @@
 #include "BatchReport.h"
 
 #include "base/JsonReader.h"
-#include "disposal/DisposalError.h"
+#include "disposal/ErrorJson.h"
 #include "disposal/RecordJson.h"
 
 #include <nlohmann/json.hpp>
@@ -19,13 +19,6 @@ Json pathsJson(const std::vector<StoredPath>& paths) {
     return array;
 }
 
-std::optional<BatchReport::Failed> failedFromJson(const Json& json) {
-    JsonReader reader(json);
-    const auto name = reader.string("name");
-    const auto text = reader.string("error");
-    return reader.ok() ? std::optional(BatchReport::Failed{*name, *text}) : std::nullopt;
-}
-
 std::optional<std::string> textFromJson(const Json& json) {
     return json.is_string() ? std::optional(json.get<std::string>()) : std::nullopt;
 }
@@ -33,6 +26,28 @@ std::optional<std::string> textFromJson(const Json& json) {
 std::optional<StoredPath> pathFromJson(const Json& json) {
     const auto text = textFromJson(json);
     return text ? std::optional<StoredPath>(pathFromJsonText(*text)) : std::nullopt;
+}
+
+std::optional<Failure> failureFromJson(const Json& json) {
+    JsonReader reader(json);
+    const auto name = reader.string("name");
+    auto error = errorFromJson(json);
+    if (!reader.ok() || !error)
+        return std::nullopt;
+    Failure failure{*name, *std::move(error)};
+    if (const auto path = json.find("path"); path != json.end())
+        failure.path = pathFromJson(*path);
+    return failure;
+}
+
+/// `error` is what version 1 called the message first.
+Json failureJson(const Failure& failure) {
+    Json json = {{"name", failure.name}};
+    if (failure.path)
+        json["path"] = pathToJsonText(failure.path->native());
+    json.update(errorJson(failure.error));
+    json["error"] = json["message"];
+    return json;
 }
 
 /// Reads a list where there is one; false where it or an element of it is something else.
@@ -59,14 +74,12 @@ BatchReport BatchReport::of(BatchResult result) {
     BatchReport report;
     report.done = std::move(result.done);
     report.landings = std::move(result.landings);
-    for (auto& failure : result.failures)
-        report.failures.push_back({std::move(failure.name), describe(failure.error)});
+    report.failures = std::move(result.failures);
     report.untouched = std::move(result.untouched);
     for (const auto& achievement : result.unlocked)
         report.unlocked.emplace_back(achievement.id);
     report.declined = result.declined;
-    if (result.storeError)
-        report.storeError = describe(*result.storeError);
+    report.storeError = std::move(result.storeError);
     return report;
 }
 
@@ -76,16 +89,19 @@ Json toJson(const BatchReport& report) {
                  {"untouched", pathsJson(report.untouched)}};
     for (const auto& item : report.done)
         json["done"].push_back(toJson(item));
-    for (const auto& [name, text] : report.failures)
-        json["failures"].push_back({{"name", name}, {"error", text}});
+    for (const auto& failure : report.failures)
+        json["failures"].push_back(failureJson(failure));
     if (!report.landings.empty())
         json["landings"] = pathsJson(report.landings);
     if (!report.unlocked.empty())
         json["unlocked"] = report.unlocked;
     if (report.declined)
         json["declined"] = true;
-    if (report.storeError)
-        json["storeError"] = *report.storeError;
+    if (report.storeError) {
+        const auto failure = errorJson(*report.storeError);
+        json["storeError"] = failure["message"];
+        json["storeFailure"] = failure;
+    }
     return json;
 }
 
@@ -93,12 +109,15 @@ std::optional<BatchReport> batchReportFromJson(const Json& json) {
     JsonReader reader(json);
     BatchReport report;
     report.declined = reader.boolean("declined", JsonReader::Key::optional).value_or(false);
-    report.storeError = reader.string("storeError", JsonReader::Key::optional);
-    const bool isWhole = reader.ok() && json.contains("done") && json.contains("failures") &&
+    const auto failure = json.is_object() ? json.find("storeFailure") : json.end();
+    if (failure != json.end())
+        report.storeError = errorFromJson(*failure);
+    const bool isWhole = (failure == json.end() || report.storeError) && reader.ok() &&
+                         json.contains("done") && json.contains("failures") &&
                          json.contains("untouched") &&
                          readList(json, "done", report.done, sacrificeFromJson) &&
                          readList(json, "landings", report.landings, pathFromJson) &&
-                         readList(json, "failures", report.failures, failedFromJson) &&
+                         readList(json, "failures", report.failures, failureFromJson) &&
                          readList(json, "untouched", report.untouched, pathFromJson) &&
                          readList(json, "unlocked", report.unlocked, textFromJson);
     return isWhole ? std::optional(std::move(report)) : std::nullopt;

@@ -10,21 +10,15 @@
 
 namespace vexmoor {
 
-/// A batch's result in texts, as the command line prints it and the session bus carries it.
+/// A batch's result as the command line prints it and the session bus carries it.
 struct BatchReport {
-    struct Failed {
-        std::string name;
-        std::string text;
-        bool operator==(const Failed&) const = default;
-    };
-
     std::vector<Sacrifice> done;
     std::vector<StoredPath> landings; ///< of a put-back: where each of `done` is now
-    std::vector<Failed> failures;
+    std::vector<Failure> failures;
     std::vector<StoredPath> untouched;
     std::vector<std::string> unlocked; ///< ids of achievements
     bool declined = false;
-    std::optional<std::string> storeError;
+    std::optional<Error> storeError;
 
     static BatchReport of(BatchResult result);
 

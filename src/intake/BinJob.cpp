@@ -25,8 +25,13 @@ std::optional<LeavingItem> BinJob::prepare(std::size_t number) {
     LeavingItem item{&record};
     if (m_takenOut.contains(record.id)) {
         m_output.result.failures.push_back(
-            {record.name, disposalError(DisposalError::goneFromBin, *record.trashed)});
+            {record.name, disposalError(DisposalError::goneFromBin, *record.trashed),
+             record.original});
         return std::nullopt; // no loss: a batch before this one did it
+    }
+    if (!m_volumes.answersFor(*record.trashed)) {
+        fail(item, disposalError(DisposalError::volumeNotThere, *record.trashed));
+        return std::nullopt;
     }
     const auto status = fileStatus(*record.trashed);
     if (m_kind == JournalKind::putBack)
@@ -98,7 +103,7 @@ Result<Path> BinJob::act(LeavingItem& item) {
 void BinJob::fail(const LeavingItem& item, const Error& error) {
     if (error.code == DisposalError::goneFromBin)
         m_output.lost.insert(item.record->id);
-    m_output.result.failures.push_back({item.record->name, error});
+    m_output.result.failures.push_back({item.record->name, error, item.record->original});
 }
 
 void BinJob::leave(std::size_t number) {

@@ -3,6 +3,7 @@
 #include "disposal/Disposer.h"
 #include "intake/BatchResult.h"
 #include "intake/GroupedWork.h"
+#include "intake/VolumeCheck.h"
 
 #include <set>
 
@@ -47,6 +48,7 @@ class BinJob : private GroupedWork<LeavingItem> {
     const std::vector<Sacrifice>& m_items;
     std::set<Uuid>& m_takenOut;
     Disposer m_disposer;
+    VolumeCheck m_volumes;
     std::set<Path> m_expected; ///< landings of this batch
     Output m_output;
 };

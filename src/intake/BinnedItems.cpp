@@ -4,6 +4,7 @@
 #include "disposal/DisposalError.h"
 #include "disposal/RecordJson.h"
 #include "disposal/TrashDirectory.h"
+#include "intake/VolumeCheck.h"
 
 #include <nlohmann/json.hpp>
 
@@ -29,14 +30,21 @@ std::string nameOf(const Sacrifice& item) {
     return lastComponent(*item.original);
 }
 
-bool isInBin(const Sacrifice& item) {
-    return fileStatus(*item.trashed).ok();
-}
+/// Looks for items in their Bins, and waits for no volume that does not answer.
+class BinLook {
+  public:
+    bool isInBin(const Sacrifice& item) {
+        return m_volumes.answersFor(*item.trashed) && fileStatus(*item.trashed).ok();
+    }
+    /// On a volume that is not there it may still be in the Bin.
+    bool isGone(const Sacrifice& item) {
+        return m_volumes.answersFor(*item.trashed) && !fileStatus(*item.trashed) &&
+               !TrashDirectory::isOnAbsentVolume(*item.trashed);
+    }
 
-/// On a volume that is not there it may still be in the Bin.
-bool isGone(const Sacrifice& item) {
-    return !isInBin(item) && !TrashDirectory::isOnAbsentVolume(*item.trashed);
-}
+  private:
+    VolumeCheck m_volumes;
+};
 
 std::string upperCase(std::string text) {
     std::ranges::transform(text, text.begin(),
@@ -53,9 +61,10 @@ Failure ambiguous(const std::string& wanted, const std::vector<Sacrifice>& candi
     for (std::size_t i = 0; i < std::min(candidates.size(), kListedCandidates); ++i)
         list += (i > 0 ? ", " : "") + shortId(candidates[i]) + " (" +
                 displayText(candidates[i].original->native()) + ")";
-    if (candidates.size() > kListedCandidates)
-        list += ", and " + std::to_string(candidates.size() - kListedCandidates) + " more";
-    return {displayText(wanted), disposalError(DisposalError::ambiguous, wanted, list)};
+    Error error = disposalError(DisposalError::ambiguous, wanted, list);
+    error.count =
+        std::max<std::int64_t>(0, std::ssize(candidates) - std::int64_t{kListedCandidates});
+    return {displayText(wanted), std::move(error)};
 }
 
 /// What was named, prepared for going through the records once.
@@ -85,7 +94,7 @@ class Search {
     }
 
     /// The items that the text can mean, newest first, one for each path.
-    [[nodiscard]] std::vector<Sacrifice> meant(const std::string& text) const {
+    [[nodiscard]] std::vector<Sacrifice> meant(const std::string& text) {
         if (const auto id = Uuid::fromString(text))
             return ofPaths(withIds(id->toString()));
         auto items = ofPaths(isPath(text) ? atPath(standardized(text)) : called(text));
@@ -133,18 +142,19 @@ class Search {
     }
 
     /// Of each path the newest that is not gone; where all are gone, the newest.
-    static std::vector<Sacrifice> ofPaths(std::vector<Sacrifice> items) {
+    std::vector<Sacrifice> ofPaths(std::vector<Sacrifice> items) {
         if (items.empty())
             return items;
         std::vector<Sacrifice> kept;
         for (const auto& item : items)
             if (std::ranges::none_of(
                     kept, [&](const auto& one) { return *one.original == *item.original; }) &&
-                !isGone(item))
+                !m_look.isGone(item))
                 kept.push_back(item);
         return kept.empty() ? std::vector{std::move(items.front())} : kept;
     }
 
+    BinLook m_look;
     std::set<std::string> m_ids;
     std::set<std::string> m_names;
     std::set<std::string> m_beginnings;
@@ -198,6 +208,7 @@ void BinnedItems::visit(const Filter& filter, const Visitor& visitor) const {
 }
 
 std::vector<Sacrifice> BinnedItems::lastBatch() const {
+    BinLook look;
     std::vector<Sacrifice> items;
     std::int64_t number = 0;
     visit(
@@ -205,7 +216,7 @@ std::vector<Sacrifice> BinnedItems::lastBatch() const {
             return items.empty() || record.group == number ? Look::take : Look::stop;
         },
         [&](std::int64_t batch, const Sacrifice& item) {
-            if (!isInBin(item))
+            if (!look.isInBin(item))
                 return true;
             number = batch;
             items.push_back(item);
@@ -215,10 +226,11 @@ std::vector<Sacrifice> BinnedItems::lastBatch() const {
 }
 
 std::vector<Sacrifice> BinnedItems::newest(std::size_t count) const {
+    BinLook look;
     std::vector<Sacrifice> items;
     visit([](const auto&) { return Look::take; },
           [&](std::int64_t, const Sacrifice& item) {
-              if (isInBin(item))
+              if (look.isInBin(item))
                   items.push_back(item);
               return items.size() < count;
           });
@@ -228,6 +240,23 @@ std::vector<Sacrifice> BinnedItems::newest(std::size_t count) const {
 void BinnedItems::visit(const std::function<bool(const Sacrifice&)>& visitor) const {
     visit([](const auto&) { return Look::take; },
           [&](std::int64_t, const Sacrifice& item) { return visitor(item); });
+}
+
+std::vector<Sacrifice>
+BinnedItems::matching(const std::function<bool(const std::string& name)>& matches,
+                      std::size_t most) const {
+    std::vector<Sacrifice> items;
+    visit(
+        [&](const auto& record) {
+            return items.size() >= most   ? Look::stop
+                   : matches(record.name) ? Look::take
+                                          : Look::pass;
+        },
+        [&](std::int64_t, const Sacrifice& item) {
+            items.push_back(item);
+            return true;
+        });
+    return items;
 }
 
 std::vector<Sacrifice> BinnedItems::all() const {
@@ -269,14 +298,18 @@ BinnedItems::Named BinnedItems::toPutBack(const std::vector<std::string>& wanted
 }
 
 std::vector<Sacrifice> BinnedItems::current(std::vector<Sacrifice> items) const {
-    std::set<std::string> wanted;
+    std::map<std::string, const Sacrifice*> wanted;
     for (const auto& item : items)
-        wanted.insert(bytesOf(item.id));
+        wanted.emplace(bytesOf(item.id), &item);
     std::map<std::string, Sacrifice> left;
     (void)m_table.visit([&](const RecordTable::Record& record) {
-        if (wanted.contains(record.id))
-            if (auto item = itemOf(record))
-                left.emplace(record.id, *std::move(item));
+        const auto known = wanted.find(record.id);
+        if (known == wanted.end())
+            return true;
+        if (recordText(*known->second) == record.content) // much cheaper than to understand it
+            left.emplace(record.id, *known->second);
+        else if (auto item = itemOf(record))
+            left.emplace(record.id, *std::move(item));
         return left.size() < wanted.size();
     });
     std::map<Uuid, const Sacrifice*> recent;
@@ -293,7 +326,9 @@ std::vector<Sacrifice> BinnedItems::current(std::vector<Sacrifice> items) const 
 }
 
 bool BinnedItems::hasAny(const std::vector<Sacrifice>& items) const {
-    return std::ranges::any_of(current(items), isInBin);
+    BinLook look;
+    return std::ranges::any_of(current(items),
+                               [&](const Sacrifice& item) { return look.isInBin(item); });
 }
 
 } // namespace vexmoor

@@ -33,6 +33,10 @@ class BinnedItems {
     /// false.
     void visit(const std::function<bool(const Sacrifice&)>& visitor) const;
 
+    /// The newest `most` whose name, as bytes, matches, whether or not they are found in the Bin.
+    [[nodiscard]] std::vector<Sacrifice>
+    matching(const std::function<bool(const std::string& name)>& matches, std::size_t most) const;
+
     /// All that can still be put back, newest first, whether or not it is found in the Bin.
     [[nodiscard]] std::vector<Sacrifice> all() const;
 

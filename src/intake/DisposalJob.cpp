@@ -22,7 +22,7 @@ std::optional<FedItem> DisposalJob::prepare(std::size_t number) {
     auto held = hold(path);
     if (!held) {
         m_output.result.failures.push_back(
-            {displayText(lastComponent(path)), std::move(held).error()});
+            {displayText(lastComponent(path)), std::move(held).error(), path});
         return std::nullopt;
     }
     const std::int64_t bytes = m_disposer.size(*held);
@@ -53,7 +53,9 @@ std::optional<FedItem> DisposalJob::prepare(std::size_t number) {
 /// With the place in the Bin that it will most likely take.
 Result<void> DisposalJob::intend(FedItem& item) {
     if (m_input.mode == DisposeMode::dissolve) {
-        item.entry.volume = m_disposer.mountPointOf(item.held);
+        const auto& volume = m_disposer.volumeOf(item.held);
+        item.entry.volume = volume.mountPoint;
+        item.entry.fileSystem = volume.name;
         return m_journal.intend(item.entry);
     }
     auto place = m_disposer.expectedPlace(item.held);
@@ -119,7 +121,7 @@ void DisposalJob::carryOut(FedItem& item) {
 }
 
 void DisposalJob::fail(const FedItem& item, const Error& error) {
-    m_output.result.failures.push_back({displayText(item.held.name), error});
+    m_output.result.failures.push_back({displayText(item.held.name), error, item.held.path});
 }
 
 void DisposalJob::leave(std::size_t number) {

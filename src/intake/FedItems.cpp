@@ -11,7 +11,7 @@ FedItems FedItems::of(const std::vector<Path>& items, const std::vector<FileIden
     for (std::size_t i = 0; i < items.size(); ++i) {
         if (endsInDots(items[i])) {
             fed.refused.push_back(
-                {displayText(items[i].native()), disposalError(DisposalError::isDots)});
+                {displayText(items[i].native()), disposalError(DisposalError::isDots), items[i]});
             continue;
         }
         const Path path = standardized(items[i]);
@@ -21,7 +21,7 @@ FedItems FedItems::of(const std::vector<Path>& items, const std::vector<FileIden
             fed.items.emplace_back(path);
         if (isNew && isOnTheWay && tellsOfThoseOnTheWay)
             fed.refused.push_back(
-                {displayText(lastComponent(path)), disposalError(DisposalError::isOnTheWay)});
+                {displayText(lastComponent(path)), disposalError(DisposalError::isOnTheWay), path});
         if (i < seen.size())
             fed.seen.emplace(path.native(), seen[i]);
     }

@@ -213,8 +213,10 @@ void Intake::beginDeletion(const std::vector<Sacrifice>& items, BatchCompletion 
     auto wanted = m_parts.binnedItems.current(items);
     for (const auto& item : items)
         if (std::ranges::find(wanted, item.id, &Sacrifice::id) == wanted.end())
-            options.missing.push_back({item.name, disposalError(DisposalError::goneFromBin,
-                                                                item.trashed.value_or(item.name))});
+            options.missing.push_back(
+                {item.name,
+                 disposalError(DisposalError::goneFromBin, item.trashed.value_or(item.name)),
+                 item.original});
     if (wanted.empty())
         finishWithoutItems(JournalKind::erase, std::move(completion), options);
     else

@@ -1,6 +1,7 @@
 #include "NamedSettings.h"
 
 #include "base/Path.h"
+#include "base/Text.h"
 
 #include <algorithm>
 
@@ -28,8 +29,12 @@ std::string joined(const std::vector<std::string>& words) {
     return list;
 }
 
+NamedSettings::Complaint usage(const std::string& sentence) {
+    return {NamedSettings::Complaint::Kind::usage, sentence};
+}
+
 NamedSettings::Complaint usage(const std::string& name, const std::vector<std::string>& choices) {
-    return {NamedSettings::Complaint::Kind::usage, name + " can be: " + joined(choices) + "."};
+    return usage(text("%1 can be: %2.", {name, joined(choices)}));
 }
 
 } // namespace
@@ -42,40 +47,45 @@ std::vector<std::string> NamedSettings::names() {
     return all;
 }
 
-std::optional<NamedSettings::Complaint> NamedSettings::assign(const std::string& name,
-                                                              const std::string& text) {
+std::optional<NamedSettings::Complaint>
+NamedSettings::complaintAbout(const std::string& name, const std::string& value) const {
     if (name == kSkin)
-        return selectSkin(text);
-    if (name == kMode) {
-        const auto mode = disposeModeFromRawValue(text);
-        if (!mode)
-            return usage(name, {"bin", "dissolve"});
-        m_settings.mode.set(*mode);
-        return std::nullopt;
-    }
-    const auto known = std::ranges::find(Settings::switches(), name, &Settings::Switch::name);
-    if (known == Settings::switches().end())
-        return usage("A setting's name", names());
-    const auto value = switchValue(text);
-    if (!value)
-        return usage(name, {"on", "off"});
-    (m_settings.*known->setting).set(*value);
-    return std::nullopt;
+        return complaintAboutSkin(value);
+    if (name == kMode)
+        return disposeModeFromRawValue(value) ? std::nullopt
+                                              : std::optional(usage(name, {"bin", "dissolve"}));
+    if (std::ranges::find(Settings::switches(), name, &Settings::Switch::name) ==
+        Settings::switches().end())
+        return usage(text("A setting's name can be: %1.", {joined(names())}));
+    return switchValue(value) ? std::nullopt : std::optional(usage(name, {"on", "off"}));
 }
 
-std::optional<NamedSettings::Complaint> NamedSettings::selectSkin(const std::string& id) {
+std::optional<NamedSettings::Complaint>
+NamedSettings::complaintAboutSkin(const std::string& id) const {
     std::vector<std::string> unlocked;
-    for (const auto& skin : m_progression.unlockedSkins()) {
-        if (skin.id == id) {
-            m_progression.select(skin);
-            return std::nullopt;
-        }
+    for (const auto& skin : m_progression.unlockedSkins())
         unlocked.emplace_back(skin.id);
-    }
+    if (std::ranges::count(unlocked, id) > 0)
+        return std::nullopt;
     if (std::ranges::count(Skin::all(), id, &Skin::id) == 0)
         return usage(kSkin, unlocked);
     return Complaint{Complaint::Kind::refused,
-                     "The " + std::string(Skin::named(id).name) + " cauldron is still locked."};
+                     text("The %1 cauldron is still locked.", {text(Skin::named(id).name)})};
+}
+
+std::optional<NamedSettings::Complaint> NamedSettings::assign(const std::string& name,
+                                                              const std::string& value) {
+    if (auto complaint = complaintAbout(name, value))
+        return complaint;
+    if (name == kSkin)
+        m_progression.select(Skin::named(value));
+    else if (name == kMode)
+        m_settings.mode.set(*disposeModeFromRawValue(value));
+    else
+        (m_settings.*
+         std::ranges::find(Settings::switches(), name, &Settings::Switch::name)->setting)
+            .set(*switchValue(value));
+    return std::nullopt;
 }
 
 } // namespace vexmoor

@@ -25,14 +25,18 @@ class NamedSettings {
     NamedSettings(Settings& settings, Progression& progression)
         : m_settings(settings), m_progression(progression) {}
 
-    /// Nothing where the setting is the value now.
-    std::optional<Complaint> assign(const std::string& name, const std::string& text);
+    /// Nothing where the setting is the value now. The sentence is in the user's language.
+    std::optional<Complaint> assign(const std::string& name, const std::string& value);
+
+    /// What assign() would complain about.
+    [[nodiscard]] std::optional<Complaint> complaintAbout(const std::string& name,
+                                                          const std::string& value) const;
 
     /// In the order of showing.
     static std::vector<std::string> names();
 
   private:
-    std::optional<Complaint> selectSkin(const std::string& id);
+    [[nodiscard]] std::optional<Complaint> complaintAboutSkin(const std::string& id) const;
 
     Settings& m_settings;
     Progression& m_progression;

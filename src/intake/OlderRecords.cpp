@@ -65,4 +65,22 @@ Result<void> adoptOlderRecords(OlderJournals& journals, UserDefaults& defaults,
     return {};
 }
 
+std::vector<Sacrifice> binnedWithoutRecord(const JournalBatch& batch, const JournalBatch& open,
+                                           const BinnedItems& binnedItems, Disposer& disposer) {
+    std::set<Uuid> known;
+    for (const auto& item : binnedItems.all())
+        known.insert(item.id);
+    for (const auto& entry : open.entries)
+        known.insert(entry.sacrifice.id);
+    std::vector<Sacrifice> items;
+    for (const auto& entry : batch.entries) {
+        const auto& item = entry.sacrifice;
+        if (batch.kind == JournalKind::feed && item.canRestore() &&
+            entry.outcome != JournalEntry::Outcome::failed && !known.contains(item.id) &&
+            disposer.check(*item.trashed, item.binRecord()))
+            items.push_back(item);
+    }
+    return items;
+}
+
 } // namespace vexmoor

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/UserDefaults.h"
+#include "disposal/Disposer.h"
 #include "disposal/OlderJournals.h"
 #include "intake/BinnedItems.h"
 
@@ -11,6 +12,11 @@ namespace vexmoor {
 /// Without success all stays as it is, for the next start.
 Result<void> adoptOlderRecords(OlderJournals& journals, UserDefaults& defaults,
                                const Ledger& ledger, BinnedItems& binnedItems);
+
+/// Of a batch that an earlier version counted, the items in the Bin whose way back no table has
+/// yet; without those that are `open`, whose outcome is yet to be seen.
+std::vector<Sacrifice> binnedWithoutRecord(const JournalBatch& batch, const JournalBatch& open,
+                                           const BinnedItems& binnedItems, Disposer& disposer);
 
 bool areOlderRecordsAdopted(const OlderJournals& journals, const UserDefaults& defaults);
 

@@ -40,6 +40,9 @@ struct Answer {
 struct Failure {
     std::string name;
     Error error;
+    std::optional<StoredPath> path{}; ///< where the item is or was, where that is known
+
+    bool operator==(const Failure&) const = default;
 };
 
 struct FailureReport {

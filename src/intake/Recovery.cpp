@@ -4,6 +4,7 @@
 #include "intake/OlderRecords.h"
 #include "intake/Settlement.h"
 #include "intake/VolumeCheck.h"
+#include "platform/Volume.h"
 
 #include <algorithm>
 
@@ -126,7 +127,11 @@ class Recoverer {
                 continue;
             }
             const bool isNew = number > m_mark.number;
-            take(isNew ? *batch : withoutKnown(*batch), !isNew);
+            const auto open = isNew ? *batch : withoutKnown(*batch);
+            if (!isNew)
+                m_counted.emplace_back(
+                    number, binnedWithoutRecord(*batch, open, m_binnedItems, m_disposer));
+            take(open, !isNew);
             m_mark.number = std::max(m_mark.number, number);
             m_olderTaken.push_back(number);
             m_hasNews = true;
@@ -143,10 +148,16 @@ class Recoverer {
         return aside ? disposalError(DisposalError::journalSetAside, *aside) : aside.error();
     }
 
-    /// Of a batch that was recorded, what had to wait.
+    /// Of a batch that was recorded, what had to wait. In the home Bin nothing had to: those items
+    /// were counted, also where a power cut took the notes of it.
     [[nodiscard]] JournalBatch withoutKnown(JournalBatch batch) const {
         std::erase_if(batch.entries, [&](const JournalEntry& entry) {
             if (entry.outcome != Outcome::unknown)
+                return true;
+            const bool couldWait = batch.mode == DisposeMode::dissolve
+                                       ? entry.volume.has_value()
+                                       : !isInHomeBin(entry.sacrifice, m_directories);
+            if (!couldWait)
                 return true;
             const auto& recent = m_ledger.recent.get();
             const auto known = std::ranges::find(recent, entry.sacrifice.id, &Sacrifice::id);
@@ -233,7 +244,13 @@ class Recoverer {
         if (!m_volumes.answers(*entry.volume))
             return true;
         const auto status = fileStatus(*entry.volume);
-        return !status || !status->isMountPoint;
+        return !status || !status->isMountPoint || isOther(entry);
+    }
+
+    /// Whether another volume than the item's is mounted in its place.
+    static bool isOther(const JournalEntry& entry) {
+        const auto top = openFolder(*entry.volume);
+        return !entry.fileSystem.empty() && (!top || volumeName(top->get()) != entry.fileSystem);
     }
 
     void decide(const JournalBatch& batch, const JournalEntry& entry, Recorded& recorded) {
@@ -292,12 +309,12 @@ class Recoverer {
         const auto& sacrifice = entry.sacrifice;
         if (entry.outcome == Outcome::failed)
             m_report.failures.push_back(
-                {sacrifice.name, disposalError(DisposalError::failedBefore, {}, entry.failure)});
+                {sacrifice.name, disposalError(DisposalError::failedBefore, {}, entry.failure),
+                 sacrifice.original});
         else if (entry.isBegun && batch.mode == DisposeMode::dissolve)
-            m_report.failures.push_back(
-                {sacrifice.name,
-                 disposalError(DisposalError::partlyRemoved, {},
-                               displayText(sacrifice.original->native()) + " is what remains")});
+            m_report.failures.push_back({sacrifice.name,
+                                         disposalError(DisposalError::cutOff, *sacrifice.original),
+                                         sacrifice.original});
     }
 
     /// An item that was on its way when the batch was cut off may have left an info file alone.
@@ -328,6 +345,8 @@ class Recoverer {
                 break;
             }
         }
+        for (const auto& [number, items] : m_counted)
+            m_binnedItems.add(number, items);
         if (m_waiting.empty())
             m_defaults.assign(kWaitingKey, std::nullopt);
         else
@@ -356,6 +375,7 @@ class Recoverer {
     JournalMark m_mark;
     bool m_hasNews = false;
     std::vector<Recorded> m_recorded;
+    std::vector<std::pair<std::int64_t, std::vector<Sacrifice>>> m_counted; ///< by batches before
     std::string m_waiting;
     std::vector<std::int64_t> m_olderTaken;
     RecoveryReport m_report;

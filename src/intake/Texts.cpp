@@ -1,7 +1,6 @@
 #include "Texts.h"
 
 #include "base/Text.h"
-
 #include "disposal/DisposalError.h"
 
 #include <algorithm>
@@ -29,20 +28,19 @@ std::string inSentence(const std::string& name) {
 
 /// The first lines, and how many there are more.
 std::string listed(std::size_t count, const std::vector<std::string>& lines) {
-    std::string text;
+    std::string list;
     for (std::size_t i = 0; i < std::min(lines.size(), kListedFailures); ++i)
-        text += (i > 0 ? "\n" : "") + lines[i];
+        list += (i > 0 ? "\n" : "") + lines[i];
     if (count > kListedFailures)
-        text += "\n…and " + std::to_string(count - kListedFailures) + " more.";
-    return text;
+        list += "\n" + plural("…and %1 more.", "…and %1 more.",
+                              static_cast<std::int64_t>(count - kListedFailures));
+    return list;
 }
 
-FailureReport failureReport(const std::string& verb, std::vector<Failure> failures) {
+FailureReport failureReport(std::string message, std::vector<Failure> failures) {
     FailureReport report;
     const auto count = failures.size();
-    report.message =
-        verb + " " +
-        (count == 1 ? inSentence(failures.front().name) : std::to_string(count) + " items");
+    report.message = std::move(message);
     if (count == 1) {
         report.informative = describe(failures.front().error);
     } else {
@@ -53,6 +51,10 @@ FailureReport failureReport(const std::string& verb, std::vector<Failure> failur
     }
     report.failures = std::move(failures);
     return report;
+}
+
+std::int64_t number(std::size_t count) {
+    return static_cast<std::int64_t>(count);
 }
 
 } // namespace
@@ -67,46 +69,59 @@ std::vector<std::string> firstNames(const std::vector<StoredPath>& items) {
 Question dissolveQuestion(std::size_t count, const std::vector<std::string>& names) {
     std::vector<std::string> lines;
     std::ranges::transform(names, std::back_inserter(lines), inSentence);
-    return {count == 1 ? "Dissolve this item forever?"
-                       : "Dissolve " + std::to_string(count) + " items forever?",
-            "Dissolve mode skips the Bin. There is no Put Back.",
-            "Dissolve",
-            "Cancel",
-            "Don't ask again",
+    return {plural("Dissolve this item forever?", "Dissolve %1 items forever?", number(count)),
+            text("Dissolve mode skips the Bin. There is no Put Back."),
+            text("Dissolve"),
+            text("Cancel"),
+            text("Don't ask again"),
             names.empty() ? "" : listed(count, lines)};
 }
 
 Question deleteQuestion(const std::vector<Sacrifice>& items) {
-    return {items.size() == 1 ? "Are you sure you want to delete “" +
-                                    inSentence(items.front().name) + "” immediately?"
-                              : "Are you sure you want to delete these " +
-                                    std::to_string(items.size()) + " items immediately?",
-            "You can’t undo this action.", "Delete", "Cancel", std::nullopt};
+    return {items.size() == 1
+                ? text("Are you sure you want to delete “%1” immediately?",
+                       {inSentence(items.front().name)})
+                : plural("Are you sure you want to delete this %1 item immediately?",
+                         "Are you sure you want to delete these %1 items immediately?",
+                         number(items.size())),
+            text("You can’t undo this action."), text("Delete"), text("Cancel"), std::nullopt};
 }
 
 FailureReport intakeFailures(std::vector<Failure> failures) {
-    return failureReport("The cauldron rejected", std::move(failures));
+    auto message = failures.size() == 1
+                       ? text("The cauldron rejected %1", {inSentence(failures.front().name)})
+                       : plural("The cauldron rejected %1 item", "The cauldron rejected %1 items",
+                                number(failures.size()));
+    return failureReport(std::move(message), std::move(failures));
 }
 
 FailureReport putBackFailures(std::vector<Failure> failures) {
-    return failureReport("Couldn't put back", std::move(failures));
+    auto message = failures.size() == 1
+                       ? text("Couldn't put back %1", {inSentence(failures.front().name)})
+                       : plural("Couldn't put back %1 item", "Couldn't put back %1 items",
+                                number(failures.size()));
+    return failureReport(std::move(message), std::move(failures));
 }
 
 FailureReport deleteFailures(std::vector<Failure> failures) {
-    return failureReport("Couldn't delete", std::move(failures));
+    auto message = failures.size() == 1
+                       ? text("Couldn't delete %1", {inSentence(failures.front().name)})
+                       : plural("Couldn't delete %1 item", "Couldn't delete %1 items",
+                                number(failures.size()));
+    return failureReport(std::move(message), std::move(failures));
 }
 
 FailureReport stoppedReport(std::size_t count) {
-    return {"Vexmoor stopped before it was done",
-            count == 1 ? "1 item was left as it was."
-                       : std::to_string(count) + " items were left as they were.",
-            {}};
+    return {
+        text("Vexmoor stopped before it was done"),
+        plural("%1 item was left as it was.", "%1 items were left as they were.", number(count)),
+        {}};
 }
 
 FailureReport foreignReport(bool tookOthers) {
-    return {tookOthers ? "The cauldron did not take everything"
-                       : "The cauldron took nothing of that",
-            "It takes only files and folders that are on this computer.",
+    return {tookOthers ? text("The cauldron did not take everything")
+                       : text("The cauldron took nothing of that"),
+            text("It takes only files and folders that are on this computer."),
             {}};
 }
 
@@ -127,41 +142,42 @@ FailureReport tileLostReport(const std::string& reason) {
 }
 
 FailureReport droppedCommands(std::size_t count) {
-    return {count == 1 ? "A command was not carried out"
-                       : std::to_string(count) + " commands were not carried out",
-            "Too many came at a time, and the programs that sent them did not wait for an answer. "
-            "Nothing of these was touched.",
-            {}};
+    return {
+        plural("A command was not carried out", "%1 commands were not carried out", number(count)),
+        text("Too many came at a time, and the programs that sent them did not wait for an "
+             "answer. Nothing of these was touched."),
+        {}};
 }
 
 FailureReport furtherReports(std::size_t count, const std::vector<std::string>& lines) {
-    return {count == 1 ? "One more failure" : std::to_string(count) + " more failures",
-            listed(count, lines),
-            {}};
+    return {
+        plural("One more failure", "%1 more failures", number(count)), listed(count, lines), {}};
 }
 
 FailureReport damagedStore(const Path& aside) {
-    return {"The history was damaged",
-            "It was set aside as " + inSentence(displayText(aside.native())) +
-                ". A fresh one was begun. What is in the Bin is still there.",
+    return {text("The history was damaged"),
+            text("It was set aside as %1. A fresh one was begun. What is in the Bin is still "
+                 "there.",
+                 {inSentence(displayText(aside.native()))}),
             {}};
 }
 
 FailureReport storeFailure(const Error& error) {
-    return {"The history couldn't be saved",
-            describe(error) + "\nWhat was done is noted in the journal and will be recorded at the "
-                              "next start.",
-            {{"history", error}}};
+    return {text("The history couldn't be saved"),
+            describe(error) + "\n" +
+                text("What was done is noted in the journal and will be recorded at the next "
+                     "start."),
+            {{text("history"), error}}};
 }
 
 FailureReport journalFailure(const Error& error) {
-    return {"The journal of an earlier batch couldn't be settled",
+    return {text("The journal of an earlier batch couldn't be settled"),
             inSentence(describe(error)),
-            {{"journal", error}}};
+            {{text("journal"), error}}};
 }
 
 std::string sacrificeActionName(std::size_t count) {
-    return count == 1 ? "Sacrifice" : "Sacrifice of " + std::to_string(count) + " Items";
+    return plural("Sacrifice", "Sacrifice of %1 Items", number(count));
 }
 
 } // namespace vexmoor

@@ -1,5 +1,7 @@
 #include "UndoStack.h"
 
+#include "base/Text.h"
+
 #include <utility>
 
 namespace vexmoor {
@@ -34,7 +36,7 @@ void UndoStack::publish() {
 }
 
 std::string UndoStack::undoMenuItemTitle() const {
-    return m_actions.empty() ? "Undo" : "Undo " + m_actions.back().name;
+    return m_actions.empty() ? text("Undo") : text("Undo %1", {m_actions.back().name});
 }
 
 } // namespace vexmoor

@@ -1,6 +1,6 @@
 #include "VolumeCheck.h"
 
-#include "platform/FileManager.h"
+#include "disposal/TrashDirectory.h"
 
 #include <condition_variable>
 #include <memory>
@@ -8,6 +8,10 @@
 #include <thread>
 
 namespace vexmoor {
+
+bool VolumeCheck::answersFor(const Path& place) {
+    return !TrashDirectory::isOfVolume(place) || answers(place.parent_path());
+}
 
 bool VolumeCheck::answers(const Path& folder) {
     if (const auto known = m_known.find(folder); known != m_known.end())

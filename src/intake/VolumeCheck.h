@@ -15,6 +15,9 @@ class VolumeCheck {
     /// Looked at once.
     bool answers(const Path& folder);
 
+    /// The same of a place in a Bin; the home Bin is not asked.
+    bool answersFor(const Path& place);
+
   private:
     static constexpr std::chrono::seconds kTimeout{2};
 

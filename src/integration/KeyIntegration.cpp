@@ -1,5 +1,6 @@
 #include "KeyIntegration.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <functional>
 
@@ -41,6 +42,16 @@ std::vector<KeyState> KeyIntegration::install() const {
 std::vector<KeyState> KeyIntegration::remove() const {
     return forEachInstalled(m_context, [](const auto& integration, auto& created) {
         return integration.removeKey(created);
+    });
+}
+
+bool KeyIntegration::hasMenuEntry() const {
+    return std::ranges::any_of(kFileManagers, [this](const FileManager& manager) {
+        const ManagerIntegration integration(manager, m_context);
+        const auto menu = integration.isInstalled() ? integration.menu() : std::nullopt;
+        const auto status = menu ? menu->status() : IntegrationStatus::notInstalled;
+        return status &&
+               (*status == IntegrationStatus::installed || *status == IntegrationStatus::differs);
     });
 }
 

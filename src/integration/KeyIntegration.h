@@ -22,6 +22,9 @@ class KeyIntegration {
     /// Takes the key away. Menu entries stay.
     [[nodiscard]] std::vector<KeyState> remove() const;
 
+    /// Whether the menu of an installed file manager has our entry.
+    [[nodiscard]] bool hasMenuEntry() const;
+
   private:
     IntegrationContext m_context;
 };

@@ -30,8 +30,9 @@ struct FileStatus {
     uid_t owner = 0;
     std::int64_t size = 0; ///< logical bytes
     std::int64_t allocatedBytes = 0;
-    std::int64_t modifiedSeconds = 0;  ///< since 1970
-    std::int64_t birthNanoseconds = 0; ///< since 1970; 0 where the file system does not know it
+    std::int64_t modifiedSeconds = 0;   ///< since 1970
+    std::uint32_t modifiedFraction = 0; ///< nanoseconds beyond them
+    std::int64_t birthNanoseconds = 0;  ///< since 1970; 0 where the file system does not know it
 
     [[nodiscard]] bool isFolder() const;
     [[nodiscard]] bool isLink() const;
@@ -75,7 +76,8 @@ Result<void> makeFolders(const Path& path, mode_t mode);
 Result<void> makeFolder(int directory, const char* name, mode_t mode);
 
 /// The text of a regular file: EINVAL where it is anything else, EFBIG where it is longer than
-/// that. Nothing is waited for.
-Result<std::string> readRegularFile(int directory, const char* name, std::size_t mostBytes);
+/// that. Nothing is waited for. `status` (optional) is how the file was before it was read.
+Result<std::string> readRegularFile(int directory, const char* name, std::size_t mostBytes,
+                                    FileStatus* status = nullptr);
 
 } // namespace vexmoor

@@ -2,6 +2,7 @@
 
 #include "base/LowerCase.h"
 #include "base/Saturated.h"
+#include "base/Text.h"
 #include "disposal/Ledger.h"
 
 #include <algorithm>
@@ -39,11 +40,14 @@ bool isUnlocked(const Progress& progress, const Achievement& achievement) {
 }
 
 NotificationPort::Notification announcement(const Achievement& achievement) {
-    std::string body(achievement.flavour);
-    if (achievement.reward != nullptr)
-        body.append(" Unlocked the ").append(achievement.reward->name).append(" cauldron.");
+    const auto flavour = text(achievement.flavour);
+    auto body =
+        achievement.reward == nullptr
+            ? flavour
+            // Translators: the achievement's sentence, and the name of a cauldron.
+            : text("%1 Unlocked the %2 cauldron.", {flavour, text(achievement.reward->name)});
     return {"achievement." + std::string(achievement.id),
-            "Achievement: " + std::string(achievement.title), std::move(body)};
+            text("Achievement: %1", {text(achievement.title)}), std::move(body)};
 }
 
 } // namespace

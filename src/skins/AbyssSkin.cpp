@@ -1,5 +1,7 @@
 #include "Skin.h"
 
+#include "base/Marked.h"
+
 namespace vexmoor {
 namespace {
 
@@ -55,8 +57,8 @@ constexpr Palette::Entry kExtraColours[] = {
 const Skin& Skin::abyss() {
     static constexpr Skin skin{
         .id = "abyss",
-        .name = "Abyss",
-        .blurb = "Pulled from somewhere very deep.",
+        .name = marked("Abyss"),
+        .blurb = marked("Pulled from somewhere very deep."),
         .outline = Pixel::fromHex(0x04101A),
         .shadow = Pixel::fromHex(0x0D2C40),
         .bodyColour = Pixel::fromHex(0x154560),

@@ -1,5 +1,7 @@
 #include "StandardBody.h"
 
+#include "base/Marked.h"
+
 namespace vexmoor {
 namespace {
 
@@ -21,8 +23,8 @@ constexpr Skin::Detail kDetails[] = {{.rows = kSkullRows, .x = 18, .y = 3}};
 const Skin& Skin::bone() {
     static constexpr Skin skin{
         .id = "bone",
-        .name = "Bone",
-        .blurb = "Bleached pot, something grinning in the broth.",
+        .name = marked("Bone"),
+        .blurb = marked("Bleached pot, something grinning in the broth."),
         .outline = Pixel::fromHex(0x2A2620),
         .shadow = Pixel::fromHex(0x8A8068),
         .bodyColour = Pixel::fromHex(0xC4B89C),

@@ -1,5 +1,7 @@
 #include "Skin.h"
 
+#include "base/Marked.h"
+
 namespace vexmoor {
 namespace {
 
@@ -54,8 +56,8 @@ constexpr Palette::Entry kExtraColours[] = {
 const Skin& Skin::gold() {
     static constexpr Skin skin{
         .id = "gold",
-        .name = "Gold",
-        .blurb = "Ten thousand souls buy a lot of gilding.",
+        .name = marked("Gold"),
+        .blurb = marked("Ten thousand souls buy a lot of gilding."),
         .outline = Pixel::fromHex(0x3A2608),
         .shadow = Pixel::fromHex(0x9A6A12),
         .bodyColour = Pixel::fromHex(0xD9A21E),

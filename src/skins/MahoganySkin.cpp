@@ -1,5 +1,7 @@
 #include "Skin.h"
 
+#include "base/Marked.h"
+
 namespace vexmoor {
 namespace {
 
@@ -52,8 +54,8 @@ constexpr Palette::Entry kExtraColours[] = {
 const Skin& Skin::mahogany() {
     static constexpr Skin skin{
         .id = "mahogany",
-        .name = "Mahogany",
-        .blurb = "Carved from a thousand empty folders.",
+        .name = marked("Mahogany"),
+        .blurb = marked("Carved from a thousand empty folders."),
         .outline = Pixel::fromHex(0x1A0A06),
         .shadow = Pixel::fromHex(0x4A1E12),
         .bodyColour = Pixel::fromHex(0x6F3220),

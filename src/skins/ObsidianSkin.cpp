@@ -1,5 +1,7 @@
 #include "Skin.h"
 
+#include "base/Marked.h"
+
 namespace vexmoor {
 namespace {
 
@@ -52,8 +54,8 @@ constexpr Palette::Entry kExtraColours[] = {
 const Skin& Skin::obsidian() {
     static constexpr Skin skin{
         .id = "obsidian",
-        .name = "Obsidian",
-        .blurb = "Volcanic glass. Reflects nothing good.",
+        .name = marked("Obsidian"),
+        .blurb = marked("Volcanic glass. Reflects nothing good."),
         .outline = Pixel::fromHex(0x000000),
         .shadow = Pixel::fromHex(0x0E0E14),
         .bodyColour = Pixel::fromHex(0x1C1C26),

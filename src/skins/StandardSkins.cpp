@@ -1,12 +1,14 @@
 #include "StandardBody.h"
 
+#include "base/Marked.h"
+
 namespace vexmoor {
 
 const Skin& Skin::iron() {
     static constexpr Skin skin{
         .id = "iron",
-        .name = "Iron",
-        .blurb = "The one you started with.",
+        .name = marked("Iron"),
+        .blurb = marked("The one you started with."),
         .outline = Pixel::fromHex(0x15151B),
         .shadow = Pixel::fromHex(0x33333D),
         .bodyColour = Pixel::fromHex(0x4C4C58),
@@ -26,8 +28,8 @@ const Skin& Skin::iron() {
 const Skin& Skin::copper() {
     static constexpr Skin skin{
         .id = "copper",
-        .name = "Copper",
-        .blurb = "Warm metal, same old acid.",
+        .name = marked("Copper"),
+        .blurb = marked("Warm metal, same old acid."),
         .outline = Pixel::fromHex(0x2A1510),
         .shadow = Pixel::fromHex(0x6E3A22),
         .bodyColour = Pixel::fromHex(0xA65C33),
@@ -47,8 +49,8 @@ const Skin& Skin::copper() {
 const Skin& Skin::cobalt() {
     static constexpr Skin skin{
         .id = "cobalt",
-        .name = "Cobalt",
-        .blurb = "Blue flame. Burns colder, or so it claims.",
+        .name = marked("Cobalt"),
+        .blurb = marked("Blue flame. Burns colder, or so it claims."),
         .outline = Pixel::fromHex(0x15151B),
         .shadow = Pixel::fromHex(0x33333D),
         .bodyColour = Pixel::fromHex(0x4C4C58),
@@ -68,8 +70,8 @@ const Skin& Skin::cobalt() {
 const Skin& Skin::witchfire() {
     static constexpr Skin skin{
         .id = "witchfire",
-        .name = "Witchfire",
-        .blurb = "Violet acid in a dark pot.",
+        .name = marked("Witchfire"),
+        .blurb = marked("Violet acid in a dark pot."),
         .outline = Pixel::fromHex(0x120D18),
         .shadow = Pixel::fromHex(0x2D2338),
         .bodyColour = Pixel::fromHex(0x443553),
@@ -89,8 +91,8 @@ const Skin& Skin::witchfire() {
 const Skin& Skin::verdigris() {
     static constexpr Skin skin{
         .id = "verdigris",
-        .name = "Verdigris",
-        .blurb = "Weathered bronze with a mossy patina.",
+        .name = marked("Verdigris"),
+        .blurb = marked("Weathered bronze with a mossy patina."),
         .outline = Pixel::fromHex(0x0F1A16),
         .shadow = Pixel::fromHex(0x2B4A3A),
         .bodyColour = Pixel::fromHex(0x3F7159),
@@ -110,8 +112,8 @@ const Skin& Skin::verdigris() {
 const Skin& Skin::rust() {
     static constexpr Skin skin{
         .id = "rust",
-        .name = "Rust",
-        .blurb = "It has seen things. Folders, mostly.",
+        .name = marked("Rust"),
+        .blurb = marked("It has seen things. Folders, mostly."),
         .outline = Pixel::fromHex(0x1D0F08),
         .shadow = Pixel::fromHex(0x4B2515),
         .bodyColour = Pixel::fromHex(0x7D3F1F),
@@ -131,8 +133,8 @@ const Skin& Skin::rust() {
 const Skin& Skin::lava() {
     static constexpr Skin skin{
         .id = "lava",
-        .name = "Lava",
-        .blurb = "Basalt pot, magma inside.",
+        .name = marked("Lava"),
+        .blurb = marked("Basalt pot, magma inside."),
         .outline = Pixel::fromHex(0x0D0A0A),
         .shadow = Pixel::fromHex(0x2A2222),
         .bodyColour = Pixel::fromHex(0x3F3434),
@@ -152,8 +154,8 @@ const Skin& Skin::lava() {
 const Skin& Skin::frost() {
     static constexpr Skin skin{
         .id = "frost",
-        .name = "Frost",
-        .blurb = "Rime on the iron. The flame does not melt it.",
+        .name = marked("Frost"),
+        .blurb = marked("Rime on the iron. The flame does not melt it."),
         .outline = Pixel::fromHex(0x1A2430),
         .shadow = Pixel::fromHex(0x3A5068),
         .bodyColour = Pixel::fromHex(0x5A7A9A),

@@ -1,5 +1,7 @@
 #include "Skin.h"
 
+#include "base/Marked.h"
+
 namespace vexmoor {
 namespace {
 
@@ -53,8 +55,8 @@ constexpr Palette::Entry kExtraColours[] = {
 const Skin& Skin::starlight() {
     static constexpr Skin skin{
         .id = "starlight",
-        .name = "Starlight",
-        .blurb = "A year of daily offerings. The pot glows on its own.",
+        .name = marked("Starlight"),
+        .blurb = marked("A year of daily offerings. The pot glows on its own."),
         .outline = Pixel::fromHex(0x2A2A3A),
         .shadow = Pixel::fromHex(0x7A7A9A),
         .bodyColour = Pixel::fromHex(0xB8B8D4),

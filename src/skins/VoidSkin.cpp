@@ -1,5 +1,7 @@
 #include "Skin.h"
 
+#include "base/Marked.h"
+
 namespace vexmoor {
 namespace {
 
@@ -45,8 +47,8 @@ static_assert(isSized(kRows, 32, 31));
 const Skin& Skin::voidSkin() {
     static constexpr Skin skin{
         .id = "void",
-        .name = "Void",
-        .blurb = "A terabyte went in. Nothing came out.",
+        .name = marked("Void"),
+        .blurb = marked("A terabyte went in. Nothing came out."),
         .outline = Pixel::fromHex(0x000000),
         .shadow = Pixel::fromHex(0x08060E),
         .bodyColour = Pixel::fromHex(0x120E1C),

@@ -52,7 +52,7 @@ class ByteWriter {
   public:
     explicit ByteWriter(std::size_t size) { m_bytes.reserve(size); }
 
-    void text(std::string_view text) { m_bytes.insert(m_bytes.end(), text.begin(), text.end()); }
+    void tag(std::string_view tag) { m_bytes.insert(m_bytes.end(), tag.begin(), tag.end()); }
     void number(std::uint32_t value, int size) {
         for (int i = 0; i < size; ++i)
             m_bytes.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
@@ -88,9 +88,9 @@ std::vector<std::uint8_t> SizzleRenderer::wavData(std::span<const float> samples
         std::abort();
     const auto dataSize = static_cast<std::uint32_t>(samples.size()) * kSampleSize;
     ByteWriter wav(kHeaderSize + dataSize);
-    wav.text("RIFF");
+    wav.tag("RIFF");
     wav.number(kAfterSize + dataSize, 4);
-    wav.text("WAVEfmt ");
+    wav.tag("WAVEfmt ");
     wav.number(16, 4); // the format's size
     wav.number(1, 2);  // integers
     wav.number(1, 2);  // channels
@@ -98,7 +98,7 @@ std::vector<std::uint8_t> SizzleRenderer::wavData(std::span<const float> samples
     wav.number(rate * kSampleSize, 4);
     wav.number(kSampleSize, 2);
     wav.number(8 * kSampleSize, 2);
-    wav.text("data");
+    wav.tag("data");
     wav.number(dataSize, 4);
     for (const float sample : samples)
         wav.number(static_cast<std::uint16_t>(static_cast<std::int16_t>(sample * kSampleFactor)),

@@ -38,12 +38,20 @@ QString MimeIcons::typeOf(const Path& item) {
     struct stat status {};
     if (::stat(item.c_str(), &status) == 0 && S_ISDIR(status.st_mode))
         return kFolder;
-    const QString name = QString::fromStdString(displayText(lastComponent(item)));
+    return typeOfFileNamed(lastComponent(item));
+}
+
+QString MimeIcons::typeOfFileNamed(const std::string& bytes) {
+    const QString name = QString::fromStdString(displayText(bytes));
     const QList<QMimeType> types = QMimeDatabase().mimeTypesForFileName(name);
     return types.isEmpty() ? kAnyFile : types.first().name();
 }
 
 QImage MimeIcons::iconOf(const Path& item) {
+    return iconOfType(typeOf(item));
+}
+
+QImage MimeIcons::iconOfType(const QString& type) {
     if (const QString theme = QIcon::themeName(); theme != m_theme) {
         const std::lock_guard lock(m_mutex);
         m_theme = theme;
@@ -51,7 +59,7 @@ QImage MimeIcons::iconOf(const Path& item) {
     }
     remembered(kFolder);
     remembered(kAnyFile);
-    return remembered(typeOf(item));
+    return remembered(type);
 }
 
 QImage MimeIcons::knownIconOf(const Path& item) const {

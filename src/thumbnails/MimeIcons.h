@@ -17,9 +17,13 @@ class MimeIcons {
     /// The kind of an item by its MIME type; "inode/directory" for a folder. Any thread.
     static QString typeOf(const Path& item);
 
+    /// The kind of a file of that name, which may no longer exist. Any thread.
+    static QString typeOfFileNamed(const std::string& name);
+
     /// The icon of an item, at most 128 pixels wide and high; null where the theme has none. The
     /// main thread only.
     QImage iconOf(const Path& item);
+    QImage iconOfType(const QString& type);
 
     /// The same without asking the theme: the icon that was shown for such an item before, or else
     /// for any folder or file. Null where there was none. Any thread.

@@ -18,6 +18,10 @@
 namespace vexmoor {
 namespace {
 
+// What a thumbnail says of the file that it shows.
+const auto kUri = QStringLiteral("Thumb::URI");
+const auto kTime = QStringLiteral("Thumb::MTime");
+
 /// A folder of previews, and the longest side of those in it.
 struct Flavour {
     const char* folder;
@@ -68,8 +72,8 @@ std::optional<QImage> preview(QByteArray png, const Flavour& flavour, const std:
     if (size.isEmpty() || size.width() > flavour.side || size.height() > flavour.side)
         return std::nullopt;
     QImage image = reader.read();
-    if (image.isNull() || image.text("Thumb::URI").toStdString() != uri ||
-        !isTime(image.text("Thumb::MTime"), changed))
+    if (image.isNull() || image.text(kUri).toStdString() != uri ||
+        !isTime(image.text(kTime), changed))
         return std::nullopt;
     constexpr int kSide = ThumbnailCache::kSide;
     if (image.width() > kSide || image.height() > kSide)
@@ -79,11 +83,11 @@ std::optional<QImage> preview(QByteArray png, const Flavour& flavour, const std:
 
 } // namespace
 
-std::optional<QImage> ThumbnailCache::find(const Path& item) const {
+std::optional<QImage> ThumbnailCache::find(const Path& item, const Path& made) const {
     struct stat status {};
     if (::stat(item.c_str(), &status) != 0)
         return std::nullopt;
-    const std::string uri = uriOf(item);
+    const std::string uri = uriOf(made);
     const QByteArray name =
         QCryptographicHash::hash(QByteArray::fromStdString(uri), QCryptographicHash::Md5).toHex() +
         ".png";

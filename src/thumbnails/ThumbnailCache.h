@@ -21,7 +21,10 @@ class ThumbnailCache {
     explicit ThumbnailCache(Path cacheHome = defaultCacheHome()) : m_home(std::move(cacheHome)) {}
 
     /// The preview of an item as it is now; nothing where there is none, or none to be trusted.
-    [[nodiscard]] std::optional<QImage> find(const Path& item) const;
+    [[nodiscard]] std::optional<QImage> find(const Path& item) const { return find(item, item); }
+
+    /// The same for an item that was moved: the preview that was made of it at `made`.
+    [[nodiscard]] std::optional<QImage> find(const Path& item, const Path& made) const;
 
     /// The item's address as it names previews: escaped as the desktop's programs do.
     static std::string uriOf(const Path& item);

@@ -77,15 +77,18 @@ void AboutPanel::paintEvent(QPaintEvent*) {
 
 } // namespace
 
-void showAbout(QWidget* parent) {
+QWidget& showAbout(QWidget* parent) {
     for (QWidget* const window : QApplication::topLevelWidgets()) {
         if (auto* const panel = qobject_cast<AboutPanel*>(window)) {
+            panel->show();
             panel->raise();
             panel->activateWindow();
-            return;
+            return *panel;
         }
     }
-    (new AboutPanel(parent))->show();
+    auto* const panel = new AboutPanel(parent);
+    panel->show();
+    return *panel;
 }
 
 } // namespace vexmoor

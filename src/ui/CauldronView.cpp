@@ -1,5 +1,7 @@
 #include "CauldronView.h"
 
+#include "Motion.h"
+
 #include "art/CauldronArt.h"
 #include "dock/DockIconAnimator.h"
 #include "dock/PixelImage.h"
@@ -13,6 +15,7 @@ CauldronView::CauldronView(const Skin& skin, int size, QWidget* parent,
     : QWidget(parent), m_skin(skin), m_side(size), m_canvas(0, 0), m_timer(makeTimer()) {
     setFixedSize(size, size);
     draw();
+    m_reducedMotion = subscribeToReducedMotion([this](bool) { run(); });
 }
 
 int CauldronView::crispSide(int most, double ratio) {
@@ -42,11 +45,19 @@ void CauldronView::draw() {
     update();
 }
 
-void CauldronView::showEvent(QShowEvent*) {
+void CauldronView::run() {
+    if (!isVisible() || reducedMotion()) {
+        m_timer->stop();
+        return;
+    }
     m_timer->start(FrameTimer::Interval(1 / DockIconAnimator::kIdleFps), [this] {
         ++m_tick;
         draw();
     });
+}
+
+void CauldronView::showEvent(QShowEvent*) {
+    run();
 }
 
 void CauldronView::hideEvent(QHideEvent*) {

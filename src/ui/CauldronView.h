@@ -1,6 +1,7 @@
 #pragma once
 
 #include "art/PixelCanvas.h"
+#include "base/Published.h"
 #include "dock/FrameTimer.h"
 #include "skins/Skin.h"
 
@@ -8,7 +9,8 @@
 
 namespace vexmoor {
 
-/// The idling pot of one skin, in a square. It moves only while it can be seen. Main thread.
+/// The idling pot of one skin, in a square. It moves only while it can be seen and the user wants
+/// motion. Main thread.
 class CauldronView : public QWidget {
     Q_OBJECT
 
@@ -33,12 +35,14 @@ class CauldronView : public QWidget {
 
   private:
     void draw();
+    void run();
 
     Skin m_skin;
     int m_side;
     int m_tick = 0;
     PixelCanvas m_canvas;
     std::unique_ptr<FrameTimer> m_timer;
+    Subscription m_reducedMotion;
 };
 
 } // namespace vexmoor

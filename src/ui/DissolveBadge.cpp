@@ -50,7 +50,13 @@ PixelCanvas flame() {
 
 } // namespace
 
-DissolveBadge::DissolveBadge(QWidget* parent) : QLabel(tr("Dissolving forever"), parent) {
+DissolveBadge::DissolveBadge(QWidget* parent) : QAbstractButton(parent) {
+    setText(tr("Dissolving forever"));
+    setToolTip(tr("Drops skip the Bin. Click to change in Settings."));
+    setAccessibleDescription(toolTip());
+    setFocusPolicy(Qt::TabFocus);
+    setAttribute(Qt::WA_Hover);
+    setCursor(Qt::PointingHandCursor);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
@@ -65,25 +71,32 @@ QSize DissolveBadge::sizeHint() const {
 }
 
 void DissolveBadge::paintEvent(QPaintEvent*) {
-    const QColor ground =
-        mixed(groundOf(palette()), kEmber.middle, isDark(groundOf(palette())) ? 0.16 : 0.12);
+    const double strength = (isDark(groundOf(palette())) ? 0.16 : 0.12) * (underMouse() ? 1.5 : 1);
+    const QColor ground = mixed(groundOf(palette()), kEmber.middle, strength);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(ground);
-    painter.drawRoundedRect(rect(), height() / 2.0, height() / 2.0);
+    if (hasFocus())
+        painter.setPen(QPen(kEmber.readableOn(groundOf(palette())), 2));
+    const QRectF shape = QRectF(rect()).adjusted(1, 1, -1, -1);
+    painter.drawRoundedRect(shape, shape.height() / 2, shape.height() / 2);
 
     const double ratio = devicePixelRatioF();
     const int cell = std::max(1, static_cast<int>(std::lround(ratio)));
     QImage picture = flame().nsImage(cell);
     picture.setDevicePixelRatio(ratio);
     const double top = std::round((height() - kFlameHeight * cell / ratio) / 2 * ratio) / ratio;
-    painter.drawImage(QPointF(kPadding, top), picture);
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    painter.drawImage(QPointF(isMirrored ? width() - kPadding - kFlameWidth : kPadding, top),
+                      picture);
 
     painter.setFont(textFontHere());
     painter.setPen(kEmber.readableOn(ground));
-    painter.drawText(rect().adjusted(kPadding + kFlameWidth + kGap, 0, 0, 0),
-                     Qt::AlignLeft | Qt::AlignVCenter, text());
+    const int flame = kPadding + kFlameWidth + kGap;
+    const QRect line = isMirrored ? rect().adjusted(kPadding, 0, -flame, 0)
+                                  : rect().adjusted(flame, 0, -kPadding, 0);
+    painter.drawText(line, Qt::AlignCenter, text());
 }
 
 } // namespace vexmoor

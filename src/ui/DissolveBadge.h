@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QLabel>
+#include <QAbstractButton>
 
 namespace vexmoor {
 
-/// The sign that what is fed is gone for good. Its flame is a picture of our own, whatever fonts
-/// there are.
-class DissolveBadge : public QLabel {
+/// The sign that what is fed is gone for good, and the button that leads to where that is changed.
+/// Its flame is a picture of our own, whatever fonts there are.
+class DissolveBadge : public QAbstractButton {
     Q_OBJECT
 
   public:

@@ -1,28 +1,36 @@
 #include "Figure.h"
 
+#include "TabularText.h"
 #include "TextStyle.h"
 
 #include <QPainter>
+#include <QStyle>
 
 #include <algorithm>
 #include <cmath>
 
 namespace vexmoor {
+namespace {
 
-Figure::Figure(double size, QWidget* parent) : QLabel(parent), m_size(size) {
+constexpr int kGap = 6; ///< between value and caption
+
+} // namespace
+
+Figure::Figure(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
 void Figure::setFigure(const QString& value, const QString& caption) {
+    if (value == m_value && caption == m_caption)
+        return;
     m_value = value;
     m_caption = caption;
     setText(value + ' ' + caption);
-    updateGeometry();
 }
 
 QFont Figure::valueFont() const {
-    return textFont(font(), m_size, QFont::Bold);
+    return textFont(font(), 22, QFont::Bold);
 }
 
 QFont Figure::captionFont() const {
@@ -30,27 +38,30 @@ QFont Figure::captionFont() const {
 }
 
 QSize Figure::sizeHint() const {
-    const QFontMetrics value(valueFont());
-    const QFontMetrics caption(captionFont());
-    return {std::max(value.horizontalAdvance(m_value), caption.horizontalAdvance(m_caption)),
-            value.height() + caption.height()};
+    const double width = tabularWidth(valueFont(), m_value) + kGap +
+                         QFontMetricsF(captionFont()).horizontalAdvance(m_caption);
+    return {static_cast<int>(std::ceil(width)), QFontMetrics(valueFont()).height()};
 }
 
 void Figure::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     QFont large = valueFont();
-    const int valueHeight = QFontMetrics(large).height();
-    const int needed = QFontMetrics(large).horizontalAdvance(m_value);
-    if (needed > width())
-        large.setPixelSize(std::max(1, large.pixelSize() * width() / needed));
-    painter.setFont(large);
+    const double caption = QFontMetricsF(captionFont()).horizontalAdvance(m_caption);
+    const double room = std::max(1.0, width() - kGap - caption);
+    double needed = tabularWidth(large, m_value);
+    if (needed > room) {
+        large.setPixelSize(std::max(1, static_cast<int>(large.pixelSize() * room / needed)));
+        needed = tabularWidth(large, m_value);
+    }
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    const double baseline = QFontMetrics(valueFont()).ascent();
     painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(QRect(0, 0, width(), valueHeight), Qt::AlignHCenter | Qt::AlignBottom,
-                     m_value);
+    drawTabular(painter, {isMirrored ? width() - needed : 0, baseline}, large, m_value);
     painter.setFont(captionFont());
     painter.setPen(secondaryText(palette()));
-    painter.drawText(rect().adjusted(0, valueHeight, 0, 0), Qt::AlignHCenter | Qt::AlignTop,
-                     m_caption);
+    painter.drawText(
+        QPointF(isMirrored ? width() - needed - kGap - caption : needed + kGap, baseline),
+        m_caption);
 }
 
 } // namespace vexmoor

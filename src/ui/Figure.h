@@ -4,14 +4,13 @@
 
 namespace vexmoor {
 
-/// A value with its caption under it, centred; a screen reader reads both as one text. A value too
-/// wide for its place is written smaller.
+/// A value with its caption beside it; a screen reader reads both as one text. A value too wide for
+/// its place is written smaller.
 class Figure : public QLabel {
     Q_OBJECT
 
   public:
-    /// `size` is that of the value, for textFont().
-    explicit Figure(double size, QWidget* parent = nullptr);
+    explicit Figure(QWidget* parent = nullptr);
 
     void setFigure(const QString& value, const QString& caption);
 
@@ -25,7 +24,6 @@ class Figure : public QLabel {
     [[nodiscard]] QFont valueFont() const;
     [[nodiscard]] QFont captionFont() const;
 
-    double m_size;
     QString m_value;
     QString m_caption;
 };

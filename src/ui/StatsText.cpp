@@ -1,11 +1,9 @@
 #include "StatsText.h"
 
 #include "base/ByteCount.h"
+#include "base/Text.h"
 #include "disposal/Ledger.h"
-#include "progression/Achievement.h"
 #include "progression/Progress.h"
-
-#include <algorithm>
 
 namespace vexmoor {
 namespace {
@@ -20,24 +18,15 @@ QString size(std::int64_t bytes) {
 
 } // namespace
 
-StatsText StatsText::of(const Ledger& ledger, const Progress& progress, Date now) {
+StatsText StatsText::of(const Ledger& ledger, const Progress& progress) {
     const std::int64_t count = ledger.count.get();
-    const auto week = ledger.week(now);
-    const DayTally today = week.empty() ? DayTally{} : week.back().tally;
-    const auto all = Achievement::all();
-    const auto unlocked = std::ranges::count_if(all, [&progress](const Achievement& achievement) {
-        return std::ranges::find(progress.unlocked, achievement.id) != progress.unlocked.end();
-    });
     StatsText text;
     text.count = grouped(count);
-    text.countCaption = count == 1 ? tr("sacrifice") : tr("sacrifices");
+    text.countCaption = QString::fromStdString(plural("sacrifice", "sacrifices", count));
     text.bytes = size(ledger.bytes.get());
     text.bytesCaption = tr("consumed");
     text.streak = grouped(progress.streak);
     text.streakCaption = tr("day streak");
-    text.today = (today.count == 1 ? tr("Today: %1 item, %2") : tr("Today: %1 items, %2"))
-                     .arg(grouped(today.count), size(today.bytes));
-    text.achievements = tr("%1 of %2 achievements").arg(unlocked).arg(all.size());
     return text;
 }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "base/Date.h"
-
 #include <QCoreApplication>
 #include <QString>
 
@@ -10,7 +8,7 @@ namespace vexmoor {
 class Ledger;
 struct Progress;
 
-/// The totals as they are shown: values with their captions, and two lines.
+/// The totals as they are shown: values with their captions.
 struct StatsText {
     Q_DECLARE_TR_FUNCTIONS(vexmoor::StatsText)
 
@@ -21,11 +19,8 @@ struct StatsText {
     QString bytesCaption;
     QString streak;
     QString streakCaption;
-    QString today;        ///< "Today: 46 items, 1.2 GB"
-    QString achievements; ///< "6 of 19 achievements"
 
-    /// The day is the one that holds `now`.
-    static StatsText of(const Ledger& ledger, const Progress& progress, Date now);
+    static StatsText of(const Ledger& ledger, const Progress& progress);
 
     bool operator==(const StatsText&) const = default;
 };

@@ -1,44 +1,47 @@
 #include "StatsWindow.h"
 
-#include "StatsPoster.h"
+#include "DropFrame.h"
 
-#include "disposal/Ledger.h"
-#include "disposal/Settings.h"
+#include "dock/DroppedUris.h"
 #include "progression/Progression.h"
 
-namespace vexmoor {
+#include <QDragEnterEvent>
+#include <QMimeData>
 
-StatsWindow::StatsWindow(Ledger& ledger, Settings& settings, Progression& progression, Clock clock,
-                         const MakeFrameTimer& makeTimer)
-    : m_ledger(ledger), m_progression(progression), m_clock(std::move(clock)),
-      m_minute(makeTimer()), m_poster(new StatsPoster(makeTimer, this)) {
+namespace vexmoor {
+namespace {
+
+const QString kUriList = QStringLiteral("text/uri-list");
+
+} // namespace
+
+StatsWindow::StatsWindow(StatsView::Parts parts)
+    : m_view(new StatsView(std::move(parts), this)), m_frame(new DropFrame(*this)) {
     setWindowTitle(tr("Vexmoor"));
-    setCentralWidget(m_poster);
-    connect(m_poster, &StatsPoster::testFlamesRequested, this, &StatsWindow::testFlamesRequested);
-    const auto refreshed = [this](const auto&) { refresh(); };
-    m_subscriptions.push_back(ledger.count.subscribe(refreshed));
-    m_subscriptions.push_back(ledger.bytes.subscribe(refreshed));
-    m_subscriptions.push_back(ledger.days.subscribe(refreshed));
-    m_subscriptions.push_back(settings.mode.subscribe(
-        [this](DisposeMode mode) { m_poster->setDissolving(mode == DisposeMode::dissolve); }));
-    m_subscriptions.push_back(progression.subscribe([this](const Progress& progress) {
-        m_poster->setSkin(Skin::named(progress.skin));
-        refresh();
-    }));
+    setCentralWidget(m_view);
+    setAcceptDrops(true);
     resize(sizeHint());
 }
 
-void StatsWindow::refresh() {
-    m_poster->setText(StatsText::of(m_ledger, m_progression.progress(), m_clock()));
+/// What was dragged out of the window itself is in the Bin already.
+void StatsWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->source() != nullptr || !event->mimeData()->hasFormat(kUriList))
+        return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    m_frame->setShown(true, m_view->skin());
 }
 
-void StatsWindow::showEvent(QShowEvent*) {
-    refresh();
-    m_minute->start(std::chrono::minutes(1), [this] { refresh(); });
+void StatsWindow::dragLeaveEvent(QDragLeaveEvent*) {
+    m_frame->setShown(false, m_view->skin());
 }
 
-void StatsWindow::hideEvent(QHideEvent*) {
-    m_minute->stop();
+void StatsWindow::dropEvent(QDropEvent* event) {
+    m_frame->setShown(false, m_view->skin());
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    const DroppedUris uris = DroppedUris::fromList(event->mimeData()->data(kUriList).toStdString());
+    emit dropped(uris.items, uris.others);
 }
 
 } // namespace vexmoor

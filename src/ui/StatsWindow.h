@@ -1,47 +1,37 @@
 #pragma once
 
-#include "base/Date.h"
-#include "base/Published.h"
-#include "dock/FrameTimer.h"
+#include "StatsView.h"
+
+#include "base/Path.h"
 
 #include <QMainWindow>
 
-#include <vector>
-
 namespace vexmoor {
 
-class Ledger;
-class Progression;
-class Settings;
-class StatsPoster;
+class DropFrame;
 
-/// The program's main window: what the cauldron consumed. It follows the stores at once, and the
-/// calendar within a minute; hidden it does nothing. The owner gives it a menu bar and keeps its
-/// place. Main thread.
+/// The program's main window. What is dropped onto it is reported as on the tile. The owner gives
+/// it a menu bar and keeps its place. Main thread.
 class StatsWindow : public QMainWindow {
     Q_OBJECT
 
   public:
-    /// The stores must outlive the window.
-    StatsWindow(Ledger& ledger, Settings& settings, Progression& progression, Clock clock,
-                const MakeFrameTimer& makeTimer = std::make_unique<QtFrameTimer>);
+    explicit StatsWindow(StatsView::Parts parts);
+
+    [[nodiscard]] StatsView& view() const { return *m_view; }
 
   signals:
-    void testFlamesRequested();
+    /// Items were dropped, and `others` things that are not on this computer.
+    void dropped(const std::vector<vexmoor::Path>& items, int others);
 
   protected:
-    void showEvent(QShowEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
   private:
-    void refresh();
-
-    const Ledger& m_ledger;
-    const Progression& m_progression;
-    Clock m_clock;
-    std::unique_ptr<FrameTimer> m_minute;
-    StatsPoster* m_poster;
-    std::vector<Subscription> m_subscriptions; ///< last, so that they end first
+    StatsView* m_view;
+    DropFrame* m_frame;
 };
 
 } // namespace vexmoor

@@ -1,6 +1,7 @@
 #include "ServedIntake.h"
 
 #include "base/JsonReader.h"
+#include "disposal/DisposalError.h"
 #include "intake/BatchReport.h"
 
 #include <gmock/gmock.h>
@@ -13,6 +14,14 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+
+/// "name: sentence" of each failure.
+std::vector<std::string> told(const BatchReport& report) {
+    std::vector<std::string> lines;
+    for (const auto& failure : report.failures)
+        lines.push_back(failure.name + ": " + describe(failure.error));
+    return lines;
+}
 
 class CommandServiceTest : public ServedIntake {
   protected:
@@ -119,8 +128,7 @@ TEST_F(CommandServiceTest, FeedsByBytesAndTellsWhatBecameOfIt) {
     ASSERT_EQ(report.done.size(), 2U);
     EXPECT_EQ(*report.done[1].original, items[1]);
     EXPECT_TRUE(exists(*report.done[1].trashed));
-    EXPECT_EQ(report.failures,
-              (std::vector<BatchReport::Failed>{{"missing", "No such file or directory."}}));
+    EXPECT_THAT(told(report), ElementsAre("missing: No such file or directory."));
     EXPECT_THAT(report.unlocked, ElementsAre("first"));
     EXPECT_THAT(around.events, ElementsAre("sizzle", "burn 2", testing::StartsWith("notify")))
         << "its caller tells of failures";
@@ -130,8 +138,7 @@ TEST_F(CommandServiceTest, FeedsByBytesAndTellsWhatBecameOfIt) {
     const QStringList named{"new\nline", "nothing"};
     const auto erased = reportIn(call("Delete", {named, false}));
     EXPECT_THAT(namesOf(erased), ElementsAre("new\nline"));
-    EXPECT_EQ(erased.failures,
-              (std::vector<BatchReport::Failed>{{"nothing", "nothing is no longer in the Bin."}}));
+    EXPECT_THAT(told(erased), ElementsAre("nothing: nothing is no longer in the Bin."));
     EXPECT_TRUE(reportIn(call("PutBack", {QStringList(), QVariant::fromValue(0ULL)})).isEmpty());
 }
 
@@ -208,8 +215,7 @@ TEST_F(CommandServiceTest, TellsWhatIsOnItsWayAlready) {
     EXPECT_THAT(namesOf(reportIn(end(first))), ElementsAre("a"));
     const auto report = reportIn(end(second));
     EXPECT_THAT(namesOf(report), ElementsAre("b"));
-    EXPECT_EQ(report.failures, (std::vector<BatchReport::Failed>{
-                                   {"a", "It is on its way into the cauldron already."}}));
+    EXPECT_THAT(told(report), ElementsAre("a: It is on its way into the cauldron already."));
 }
 
 TEST_F(CommandServiceTest, StopsTheCallersOwnBatchesOnly) {
@@ -270,7 +276,7 @@ TEST_F(CommandServiceTest, LetsCallsWaitTheirTurnAndDropsThoseOfCallersThatLeft)
     for (std::size_t i = 0; i < kSent; ++i)
         ASSERT_EQ(exists(items[i]), i >= kRunning) << i;
     ASSERT_EQ(around.reports.size(), 1U);
-    EXPECT_EQ(around.reports[0].message, "2744 commands were not carried out");
+    EXPECT_EQ(around.reports[0].message, "2,744 commands were not carried out");
 }
 
 TEST_F(CommandServiceTest, AnswersCallsThatWaitWhenTheirCallerStopsOrItEnds) {

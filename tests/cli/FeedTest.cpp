@@ -44,17 +44,27 @@ TEST_F(FeedTest, TellsEachStageOfAnItemInItsDocuments) {
     const Json none = Json::array();
     EXPECT_EQ(steady(json({"feed", "--json", "a", "missing"})),
               (Json{{"done", {record("a")}},
-                    {"failures", {{{"name", "missing"}, {"error", "No such file or directory."}}}},
+                    {"failures",
+                     {{{"name", "missing"},
+                       {"path", m_files / "missing"},
+                       {"code", "ENOENT"},
+                       {"message", "No such file or directory."},
+                       {"cause", {{"operation", "look at"}}},
+                       {"error", "No such file or directory."}}}},
                     {"untouched", none},
                     {"unlocked", {"first"}}}));
     EXPECT_EQ(steady(json({"history", "--json"})), Json::array({record("a")}));
 
-    EXPECT_EQ(
-        steady(json({"put-back", "--json", "a", "nothing"})),
-        (Json{{"done", {record("a")}},
-              {"failures", {{{"name", "nothing"}, {"error", "nothing is no longer in the Bin."}}}},
-              {"untouched", none},
-              {"landings", {m_files / "a"}}}));
+    EXPECT_EQ(steady(json({"put-back", "--json", "a", "nothing"})),
+              (Json{{"done", {record("a")}},
+                    {"failures",
+                     {{{"name", "nothing"},
+                       {"code", "goneFromBin"},
+                       {"message", "nothing is no longer in the Bin."},
+                       {"cause", {{"path", "nothing"}}},
+                       {"error", "nothing is no longer in the Bin."}}}},
+                    {"untouched", none},
+                    {"landings", {m_files / "a"}}}));
     EXPECT_EQ(steady(json({"history", "--json"})),
               Json::array({record("a", {{"restored", "moment"}})}));
 

@@ -50,6 +50,13 @@ TEST_F(AlertTest, IsAnsweredByReturnAndEscape) {
     EXPECT_FALSE(std::filesystem::exists(session->home() / ".local/share/Trash/files/old.iso"));
 }
 
+TEST_F(AlertTest, SpeaksTheLanguageOfItsUser) {
+    start({"--background"}, {{"LANGUAGE", "de"}});
+    ASSERT_EQ(cauldron->feed({item}), 0);
+    answer("Dieses Objekt für immer auflösen?", "Escape");
+    EXPECT_TRUE(nothingIsAsked());
+}
+
 TEST_F(AlertTest, IsNotShownAgainEvenWhereTheAnswerWasCancel) {
     start();
     ASSERT_EQ(cauldron->feed({item}), 0);

@@ -78,7 +78,8 @@ bool Cauldron::alerts(const std::string& sentence) const {
             });
         };
         const bool isGuarded = has([](const AccessibleElement& element) {
-            return !element.isEnabled && (element.name == "Dissolve" || element.name == "Delete");
+            return !element.isEnabled && (element.name == "Dissolve" || element.name == "Delete" ||
+                                          element.name == "Auflösen");
         });
         return !isGuarded &&
                has([&](const AccessibleElement& element) { return element.name == sentence; });

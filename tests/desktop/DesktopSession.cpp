@@ -1,5 +1,7 @@
 #include "DesktopSession.h"
 
+#include "base/SqliteUserDefaults.h"
+
 #include <QDBusArgument>
 #include <QDBusConnectionInterface>
 #include <QDBusVariant>
@@ -70,6 +72,8 @@ DesktopSession::DesktopSession(const Setting& setting)
     m_screen->fill(setting.background);
 
     chooseServices(setting.thumbnails);
+    if (setting.onboarded)
+        skipWalkthrough();
     m_bus.emplace(home() / "services", m_environment);
     m_environment["DBUS_SESSION_BUS_ADDRESS"] = m_bus->address();
     m_busName = QString::fromStdString(m_bus->address());
@@ -106,6 +110,16 @@ void DesktopSession::chooseServices(bool thumbnails) const {
     const auto program = own.find("Exec=") + 5; // where it will be installed
     own.replace(program, own.find('\n', program) - program, VEXMOOR_DESKTOP_PROGRAM);
     write("services/org.vexmoor.Vexmoor.service", own);
+}
+
+void DesktopSession::skipWalkthrough() const {
+    const Path folder = home() / ".local/share/vexmoor";
+    std::filesystem::create_directories(folder);
+    const auto defaults = SqliteUserDefaults::open(
+        folder / "defaults.db", SqliteUserDefaults::Access::readWrite, [](const Error&) {});
+    if (!defaults)
+        throw std::runtime_error("no defaults");
+    (*defaults)->assign("onboarded", true);
 }
 
 void DesktopSession::switchAccessibilityOn() const {

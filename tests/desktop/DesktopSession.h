@@ -38,7 +38,8 @@ class DesktopSession {
         bool sound = true;
         bool notifications = true;
         bool thumbnails = true;
-        double scale = 1; ///< physical pixels a point, for what Qt draws
+        bool onboarded = true; ///< false: the first start shows the walkthrough
+        double scale = 1;      ///< physical pixels a point, for what Qt draws
         QColor background = QColor(0x3b, 0x4a, 0x5e);
     };
 
@@ -91,6 +92,7 @@ class DesktopSession {
 
   private:
     void chooseServices(bool thumbnails) const;
+    void skipWalkthrough() const;
     void switchAccessibilityOn() const;
 
     TemporaryDirectory m_home;

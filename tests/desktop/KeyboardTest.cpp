@@ -25,7 +25,7 @@ TEST_F(KeyboardTest, ReachesTheTilesMenuThroughTheWindow) {
     };
     ASSERT_TRUE(eventually([&] { return menu().has_value(); }));
     session->screen().keepPicture("menu-by-key");
-    session->press("Down Down Down Return"); // what cannot be chosen is passed over
+    session->press("Down Down Down Down Down Return"); // what cannot be chosen is passed over
     EXPECT_TRUE(eventually([&] { return cauldron->setting("mode") == "dissolve"; }));
 }
 

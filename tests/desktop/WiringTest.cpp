@@ -108,6 +108,17 @@ TEST_F(WiringTest, WearsTheChosenSkinAtOnceAndAfterARestart) {
     EXPECT_TRUE(tileShows(copper, true));
 }
 
+TEST_F(WiringTest, OpensTheBinForALauncher) {
+    const Path gio = session->write("programs/gio", "#!/bin/sh\necho \"$@\" > \"$HOME/opened\"\n");
+    std::filesystem::permissions(gio, std::filesystem::perms::owner_all);
+    start({"--background"}, {{"PATH", gio.parent_path().native() + ":/usr/bin:/bin"}});
+    session->call(Cauldron::application(), "ActivateAction",
+                  {"open-bin", QVariantList{}, QVariantMap{}});
+    const Path opened = session->home() / "opened";
+    EXPECT_TRUE(eventually(
+        [&] { return std::filesystem::exists(opened) && contents(opened) == "open trash:///\n"; }));
+}
+
 TEST_F(WiringTest, RecordsAndReportsAtItsStartWhatAKillCutOff) {
     std::vector<std::string> words;
     for (const char* const name : {"one", "two", "three"})
@@ -133,6 +144,7 @@ TEST_F(WiringTest, RecordsAndReportsAtItsStartWhatAKillCutOff) {
 }
 
 TEST_F(WiringTest, ReportsAStoreThatCannotBeReadOrWritten) {
+    std::filesystem::remove_all(database().parent_path());
     session->write(".local/share/vexmoor/defaults.db", std::string(8192, 'x'));
     start();
     EXPECT_TRUE(cauldron->alerts("The history was damaged"));

@@ -19,6 +19,8 @@ using test::FakeService;
 
 const QString kNotManaged = "This copy of Vexmoor was not installed by the system's package "
                             "service, so it can't look for updates.";
+const QString kNoService = "This system has no package service that Vexmoor can ask for updates. "
+                           "Look for them where you got it from.";
 const QString kStopped = "The system's package service stopped before it had answered.";
 
 constexpr uint kInstalled = 1;
@@ -268,9 +270,37 @@ TEST_F(UpdaterTest, TellsNobodyWhenItIsGone) {
 
 TEST_F(UpdaterTest, KnowsThatThereIsNobodyToAsk) {
     startUpdater();
-    EXPECT_EQ(check(), kNotManaged) << "no service";
+    EXPECT_EQ(check(), kNoService) << "no service";
     startUpdater(QDBusConnection("there is none"));
-    EXPECT_EQ(check(), kNotManaged) << "no bus";
+    EXPECT_EQ(check(), kNoService) << "no bus";
+}
+
+TEST_F(UpdaterTest, CallsACheckOffAndMakesAnother) {
+    startService();
+    startUpdater();
+    QList<bool> states;
+    QObject::connect(&*m_updater, &Updater::checkingChanged, &*m_updater,
+                     [&](bool isChecking) { states << isChecking; });
+    m_packages->failing = "SearchFiles";
+    m_updater->checkForUpdates();
+    ASSERT_TRUE(serviceIsCalled("SearchFiles"));
+    EXPECT_TRUE(m_updater->isChecking());
+    m_updater->cancel();
+    m_updater->cancel();
+    EXPECT_FALSE(m_updater->isChecking());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_TRUE(serviceIsCalled("Cancel"));
+    EXPECT_TRUE(m_told.isEmpty());
+    m_packages->failing.clear();
+    m_packages->questions.clear();
+    EXPECT_EQ(check(), "Vexmoor 0.1.0 is up to date.");
+    EXPECT_EQ(states, QList<bool>({true, false, true, false}));
+
+    startUpdater(QDBusConnection("there is none"));
+    m_updater->checkForUpdates();
+    m_updater->cancel();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(m_told.size(), 1) << "the answer for no bus was called off too";
 }
 
 TEST_F(UpdaterTest, HasItsServiceStartedWhereTheBusCan) {

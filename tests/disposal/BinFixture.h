@@ -69,6 +69,10 @@ class BinTest : public TreeTest {
         return place.parent_path().parent_path() / "info" /
                (place.filename().native() + ".trashinfo");
     }
+    /// As if it had been written so much earlier.
+    static void age(const Path& file, std::chrono::hours by = std::chrono::hours(1)) {
+        std::filesystem::last_write_time(file, std::filesystem::last_write_time(file) - by);
+    }
 
     static inline const Disposer::PlaceObserver kUnobserved = [](const Path&) {
         return Result<void>();

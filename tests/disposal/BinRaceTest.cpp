@@ -12,6 +12,7 @@ class BinRaceTest : public BinTest {
         std::function<void()> act;
         std::optional<std::string> inBin; ///< what the Bin holds under the name afterwards
         DisposalError error;
+        bool isInFuture = false; ///< the time of its info file
     };
 
     BinRaceTest() { fresh("item"); }
@@ -40,6 +41,7 @@ class BinRaceTest : public BinTest {
 
     Path place;
     const Path original = path() / "docs/a.txt";
+    std::filesystem::file_time_type written; ///< the info file
 };
 
 TEST_F(BinRaceTest, LetsNothingLeaveTheBinThatWasSwappedIn) {
@@ -58,12 +60,26 @@ TEST_F(BinRaceTest, LetsNothingLeaveTheBinThatWasSwappedIn) {
              std::ofstream(infoOf(place)) << TrashInfo{path() / "b", {}}.toText();
          },
          "item", DisposalError::replaced},
+        {"the info file of another item, as long as ours",
+         [&] {
+             std::ofstream(infoOf(place)) << TrashInfo{path() / "docs/b.txt", {}}.toText();
+         },
+         "item", DisposalError::replaced},
+        {"the same, at a time that has not been yet",
+         [&] {
+             std::ofstream(infoOf(place)) << TrashInfo{path() / "docs/b.txt", {}}.toText();
+             std::filesystem::last_write_time(infoOf(place), written);
+         },
+         "item", DisposalError::replaced, true},
         {"the Bin emptied", [&] { removeFromBin(); }, std::nullopt, DisposalError::goneFromBin},
     };
-    for (const auto& [what, act, inBin, error] : swaps)
+    for (const auto& [what, act, inBin, error, isInFuture] : swaps)
         for (const bool erasing : {false, true}) {
             SCOPED_TRACE(what);
             std::string info;
+            std::ofstream(infoOf(place)) << TrashInfo{original, {}}.toText();
+            age(infoOf(place), std::chrono::hours(isInFuture ? -1 : 1));
+            written = std::filesystem::last_write_time(infoOf(place));
             const auto swap = [&, &swapNow = act](const FileStatus&, const Path&) {
                 swapNow();
                 info = read(infoOf(place));

@@ -66,7 +66,9 @@ TEST_P(BinSwapTest, NothingOfAnotherProgramLeavesTheBin) {
         atEachCall(
             [&] {
                 write("a.txt", "ours");
-                return bin(original);
+                const Path place = bin(original);
+                age(infoOf(place));
+                return place;
             },
             [&](const Path& place) { useBinAgain(place); },
             [&](const Path& place) {

@@ -470,6 +470,18 @@ TEST_F(IntakeTest, TakesNamesAsBytesAndGuessesNothing) {
         EXPECT_THAT(told, testing::HasSubstr(item.native()));
 }
 
+TEST_F(IntakeTest, FindsBinnedItemsByTheirNamesNewestFirst) {
+    feed(make({"a.txt", "b.png"}));
+    const auto newest = feed(make({"c.txt", "d.txt"})).done;
+    const auto isText = [](const std::string& name) { return name.ends_with(".txt"); };
+    const auto& binned = program->binnedItems;
+    EXPECT_THAT(names(binned.matching(isText, 9)), ElementsAre("d.txt", "c.txt", "a.txt"));
+    EXPECT_THAT(names(binned.matching(isText, 2)), ElementsAre("d.txt", "c.txt"));
+    program->intake.restore({newest[1]});
+    settle();
+    EXPECT_THAT(names(binned.matching(isText, 2)), ElementsAre("c.txt", "a.txt"));
+}
+
 TEST_F(IntakeTest, SkipsUndoActionsThatHaveNothingLeft) {
     feed(make({"a"}));
     feed(make({"b", "c"}));

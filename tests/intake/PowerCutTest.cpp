@@ -16,6 +16,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdint>
+#include <cstdlib>
 #include <fstream>
 #include <random>
 #include <set>
@@ -26,7 +27,13 @@ namespace {
 
 constexpr int kFiles = 700; ///< more than a group
 constexpr int kRounds = 12;
-constexpr unsigned kSeed = 4711;
+
+/// Of the moments; other ones by the environment variable POWER_CUT_SEED.
+unsigned seed() {
+    constexpr unsigned kUsual = 4711;
+    const char* const wanted = std::getenv("POWER_CUT_SEED");
+    return wanted == nullptr ? kUsual : static_cast<unsigned>(std::strtoul(wanted, nullptr, 10));
+}
 
 /// A file system of its own on a loop device, seen by this process and its children only.
 class Disk {
@@ -196,7 +203,7 @@ class PowerCutTest : public testing::TestWithParam<const char*> {
 };
 
 TEST_P(PowerCutTest, LosesNoFileNorItsWayBack) {
-    std::mt19937 random(kSeed);
+    std::mt19937 random(seed());
     for (int round = 0; round < kRounds && !HasFailure(); ++round) {
         if (const auto reason = disk.make(); !reason.empty())
             GTEST_SKIP() << "The power can't be cut: " << reason;
@@ -209,8 +216,9 @@ TEST_P(PowerCutTest, LosesNoFileNorItsWayBack) {
         const std::string moment =
             isCutLater ? "renameat2 1000000"
                        : call + " " + std::to_string(1 + random() % static_cast<unsigned>(most));
-        SCOPED_TRACE(std::string(GetParam()) + ", round " + std::to_string(round) + ": " + moment +
-                     (isFirstStart ? ", first start" : "") + (hasSyncedNames ? ", synced" : ""));
+        SCOPED_TRACE(std::string(GetParam()) + ", seed " + std::to_string(seed()) + ", round " +
+                     std::to_string(round) + ": " + moment + (isFirstStart ? ", first start" : "") +
+                     (hasSyncedNames ? ", synced" : ""));
         begin(isFirstStart);
         runAndCut(feeding(), moment, hasSyncedNames);
         check(0);

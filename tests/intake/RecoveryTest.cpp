@@ -1,6 +1,7 @@
 #include "IntakeFixture.h"
 
 #include "intake/BinnedItems.h"
+#include "support/DeadVolume.h"
 #include "support/RawDatabase.h"
 
 #include <fstream>
@@ -80,6 +81,8 @@ TEST_F(RecoveryTest, RecordsCutOffDissolvesPutBacksAndDeletions) {
     EXPECT_EQ(recent()[0].name, "c");
     EXPECT_FALSE(recent()[0].canRestore());
     EXPECT_EQ(program->progression.progress().dissolved, 1);
+    EXPECT_NE(contents(directories().ownData() / "journal/current").find("\"fileSystem\":\""),
+              std::string::npos);
 }
 
 TEST_F(RecoveryTest, LooksAtTheDiskForIntentsWithoutAnOutcome) {
@@ -151,6 +154,36 @@ TEST_F(RecoveryTest, DecidesNothingOfAVolumeThatIsNotThere) {
             }
             std::filesystem::remove_all(home / "usb");
         }
+}
+
+TEST_F(RecoveryTest, WaitsForNoVolumeThatDoesNotAnswer) {
+    const auto near = feed(make({"near"})).done;
+    const Path original = fedToVolume("away");
+    const auto away = recent()[0];
+    auto entry = entryFor(home / "usb/other", Path(*away.trashed).parent_path() / "other");
+    DeadVolume volume(home / "usb");
+    if (!volume.mount())
+        GTEST_SKIP() << "no volume can be mounted that does not answer";
+    for (const bool hangs : {true, false}) {
+        SCOPED_TRACE(hangs ? "it hangs" : "its program is gone");
+        if (!hangs)
+            volume.end();
+        ASSERT_EQ(program->binnedItems.lastBatch().size(), 1U);
+        EXPECT_EQ(program->binnedItems.lastBatch()[0].id, near[0].id);
+        EXPECT_EQ(program->binnedItems.newest(5).size(), 1U);
+        EXPECT_FALSE(program->binnedItems.hasAny({away}));
+        EXPECT_EQ(program->binnedItems.named({"away"}).items.size(), 1U);
+        for (const auto act : {&Intake::restore, &Intake::deleteImmediately}) {
+            (program->intake.*act)({away}, {}, {});
+            settle();
+            EXPECT_TRUE(recent()[0].canRestore());
+            EXPECT_FALSE(recent()[0].lost);
+        }
+        noteIntents(JournalKind::feed, {entry});
+        start();
+        EXPECT_TRUE(needsRecovery()) << "it waits";
+        EXPECT_EQ(program->ledger.count.get(), 2);
+    }
 }
 
 TEST_F(RecoveryTest, FindsTheWholeLastBatchHoweverLargeAfterARestart) {
@@ -309,6 +342,34 @@ TEST_F(RecoveryTest, AdoptsTheWaysBackThatAnEarlierVersionKept) {
     EXPECT_EQ(program->ledger.count.get(), 4);
 }
 
+TEST_F(RecoveryTest, CountsNothingTwiceOfABatchThatAnEarlierVersionCounted) {
+    constexpr int kItems = 45; // more than the history keeps
+    std::string text = "{\"journal\":1,\"kind\":\"feed\",\"mode\":\"bin\"}\n";
+    const auto items = make(kItems);
+    std::map<Path, std::uint64_t> inodes;
+    for (const auto& item : items)
+        inodes[item] = identityAt(item).inode;
+    for (const auto& item : feed(items).done) { // a power cut took the outcomes, not the count
+        auto entry = entryFor(*item.original, *item.trashed);
+        entry.sacrifice = item;
+        entry.inode = inodes[*item.original];
+        text += intentLine(entry);
+    }
+    program.reset();
+    home.write(".local/share/vexmoor/journal/1.open", text);
+    std::filesystem::remove(directories().ownData() / "journal/current");
+    RawDatabase(directories().ownData() / "defaults.db")
+        .run("DROP TABLE records; PRAGMA user_version = 1; DELETE FROM defaults WHERE key IN "
+             "('records.adopted', 'records.count', 'journal.position')");
+    for (int starts = 0; starts < 2; ++starts) {
+        start();
+        EXPECT_TRUE(program->recovery.problems.empty());
+        EXPECT_EQ(program->ledger.count.get(), kItems);
+        EXPECT_EQ(program->binnedItems.all().size(), std::size_t{kItems});
+        EXPECT_FALSE(exists(directories().ownData() / "journal/1.open"));
+    }
+}
+
 TEST_F(RecoveryTest, ReportsAJournalThatShouldHoldSomething) {
     feed(make({"a"}));
     const Path file = directories().ownData() / "journal/current";
@@ -371,12 +432,14 @@ TEST_F(RecoveryTest, RecordsWhatCanBeReadOfADamagedJournal) {
 TEST_F(RecoveryTest, ReportsWhatFailedAndWhatIsHalfDissolvedAndWaitsForVolumes) {
     home.write("folder/left", "x");
     std::vector<JournalEntry> entries;
-    for (const char* const name : {"folder", "failed", "gone", "usb/away"}) {
+    for (const char* const name : {"folder", "failed", "gone", "usb/away", "swapped"}) {
         entries.push_back(entryFor(home / name, {}));
         entries.back().sacrifice.mode = DisposeMode::dissolve;
         entries.back().sacrifice.trashed.reset();
     }
     entries[3].volume = home / "usb"; // no mount point
+    entries[4].volume = "/proc";      // where another volume was
+    entries[4].fileSystem = "uuid:other";
     {
         const auto writer = program->journal.begin(JournalKind::feed, DisposeMode::dissolve,
                                                    Settlement(*program->defaults).start());
@@ -392,7 +455,7 @@ TEST_F(RecoveryTest, ReportsWhatFailedAndWhatIsHalfDissolvedAndWaitsForVolumes) 
     EXPECT_EQ(program->recovery.disposed, 1);
     EXPECT_EQ(recent()[0].name, "gone");
     std::vector<std::string> told;
-    for (const auto& [name, error] : program->recovery.failures)
+    for (const auto& [name, error, path] : program->recovery.failures)
         told.push_back(name + ": " + describe(error));
     EXPECT_EQ(told, (std::vector<std::string>{
                         "folder: Not all of it could be removed: " + (home / "folder").native() +

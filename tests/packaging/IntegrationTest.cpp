@@ -19,13 +19,16 @@ const std::string kId = "org.vexmoor.Vexmoor";
 class IntegrationTest : public testing::Test {
   protected:
     void SetUp() override {
-        const auto result = Command({VEXMOOR_CMAKE, "--install", VEXMOOR_BUILD_DIRECTORY,
-                                     "--component", "integration", "--prefix", prefix().string()})
-                                .run();
-        ASSERT_EQ(result.status, 0) << result.output << result.errors;
+        for (const char* component : {"integration", "translations"}) {
+            const auto result = Command({VEXMOOR_CMAKE, "--install", VEXMOOR_BUILD_DIRECTORY,
+                                         "--component", component, "--prefix", "/opt/pot"})
+                                    .with("DESTDIR", m_folder.path())
+                                    .run();
+            ASSERT_EQ(result.status, 0) << result.output << result.errors;
+        }
     }
 
-    [[nodiscard]] Path prefix() const { return m_folder / "usr"; }
+    [[nodiscard]] Path prefix() const { return m_folder / "opt/pot"; }
     [[nodiscard]] Path share(const Path& file) const { return prefix() / "share" / file; }
 
     /// Runs a validator, which must find nothing; skips where it is missing.
@@ -56,7 +59,12 @@ TEST_F(IntegrationTest, InstallsAllUnderOneName) {
             installed.insert(std::filesystem::relative(entry.path(), prefix()));
     std::set<std::string> expected{"share/applications/" + kId + ".desktop",
                                    "share/dbus-1/services/" + kId + ".service",
-                                   "share/metainfo/" + kId + ".metainfo.xml",
+                                   "share/metainfo/org.vexmoor.vexmoor.metainfo.xml",
+                                   "share/man/man1/vexmoor-desktop.1",
+                                   "share/nemo/actions/vexmoor-feed.nemo_action",
+                                   "share/kio/servicemenus/vexmoor-feed.desktop",
+                                   "share/file-manager/actions/vexmoor-feed.desktop",
+                                   "etc/xdg/autostart/" + kId + ".desktop",
                                    "share/icons/hicolor/scalable/apps/" + kId + ".svg",
                                    "share/locale/de/LC_MESSAGES/vexmoor.mo",
                                    "share/locale/en/LC_MESSAGES/vexmoor.mo"};
@@ -69,6 +77,7 @@ TEST_F(IntegrationTest, InstallsAllUnderOneName) {
 TEST_F(IntegrationTest, HasAnEntryThatDesktopsUnderstand) {
     const Path entry = share("applications/" + kId + ".desktop");
     validate({"desktop-file-validate", "--no-hints", entry});
+    EXPECT_EQ(valuesOf("GenericName[de]", entry), std::vector<std::string>{"Kessel für Dateien"});
     EXPECT_EQ(valuesOf("DBusActivatable", entry), std::vector<std::string>{"true"});
     EXPECT_EQ(valuesOf("Icon", entry), std::vector{kId});
     EXPECT_EQ(valuesOf("Exec", entry).front(), "vexmoor-desktop %U");
@@ -76,17 +85,32 @@ TEST_F(IntegrationTest, HasAnEntryThatDesktopsUnderstand) {
         << "what deletes files must never become the program that opens them";
 }
 
-TEST_F(IntegrationTest, HasAServiceThatStartsTheInstalledProgram) {
-    const Path service = share("dbus-1/services/" + kId + ".service");
+TEST_F(IntegrationTest, CallsTheProgramsWhereTheyAreInstalled) {
+    const std::string program = "/opt/pot/bin/vexmoor";
+    const std::string background = program + "-desktop --background";
+    const auto service = share("dbus-1/services/" + kId + ".service");
     EXPECT_EQ(valuesOf("Name", service), std::vector{kId});
-    const auto programs = valuesOf("Exec", service);
-    ASSERT_EQ(programs.size(), 1U);
-    EXPECT_TRUE(Path(programs.front()).is_absolute());
-    EXPECT_EQ(Path(programs.front()).filename(), "vexmoor-desktop --background");
+    EXPECT_EQ(valuesOf("Exec", service), std::vector{background});
+    const auto autostart = prefix() / "etc/xdg/autostart" / (kId + ".desktop");
+    validate({"desktop-file-validate", autostart});
+    EXPECT_EQ(valuesOf("Exec", autostart), std::vector{background});
+    EXPECT_EQ(valuesOf("TryExec", autostart), std::vector{program + "-desktop"});
+    for (const char* menu :
+         {"nemo/actions/vexmoor-feed.nemo_action", "kio/servicemenus/vexmoor-feed.desktop",
+          "file-manager/actions/vexmoor-feed.desktop"}) {
+        const auto commands = valuesOf("Exec", share(menu));
+        ASSERT_EQ(commands.size(), 1U) << menu;
+        EXPECT_TRUE(commands.front().starts_with(program + " feed --from-menu -- %")) << menu;
+        EXPECT_TRUE(test::contents(share(menu)).starts_with("[")) << menu << " is no user's own";
+    }
 }
 
 TEST_F(IntegrationTest, HasAPageForSoftwareCentres) {
-    validate({"appstreamcli", "validate", "--no-net", share("metainfo/" + kId + ".metainfo.xml")});
+    const Path page = share("metainfo/org.vexmoor.vexmoor.metainfo.xml");
+    EXPECT_NE(test::contents(page).find(
+                  "<summary xml:lang=\"de\">Dateien an einen Kessel verfüttern</summary>"),
+              std::string::npos);
+    validate({"appstreamcli", "validate", "--no-net", "--pedantic", page});
 }
 
 TEST_F(IntegrationTest, HasAnIconOfCrispSquaresInEverySize) {

@@ -1,6 +1,7 @@
 #include "WindowFixture.h"
 
 #include "ui/CauldronView.h"
+#include "ui/Motion.h"
 
 #include "art/CauldronArt.h"
 
@@ -58,6 +59,10 @@ TEST_F(CauldronViewTest, MovesAtEightFramesASecondOnlyWhileItIsSeen) {
     view.show();
     timer->fire();
     EXPECT_EQ(shown(view), pot(22, Skin::gold()).nsImage(3)) << "it goes on where it was";
+    setReducedMotion(true);
+    EXPECT_FALSE(timer->fire);
+    setReducedMotion(false);
+    EXPECT_TRUE(timer->fire);
 }
 
 TEST_F(CauldronViewTest, FindsTheSideAtWhichEveryCanvasPixelIsWhole) {

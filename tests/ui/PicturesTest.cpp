@@ -45,7 +45,7 @@ TEST_P(PicturesTest, OfTheWindowAndThePanel) {
         {&Skin::lava(), DisposeMode::dissolve}, {&Skin::witchfire(), DisposeMode::dissolve},
         {&Skin::gold(), DisposeMode::bin},      {&Skin::starlight(), DisposeMode::bin},
     };
-    StatsWindow window(ledger, settings, progression, clock.clock(), makeTimer());
+    StatsWindow window({ledger, settings, progression, clock.clock(), makeTimer()});
     for (const char* const menu : {"&Vexmoor", "&Edit", "&Window"})
         window.menuBar()->addMenu(menu);
     window.show();

@@ -121,6 +121,7 @@ Result<FileStatus> fileStatus(int directory, const char* name) {
     status.size = bounded(raw.stx_size, 1);
     status.allocatedBytes = bounded(raw.stx_blocks, kBlockBytes);
     status.modifiedSeconds = raw.stx_mtime.tv_sec;
+    status.modifiedFraction = raw.stx_mtime.tv_nsec;
     if ((raw.stx_mask & STATX_BTIME) != 0)
         status.birthNanoseconds = nanoseconds(raw.stx_btime);
     return status;
@@ -196,10 +197,13 @@ Result<void> makeFolder(int directory, const char* name, mode_t mode) {
     return {};
 }
 
-Result<std::string> readRegularFile(int directory, const char* name, std::size_t mostBytes) {
+Result<std::string> readRegularFile(int directory, const char* name, std::size_t mostBytes,
+                                    FileStatus* status) {
     const auto before = fileStatus(directory, name); // merely opening a device may do something
     if (!before)
         return before.error();
+    if (status != nullptr)
+        *status = *before;
     if (!before->isRegularFile())
         return Error::fromErrno(before->isFolder() ? EISDIR : EINVAL, "read");
     const FileDescriptor file(

@@ -1,0 +1,86 @@
+#include "StatsWiring.h"
+
+#include "app/Alerts.h"
+#include "app/FileManagerKey.h"
+
+#include "dock/Accessibility.h"
+#include "dock/DockTile.h"
+#include "intake/Intake.h"
+#include "ui/SettingsTab.h"
+
+namespace vexmoor {
+
+std::unique_ptr<StatsWindow> StatsWiring::makeWindow() {
+    auto window = std::make_unique<StatsWindow>(StatsView::Parts{
+        .ledger = m_parts.ledger,
+        .settings = m_parts.settings,
+        .progression = m_parts.progression,
+        .clock = &Date::now,
+        .makeTimer = m_parts.makeTimer,
+        .permissions = [this] { return permissions(); },
+        .loadPicture =
+            [this](const Sacrifice& item, BinnedPictures::Completion completion) {
+                m_pictures.load(item, std::move(completion));
+            },
+        .findBinned =
+            [this](const auto& matches, std::size_t most) {
+                return m_parts.binnedItems.matching(matches, most);
+            },
+    });
+    const StatsView& view = window->view();
+    connect(&view, &StatsView::restoreRequested, this,
+            [this](const std::vector<Sacrifice>& items) { m_parts.intake.restore(items); });
+    connect(&view, &StatsView::deleteRequested, this, [this](const std::vector<Sacrifice>& items) {
+        m_parts.intake.deleteImmediately(items);
+    });
+    connectSettings(view.settingsTab());
+    return window;
+}
+
+Permissions StatsWiring::permissions() const {
+    Permissions permissions;
+    permissions.accessible = m_parts.accessibility.isTrusted();
+    permissions.automation = m_parts.key.automation().status().get();
+    permissions.focusReports = m_parts.key.focusReports().state();
+    const auto states = m_parts.key.states();
+    const bool canCapture = m_parts.key.canCapture();
+    permissions.keyIsPossible = canCapture || states.empty();
+    for (const KeyState& state : states) {
+        using Kind = Permissions::KeyHint::Kind;
+        const QString title = QString::fromUtf8(
+            state.manager->title.data(), static_cast<qsizetype>(state.manager->title.size()));
+        if (state.status != AcceleratorStatus::unsupported)
+            permissions.keyIsPossible = true;
+        else if (!canCapture)
+            permissions.keyHints.push_back({title, Kind::menuOnly});
+        if (state.status == AcceleratorStatus::taken)
+            permissions.keyHints.push_back({title, Kind::taken});
+    }
+    return permissions;
+}
+
+void StatsWiring::connectSettings(const SettingsTab& tab) {
+    connect(&tab, &SettingsTab::accessibilitySettingsRequested, this,
+            &StatsWiring::openAccessibilitySettings);
+    // The question is asked once; after a no the button is the answer.
+    connect(&tab, &SettingsTab::automationRequested, this, [this] {
+        Automation& automation = m_parts.key.automation();
+        if (automation.status().get() == AutomationStatus::denied)
+            automation.set(AutomationStatus::granted);
+        else
+            automation.request([](AutomationStatus) {});
+    });
+    connect(&tab, &SettingsTab::focusReportsRequested, &m_parts.key.focusReports(),
+            &FocusReports::turnOn);
+    connect(&tab, &SettingsTab::automationWithdrawn, this,
+            [this] { m_parts.key.automation().set(AutomationStatus::denied); });
+}
+
+void StatsWiring::openAccessibilitySettings() {
+    if (!DockTile::openSettings())
+        m_parts.alerts.tell(tr("There are no accessibility settings"),
+                            tr("No program for them is installed. Flames leave the tile wherever "
+                               "the accessibility service runs."));
+}
+
+} // namespace vexmoor

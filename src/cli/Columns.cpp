@@ -1,0 +1,27 @@
+#include "Columns.h"
+
+#include <algorithm>
+
+namespace vexmoor {
+namespace {
+
+std::size_t blanks(const std::string& cell, std::size_t width) {
+    return width - std::min(width, characters(cell));
+}
+
+} // namespace
+
+std::size_t characters(const std::string& cell) {
+    return static_cast<std::size_t>(
+        std::ranges::count_if(cell, [](char c) { return (c & 0xc0) != 0x80; }));
+}
+
+std::string leftAligned(std::string cell, std::size_t width) {
+    return cell.append(blanks(cell, width), ' ');
+}
+
+std::string rightAligned(std::string cell, std::size_t width) {
+    return cell.insert(0, blanks(cell, width), ' ');
+}
+
+} // namespace vexmoor

@@ -1,0 +1,28 @@
+#include "AccessibleRole.h"
+
+#include <QAccessibleWidget>
+#include <QVariant>
+#include <QWidget>
+
+namespace vexmoor {
+namespace {
+
+constexpr const char* kProperty = "vexmoorAccessibleRole";
+
+/// Factories are asked for each class of an object, the most derived first.
+QAccessibleInterface* make(const QString&, QObject* object) {
+    const QVariant role = object != nullptr ? object->property(kProperty) : QVariant();
+    return role.isValid() && object->isWidgetType()
+               ? new QAccessibleWidget(static_cast<QWidget*>(object),
+                                       static_cast<QAccessible::Role>(role.toInt()))
+               : nullptr;
+}
+
+} // namespace
+
+void setAccessibleRole(QWidget& widget, QAccessible::Role role) {
+    QAccessible::installFactory(&make); // a second time it is the same one
+    widget.setProperty(kProperty, static_cast<int>(role));
+}
+
+} // namespace vexmoor

@@ -1,0 +1,90 @@
+#include "DayBar.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace vexmoor {
+namespace {
+
+constexpr double kEmptyHeight = 4;
+constexpr double kCorner = 4;
+
+} // namespace
+
+DayBar::DayBar(QWidget* parent) : QLabel(parent), m_motion([this](double) { update(); }, this) {
+    setTextFormat(Qt::PlainText);
+}
+
+void DayBar::setDay(const QString& description, double share, bool grows) {
+    if (description != text())
+        setText(description);
+    if (share == m_share)
+        return;
+    m_from += (m_share - m_from) * m_motion.progress(); // where it is now
+    m_share = share;
+    if (grows && isVisible()) {
+        m_motion.begin();
+    } else {
+        m_from = share;
+        update();
+    }
+}
+
+void DayBar::setDescribed(bool isDescribed) {
+    if (std::exchange(m_isDescribed, isDescribed) != isDescribed)
+        update();
+}
+
+void DayBar::setColours(const Colours& colours) {
+    if (colours == m_colours)
+        return;
+    m_colours = colours;
+    update();
+}
+
+QRectF DayBar::bar() const {
+    const QRectF room = QRectF(rect()).adjusted(kRingRoom, kRingRoom, -kRingRoom, -kRingRoom);
+    const double share = m_from + (m_share - m_from) * m_motion.progress();
+    const double height =
+        share > 0 ? std::max(kEmptyHeight + 2, room.height() * share) : kEmptyHeight;
+    return {room.left(), room.bottom() - height, room.width(), height};
+}
+
+void DayBar::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    const QRectF shape = bar();
+    const double corner = std::min(kCorner, shape.height() / 2);
+    if (shape.height() > kEmptyHeight) {
+        QLinearGradient gradient(0, kRingRoom, 0, height() - kRingRoom);
+        gradient.setColorAt(0, m_colours.top);
+        gradient.setColorAt(1, m_colours.bottom);
+        painter.setBrush(gradient);
+    } else {
+        painter.setBrush(m_colours.empty);
+    }
+    painter.drawRoundedRect(shape, corner, corner);
+    if (!m_isDescribed)
+        return;
+    constexpr double kOut = kRingRoom - 1;
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(m_colours.ring, 2));
+    painter.drawRoundedRect(shape.adjusted(-kOut, -kOut, kOut, kOut), corner + kOut - 0.5,
+                            corner + kOut - 0.5);
+}
+
+void DayBar::enterEvent(QEnterEvent*) {
+    emit pointed(true);
+}
+
+void DayBar::leaveEvent(QEvent*) {
+    emit pointed(false);
+}
+
+void DayBar::hideEvent(QHideEvent*) {
+    m_motion.finish();
+}
+
+} // namespace vexmoor

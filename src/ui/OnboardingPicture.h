@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Onboarding.h"
+
+#include "dock/FrameTimer.h"
+#include "skins/Skin.h"
+
+#include <QVariantAnimation>
+#include <QWidget>
+
+namespace vexmoor {
+
+class CauldronDemoView;
+
+/// The picture of the walkthrough's page. A new one fades in, unless the user wants no motion. Main
+/// thread.
+class OnboardingPicture : public QWidget {
+    Q_OBJECT
+
+  public:
+    OnboardingPicture(const Skin& skin, QWidget* parent, const MakeFrameTimer& makeTimer);
+
+    void setSkin(const Skin& skin);
+
+    /// `text` is what the drawn window says.
+    void show(Onboarding::Picture picture, const QString& text);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void fadeFrom(const QPixmap& before);
+
+    Skin m_skin;
+    Onboarding::Picture m_picture = Onboarding::Picture::demo;
+    QString m_text;
+    CauldronDemoView* m_demo;
+    QWidget* m_veil; ///< shows the picture before, fading
+    QVariantAnimation m_fade;
+};
+
+} // namespace vexmoor

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "disposal/Sacrifice.h"
+
+#include <set>
+#include <vector>
+
+namespace vexmoor {
+
+/// Those of the items that are picked and can still be put back or deleted from the Bin, in their
+/// order.
+inline std::vector<Sacrifice> pickedInBin(const std::vector<Sacrifice>& items,
+                                          const std::set<Uuid>& picked) {
+    std::vector<Sacrifice> found;
+    for (const Sacrifice& item : items)
+        if (picked.contains(item.id) && item.canRestore())
+            found.push_back(item);
+    return found;
+}
+
+} // namespace vexmoor

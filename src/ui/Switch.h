@@ -1,0 +1,37 @@
+#pragma once
+
+#include "Accent.h"
+
+#include <QCheckBox>
+
+namespace vexmoor {
+
+class FocusRing;
+class Transition;
+
+/// A check box as a sliding switch: the knob's side says what it is. For screen readers it is a
+/// check box; its owner gives it a name.
+class Switch : public QCheckBox {
+    Q_OBJECT
+
+  public:
+    explicit Switch(QWidget* parent = nullptr);
+
+    void setAccent(const Accent& accent);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+  protected:
+    bool hitButton(const QPoint& position) const override { return rect().contains(position); }
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    [[nodiscard]] QColor track() const;
+
+    Accent m_accent;
+    FocusRing* m_ring;
+    Transition* m_knob; ///< 0: off
+};
+
+} // namespace vexmoor

@@ -1,0 +1,85 @@
+#include "DesktopTest.h"
+#include "FileManagerWindow.h"
+
+#include <algorithm>
+
+namespace vexmoor {
+namespace {
+
+using namespace test;
+
+/// The stats window, open at the right of the screen.
+struct HistoryTest : DesktopTest {
+    void SetUp() override {
+        DesktopTest::SetUp();
+        if (IsSkipped())
+            return;
+        openSession();
+        start({});
+        ASSERT_TRUE(eventually([&] { return cauldron->statsWindow().has_value(); }));
+        const std::string id = std::to_string(cauldron->statsWindow()->id);
+        session->xdotool("windowmove --sync " + id + " 860 0 windowactivate --sync " + id);
+    }
+
+    /// Waits for an element that can be seen whose name begins so.
+    [[nodiscard]] std::optional<AccessibleElement> element(const std::string& beginning) const {
+        std::optional<AccessibleElement> found;
+        const bool isThere = eventually([&] {
+            for (const AccessibleElement& one : cauldron->elements())
+                if (one.isShowing && one.name.starts_with(beginning))
+                    found = one;
+            return found.has_value();
+        });
+        EXPECT_TRUE(isThere) << beginning;
+        return found;
+    }
+    [[nodiscard]] bool shows(const std::string& beginning) const {
+        return element(beginning).has_value();
+    }
+
+    const Path bin = ".local/share/Trash/files";
+};
+
+TEST_F(HistoryTest, ListsWhatIsFedAtOnceAndPutsBackAndDeletesByKeyboard) {
+    EXPECT_TRUE(shows("Nothing has been sacrificed yet."));
+    const Path notes = session->write("notes.txt", "Eye of newt\n");
+    ASSERT_EQ(cauldron->feed({notes}), 0);
+    ASSERT_TRUE(shows("notes.txt, In the Bin · "));
+    EXPECT_EQ(element("notes.txt, ")->role, "list item");
+    EXPECT_TRUE(shows("1 sacrifice"));
+    EXPECT_TRUE(shows("Today · 1 item · "));
+    EXPECT_TRUE(shows("Test the flames"));
+
+    session->press("Return");
+    EXPECT_TRUE(shows("notes.txt, Put back · "));
+    EXPECT_EQ(contents(notes), "Eye of newt\n");
+
+    const Path other = session->write("other.txt", "Toe of frog\n");
+    ASSERT_EQ(cauldron->feed({other}), 0);
+    ASSERT_TRUE(shows("other.txt, In the Bin · "));
+    session->screen().keepPicture("history");
+    session->press("Home Delete");
+    ASSERT_TRUE(cauldron->alerts("Are you sure you want to delete “other.txt” immediately?"));
+    session->press("Return");
+    EXPECT_TRUE(shows("other.txt, Deleted immediately · "));
+    EXPECT_TRUE(std::filesystem::is_empty(session->home() / bin));
+}
+
+TEST_F(HistoryTest, TakesDropsAndGivesCopiesOfWhatIsInTheBin) {
+    session->write("Things/notes.txt", "Eye of newt\n");
+    FileManagerWindow manager(*session, DrivenFileManager::kThunar, session->home() / "Things");
+    ASSERT_TRUE(manager.selectAll(1));
+    ASSERT_TRUE(manager.dragSelection(cauldron->statsWindow()->frame.center()));
+    EXPECT_TRUE(isGone(session->home() / "Things/notes.txt"));
+    const auto row = element("notes.txt, In the Bin · ");
+    ASSERT_TRUE(row);
+    session->drag(row->place.center() - QPoint(60, 0), manager.middle());
+    EXPECT_TRUE(eventually([&] {
+        return treeOf(session->home() / "Things") == Tree{{"notes.txt", "Eye of newt\n"}};
+    }));
+    EXPECT_EQ(contents(session->home() / bin / "notes.txt"), "Eye of newt\n");
+    EXPECT_TRUE(shows("notes.txt, In the Bin · ")) << "a copy changes nothing in the history";
+}
+
+} // namespace
+} // namespace vexmoor

@@ -1,0 +1,120 @@
+#include "DesktopTest.h"
+
+#include "base/SqliteUserDefaults.h"
+
+#include <algorithm>
+#include <ranges>
+
+namespace vexmoor {
+namespace {
+
+using namespace test;
+
+/// The main menu of the built program by its keys.
+struct MainMenuTest : DesktopTest {
+    void SetUp() override {
+        DesktopTest::SetUp();
+        if (!IsSkipped())
+            openSession({.sound = false});
+    }
+    /// Has the keys sent to a window of that title as soon as it is the active one.
+    void pressIn(const std::string& title, const std::string& keys) const {
+        ASSERT_TRUE(eventually([&] {
+            const auto active = session->screen().active();
+            return active && active->className == Cauldron::kName && active->title == title;
+        })) << title;
+        session->press(keys);
+    }
+    [[nodiscard]] std::optional<SeenWindow> window(const std::string& title) const {
+        return session->screen().find([&](const SeenWindow& seen) {
+            return seen.isManaged && !seen.isDock && seen.title == title;
+        });
+    }
+    [[nodiscard]] bool isOpen(const std::string& title, bool open = true) const {
+        return eventually([&] { return window(title).has_value() == open; });
+    }
+    [[nodiscard]] bool hasMenu() const {
+        const auto menu = session->screen().find([](const SeenWindow& seen) {
+            return !seen.isManaged && seen.className == Cauldron::kName;
+        });
+        return menu.has_value();
+    }
+    /// Opens a menu by its letter and chooses its item of that place.
+    void choose(const std::string& letter, int place) const {
+        ASSERT_TRUE(eventually([&] {
+            // Again, as a user would: a window that has just come may not have the keyboard yet.
+            pressIn("Vexmoor", "alt+" + letter);
+            constexpr int kLooks = 200;
+            return std::ranges::any_of(std::views::iota(0, kLooks), [&](int) { return hasMenu(); });
+        }));
+        std::string keys;
+        for (int i = 0; i < place; ++i)
+            keys += "Down ";
+        session->press(keys + "Return");
+    }
+};
+
+TEST_F(MainMenuTest, WorksInItsWindows) {
+    start({});
+    choose("v", 0);
+    ASSERT_TRUE(isOpen("About Vexmoor"));
+    pressIn("About Vexmoor", "ctrl+comma");
+    pressIn("Vexmoor", "ctrl+w");
+    EXPECT_TRUE(isOpen("Vexmoor", false));
+    pressIn("About Vexmoor", "ctrl+comma");
+    EXPECT_TRUE(isOpen("Vexmoor"));
+    pressIn("Vexmoor", "ctrl+h");
+    EXPECT_TRUE(isOpen("Vexmoor", false));
+    EXPECT_TRUE(isOpen("About Vexmoor", false));
+    ASSERT_EQ(cauldron->feed({}), 0);
+    choose("v", 0);
+    EXPECT_TRUE(isOpen("About Vexmoor")) << "again";
+    pressIn("About Vexmoor", "ctrl+w");
+    EXPECT_TRUE(isOpen("About Vexmoor", false));
+    choose("v", 3);
+    pressIn("Welcome to Vexmoor", "ctrl+comma");
+    choose("v", 3);
+    pressIn("Welcome to Vexmoor", "ctrl+w");
+    EXPECT_TRUE(isOpen("Welcome to Vexmoor", false));
+    choose("v", 1);
+    EXPECT_TRUE(cauldron->alerts("Check for Updates"));
+    session->press("Return");
+    pressIn("Vexmoor", "ctrl+q");
+    EXPECT_EQ(cauldron->program().end(), 0);
+}
+
+TEST_F(MainMenuTest, UndoesWhatWasFed) {
+    const Path item = session->write("one", "1");
+    start({});
+    ASSERT_EQ(cauldron->feed({item}), 0);
+    ASSERT_TRUE(cauldron->records(1));
+    pressIn("Vexmoor", "ctrl+z");
+    EXPECT_TRUE(cauldron->records(1, "restored"));
+    EXPECT_TRUE(std::filesystem::exists(item));
+}
+
+TEST_F(MainMenuTest, HasADebugMenuWhereItIsSwitchedOn) {
+    const Path data = session->home() / ".local/share/vexmoor";
+    std::filesystem::create_directories(data);
+    {
+        auto defaults = SqliteUserDefaults::open(
+            data / "defaults.db", SqliteUserDefaults::Access::readWrite, [](const Error&) {});
+        defaults.value()->assign("debugMenu", true);
+    }
+    const auto unlocks = [this](bool all) {
+        return eventually([&] {
+            return (session->command({VEXMOOR_PROGRAM, "settings", "skin", "gold"}).run().status ==
+                    0) == all;
+        });
+    };
+    start({});
+    ASSERT_TRUE(isOpen("Vexmoor"));
+    EXPECT_TRUE(unlocks(false));
+    choose("d", 0);
+    EXPECT_TRUE(unlocks(true));
+    choose("d", 1);
+    EXPECT_TRUE(unlocks(false));
+}
+
+} // namespace
+} // namespace vexmoor

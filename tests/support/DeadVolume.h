@@ -1,0 +1,41 @@
+#pragma once
+
+#include "base/FileDescriptor.h"
+#include "base/Path.h"
+
+#include <fcntl.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <unistd.h>
+
+#include <string>
+
+namespace vexmoor::test {
+
+/// A volume mounted on a folder whose program never answers, so that each look at it hangs; after
+/// end() each fails with ENOTCONN. Seen by the calling thread and those it starts only.
+class DeadVolume {
+  public:
+    explicit DeadVolume(Path folder)
+        : m_folder(std::move(folder)), m_device(::open("/dev/fuse", O_RDWR | O_CLOEXEC)) {}
+    ~DeadVolume() { ::umount2(m_folder.c_str(), MNT_DETACH); }
+    DeadVolume(const DeadVolume&) = delete;
+    DeadVolume& operator=(const DeadVolume&) = delete;
+
+    /// Whether there is one now; only root mounts.
+    [[nodiscard]] bool mount() const {
+        const auto options = "fd=" + std::to_string(m_device.get()) +
+                             ",rootmode=40000,user_id=0,group_id=0,allow_other";
+        return m_device && ::unshare(CLONE_NEWNS) == 0 &&
+               ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+               ::mount("dead", m_folder.c_str(), "fuse", MS_NOSUID | MS_NODEV, options.c_str()) ==
+                   0;
+    }
+    void end() { (void)m_device.close(); }
+
+  private:
+    Path m_folder;
+    FileDescriptor m_device;
+};
+
+} // namespace vexmoor::test

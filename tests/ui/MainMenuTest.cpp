@@ -1,0 +1,170 @@
+#include "WindowFixture.h"
+
+#include "ui/MainMenu.h"
+
+#include "intake/UndoStack.h"
+
+#include <QClipboard>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include <gmock/gmock.h>
+
+namespace vexmoor {
+namespace {
+
+using namespace test;
+using testing::ElementsAre;
+
+/// One line an item: its menu, title and key; a dash for a separator.
+std::vector<std::string> linesOf(const QMenuBar& bar) {
+    std::vector<std::string> lines;
+    for (const QAction* const menu : bar.actions()) {
+        EXPECT_TRUE(menu->text().startsWith('&')) << "the keyboard reaches it";
+        const QString name = menu->text().mid(1);
+        for (const QAction* const item : menu->menu()->actions())
+            lines.push_back(item->isSeparator()
+                                ? name.toStdString() + ": -"
+                                : QString("%1: %2 %3")
+                                      .arg(name, item->text(), item->shortcut().toString())
+                                      .trimmed()
+                                      .toStdString());
+    }
+    return lines;
+}
+
+struct MainMenuTest : WindowFixture {
+    [[nodiscard]] QAction* item(const QString& title) const {
+        for (const QAction* const each : bar->actions())
+            for (QAction* const action : each->menu()->actions())
+                if (action->text() == title)
+                    return action;
+        ADD_FAILURE() << "no " << title.toStdString();
+        return nullptr;
+    }
+    /// The Edit items that can be chosen.
+    [[nodiscard]] std::string editing() const {
+        QStringList enabled;
+        for (const char* const title : {"Cut", "Copy", "Paste", "Select All"})
+            if (item(title)->isEnabled())
+                enabled << title;
+        return enabled.join(' ').toStdString();
+    }
+    static void activate(QWidget& window) {
+        window.show();
+        window.activateWindow();
+        QCoreApplication::processEvents();
+        ASSERT_TRUE(window.isActiveWindow());
+    }
+
+    UndoStack undoStack;
+    MainMenu menu{undoStack, true};
+    std::unique_ptr<QMenuBar> bar{menu.makeBar()};
+};
+
+TEST_F(MainMenuTest, HasItsItemsInTheirOrder) {
+    EXPECT_THAT(linesOf(*bar),
+                ElementsAre("Vexmoor: About Vexmoor", "Vexmoor: Check for Updates…", "Vexmoor: -",
+                            "Vexmoor: Vexmoor… Ctrl+,", "Vexmoor: Set Up Permissions…",
+                            "Vexmoor: -", "Vexmoor: Hide Vexmoor Ctrl+H", "Vexmoor: -",
+                            "Vexmoor: Quit Vexmoor Ctrl+Q", "Edit: Undo Ctrl+Z",
+                            "Edit: Redo Ctrl+Shift+Z", "Edit: -", "Edit: Cut Ctrl+X",
+                            "Edit: Copy Ctrl+C", "Edit: Paste Ctrl+V", "Edit: Select All Ctrl+A",
+                            "Debug: Unlock Everything", "Debug: Reset Progress",
+                            "Window: Close Ctrl+W", "Window: Minimise Ctrl+M"));
+    const std::unique_ptr<QMenuBar> plain(MainMenu(undoStack, false).makeBar());
+    EXPECT_EQ(plain->actions().size(), 3);
+}
+
+TEST_F(MainMenuTest, OffersToUndoTheNewestActionByItsName) {
+    QAction* const undo = item("Undo");
+    EXPECT_FALSE(undo->isEnabled());
+    undoStack.push(
+        "Sacrifice of 3 Items", [] {}, [] { return true; });
+    EXPECT_TRUE(undo->isEnabled());
+    EXPECT_EQ(undo->text(), "Undo Sacrifice of 3 Items");
+    undoStack.undo();
+    EXPECT_FALSE(undo->isEnabled());
+    EXPECT_FALSE(item("Redo")->isEnabled());
+}
+
+TEST_F(MainMenuTest, EditsWhatHasTheFocusWhereItCanTakeIt) {
+    QWidget window;
+    auto* const column = new QVBoxLayout(&window);
+    auto* const field = new QLineEdit("text");
+    auto* const list = new QListWidget;
+    auto* const other = new QWidget;
+    other->setFocusPolicy(Qt::StrongFocus);
+    for (QWidget* const widget : std::initializer_list<QWidget*>{field, list, other})
+        column->addWidget(widget);
+    activate(window);
+    QApplication::clipboard()->clear();
+    other->setFocus();
+    EXPECT_EQ(editing(), "");
+    list->setFocus();
+    EXPECT_EQ(editing(), "Select All");
+    field->setFocus();
+    field->deselect();
+    EXPECT_EQ(editing(), "Select All");
+    item("Select All")->trigger();
+    EXPECT_EQ(editing(), "Cut Copy Select All");
+    item("Cut")->trigger();
+    EXPECT_EQ(editing(), "Paste");
+    item("Paste")->trigger();
+    item("Paste")->trigger();
+    EXPECT_EQ(field->text(), "texttext");
+    field->selectAll();
+    field->setReadOnly(true);
+    field->deselect();
+    field->selectAll();
+    EXPECT_EQ(editing(), "Copy Select All");
+    field->setEchoMode(QLineEdit::Password);
+    field->deselect();
+    field->selectAll();
+    EXPECT_EQ(editing(), "Select All");
+    delete field;
+    EXPECT_EQ(editing(), "");
+}
+
+TEST_F(MainMenuTest, GivesItsKeysToEachWindowAndActsOnTheActiveOne) {
+    QMainWindow first;
+    QWidget second;
+    first.setMenuBar(menu.makeBar());
+    menu.addTo(first);
+    menu.addTo(second);
+    menu.addTo(second); // an About panel comes back
+    int opened = 0;
+    QObject::connect(&menu, &MainMenu::statsChosen, &menu, [&] { ++opened; });
+    const auto pressKey = [](Qt::Key key) {
+        QTest::keyClick(QApplication::activeWindow(), key, Qt::ControlModifier);
+    };
+    for (QWidget* const window : std::initializer_list<QWidget*>{&first, &second}) {
+        activate(*window);
+        pressKey(Qt::Key_Comma);
+    }
+    EXPECT_EQ(opened, 2);
+    pressKey(Qt::Key_M);
+    EXPECT_TRUE(second.isMinimized());
+    EXPECT_FALSE(first.isMinimized());
+    activate(first);
+    pressKey(Qt::Key_W);
+    EXPECT_FALSE(first.isVisible());
+    EXPECT_TRUE(second.isVisible());
+    activate(first);
+    pressKey(Qt::Key_H);
+    EXPECT_FALSE(first.isVisible() || second.isVisible());
+}
+
+TEST_F(MainMenuTest, OffersNoSecondCheckForUpdates) {
+    menu.setCheckingForUpdates(true);
+    EXPECT_FALSE(item("Checking for Updates…")->isEnabled());
+    menu.setCheckingForUpdates(false);
+    EXPECT_TRUE(item("Check for Updates…")->isEnabled());
+}
+
+} // namespace
+} // namespace vexmoor

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "WindowFixture.h"
+
+#include "support/MainLoop.h"
+
+#include <QAccessible>
+
+namespace vexmoor::test {
+
+/// A tab in a window of its own, as screen readers and the keyboard find it.
+struct TabFixture : WindowFixture {
+    static QAccessibleInterface& face(QWidget* widget) {
+        return *QAccessible::queryAccessibleInterface(widget);
+    }
+    static QString spoken(QWidget* widget) { return face(widget).text(QAccessible::Name); }
+    static QString description(QWidget* widget) {
+        return face(widget).text(QAccessible::Description);
+    }
+
+    /// Shows it and gives the widget the focus.
+    static void focus(QWidget& tab, QWidget* widget) {
+        tab.resize(360, 450);
+        tab.show();
+        tab.activateWindow();
+        ASSERT_TRUE(eventuallyInLoop([&tab] { return tab.isActiveWindow(); }));
+        widget->setFocus(Qt::TabFocusReason);
+        ASSERT_TRUE(eventuallyInLoop([widget] { return widget->hasFocus(); }));
+    }
+
+    static bool holds(const QImage& image, const QColor& colour) {
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (image.pixelColor(x, y) == colour)
+                    return true;
+        return false;
+    }
+};
+
+} // namespace vexmoor::test
