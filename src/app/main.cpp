@@ -9,6 +9,7 @@
 #include "base/Text.h"
 #include "base/UserLocale.h"
 #include "dock/NativeWindow.h"
+#include "dock/TileChoice.h"
 #include "ui/GettextTranslator.h"
 
 #include <QApplication>
@@ -18,6 +19,7 @@
 #include <algorithm>
 #include <clocale>
 #include <iostream>
+#include <optional>
 
 namespace {
 
@@ -72,8 +74,17 @@ void nameApplication() {
     QApplication::setApplicationName(QStringLiteral("Vexmoor"));
 }
 
-bool displayAnswers() {
-    return qgetenv(kPlatform) != "xcb" || native::displayAnswers();
+/// Why no window can be shown; nullopt if they can.
+std::optional<std::string> missingDisplay() {
+    if (qgetenv(kPlatform) != "xcb" || native::displayAnswers())
+        return std::nullopt;
+    if (compositorAnswers())
+        return text("vexmoor-desktop: this Wayland session has no XWayland, which the cauldron's "
+                    "windows need. Install the package xwayland, switch XWayland on in the "
+                    "compositor's settings and log in again. The command line works without it: "
+                    "see 'vexmoor --help'.");
+    return text("vexmoor-desktop: there is no display to show the cauldron on. The command line "
+                "works without one: see 'vexmoor --help'.");
 }
 
 } // namespace
@@ -96,10 +107,8 @@ int main(int argc, char** argv) {
         return std::cout.flush() ? 0 : 1;
     }
     choosePlatform();
-    if (!displayAnswers()) {
-        std::cerr << text("vexmoor-desktop: there is no display to show the cauldron on. The "
-                          "command line works without one: see 'vexmoor --help'.")
-                  << "\n";
+    if (const auto missing = missingDisplay()) {
+        std::cerr << *missing << "\n";
         return kRefused;
     }
     QApplication application(argc, argv);

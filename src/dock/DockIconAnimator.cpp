@@ -36,6 +36,8 @@ void DockIconAnimator::play(std::vector<PicturePointer> pictures) {
 void DockIconAnimator::play(Images images) {
     if (images.empty())
         return;
+    if (m_suspended) // nobody sees them: one batch's pictures are enough for afterwards
+        m_queue.clear();
     if (images.size() >= kSwarmFrom) {
         images.resize(std::min(images.size(), kSwarmIcons));
         Swarm swarm;
@@ -77,8 +79,16 @@ void DockIconAnimator::next() {
 }
 
 bool DockIconAnimator::canEscape() const {
-    return m_escapeDock && m_surroundings.accessibility.isTrusted() &&
-           m_surroundings.tile.frame().has_value();
+    if (!m_escapeDock || !m_surroundings.accessibility.isTrusted())
+        return false;
+    const std::optional<DeskRect> tile = m_surroundings.tile.frame();
+    if (!tile)
+        return false;
+    // At a screen's top most of a flame could not be seen.
+    const double rise = kIconTop / 2.0 * tile->width / CauldronArt::kWidth;
+    const DeskRect above{tile->x + tile->width / 2, tile->maxY() + rise, 1, 1};
+    return std::ranges::any_of(m_surroundings.screens.frames(),
+                               [&](const DeskRect& screen) { return screen.intersects(above); });
 }
 
 double DockIconAnimator::startingLift() const {

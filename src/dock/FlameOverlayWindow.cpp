@@ -29,8 +29,9 @@ void FlameOverlayWindow::showFlame(const PixelCanvas& flame, const DeskRect& fra
     // Upside down by the same height as who said where: Qt's, in whole points.
     const QRectF points = windowRect(frame, QGuiApplication::primaryScreen()->geometry());
     const std::vector<PhysicalScreen> screens = PhysicalScreen::all();
+    // Its lowest points are the tile's.
     const PhysicalScreen& screen =
-        nearestScreen(screens, QPointF(points.center().x(), points.bottom()).toPoint());
+        nearestScreen(screens, QPointF(points.center().x(), points.bottom() - 1).toPoint());
     const QRect physical = screen.physical(points);
     QImage image = enlarged(flame, physical.size());
     image.setDevicePixelRatio(screen.ratio);
@@ -45,8 +46,8 @@ void FlameOverlayWindow::showFlame(const PixelCanvas& flame, const DeskRect& fra
         native::ignoreInput(winId());
         show();
         native::setGeometry(winId(), m_place); // showing it rounds to Qt's points again
-        native::raise(winId());
     }
+    native::raise(winId()); // what another window covered in the meantime
 }
 
 /// Qt knows whole points only; the window system then gets the exact pixels.

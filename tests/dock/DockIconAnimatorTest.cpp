@@ -117,6 +117,7 @@ TEST_F(DockIconAnimatorTest, BurnsTheFirstItemOfASwarmThatCannotLeaveTheTile) {
         {"not wanted", [this] { animator.setEscapeDock(false); }},
         {"not trusted", [this] { accessibility.trusted = false; }},
         {"no tile", [this] { accessibility.setItems({}); }},
+        {"at the screen's top", [this] { item->m_position = QPointF(600, 20); }},
     };
     for (const Case& c : cases) {
         animator.setEscapeDock(true);
@@ -315,9 +316,10 @@ TEST_F(DockIconAnimatorTest, StandsStillWhileSuspendedAndGoesOn) {
     EXPECT_FALSE(flames.visible);
     EXPECT_FALSE(frame());
     EXPECT_FALSE(idleFrame());
-    animator.play(images(1));
+    for (int batch = 0; batch < 100; ++batch)
+        animator.play(images(1));
     EXPECT_FALSE(frame());
-    animator.setSuspended(false);
+    animator.setSuspended(false); // of what nobody saw, the newest batch is kept
     EXPECT_EQ(framesToTheEnd(), 26 + 36);
     EXPECT_TRUE(idleFrame());
 
