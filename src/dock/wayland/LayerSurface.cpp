@@ -34,8 +34,7 @@ LayerSurface::LayerSurface(WaylandConnection& connection, wl_output* output, Inp
       m_surface(wl_compositor_create_surface(connection.compositor())),
       m_viewport(wp_viewporter_get_viewport(connection.viewporter(), m_surface.get())),
       m_layer(zwlr_layer_shell_v1_get_layer_surface(connection.layers(), m_surface.get(), output,
-                                                    ZWLR_LAYER_SHELL_V1_LAYER_TOP,
-                                                    kScope)) {
+                                                    ZWLR_LAYER_SHELL_V1_LAYER_TOP, kScope)) {
     m_buffers.released = [this] {
         if (auto next = std::exchange(m_next, std::nullopt))
             show(*next);
