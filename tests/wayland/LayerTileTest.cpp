@@ -115,6 +115,8 @@ struct LayerTileTest : testing::Test {
 struct ScaleCase {
     double scale;
     QSize output; ///< in physical pixels
+
+    friend void PrintTo(const ScaleCase& one, std::ostream* out) { *out << one.scale; }
 };
 
 struct ScaledLayerTileTest : LayerTileTest, testing::WithParamInterface<ScaleCase> {};

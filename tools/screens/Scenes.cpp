@@ -69,6 +69,12 @@ Made shownFirst(Stage& stage, Act act) {
     return window;
 }
 
+/// The whole window with another tab than the history.
+template <StatsView::Tab tab>
+Made windowWith(Stage& stage) {
+    return shownFirst(stage, [](QWidget& window) { window.findChild<StatsView*>()->setTab(tab); });
+}
+
 Made historyWithPicked(Stage& stage) {
     return shownFirst(stage, [](QWidget& window) {
         auto& list = *window.findChild<HistoryList*>();
@@ -211,6 +217,15 @@ const std::vector<Scene>& scenes() {
         {"history-empty", kWindow, emptyHistory},
         {"history-witchfire", kWindow,
          [](Stage& stage) { return dissolvingHistory(dressed(stage, Skin::witchfire())); }},
+        {"window-achievements", kWindow, windowWith<StatsView::Tab::achievements>},
+        {"window-skins", kWindow,
+         [](Stage& stage) {
+             return windowWith<StatsView::Tab::skins>(dressed(stage, Skin::cobalt()));
+         }},
+        {"window-settings", kWindow,
+         [](Stage& stage) {
+             return windowWith<StatsView::Tab::settings>(dressed(stage, Skin::witchfire()));
+         }},
         {"achievements", kTab, achievements},
         {"achievements-all", kLongTab, achievements},
         {"achievements-wide", kWideTab, achievements},
