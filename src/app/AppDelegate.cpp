@@ -9,6 +9,7 @@
 #include "intake/BinnedItems.h"
 #include "intake/Recovery.h"
 #include "intake/Texts.h"
+#include "ui/Motion.h"
 #include "ui/SampleIcon.h"
 
 #include <QApplication>
@@ -176,6 +177,8 @@ void AppDelegate::subscribeToSettings() {
         m_settings.escapeDock.subscribe([this](bool escape) { m_animator.setEscapeDock(escape); }));
     m_subscriptions.push_back(m_settings.mode.subscribe(
         [this](DisposeMode mode) { m_tile->setBadged(mode == DisposeMode::dissolve); }));
+    m_subscriptions.push_back(
+        subscribeToReducedMotion([this](bool reduced) { m_animator.setStill(reduced); }));
     m_animator.startIdle();
     m_subscriptions.push_back(m_settings.showMenuBarIcon.subscribe(
         [this](bool visible) { m_menuBar.setVisible(visible); }));

@@ -34,7 +34,7 @@ void DockIconAnimator::play(std::vector<PicturePointer> pictures) {
 }
 
 void DockIconAnimator::play(Images images) {
-    if (images.empty())
+    if (images.empty() || m_still)
         return;
     if (m_suspended) // nobody sees them: one batch's pictures are enough for afterwards
         m_queue.clear();
@@ -200,13 +200,26 @@ void DockIconAnimator::setSuspended(bool suspended) {
         startIdleTimer();
 }
 
+void DockIconAnimator::setStill(bool still) {
+    m_still = still;
+    if (still) {
+        m_queue.clear();
+        next();
+        m_idleTimer->stop();
+        if (m_idling)
+            idle();
+    } else if (m_idling) {
+        startIdleTimer();
+    }
+}
+
 void DockIconAnimator::startTimer() {
     if (!m_suspended)
         m_timer->start(FrameTimer::Interval(1 / kFps), [this] { tick(); });
 }
 
 void DockIconAnimator::startIdleTimer() {
-    if (!m_suspended)
+    if (!m_suspended && !m_still)
         m_idleTimer->start(FrameTimer::Interval(1 / kIdleFps), [this] { idle(); });
 }
 

@@ -61,6 +61,8 @@ class DockIconAnimator : public BatchAnimation {
 
     /// Stops the clock while nobody can see the icon, and hides the flames; all goes on afterwards.
     void setSuspended(bool suspended);
+    /// Shows the idle pot without motion and no flames, for users who want less motion.
+    void setStill(bool still);
 
     /// The part of a frame that is the icon: the square with the pot and the lowest flames.
     static PixelCanvas iconOf(const PixelCanvas& scene);
@@ -112,6 +114,7 @@ class DockIconAnimator : public BatchAnimation {
     bool m_escapeDock = true;
     bool m_idling = false;
     bool m_suspended = false;
+    bool m_still = false;
     int m_nudgeRows = 0;
 };
 

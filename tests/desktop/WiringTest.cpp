@@ -1,6 +1,7 @@
 #include "DesktopTest.h"
 
 #include "desktopbus/FakeService.h"
+#include "desktopbus/FakeSettingsPortal.h"
 #include "sound/SizzleRenderer.h"
 #include "support/MainLoop.h"
 #include "support/RawDatabase.h"
@@ -173,6 +174,22 @@ TEST_F(WiringTest, OpensTheWindowWhereItWasByAClickOnANotification) {
         return cauldron->statsWindow().has_value();
     }));
     EXPECT_TRUE(eventually([&] { return cauldron->statsWindow()->frame == frame; }));
+}
+
+TEST_F(WiringTest, ShowsNoFlamesWhileTheDesktopWantsLessMotion) {
+    const QString group = "org.gnome.desktop.interface";
+    FakeSettingsPortal portal(session->bus(), {{group, {{"enable-animations", false}}}});
+    start();
+    portal.set(group, "enable-animations", false);
+    const auto burnsNow = [&] {
+        const auto items = cauldron->history().size();
+        EXPECT_TRUE(feeds("item " + std::to_string(items)));
+        EXPECT_TRUE(cauldron->records(items + 1));
+        return cauldron->flames().has_value();
+    };
+    EXPECT_TRUE(eventuallyInLoop([&] { return !burnsNow(); }));
+    portal.set(group, "enable-animations", true);
+    EXPECT_TRUE(eventuallyInLoop([&] { return burnsNow(); }));
 }
 
 TEST_F(WiringTest, EndsBeforeTheSystemShutsDownAndDelaysThatWhileItWorks) {

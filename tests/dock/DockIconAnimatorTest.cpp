@@ -307,6 +307,20 @@ TEST_F(DockIconAnimatorTest, TakesAFloatingPotUpWhereItHovers) {
     EXPECT_EQ(icon.icons.back(), expected(3, 43, 0)) << "the next burn starts from its place";
 }
 
+TEST_F(DockIconAnimatorTest, ShowsTheIdlePotWithoutMotionForUsersWhoWantLess) {
+    animator.startIdle();
+    animator.play(images(2));
+    frame();
+    animator.setStill(true);
+    animator.play(images(1));
+    EXPECT_FALSE(animator.isPlaying());
+    EXPECT_FALSE(flames.visible);
+    EXPECT_FALSE(frame());
+    EXPECT_FALSE(idleFrame());
+    animator.setStill(false);
+    EXPECT_TRUE(idleFrame());
+}
+
 TEST_F(DockIconAnimatorTest, StandsStillWhileSuspendedAndGoesOn) {
     animator.startIdle();
     animator.play(images(1));
