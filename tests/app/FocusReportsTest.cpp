@@ -1,6 +1,6 @@
 #include "app/FocusReports.h"
 
-#include "../desktopbus/FakeService.h"
+#include "desktopbus/FakeService.h"
 
 #include "support/MainLoop.h"
 #include "support/PrivateBus.h"
