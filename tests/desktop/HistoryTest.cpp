@@ -83,6 +83,21 @@ TEST_F(HistoryTest, TestsTheFlamesAndOpensTheSettingsByItsButtons) {
     EXPECT_TRUE(eventually([&] { return cauldron->setting("mode") == "bin"; }));
 }
 
+TEST_F(HistoryTest, FindsItemsThatTheHistoryDroppedByTheirNames) {
+    ASSERT_EQ(cauldron->feed({session->write("oldest.txt", "x")}), 0);
+    ASSERT_TRUE(cauldron->records(1));
+    std::vector<Path> items;
+    for (int i = 0; i < 40; ++i)
+        items.push_back(session->write("item " + std::to_string(i), "x"));
+    ASSERT_EQ(cauldron->feed(items), 0);
+    ASSERT_TRUE(shows("item 39, In the Bin · "));
+    session->press("ctrl+f");
+    session->xdotool("type oldest");
+    EXPECT_TRUE(shows("oldest.txt, In the Bin · "));
+    session->press("Escape");
+    EXPECT_TRUE(shows("item 39, In the Bin · "));
+}
+
 TEST_F(HistoryTest, TakesDropsAndGivesCopiesOfWhatIsInTheBin) {
     session->write("Things/notes.txt", "Eye of newt\n");
     FileManagerWindow manager(*session, DrivenFileManager::kThunar, session->home() / "Things");

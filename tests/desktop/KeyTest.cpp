@@ -275,6 +275,16 @@ TEST_F(KeyRulesTest, AsksForConsentOnceAndExplainsItselfOnceWhereItIsRefused) {
     EXPECT_TRUE(eventually([this] { return cauldron->statsWindow().has_value(); }));
     EXPECT_TRUE(isBound(false));
     EXPECT_EQ(tree().size(), 1u);
+
+    std::optional<QPoint> allow; // in the settings tab
+    ASSERT_TRUE(eventually([&] {
+        for (const AccessibleElement& element : cauldron->elements())
+            if (element.isShowing && element.name == "Allow")
+                allow = element.place.center();
+        return allow.has_value();
+    }));
+    session->click(*allow);
+    EXPECT_TRUE(isBound(true));
 }
 
 TEST_F(KeyRulesTest, FollowsTheSettingAndFeedsTheSelectionFromTheTilesMenuToo) {
