@@ -166,6 +166,11 @@ TEST_F(WiringTest, OpensTheWindowWhereItWasByAClickOnANotification) {
     session->xdotool("windowsize --sync " + window + " 400 600 windowmove --sync " + window +
                      " 700 50");
     const QRect frame = cauldron->statsWindow()->frame;
+    EXPECT_TRUE(eventually([&] {
+        const auto stored =
+            RawDatabase(database()).run("SELECT value FROM defaults WHERE key = 'window.Vexmoor'");
+        return stored.size() == 1 && stored[0].ends_with(" 400 600");
+    }));
     EXPECT_EQ(quit(), 0);
     start();
     ASSERT_TRUE(feeds("item"));
