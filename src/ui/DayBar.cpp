@@ -1,5 +1,7 @@
 #include "DayBar.h"
 
+#include "Transition.h"
+
 #include <QPainter>
 
 #include <algorithm>
@@ -9,10 +11,11 @@ namespace {
 
 constexpr double kEmptyHeight = 4;
 constexpr double kCorner = 4;
+constexpr int kMilliseconds = 160;
 
 } // namespace
 
-DayBar::DayBar(QWidget* parent) : QLabel(parent), m_motion([this](double) { update(); }, this) {
+DayBar::DayBar(QWidget* parent) : QLabel(parent), m_shown(new Transition(*this, kMilliseconds)) {
     setTextFormat(Qt::PlainText);
 }
 
@@ -21,14 +24,11 @@ void DayBar::setDay(const QString& description, double share, bool grows) {
         setText(description);
     if (share == m_share)
         return;
-    m_from += (m_share - m_from) * m_motion.progress(); // where it is now
     m_share = share;
-    if (grows && isVisible()) {
-        m_motion.begin();
-    } else {
-        m_from = share;
-        update();
-    }
+    if (grows)
+        m_shown->moveTo(share);
+    else
+        m_shown->setAt(share);
 }
 
 void DayBar::setDescribed(bool isDescribed) {
@@ -45,7 +45,7 @@ void DayBar::setColours(const Colours& colours) {
 
 QRectF DayBar::bar() const {
     const QRectF room = QRectF(rect()).adjusted(kRingRoom, kRingRoom, -kRingRoom, -kRingRoom);
-    const double share = m_from + (m_share - m_from) * m_motion.progress();
+    const double share = m_shown->at();
     const double height =
         share > 0 ? std::max(kEmptyHeight + 2, room.height() * share) : kEmptyHeight;
     return {room.left(), room.bottom() - height, room.width(), height};
@@ -84,7 +84,7 @@ void DayBar::leaveEvent(QEvent*) {
 }
 
 void DayBar::hideEvent(QHideEvent*) {
-    m_motion.finish();
+    m_shown->setAt(m_share);
 }
 
 } // namespace vexmoor

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "ShortMotion.h"
-
 #include <QColor>
 #include <QLabel>
 
 namespace vexmoor {
+
+class Transition;
 
 /// One day of the week chart: a bar that grows to its height, and the text that describes it.
 class DayBar : public QLabel {
@@ -50,10 +50,9 @@ class DayBar : public QLabel {
     [[nodiscard]] QRectF bar() const;
 
     Colours m_colours;
-    double m_from = 0; ///< the share from which it moves
     double m_share = 0;
     bool m_isDescribed = false;
-    ShortMotion m_motion;
+    Transition* m_shown; ///< the share of the full height that the bar has
 };
 
 } // namespace vexmoor

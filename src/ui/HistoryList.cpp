@@ -7,8 +7,8 @@
 #include "HistoryText.h"
 #include "OverlayScrollBar.h"
 #include "Picked.h"
-#include "ShortMotion.h"
 #include "TextStyle.h"
+#include "Transition.h"
 
 #include <QDrag>
 #include <QHelpEvent>
@@ -16,6 +16,11 @@
 #include <QToolTip>
 
 namespace vexmoor {
+namespace {
+
+constexpr int kLiftMilliseconds = 160;
+
+} // namespace
 
 HistoryList::HistoryList(HistoryModel& model, QWidget* parent)
     : QListView(parent), m_model(model), m_delegate(new HistoryDelegate(this)),
@@ -186,17 +191,14 @@ void HistoryList::selectionChanged(const QItemSelection& selected, const QItemSe
 void HistoryList::lift(const Uuid& item) {
     if (!isVisible())
         return;
-    auto* const motion = new ShortMotion(
-        [this, item](double progress) {
-            m_delegate->setLifting(item, progress);
-            if (const QModelIndex index = m_model.indexOf(item); index.isValid())
-                update(index);
-        },
-        this);
-    connect(motion, &QAbstractAnimation::finished, motion, &QObject::deleteLater);
-    motion->begin();
-    if (motion->state() == QAbstractAnimation::Stopped)
-        motion->deleteLater();
+    auto* const motion = new Transition(*this, kLiftMilliseconds);
+    connect(motion, &Transition::moved, this, [this, item](double progress) {
+        m_delegate->setLifting(item, progress);
+        if (const QModelIndex index = m_model.indexOf(item); index.isValid())
+            update(index);
+    });
+    connect(motion, &Transition::finished, motion, &QObject::deleteLater);
+    motion->moveTo(1);
 }
 
 } // namespace vexmoor

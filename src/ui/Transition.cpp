@@ -24,11 +24,13 @@ void Transition::setAt(double at) {
     m_frames.stop();
     m_at = at;
     m_widget.update();
+    emit moved(at);
 }
 
 void Transition::moveTo(double at) {
     if (!m_widget.isVisible() || reducedMotion()) {
         setAt(at);
+        emit finished();
         return;
     }
     m_from = m_at;
@@ -41,11 +43,13 @@ void Transition::step() {
     const double passed = static_cast<double>(m_since.elapsed()) / m_milliseconds;
     if (passed >= 1) {
         setAt(m_to);
+        emit finished();
         return;
     }
     const double eased = QEasingCurve(QEasingCurve::OutCubic).valueForProgress(passed);
     m_at = m_from + (m_to - m_from) * eased;
     m_widget.update();
+    emit moved(m_at);
 }
 
 } // namespace vexmoor

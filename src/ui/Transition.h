@@ -7,20 +7,29 @@ class QWidget;
 
 namespace vexmoor {
 
-/// A short motion of a widget between two of its states, fast at first, which repaints the widget
-/// at every step. A widget that cannot be seen changes at once, as all do where less motion is
-/// wanted. Owned by the widget.
+/// Moves a value of a widget to another in a short time, fast at first, and repaints the widget at
+/// every step. The value of a widget that is not visible changes at once, as all do under reduced
+/// motion. Uses a timer, which unlike Qt's animations causes no wake-ups once it has stopped.
+/// Owned by the widget.
 class Transition : public QObject {
     Q_OBJECT
 
   public:
     Transition(QWidget& widget, int milliseconds);
 
-    /// Where it is: what was given last, except on the way there.
+    /// The value now: during a motion, one on the way.
     [[nodiscard]] double at() const { return m_at; }
 
     void setAt(double at);
     void moveTo(double at);
+
+  signals:
+    /// The value is another one.
+    void moved(double at);
+
+    /// The motion that moveTo() began is over. Not emitted for one that setAt() or another motion
+    /// ends early.
+    void finished();
 
   private:
     void step();
