@@ -1,20 +1,19 @@
 #include "AccentButton.h"
 
+#include "FocusRing.h"
 #include "TextStyle.h"
 
-#include <QFocusEvent>
 #include <QPainter>
 
 namespace vexmoor {
 namespace {
 
-constexpr int kRing = 4; ///< around the button: the ring and the gap to it
 constexpr double kCorner = 7;
 
 } // namespace
 
 AccentButton::AccentButton(const QString& text, QWidget* parent, Kind kind)
-    : QPushButton(text, parent), m_kind(kind) {
+    : QPushButton(text, parent), m_kind(kind), m_ring(new FocusRing(*this)) {
     setAutoDefault(true); // Return presses it too
     setAttribute(Qt::WA_Hover);
 }
@@ -43,27 +42,7 @@ int AccentButton::padding() const {
 QSize AccentButton::sizeHint() const {
     const QFontMetrics metrics(textFontHere());
     return QSize(metrics.horizontalAdvance(text()) + 2 * padding(), metrics.height() + 16) +
-           QSize(2 * kRing, 2 * kRing);
-}
-
-bool AccentButton::event(QEvent* event) {
-    // A window gives its focus to the first that takes it; then there may be nowhere else to go.
-    if (event->type() == QEvent::KeyPress) {
-        m_ringed = true;
-        update();
-    }
-    return QPushButton::event(event);
-}
-
-void AccentButton::focusInEvent(QFocusEvent* event) {
-    m_ringed = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason ||
-               event->reason() == Qt::ShortcutFocusReason;
-    QPushButton::focusInEvent(event);
-}
-
-void AccentButton::focusOutEvent(QFocusEvent* event) {
-    m_ringed = false;
-    QPushButton::focusOutEvent(event);
+           QSize(2 * FocusRing::kRoom, 2 * FocusRing::kRoom);
 }
 
 QColor AccentButton::textColour() const {
@@ -96,15 +75,16 @@ void AccentButton::paintSurface(QPainter& painter, const QRect& surface) const {
     }
 }
 
+void AccentButton::paintFocusRing(QPainter& painter) const {
+    m_ring->paint(painter, m_accent.colour, kCorner + 3);
+}
+
 void AccentButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (m_ringed) {
-        painter.setPen(QPen(m_accent.colour, 2));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(rect().adjusted(1, 1, -1, -1), kCorner + 3, kCorner + 3);
-    }
-    const QRect surface = rect().adjusted(kRing, kRing, -kRing, -kRing);
+    paintFocusRing(painter);
+    const QRect surface =
+        rect().adjusted(FocusRing::kRoom, FocusRing::kRoom, -FocusRing::kRoom, -FocusRing::kRoom);
     paintSurface(painter, surface);
     QFont font = textFontHere();
     font.setUnderline(m_kind == Kind::link && isEnabled() && underMouse());

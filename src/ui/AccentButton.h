@@ -6,6 +6,8 @@
 
 namespace vexmoor {
 
+class FocusRing;
+
 /// A button of a window in the skin's colours. The keyboard's focus shows as a ring around it.
 class AccentButton : public QPushButton {
     Q_OBJECT
@@ -26,10 +28,8 @@ class AccentButton : public QPushButton {
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
   protected:
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
+    void paintFocusRing(QPainter& painter) const;
 
   private:
     [[nodiscard]] QFont textFontHere() const;
@@ -39,7 +39,7 @@ class AccentButton : public QPushButton {
 
     Kind m_kind;
     Accent m_accent;
-    bool m_ringed = false;
+    FocusRing* m_ring;
 };
 
 } // namespace vexmoor

@@ -37,10 +37,7 @@ void FlameButton::paintEvent(QPaintEvent* event) {
     }
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (hasFocus()) {
-        painter.setPen(QPen(m_colour, 2));
-        painter.drawRoundedRect(rect().adjusted(1, 1, -1, -1), 10, 10);
-    }
+    paintFocusRing(painter);
     QRectF square(0, 0, 18, 18);
     square.moveCenter(QRectF(rect()).center() + QPointF(0, isDown() ? 1 : 0));
     painter.setOpacity(underMouse() ? 1 : 0.85);
