@@ -1,9 +1,7 @@
-#include "WindowFixture.h"
+#include "GermanFixture.h"
 
 #include "base/Text.h"
-#include "base/UserLocale.h"
 #include "ui/AboutPanel.h"
-#include "ui/GettextTranslator.h"
 
 #include <QDialog>
 #include <QMessageBox>
@@ -16,21 +14,7 @@ namespace {
 
 using namespace test;
 
-/// Windows read German while a test runs.
-struct GettextTranslatorTest : WindowFixture {
-    GettextTranslatorTest() {
-        ::setenv("LANGUAGE", "de", 1);
-        useUserLocale();
-        QCoreApplication::installTranslator(&m_translator);
-    }
-    ~GettextTranslatorTest() override {
-        QCoreApplication::removeTranslator(&m_translator);
-        ::unsetenv("LANGUAGE");
-        useUserLocale();
-    }
-
-    GettextTranslator m_translator;
-};
+using GettextTranslatorTest = GermanFixture;
 
 TEST_F(GettextTranslatorTest, HasWindowsAskTheCatalogue) {
     QWidget window;
@@ -45,7 +29,7 @@ TEST_F(GettextTranslatorTest, HasWindowsAskTheCatalogue) {
 }
 
 TEST_F(GettextTranslatorTest, LeavesToOthersWhatItDoesNotHave) {
-    EXPECT_TRUE(m_translator.translate("QShortcut", "No such text").isNull());
+    EXPECT_TRUE(translator.translate("QShortcut", "No such text").isNull());
 }
 
 } // namespace
