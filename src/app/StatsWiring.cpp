@@ -1,10 +1,9 @@
 #include "StatsWiring.h"
 
-#include "app/Alerts.h"
+#include "app/AccessibilitySettings.h"
 #include "app/FileManagerKey.h"
 
 #include "dock/Accessibility.h"
-#include "dock/DockTile.h"
 #include "intake/Intake.h"
 #include "ui/SettingsTab.h"
 
@@ -61,8 +60,8 @@ Permissions StatsWiring::permissions() const {
 
 void StatsWiring::connectSettings(const SettingsTab& tab) {
     connect(&tab, &SettingsTab::accessibilitySettingsRequested, this,
-            &StatsWiring::openAccessibilitySettings);
-    // The question is asked once; after a no the button is the answer.
+            [this] { openAccessibilitySettings(m_parts.alerts); });
+    // The consent is asked for once. After a denial, the button itself grants it.
     connect(&tab, &SettingsTab::automationRequested, this, [this] {
         Automation& automation = m_parts.key.automation();
         if (automation.status().get() == AutomationStatus::denied)
@@ -74,13 +73,6 @@ void StatsWiring::connectSettings(const SettingsTab& tab) {
             &FocusReports::turnOn);
     connect(&tab, &SettingsTab::automationWithdrawn, this,
             [this] { m_parts.key.automation().set(AutomationStatus::denied); });
-}
-
-void StatsWiring::openAccessibilitySettings() {
-    if (!DockTile::openSettings())
-        m_parts.alerts.tell(tr("There are no accessibility settings"),
-                            tr("No program for them is installed. Flames leave the tile wherever "
-                               "the accessibility service runs."));
 }
 
 } // namespace vexmoor

@@ -17,13 +17,13 @@ class Alerts;
 class FileManagerKey;
 class Intake;
 
-/// Makes the stats window and connects what it shows and asks for with the program's parts. Main
-/// thread; must outlive the window.
+/// Creates the stats window and connects it with the program's parts. Must outlive the window. Main
+/// thread.
 class StatsWiring : public QObject {
     Q_OBJECT
 
   public:
-    /// All outlive it.
+    /// All must outlive it.
     struct Parts {
         Ledger& ledger;
         Settings& settings;
@@ -43,7 +43,6 @@ class StatsWiring : public QObject {
   private:
     [[nodiscard]] Permissions permissions() const;
     void connectSettings(const SettingsTab& tab);
-    void openAccessibilitySettings();
 
     Parts m_parts;
     BinnedPictures m_pictures;

@@ -1,11 +1,10 @@
 #include "Walkthrough.h"
 
-#include "app/Alerts.h"
+#include "app/AccessibilitySettings.h"
 #include "app/FileManagerKey.h"
 
 #include "disposal/Settings.h"
 #include "dock/AccessibilityBus.h"
-#include "dock/DockTile.h"
 #include "progression/Progression.h"
 #include "skins/Skin.h"
 
@@ -57,7 +56,7 @@ Onboarding::Ports Walkthrough::ports() {
                 FolderAccess::probe(m_parts.defaults, *m_background, m_parts.main,
                                     std::move(completion));
             },
-        .openAccessibilitySettings = [this] { openAccessibilitySettings(); },
+        .openAccessibilitySettings = [this] { openAccessibilitySettings(m_parts.alerts); },
         .openAutomationSettings = [this] { emit settingsRequested(); },
         .openFolderSettings = FolderAccess::openSettings,
         .finish = [this] { finish(); }};
@@ -71,21 +70,13 @@ Onboarding::Facts Walkthrough::facts() const {
             .hasMenuEntry = m_parts.key.hasMenuEntry()};
 }
 
-void Walkthrough::openAccessibilitySettings() {
-    if (!DockTile::openSettings())
-        m_parts.alerts.tell(
-            tr("There are no accessibility settings"),
-            tr("No program for them is installed. Flames leave the tile wherever the "
-               "accessibility service runs."));
-}
-
 void Walkthrough::finish() {
     m_parts.defaults.assign(kFinishedKey, true);
     m_view->close();
     emit finished();
 }
 
-/// The window is still in a call of its own.
+/// Deletes the window later, as the call comes from its own signal.
 void Walkthrough::dropWindow() {
     m_skin = {};
     if (m_view)

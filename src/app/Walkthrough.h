@@ -17,14 +17,14 @@ class FileManagerKey;
 class Progression;
 class Settings;
 
-/// The walkthrough of the first start, and of every time that the user asks for it. Main thread.
+/// The walkthrough, shown at the first start and from the menu. Main thread.
 class Walkthrough : public QObject {
     Q_OBJECT
 
   public:
     static constexpr const char* kFinishedKey = "onboarded";
 
-    /// What it works with; everything outlives it.
+    /// All must outlive it.
     struct Parts {
         UserDefaults& defaults;
         Settings& settings;
@@ -39,11 +39,11 @@ class Walkthrough : public QObject {
     explicit Walkthrough(Parts parts);
     ~Walkthrough() override;
 
-    /// Whether it comes before the program's main window: it is open, or it was never finished and
-    /// this run has not shown it yet.
+    /// Whether to show it instead of the main window: it is open, or it was never finished and has
+    /// not been shown in this run.
     [[nodiscard]] bool comesFirst() const;
 
-    /// Brings it to the front, from the welcome on if it was closed. \return the window
+    /// Raises it, or opens it at its first page. Returns the window.
     QWidget& show();
 
   signals:
@@ -53,13 +53,12 @@ class Walkthrough : public QObject {
   private:
     [[nodiscard]] Onboarding::Ports ports();
     [[nodiscard]] Onboarding::Facts facts() const;
-    void openAccessibilitySettings();
     void finish();
     void dropWindow();
 
     Parts m_parts;
     bool m_wasShown = false;
-    std::optional<SerialQueue> m_background; ///< made when the folders are first looked at
+    std::optional<SerialQueue> m_background; ///< created when the folders are first probed
     std::unique_ptr<OnboardingView> m_view;
     Subscription m_skin;
 };
