@@ -14,9 +14,9 @@ void openAccessibilitySettings(Alerts& alerts) {
     const auto tr = [](const char* source) {
         return QCoreApplication::translate("AccessibilitySettings", source);
     };
-    alerts.tell(tr("There are no accessibility settings"),
-                tr("No program for them is installed. Flames leave the tile wherever the "
-                   "accessibility service runs."));
+    alerts.inform(tr("There are no accessibility settings"),
+                  tr("No program for them is installed. Flames leave the tile wherever the "
+                     "accessibility service runs."));
 }
 
 } // namespace vexmoor

@@ -21,7 +21,7 @@ namespace {
 constexpr double kCellPoints = 2;
 constexpr int kLongestRun = 48; ///< characters of a name that stay on one line
 
-/// The text with places to break it in, so that a long name does not make the alert wider than the
+/// Adds invisible break opportunities, so that a long name does not make the alert wider than the
 /// screen.
 QString breakable(const std::string& text) {
     QString result;
@@ -29,7 +29,7 @@ QString breakable(const std::string& text) {
     for (const QChar& c : QString::fromStdString(text)) {
         run = c.isSpace() ? 0 : run + 1;
         if (run > kLongestRun && !c.isLowSurrogate()) {
-            result += QChar(0x200B); // a space without a width
+            result += QChar(0x200B); // ZERO WIDTH SPACE
             run = 0;
         }
         result += c;
@@ -43,7 +43,7 @@ std::unique_ptr<QMessageBox> makeBox(const std::string& message, const std::stri
     box->setTextFormat(Qt::PlainText);
     box->setText(breakable(message));
     box->setInformativeText(breakable(informative));
-    // The box hands its format on to its own text only; names would be read as markup.
+    // The box applies its text format to its own text only; names would be read as markup.
     if (auto* const label = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
         label->setTextFormat(Qt::PlainText);
     const double ratio = box->devicePixelRatioF();
@@ -58,8 +58,8 @@ std::unique_ptr<QMessageBox> makeBox(const std::string& message, const std::stri
     return box;
 }
 
-/// Adds a list below the informative text. The box builds its layout again for all that is set on
-/// it, so this comes last.
+/// Adds a list below the informative text. Call it last: every setter of the box rebuilds its
+/// layout.
 void addItems(QMessageBox& box, const std::string& items) {
     auto* const text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"));
     if (text == nullptr || box.layout() == nullptr)
@@ -76,7 +76,7 @@ void addItems(QMessageBox& box, const std::string& items) {
     column->addWidget(list);
 }
 
-/// Lets a question be answered only after it has had the focus for a while. Its box owns it.
+/// Enables the buttons of a question only after it has had the focus for a while. Owned by the box.
 class AnswerGuard : public QObject {
   public:
     AnswerGuard(QMessageBox& box, QPushButton& usual, std::unique_ptr<FrameTimer> timer)
@@ -111,10 +111,10 @@ class AnswerGuard : public QObject {
     std::unique_ptr<FrameTimer> m_timer;
 };
 
-std::unique_ptr<QMessageBox> makeTelling(const std::string& message,
+std::unique_ptr<QMessageBox> makeMessage(const std::string& message,
                                          const std::string& informative) {
     auto box = makeBox(message, informative);
-    // Without the picture that a standard button has.
+    // Not a standard button: those have icons.
     box->addButton(Alerts::tr("OK"), QMessageBox::AcceptRole);
     return box;
 }
@@ -140,7 +140,7 @@ void Alerts::ask(const Question& question, std::function<void(const Answer&)> an
     await({.box = std::move(box),
            .report = std::nullopt,
            .answered = [this, confirm, answered = std::move(answered)](const QMessageBox& closed) {
-               const bool isAnswer = !m_instead; // else the user closed nothing
+               const bool isAnswer = !m_instead; // false: close() closed it, not the user
                answered({.confirmed = isAnswer && closed.clickedButton() == confirm,
                          .suppressed = isAnswer && closed.checkBox() != nullptr &&
                                        closed.checkBox()->isChecked(),
@@ -156,7 +156,7 @@ void Alerts::report(const FailureReport& report) {
     if (m_turns.size() >= kMostTurns)
         addToRest(report);
     else
-        await({.box = makeTelling(report.message, report.informative), .report = report});
+        await({.box = makeMessage(report.message, report.informative), .report = report});
 }
 
 void Alerts::addToRest(const FailureReport& report) {
@@ -171,9 +171,9 @@ FailureReport Alerts::takeRest() {
     return furtherReports(rest.count, rest.lines);
 }
 
-void Alerts::tell(const QString& message, const QString& informative) {
+void Alerts::inform(const QString& message, const QString& informative) {
     if (!m_instead)
-        await({.box = makeTelling(message.toStdString(), informative.toStdString()),
+        await({.box = makeMessage(message.toStdString(), informative.toStdString()),
                .report = std::nullopt});
 }
 
@@ -192,8 +192,8 @@ void Alerts::showFirst() {
     if (first.report)
         beep();
     QMessageBox& box = *first.box;
-    box.setWindowModality(Qt::NonModal); // takes all flags away, so it comes first
-    // On top, as it answers what was done elsewhere; nothing to minimise or maximise.
+    box.setWindowModality(Qt::NonModal); // first, as it resets the window flags
+    // On top, because it answers something that was done in another window.
     box.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                        Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint);
     connect(&box, &QMessageBox::finished, this, &Alerts::firstIsOver);
@@ -207,7 +207,7 @@ void Alerts::firstIsOver() {
     m_turns.pop_front();
     if (over.answered)
         over.answered(*over.box);
-    over.box.release()->deleteLater(); // it is still telling that it is over
+    over.box.release()->deleteLater(); // the call comes from its own signal
     if (!m_turns.empty())
         showFirst();
     else if (m_rest.count > 0 && !m_instead)

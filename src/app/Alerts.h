@@ -16,47 +16,47 @@
 
 namespace vexmoor {
 
-/// Asks and tells in alerts, one at a time in the order in which they came. An alert comes on top
-/// on the workspace that the user works on, wherever the program's window is, and blocks nothing:
-/// what is dropped meanwhile is taken. Main thread.
+/// Shows questions and reports as alerts, one at a time in the order of the calls. An alert opens
+/// on top, on the current workspace, wherever the program's window is. It blocks nothing: items
+/// dropped in the meantime are taken. Main thread.
 class Alerts : public QObject, public Dialogs {
     Q_OBJECT
 
   public:
-    /// How long a question has had the focus before it can be answered: what is typed when it comes
-    /// up was meant for another window.
+    /// How long a question must have had the focus before its buttons react: keys that are pressed
+    /// when it opens were meant for another window.
     static constexpr std::chrono::milliseconds kGuard{500};
 
-    /// Where more alerts wait, further reports share one alert, which counts them and lists the
-    /// first; all of these are on stderr.
+    /// If more alerts than this wait, further reports share one alert, which counts them and lists
+    /// the first; all of them are written to stderr.
     static constexpr std::size_t kMostTurns = 16;
 
     explicit Alerts(MakeFrameTimer makeTimer = [] { return std::make_unique<QtFrameTimer>(); })
         : m_makeTimer(std::move(makeTimer)) {}
 
-    /// Answers when its turn came and the user closed it.
+    /// Calls `answered` when the user has closed the question. Returns at once.
     void ask(const Question& question, std::function<void(const Answer&)> answered) override;
 
-    /// Beeps when its turn comes; does not wait.
+    /// Beeps when the alert opens. Returns at once.
     void report(const FailureReport& report) override;
 
     void beep() override;
 
-    /// Says something that the user asked to know; does not wait.
-    void tell(const QString& message, const QString& informative);
+    /// Shows the answer to something that the user asked for, without a beep. Returns at once.
+    void inform(const QString& message, const QString& informative);
 
-    /// Takes all alerts off the screen: questions are answered with no. From now on nothing is
-    /// asked, and what there is to report, or was not on the screen yet, goes to `instead`.
+    /// Closes all alerts and answers questions with no. Later questions are answered with no too;
+    /// later reports, and those that were not on the screen yet, go to `instead`.
     void close(std::function<void(const FailureReport&)> instead);
 
   private:
     struct Turn {
         std::unique_ptr<QMessageBox> box;
-        std::optional<FailureReport> report;                ///< of an alert that tells
-        std::function<void(const QMessageBox&)> answered{}; ///< of one that asks
+        std::optional<FailureReport> report;                ///< if it is a report
+        std::function<void(const QMessageBox&)> answered{}; ///< if it is a question
     };
 
-    /// Reports that share one alert.
+    /// The reports that share one alert.
     struct Rest {
         std::size_t count = 0;
         std::vector<std::string> lines; ///< of the first

@@ -53,7 +53,7 @@ AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBu
       m_binOpener(BinOpener::waysTo(stores.directories().dataHome / "Trash/files")),
       m_menuBar(menuParts(), m_compositor, bus),
       m_mainMenu(m_undoStack, stores.defaults().boolean("debugMenu").value_or(false)) {
-    tellOfStoreFailures();
+    reportStoreFailures();
 }
 
 AppDelegate::~AppDelegate() {
@@ -61,8 +61,8 @@ AppDelegate::~AppDelegate() {
     m_intake.stop();
     if (m_commands)
         m_commands->giveBack(ApplicationService::kName);
-    m_work.reset();                              // its jobs work with all the others
-    m_alerts.close([](const FailureReport&) {}); // whose answers go to the others
+    m_work.reset();                              // first: its jobs use the other parts
+    m_alerts.close([](const FailureReport&) {}); // its answers go to the other parts
 }
 
 void AppDelegate::finishLaunching(const LaunchOptions& options) {
@@ -101,7 +101,7 @@ void AppDelegate::recordCutOffBatches() {
         m_progression.notify(report.unlocked);
 }
 
-/// Not before what a crash cut off is recorded: a command begins a batch.
+/// Called after recovery: a command may begin a batch, and recovery must come before the first.
 void AppDelegate::serveCommands() {
     m_commands = std::make_unique<CommandService>(
         m_service, m_bus,
@@ -110,17 +110,17 @@ void AppDelegate::serveCommands() {
                               [this] { return m_fileManagerKey.fedByMenuCommand(); }});
 }
 
-void AppDelegate::tellOfStoreFailures() {
+void AppDelegate::reportStoreFailures() {
     m_stores.setFailureHandler(
         [this](const Error& error) { m_alerts.report(storeFailure(error)); });
 }
 
-/// Somebody else tells of its failure.
+/// Returns the storage error instead of showing it.
 std::optional<Error> AppDelegate::store(const std::function<void()>& assignment) {
     std::optional<Error> failure;
     m_stores.setFailureHandler([&failure](const Error& error) { failure = error; });
     assignment();
-    tellOfStoreFailures();
+    reportStoreFailures();
     return failure;
 }
 
@@ -231,7 +231,7 @@ BinnedItems AppDelegate::binnedItems() const {
     return {m_ledger, m_stores.defaults().records()};
 }
 
-/// The newest batch of this run or of an earlier one.
+/// Puts back the newest batch, of this run or of an earlier one.
 void AppDelegate::putBackLast() {
     m_undoStack.refresh();
     if (m_undoStack.canUndo())
@@ -280,7 +280,7 @@ StatsWindow& AppDelegate::statsWindow() {
         connect(
             m_statsWindow.get(), &StatsWindow::dropped, this,
             [this](const std::vector<Path>& items, int others) { consume(items, others, false); });
-        // The tile takes no keys: its menu comes by the window's menu key too.
+        // The tile takes no keys, so its menu also opens with the window's menu key.
         m_statsWindow->setContextMenuPolicy(Qt::CustomContextMenu);
         connect(m_statsWindow.get(), &QWidget::customContextMenuRequested, this,
                 [this](QPoint place) { m_menuBar.popUp(m_statsWindow->mapToGlobal(place)); });
@@ -312,8 +312,8 @@ QString AppDelegate::probe() const {
 void AppDelegate::quit() {
     if (std::exchange(m_isEnding, true))
         return;
-    // Each under a name of its own, as the same name would replace the one before. Where there are
-    // no notifications the log has them.
+    // Each with its own id, because an id that is used twice replaces the earlier notification.
+    // They are logged too, for sessions without notifications.
     m_alerts.close([this, count = 0](const FailureReport& report) mutable {
         std::cerr << "vexmoor-desktop: " << report.message << ". " << report.informative << "\n";
         m_notifications.post(
@@ -329,7 +329,7 @@ void AppDelegate::quit() {
     }));
 }
 
-/// What was posted last has left this process when the bus answers.
+/// When the bus answers, the messages sent before have left this process.
 void AppDelegate::flushBus() {
     constexpr int kPatienceMilliseconds = 1000;
     const QString bus = QStringLiteral("org.freedesktop.DBus");

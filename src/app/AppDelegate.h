@@ -42,21 +42,21 @@
 
 namespace vexmoor {
 
-/// The desktop program's root: owns every part that lives as long as the program, wires them to
-/// each other, and routes all ways in which items arrive to the intake. Main thread.
+/// The composition root of the desktop program: owns all parts that live as long as the program,
+/// connects them, and passes the items that arrive in any way to the intake. Main thread.
 class AppDelegate : public QObject {
     Q_OBJECT
 
   public:
-    /// Stores and service must outlive it.
+    /// `stores` and `service` must outlive it.
     AppDelegate(Stores& stores, ApplicationService& service, const QDBusConnection& bus);
     ~AppDelegate() override;
 
-    /// The start-up: settings take effect, the tile appears, what was brought along is fed.
+    /// Applies the settings, shows the tile, and feeds the items that the program was started with.
     void finishLaunching(const LaunchOptions& options);
 
     void consume(const std::vector<Path>& items, bool fromFinder);
-    /// The same, and reports that `others` of what was chosen is not on this computer.
+    /// Also reports that `others` of the chosen items are not on this computer.
     void consume(const std::vector<Path>& items, int others, bool fromFinder);
     void showStats();
     void showSettings();
@@ -66,7 +66,7 @@ class AppDelegate : public QObject {
     void testFlames();
     void undo();
 
-    /// Ends the program as soon as the item at work is done; the rest of its batch stays as it was.
+    /// Quits as soon as the current item is done; the rest of its batch stays untouched.
     void quit();
 
   private:
@@ -93,7 +93,7 @@ class AppDelegate : public QObject {
     void flushBus();
     [[nodiscard]] QString probe() const;
     void serveCommands();
-    void tellOfStoreFailures();
+    void reportStoreFailures();
     std::optional<Error> store(const std::function<void()>& assignment);
 
     Stores& m_stores;
@@ -117,10 +117,10 @@ class AppDelegate : public QObject {
     FileManagerKey m_fileManagerKey;
     std::unique_ptr<SerialQueue> m_work;
     Intake m_intake;
-    std::unique_ptr<CommandService> m_commands; ///< once they may come
+    std::unique_ptr<CommandService> m_commands; ///< set once recovery is done
     RestingTimers m_windowTimers;
     StatsWiring m_statsWiring;
-    std::unique_ptr<StatsWindow> m_statsWindow; ///< made when it is first shown, and kept
+    std::unique_ptr<StatsWindow> m_statsWindow; ///< created when it is first shown, then kept
     std::unique_ptr<WindowFrame> m_statsFrame;
     Walkthrough m_walkthrough;
     SessionLock m_sessionLock;
@@ -131,7 +131,7 @@ class AppDelegate : public QObject {
     Compositor m_compositor; ///< whether menus can be translucent
     MenuBar m_menuBar;
     MainMenu m_mainMenu;
-    QByteArray m_startup; ///< what a launcher waits for at the moment; empty where none does
+    QByteArray m_startup; ///< the startup id that a launcher waits for; empty if none does
     bool m_receivedFilesAtLaunch = false;
     bool m_isEnding = false;
     std::vector<Subscription> m_subscriptions;

@@ -3,7 +3,7 @@
 #include "intake/BinnedItems.h"
 #include "ui/AboutPanel.h"
 
-// What the items of the menus do.
+// The actions of the menu entries.
 
 namespace vexmoor {
 

@@ -4,8 +4,8 @@
 
 namespace vexmoor {
 
-/// Gives all windows the look that the user chose for the desktop, light or dark and with or
-/// without motion, as long as it lives. Main thread.
+/// Applies the desktop's preferences to all windows as long as it exists: light or dark, and
+/// reduced motion. Main thread.
 class Appearance : public QObject {
     Q_OBJECT
 

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kPatienceMilliseconds = 10000;
 constexpr const char* kApplication = "org.freedesktop.Application";
-// Where launchers say by what id they wait, and by what token the focus may be taken.
+// The launcher's startup id (X11) and activation token (Wayland).
 constexpr const char* kStartup = "desktop-startup-id";
 constexpr const char* kToken = "activation-token";
 constexpr const char* kEnding = "org.vexmoor.Error.Ending";
@@ -23,7 +23,7 @@ QDBusMessage order(const char* interface, const char* method) {
     auto message = QDBusMessage::createMethodCall(QLatin1String(ApplicationService::kName),
                                                   QLatin1String(ApplicationService::kPath),
                                                   QLatin1String(interface), QLatin1String(method));
-    message.setAutoStartService(false); // where the owner has just gone, this start takes its place
+    message.setAutoStartService(false); // if the owner has just quit, this start takes its place
     return message;
 }
 
@@ -37,7 +37,7 @@ QVariantMap platformData(const std::string& startup) {
 ApplicationService::ApplicationService(QDBusConnection bus) : m_bus(std::move(bus)) {
     new ApplicationAdaptor(*this);
     new DiagnosticsAdaptor(*this);
-    // Before the name, so that nobody finds the name without it.
+    // Before the name is claimed, so that no caller finds the name without the object.
     m_bus.registerObject(QLatin1String(kPath), this);
 }
 
@@ -55,7 +55,7 @@ void ApplicationService::take(std::function<void()> order, const QVariantMap& pl
                               const QDBusMessage& message) {
     if (m_refuses) {
         message.setDelayedReply(true);
-        m_bus.send(message.createErrorReply(QLatin1String(kEnding), tr("Vexmoor is ending.")));
+        m_bus.send(message.createErrorReply(QLatin1String(kEnding), tr("Vexmoor is quitting.")));
         return;
     }
     auto startup = platformData.value(QLatin1String(kStartup)).toByteArray();
@@ -68,7 +68,7 @@ void ApplicationService::take(std::function<void()> order, const QVariantMap& pl
         if (!startup.isEmpty())
             emit startupEnded();
     });
-    if (m_delivers) // not now: whoever sent it shall not wait until the user has answered
+    if (m_delivers) // queued: the sender must not wait until the user has answered
         QMetaObject::invokeMethod(this, &ApplicationService::deliverOrders, Qt::QueuedConnection);
 }
 
@@ -89,7 +89,7 @@ ApplicationService::forwardActivate(const std::string& startup) const {
 ApplicationService::Forwarding ApplicationService::forwardOpen(const std::vector<Path>& items,
                                                                int others,
                                                                const std::string& startup) const {
-    QStringList uris(others, QStringLiteral("other:")); // its owner says what it thinks of them
+    QStringList uris(others, QStringLiteral("other:")); // the owner reports them
     for (const auto& item : items)
         uris.push_back(QString::fromStdString(fileUri(item)));
     auto message = order(kApplication, "Open");

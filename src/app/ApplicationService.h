@@ -14,10 +14,10 @@
 
 namespace vexmoor {
 
-/// The program as the session bus knows it: one owns the name, others hand their orders to it
-/// (org.freedesktop.Application of the Desktop Entry Specification, and the diagnostic). Orders
-/// come as signals, after their senders were answered; those that come early wait until there is
-/// somebody to carry them out. Main thread.
+/// The program's object on the session bus. One process owns the name; later starts send their
+/// orders to it (org.freedesktop.Application of the Desktop Entry Specification, and the
+/// diagnostic). An order is emitted as a signal after its sender has got the reply; orders that
+/// arrive during start-up wait for deliverOrders(). Main thread.
 class ApplicationService : public QObject {
     Q_OBJECT
 
@@ -25,27 +25,28 @@ class ApplicationService : public QObject {
     static constexpr const char* kName = "org.vexmoor.Vexmoor";
     static constexpr const char* kPath = "/org/vexmoor/Vexmoor";
 
-    /// Calls wait for the bus, so that a start does not end before its order has arrived.
+    /// Calls block until the bus has answered, so that a start does not end before its order has
+    /// arrived.
     explicit ApplicationService(QDBusConnection bus);
 
     enum class Claim {
-        owned,      ///< this process is the one
-        taken,      ///< another is
-        impossible, ///< there is no bus to ask
+        owned,      ///< by this process
+        taken,      ///< by another process
+        impossible, ///< there is no bus
     };
     Claim claimName();
 
-    /// Hands out the orders that wait, and from now on each as it comes.
+    /// Emits the waiting orders, and from now on each one as it arrives.
     void deliverOrders();
 
-    /// Hands out the orders that wait, and from now on refuses those that come.
+    /// Emits the waiting orders, and from now on refuses new ones.
     void stopTaking();
     [[nodiscard]] bool hasOrders() const { return !m_waiting.empty(); }
 
     enum class Forwarding {
         taken,
-        ending,     ///< the owner takes nothing any more, or has gone
-        unanswered, ///< it is there and does not say
+        ending,     ///< the owner refuses new orders, or has quit
+        unanswered, ///< the owner exists but did not answer in time
     };
     /// Sends an order to the owner of the name. `startup` is the launcher's id of the start that
     /// the order came with; empty where it has none.
@@ -53,23 +54,23 @@ class ApplicationService : public QObject {
     [[nodiscard]] Forwarding forwardOpen(const std::vector<Path>& items, int others,
                                          const std::string& startup) const;
 
-    /// What the owner of the name answers to the diagnostic; nothing where there is none.
+    /// The diagnostic as the owner of the name reports it; nullopt if there is no owner.
     [[nodiscard]] std::optional<QString> forwardProbe() const;
 
-    /// What this program answers to the diagnostic.
+    /// Sets the function that answers the diagnostic in this process.
     void setProbe(std::function<QString()> probe) { m_probe = std::move(probe); }
     [[nodiscard]] QString probe() const { return m_probe ? m_probe() : QString(); }
 
-    /// Takes in the order of that message, and whatever a launcher says of it.
+    /// Queues the order of `message` with the launcher's startup id, if it has one.
     void take(std::function<void()> order, const QVariantMap& platformData,
               const QDBusMessage& message);
 
   signals:
-    /// The order that comes next is what a launcher waits for; and it was carried out.
+    /// Emitted before and after an order for which a launcher waits.
     void startupBegun(const QByteArray& id);
     void startupEnded();
     void activateRequested();
-    /// Local items; `others` of what was named is not on this computer.
+    /// `items` are local; `others` counts the named items that are not on this computer.
     void openRequested(const std::vector<vexmoor::Path>& items, int others);
     void actionRequested(const QString& name);
 
@@ -83,7 +84,7 @@ class ApplicationService : public QObject {
     bool m_refuses = false;
 };
 
-/// What the service answers to as org.freedesktop.Application.
+/// The interface org.freedesktop.Application of the service.
 class ApplicationAdaptor : public QDBusAbstractAdaptor {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
@@ -102,7 +103,7 @@ class ApplicationAdaptor : public QDBusAbstractAdaptor {
     ApplicationService& m_service;
 };
 
-/// What it answers to when somebody wants to know what it sees of the desktop.
+/// The interface of the service that answers the diagnostic.
 class DiagnosticsAdaptor : public QDBusAbstractAdaptor {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.vexmoor.Diagnostics1")

@@ -31,7 +31,7 @@ void BinOpener::tryNext() {
     if (m_process) {
         const auto words = QString::fromUtf8(m_process->readAllStandardError()).trimmed();
         problem = words.isEmpty() ? problem : words;
-        m_process.release()->deleteLater(); // it is still reporting its end
+        m_process.release()->deleteLater(); // the call comes from its own signal
     }
     while (m_next < m_ways.size()) {
         Way way = m_ways[m_next++];
@@ -47,7 +47,7 @@ void BinOpener::tryNext() {
                         tryNext();
                 });
         connect(m_process.get(), &QProcess::errorOccurred, this, [this](QProcess::ProcessError e) {
-            if (e == QProcess::FailedToStart) // else it ends
+            if (e == QProcess::FailedToStart) // all other errors end with finished()
                 tryNext();
         });
         m_process->start(program, way);

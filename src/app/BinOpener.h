@@ -11,25 +11,25 @@
 
 namespace vexmoor {
 
-/// Shows the Bin in the user's file manager: as the trash that it knows, else as the folder that
-/// the home's Bin is. Main thread.
+/// Opens the Bin in the user's file manager: as trash:///, or else as the folder of the home's Bin.
+/// Main thread.
 class BinOpener : public QObject {
     Q_OBJECT
 
   public:
-    /// A program with its arguments that shows the Bin or fails.
+    /// A program, with its arguments, that opens the Bin or exits with a failure.
     using Way = QStringList;
 
     explicit BinOpener(std::vector<Way> ways) : m_ways(std::move(ways)) {}
 
-    /// The ways of this system, best first; `folder` is that of the items in the home's Bin.
+    /// The commands of this system, best first; `folder` holds the items of the home's Bin.
     static std::vector<Way> waysTo(const Path& folder);
 
-    /// Goes through the ways until one works. A way may run as long as the file manager does.
+    /// Tries the commands until one succeeds. A command may run as long as the file manager.
     void open();
 
   signals:
-    /// No way worked; in the words of the last.
+    /// No command succeeded; `reason` is the last one's message.
     void failed(const QString& problem);
 
   private:

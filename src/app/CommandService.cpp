@@ -25,10 +25,10 @@ constexpr const char* kUsage = "org.vexmoor.Error.Usage";
 constexpr const char* kRefused = "org.vexmoor.Error.Refused";
 constexpr const char* kEnding = "org.vexmoor.Error.Ending";
 constexpr const char* kReportTooLong = "org.vexmoor.Error.ReportTooLong";
-constexpr std::size_t kLongestReport = std::size_t{64} << 20; ///< half of what a message may hold
+constexpr std::size_t kLongestReport = std::size_t{64} << 20; ///< half of the largest D-Bus message
 
-// Each batch and each call takes memory.
-constexpr std::size_t kMostCalls = 256; ///< whose batches run or ask; more wait
+// Limits, as each batch and each call takes memory.
+constexpr std::size_t kMostCalls = 256; ///< batches that run or ask at the same time; more wait
 constexpr std::size_t kMostWaiting = 1024;
 
 std::vector<std::string> texts(const QStringList& items) {
@@ -37,7 +37,7 @@ std::vector<std::string> texts(const QStringList& items) {
     return result;
 }
 
-/// Nothing where one of them could be taken for another item than its sender meant.
+/// Returns nullopt if one of them is not an absolute path, or holds a NUL that would cut it off.
 std::optional<std::vector<Path>> paths(const QByteArrayList& items) {
     std::vector<Path> result;
     for (const auto& item : items) {
@@ -50,8 +50,9 @@ std::optional<std::vector<Path>> paths(const QByteArrayList& items) {
 
 } // namespace
 
-/// A call whose batch is not over. As the dialogs of a batch it says yes, as its caller has been
-/// asked, and tells nothing, as its caller tells it, unless there is none any more.
+/// A call whose batch is not over. It serves as the batch's dialogs: it answers yes, because the
+/// caller has asked the user, and shows nothing, because the caller prints the failures. If the
+/// caller has disconnected, the desktop's dialogs show them.
 class CommandService::Call : public Dialogs {
   public:
     Call(QDBusMessage message, bool asks, Begin begin, const QDBusConnection& bus, Dialogs& desktop)
@@ -70,7 +71,7 @@ class CommandService::Call : public Dialogs {
         answered({true, false});
     }
     void report(const FailureReport& report) override {
-        const auto* const bus = m_bus.interface(); // none once the connection is lost
+        const auto* const bus = m_bus.interface(); // null once the connection is lost
         if (!m_message.isReplyRequired() || bus == nullptr ||
             !bus->isServiceRegistered(m_message.service()))
             m_desktop.report(report);
@@ -95,7 +96,7 @@ CommandService::CommandService(QObject& object, QDBusConnection bus, Parts parts
 }
 
 CommandService::~CommandService() {
-    if (m_bus.isConnected()) // the bus answers when it has what was sent before
+    if (m_bus.isConnected()) // a round trip: what was sent before has arrived
         (void)m_bus.interface()->serviceOwner(QStringLiteral("org.freedesktop.DBus"));
 }
 
@@ -169,7 +170,7 @@ void CommandService::Stop(const QDBusMessage& message) {
     for (const auto& call : m_calls)
         if (call->message().service() == message.service())
             call->meter()->stop = true;
-    std::vector<std::shared_ptr<Call>> stopped; // they begin now, to report all as untouched
+    std::vector<std::shared_ptr<Call>> stopped; // begun only to report their items as untouched
     std::erase_if(m_waiting, [&](const auto& call) {
         const bool isOwn = call->message().service() == message.service();
         if (isOwn)
@@ -200,7 +201,7 @@ qulonglong CommandService::Progress(const QDBusMessage& message, qulonglong& byt
 
 void CommandService::carryOut(const QDBusMessage& message, bool asks, Begin begin) {
     if (m_parts.intake.isStopped()) {
-        refuse(message, kEnding, marked("The desktop application is ending."));
+        refuse(message, kEnding, marked("The desktop application is quitting."));
         return;
     }
     if (m_waiting.size() >= kMostWaiting)
@@ -228,7 +229,7 @@ void CommandService::begin(const std::shared_ptr<Call>& call) {
     });
 }
 
-/// Begins the batches for which there is room now; refuses all once the intake is stopped.
+/// Begins waiting batches up to the limit; refuses all of them once the intake has been stopped.
 void CommandService::beginWaiting() {
     const bool isEnding = m_parts.intake.isStopped();
     if (m_waiting.empty() || (m_calls.size() >= kMostCalls && !isEnding))
@@ -238,7 +239,7 @@ void CommandService::beginWaiting() {
         const auto call = m_waiting.front();
         m_waiting.pop_front();
         if (isEnding)
-            refuse(call->message(), kEnding, marked("The desktop application is ending."));
+            refuse(call->message(), kEnding, marked("The desktop application is quitting."));
         else
             begin(call);
     }
@@ -246,7 +247,7 @@ void CommandService::beginWaiting() {
         reportDropped();
 }
 
-/// Leaves out the waiting calls of callers that are gone: nothing of theirs was touched.
+/// Drops the waiting calls of callers that have disconnected: none of their items was touched.
 void CommandService::dropDeparted() {
     const auto* const bus = m_bus.interface();
     const auto names = bus ? bus->registeredServiceNames() : QDBusReply<QStringList>();
@@ -273,11 +274,11 @@ void CommandService::answer(Call& call, BatchResult result) {
     else
         m_bus.send(message.createReply(QString::fromStdString(text)));
     std::erase_if(m_calls, [&](const auto& one) { return one.get() == &call; });
-    if (!m_waiting.empty()) // not now: the intake is in the middle of its own work
+    if (!m_waiting.empty()) // queued: the intake is in the middle of its own work
         QMetaObject::invokeMethod(this, &CommandService::beginWaiting, Qt::QueuedConnection);
 }
 
-/// In English: who called may read another language than this process.
+/// In English: the caller's language may differ from this process's.
 void CommandService::refuse(const QDBusMessage& message, const char* error,
                             const std::string& sentence) {
     message.setDelayedReply(true);

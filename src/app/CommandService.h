@@ -19,35 +19,35 @@
 
 namespace vexmoor {
 
-/// What the command line hands over to the program that runs, as one more interface of an object on
-/// the bus (docs/dbus.md). An answer comes when its batch is over, with all that became of it. Main
-/// thread.
+/// The interface through which the command line hands its work to the running program
+/// (docs/dbus.md). The reply to a call comes when its batch is over and holds the outcome of every
+/// item. Main thread.
 class CommandService : public QDBusAbstractAdaptor {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.vexmoor.Commands1")
 
   public:
-    /// What it works on; all outlive it.
+    /// All must outlive it.
     struct Parts {
         Intake& intake;
         Settings& settings;
         Progression& progression;
         BinnedItems binnedItems;
-        Dialogs& dialogs; ///< told of failures whose caller is gone
-        /// Runs an assignment; answers why it could not be stored, if it could not.
+        Dialogs& dialogs; ///< shows failures whose caller has disconnected
+        /// Runs an assignment. Returns the error if it could not be stored.
         std::function<std::optional<Error>(const std::function<void()>&)> store;
-        /// A file manager's menu command feeds; whether its key caused that.
+        /// Called when a file manager's menu command feeds. Returns whether its key caused that.
         std::function<bool()> fedByMenuCommand;
     };
 
-    /// `object` is the one that is registered on the bus.
+    /// `object` is registered on the bus.
     CommandService(QObject& object, QDBusConnection bus, Parts parts);
 
-    /// Waits until what was answered is on its way.
+    /// Blocks until the replies have been sent.
     ~CommandService() override;
 
-    /// Releases the name, after the intake was stopped, and refuses the calls that came until then
-    /// or still wait, so that no caller is left without an answer.
+    /// Releases the name and refuses the calls that still wait, so that every caller gets a reply.
+    /// Call it after the intake has been stopped.
     void giveBack(const char* name);
 
   public slots:
@@ -73,9 +73,9 @@ class CommandService : public QDBusAbstractAdaptor {
 
     QDBusConnection m_bus;
     Parts m_parts;
-    std::vector<std::shared_ptr<Call>> m_calls;  ///< whose batches are not over
+    std::vector<std::shared_ptr<Call>> m_calls;  ///< whose batches are running
     std::deque<std::shared_ptr<Call>> m_waiting; ///< whose batches have not begun, oldest first
-    std::size_t m_dropped = 0;                   ///< without an answer, not reported yet
+    std::size_t m_dropped = 0;                   ///< dropped without a reply, not logged yet
 };
 
 } // namespace vexmoor

@@ -16,7 +16,7 @@ std::atomic<int> pipeEnd = -1;
 void handle(int) {
     const int error = errno;
     const char byte = 0;
-    // A full pipe holds the wish already.
+    // If the pipe is full, the signal is pending already.
     [[maybe_unused]] const auto written = ::write(pipeEnd, &byte, 1);
     errno = error;
 }
@@ -34,7 +34,7 @@ void install(void (*handler)(int)) {
 EndSignals::EndSignals() {
     int ends[2];
     if (::pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0)
-        return; // the signals then end the program at once, which loses nothing
+        return; // signals then end the program at once, which loses nothing
     m_read = FileDescriptor(ends[0]);
     m_write = FileDescriptor(ends[1]);
     m_notifier = std::make_unique<QSocketNotifier>(m_read.get(), QSocketNotifier::Read);

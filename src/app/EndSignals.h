@@ -9,8 +9,8 @@
 
 namespace vexmoor {
 
-/// Turns the signals that ask a program to end (SIGTERM, SIGINT, SIGHUP) into one of Qt's, on the
-/// main thread. One at a time.
+/// Emits a Qt signal on the main thread when the process receives SIGTERM, SIGINT or SIGHUP. Only
+/// one object may exist at a time.
 class EndSignals : public QObject {
     Q_OBJECT
 

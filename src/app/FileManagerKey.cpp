@@ -68,13 +68,13 @@ void FileManagerKey::begin() {
     connect(&m_focusReports, &FocusReports::turningOnFailed, this, [this](const QString& reason) {
         notify("key-support", tr("Accessibility support couldn't be turned on"), reason);
     });
-    // Earlier than the next retry.
+    // Before the next retry.
     connect(&m_parts.accessibility, &AccessibilityBus::answersChanged, this, [this] { capture(); });
 }
 
 void FileManagerKey::apply() {
     if (m_subscriptions.empty())
-        return; // the second subscription is about to call again
+        return; // during construction; the second subscription calls again
     capture();
     updateAccelerators();
 }
@@ -86,7 +86,7 @@ void FileManagerKey::capture() {
         m_hotkey->stop();
 }
 
-/// Without the user's answer, what `vexmoor integrate` installed stays.
+/// While the user has not answered, an accelerator installed by `vexmoor integrate` stays.
 void FileManagerKey::updateAccelerators() {
     const auto consent = m_automation.status().get();
     const bool captures = m_parts.settings.captureFinderDelete.get();

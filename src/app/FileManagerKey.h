@@ -23,14 +23,14 @@ namespace vexmoor {
 
 class Settings;
 
-/// Ctrl+Backspace in file managers, both ways: where a file manager can bind the key to our menu
-/// command that is installed, elsewhere the key is captured (X11 only). The setting and the user's
-/// consent decide. Main thread.
+/// Ctrl+Backspace in file managers. If a file manager can bind the key to our menu command, that
+/// accelerator is installed; otherwise the key is captured (X11 only). Both need the setting and
+/// the user's consent. Main thread.
 class FileManagerKey : public QObject {
     Q_OBJECT
 
   public:
-    /// What it works with; everything outlives it.
+    /// All must outlive it.
     struct Parts {
         UserDefaults& defaults;
         Settings& settings;
@@ -45,35 +45,35 @@ class FileManagerKey : public QObject {
     explicit FileManagerKey(Parts parts);
     ~FileManagerKey() override;
 
-    /// Follows the setting and the consent from now on.
+    /// Starts following the setting and the consent.
     void begin();
 
-    /// Whether this session lets programs capture keys and ask for the selection.
+    /// Whether this session allows capturing keys and querying the selection.
     [[nodiscard]] bool canCapture() const { return m_capture->isPossible(); }
 
-    /// How the key gets here as far as is known; follows lookAgain() and every change.
+    /// How the key arrives, as far as is known; updated by lookAgain() and every change.
     [[nodiscard]] Onboarding::KeyWay way() const;
 
     /// Whether a file manager's menu has our entry, as far as is known.
     [[nodiscard]] bool hasMenuEntry() const { return m_hasMenuEntry; }
 
-    /// Looks at the file managers' configuration again, without waiting for it.
+    /// Starts reading the file managers' configuration again. Returns at once.
     void lookAgain() { updateAccelerators(); }
 
-    /// How the file managers that are installed have the key; empty until that is known.
+    /// The key's state in each installed file manager; empty until it is known.
     [[nodiscard]] std::vector<KeyState> states() const;
 
     UndoKey& undoKey() { return *m_hotkey; }
     Automation& automation() { return m_automation; }
     FocusReports& focusReports() { return m_focusReports; }
 
-    /// Feeds what is selected in the file manager; asks for the consent if it has to.
+    /// Feeds the file manager's selection. Asks for the consent first if it is missing.
     void feedSelection();
 
     /// Reports that a file manager's menu command fed items. \return whether the key caused it.
     bool fedByMenuCommand() { return m_hotkey->fedByMenuCommand(); }
 
-    /// Says that the selection cannot be seen, and offers the settings.
+    /// Reports that the selection cannot be read, and offers the settings.
     void explainAutomation();
 
   signals:
@@ -101,8 +101,8 @@ class FileManagerKey : public QObject {
     bool m_hasMenuEntry = false;
     bool m_statesAreKnown = false;
 
-    mutable std::mutex m_mutex;     ///< guards what follows
-    std::vector<KeyState> m_states; ///< of the file managers that are installed
+    mutable std::mutex m_mutex;     ///< guards m_states
+    std::vector<KeyState> m_states; ///< of the installed file managers
 
     SerialQueue m_background;
     std::unique_ptr<KeyCapture> m_capture;

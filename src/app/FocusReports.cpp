@@ -8,7 +8,7 @@
 namespace vexmoor {
 
 void FocusReports::setMissing() {
-    // Those that run stay invisible until they are started again.
+    // Running programs report nothing until they are restarted.
     if (m_state == Permissions::FocusReports::present)
         m_state = Permissions::FocusReports::missing;
 }

@@ -7,8 +7,8 @@
 
 namespace vexmoor {
 
-/// Whether file managers report the focus on the accessibility bus: a program does so only if the
-/// session's accessibility support was on when it started. Main thread.
+/// Knows whether file managers report the focus on the accessibility bus. A program does so only if
+/// the session's accessibility support was on when it started. Main thread.
 class FocusReports : public QObject {
     Q_OBJECT
 
@@ -17,18 +17,18 @@ class FocusReports : public QObject {
 
     [[nodiscard]] Permissions::FocusReports state() const { return m_state; }
 
-    /// A file manager was asked for its focus and has never reported one.
+    /// Called when a file manager was asked for its focus and has never reported one.
     void setMissing();
 
-    /// The key was taken in a file manager. After turnOn() that is taken for the one that was
-    /// asked.
+    /// Called when the key was taken in a file manager, which after turnOn() is assumed to be the
+    /// one that was asked.
     void keyWorked();
 
-    /// Turns the session's accessibility support on, for the programs that start from now on.
+    /// Turns the session's accessibility support on. Running programs notice it when restarted.
     void turnOn();
 
   signals:
-    /// The session did not turn it on. `reason` is what the bus answered.
+    /// Accessibility support could not be turned on. `reason` is the bus's error message.
     void turningOnFailed(const QString& reason);
 
   private:

@@ -9,7 +9,7 @@ namespace vexmoor {
 
 namespace {
 
-/// Whether the argument is a URI of something else than a file: a scheme and two slashes.
+/// Whether the argument is a URI (a scheme and two slashes) of something other than a file.
 bool isForeignUri(const std::string& argument) {
     const auto colon = argument.find("://");
     return colon != std::string::npos && colon > 0 &&
@@ -20,7 +20,7 @@ bool isForeignUri(const std::string& argument) {
 }
 
 void addPath(LaunchOptions& options, const std::string& argument, const Path& folder) {
-    if (!argument.empty()) // it would name the current folder
+    if (!argument.empty()) // an empty path would mean the current folder
         options.items.push_back(folder / argument);
 }
 

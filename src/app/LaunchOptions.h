@@ -7,19 +7,18 @@
 
 namespace vexmoor {
 
-/// What the desktop program was started with.
+/// The desktop program's command line.
 struct LaunchOptions {
     bool probe = false;
     bool version = false;
     bool help = false;
-    bool background = false; ///< no window opens
-    std::vector<Path> items; ///< absolute, to be fed
-    int others = 0;          ///< named things that are not on this computer
-    std::string startup;     ///< the launcher's id of this start; empty where it has none
-    std::string unknown;     ///< the first option that is not known; empty where all are
+    bool background = false; ///< open no window
+    std::vector<Path> items; ///< absolute paths to feed
+    int others = 0;          ///< number of URIs that are not on this computer
+    std::string startup;     ///< the launcher's startup id; may be empty
+    std::string unknown;     ///< the first unknown option; empty if there is none
 
-    /// `folder` is what relative paths start from. File URIs are understood. What stands behind
-    /// "--" is a path, whatever it looks like.
+    /// Resolves relative paths against `folder`. Accepts file URIs. Arguments after "--" are paths.
     static LaunchOptions fromArguments(const std::vector<std::string>& arguments,
                                        const Path& folder);
 

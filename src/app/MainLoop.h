@@ -8,8 +8,8 @@
 
 namespace vexmoor {
 
-/// Runs jobs on the thread it lives on, from that thread's event loop. Jobs that have not run when
-/// it goes are dropped.
+/// Runs jobs in the event loop of the thread that created it. Destroying it drops the jobs that
+/// have not run.
 class MainLoop : public Executor {
   public:
     void post(std::function<void()> job) override {

@@ -5,10 +5,10 @@
 
 namespace vexmoor {
 
-/// The pot of the skin in use, still, `cell` physical pixels a canvas pixel.
+/// A still picture of the current skin's pot, with `cell` physical pixels per canvas pixel.
 QPixmap potPicture(int cell);
 
-/// The same as an icon of several sizes, for where the theme has none.
+/// The same picture as an icon of several sizes, used if the icon theme has none.
 QIcon potIcon();
 
 } // namespace vexmoor

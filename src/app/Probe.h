@@ -9,8 +9,8 @@
 
 namespace vexmoor {
 
-/// The diagnostic's three lines: whether the accessibility service can be asked, where the tile is
-/// ("nil" where it was not found), the screens. Rectangles as x, y, width, height in points, from
+/// The diagnostic's three lines: whether the accessibility service answers, the tile's rectangle
+/// ("nil" if it was not found), the screens. Rectangles as x, y, width, height in points, from
 /// the bottom-left corner of the primary screen.
 QString probeText(bool accessible, const std::optional<DeskRect>& tile,
                   const std::vector<DeskRect>& screens);

@@ -4,9 +4,9 @@
 
 namespace vexmoor {
 
-/// Turns the events by which Qt asks the application to quit (the session manager's "die" among
-/// them) into a signal. Qt itself would leave the event loop at once, in the middle of a batch.
-/// Needs the application; main thread.
+/// Emits a signal for the events that ask the application to quit (the session manager's "die"
+/// among them). Without it Qt leaves the event loop at once, in the middle of a batch. Needs a
+/// QCoreApplication. Main thread.
 class QuitEvents : public QObject {
     Q_OBJECT
 

@@ -16,9 +16,9 @@ using namespace std::chrono_literals;
 
 constexpr auto kPause = 50ms;
 constexpr auto kEndOfAnother = 3s;
-constexpr auto kSilentWait = 700ms; ///< before the user is told what is waited for
+constexpr auto kSilentWait = 700ms; ///< before the user sees what is being waited for
 
-/// Tells on the screen and, for those who started it there, on the terminal.
+/// Shows the reason in a message box and writes it to stderr.
 Start::Outcome refuse(const QString& message, const QString& informative) {
     std::cerr << "vexmoor-desktop: " << message.toStdString() << ". " << informative.toStdString()
               << "\n";
@@ -59,11 +59,11 @@ Start::Outcome Start::begin() {
     return Outcome::running;
 }
 
-/// Nothing where the name is this process's, or nobody can have it.
+/// Returns nullopt if this process owns the name or there is no bus.
 std::optional<Start::Outcome> Start::claimOrForward() {
     bool isOurs = false;
     auto forwarding = Forwarding::ending;
-    waitUntil(tr("Vexmoor is about to end"), tr("It starts anew when it is done."), [&] {
+    waitUntil(tr("Vexmoor is quitting"), tr("It will restart when finished."), [&] {
         isOurs = m_service.claimName() != ApplicationService::Claim::taken;
         if (!isOurs)
             forwarding = forward();
@@ -84,8 +84,8 @@ Start::Forwarding Start::forward() {
     return m_options.background ? Forwarding::taken : m_service.forwardActivate(m_options.startup);
 }
 
-/// Nothing where another desktop program has the lock and keeps it: one that ends leaves the bus
-/// before it lets go.
+/// Returns nullopt if another desktop program holds the lock and is not quitting. A program that
+/// quits leaves the bus before it releases the lock.
 Result<std::optional<WriterLock>> Start::waitForLock(const Path& file) {
     using Role = WriterLock::Role;
     const auto end = std::chrono::steady_clock::now() + kEndOfAnother;
@@ -100,8 +100,8 @@ Result<std::optional<WriterLock>> Start::waitForLock(const Path& file) {
     return lock;
 }
 
-/// Runs the event loop until it is over, or until the user, who is told what is waited for,
-/// cancels.
+/// Runs the event loop until `isOver`, or until the user cancels the dialog that shows what is
+/// being waited for.
 void Start::waitUntil(const QString& message, const QString& informative,
                       const std::function<bool()>& isOver) {
     if (isOver())
@@ -124,7 +124,7 @@ void Start::waitUntil(const QString& message, const QString& informative,
     loop.exec();
 }
 
-/// Who cancels needs to hear of it only where something was to be fed, here or by another start.
+/// Reports the cancelled start only if it, or another start that waited for it, had items to feed.
 Start::Outcome Start::refuseForUser() const {
     if (m_options.items.empty() && !m_service.hasOrders())
         return Outcome::refused;

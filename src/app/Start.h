@@ -12,25 +12,25 @@
 
 namespace vexmoor {
 
-/// What happens before the program is the one that runs: an earlier start gets the orders, or the
-/// stores are opened.
+/// The first step of the program: passes the command line to a running instance, or opens the
+/// stores.
 class Start {
     Q_DECLARE_TR_FUNCTIONS(Start)
 
   public:
     enum class Outcome {
-        running,   ///< the stores are ours
-        forwarded, ///< an earlier start carries it out
-        refused,   ///< the user was told why
+        running,   ///< this process has opened the stores
+        forwarded, ///< a running instance has taken the orders
+        refused,   ///< the user has been shown why
     };
 
     Start(ApplicationService& service, const LaunchOptions& options);
 
-    /// May run the event loop: while a command of the command line works, or an earlier start ends,
-    /// that is waited for.
+    /// Waits, with the event loop running, while a command of the command line works or an earlier
+    /// instance quits.
     Outcome begin();
 
-    /// After `running`.
+    /// Valid only after `running`.
     std::unique_ptr<Stores> takeStores() { return std::move(m_stores); }
 
   private:

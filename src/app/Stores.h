@@ -10,14 +10,15 @@
 
 namespace vexmoor {
 
-/// What the desktop program keeps on the disk, and the right to change it, for as long as it runs.
+/// The desktop program's stores and the lock that allows writing them, held until it quits.
 class Stores {
   public:
-    /// Fails where the database cannot be opened for writing.
+    /// Fails if the database cannot be opened for writing.
     static Result<std::unique_ptr<Stores>> open(const UserDirectories& directories,
                                                 WriterLock lock);
 
-    /// Called, on the main thread, for each assignment that could not be stored.
+    /// Sets the function that is called, on the main thread, for each assignment that could not be
+    /// stored.
     void setFailureHandler(std::function<void(const Error&)> handler) {
         m_onFailure = std::move(handler);
     }

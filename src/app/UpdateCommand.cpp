@@ -14,18 +14,18 @@ UpdateCommand::UpdateCommand(Updater& updater, Alerts& alerts) : m_updater(updat
         } else {
             m_delay.stop();
             if (m_panel)
-                m_panel.release()->deleteLater(); // it may be its own button that cancels
+                m_panel.release()->deleteLater(); // the call may come from its own button
         }
         emit checkingChanged(isChecking);
     });
     connect(&m_updater, &Updater::finished, this, [&alerts](const UpdateCheck& check) {
-        alerts.tell(tr("Check for Updates"), sentenceFor(check));
+        alerts.inform(tr("Check for Updates"), sentenceFor(check));
     });
 }
 
 UpdateCommand::~UpdateCommand() = default;
 
-/// During a check the panel is what was asked for.
+/// During a check, opens its panel.
 void UpdateCommand::checkForUpdates() {
     if (isChecking())
         showPanel();

@@ -11,13 +11,13 @@
 
 namespace vexmoor {
 
-/// "Check for Updates…": runs the check, shows that it runs where it takes its time, and reports
-/// what came of it. Main thread.
+/// "Check for Updates…": runs the check, shows a panel if it takes long, and reports the result.
+/// Main thread.
 class UpdateCommand : public QObject {
     Q_OBJECT
 
   public:
-    /// How long a check runs before the panel shows it: most end sooner.
+    /// How long a check runs before the panel opens; most end sooner.
     static constexpr std::chrono::milliseconds kDelay{250};
 
     /// Both must outlive it.

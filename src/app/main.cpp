@@ -26,7 +26,7 @@ namespace {
 using namespace vexmoor;
 
 constexpr int kUsage = 2;
-constexpr int kRefused = 3; ///< or what it needs cannot be reached
+constexpr int kRefused = 3; ///< refused, or something that it needs is missing
 constexpr const char* kPlatform = "QT_QPA_PLATFORM";
 
 int runProbe(const ApplicationService& service, const QDBusConnection& bus) {
@@ -54,27 +54,27 @@ int run(const LaunchOptions& options) {
     QObject::connect(&endSignals, &EndSignals::endRequested, &delegate, &AppDelegate::quit);
     const QuitEvents quitEvents;
     QObject::connect(&quitEvents, &QuitEvents::endRequested, &delegate, &AppDelegate::quit);
-    // In the loop, so that whatever asks the user there can be quit.
+    // In the event loop, so that its dialogs react to a request to quit.
     QMetaObject::invokeMethod(
         &delegate, [&] { delegate.finishLaunching(options); }, Qt::QueuedConnection);
     return QApplication::exec();
 }
 
-/// The tile needs what X11 offers; under Wayland that is XWayland.
+/// Chooses X11, which windows of this program need; under Wayland that is XWayland.
 void choosePlatform() {
     if (!qEnvironmentVariableIsSet(kPlatform))
         qputenv(kPlatform, "xcb");
 }
 
-/// Windows are of the class that is the application's name when the first of them is made: so they
-/// are known by the desktop entry. Screen readers say the name itself.
+/// The window class is the application name at the time of the first window; it must match the
+/// desktop entry. Screen readers speak the display name.
 void nameApplication() {
     QApplication::setApplicationName(QLatin1String(ApplicationService::kName));
     QWindow().create();
     QApplication::setApplicationName(QStringLiteral("Vexmoor"));
 }
 
-/// Why no window can be shown; nullopt if they can.
+/// Returns why no window can be shown, or nullopt if windows can be shown.
 std::optional<std::string> missingDisplay() {
     if (qgetenv(kPlatform) != "xcb" || native::displayAnswers())
         return std::nullopt;
@@ -91,10 +91,11 @@ std::optional<std::string> missingDisplay() {
 
 int main(int argc, char** argv) {
     useUserLocale();
-    std::error_code gone; // then relative paths name nothing
+    std::error_code gone; // without a current folder, relative paths name nothing
     auto options = LaunchOptions::fromArguments({argv + std::min(argc, 1), argv + argc},
                                                 std::filesystem::current_path(gone));
-    options.startup = qgetenv("DESKTOP_STARTUP_ID").toStdString(); // before Qt takes it
+    options.startup =
+        qgetenv("DESKTOP_STARTUP_ID").toStdString(); // before Qt removes it from the environment
     if (!options.unknown.empty()) {
         std::cerr << text("vexmoor-desktop: there is no option %1. Try 'vexmoor-desktop --help'.",
                           {options.unknown})
@@ -112,7 +113,8 @@ int main(int argc, char** argv) {
         return kRefused;
     }
     QApplication application(argc, argv);
-    std::setlocale(LC_NUMERIC, "C"); // Qt took the user's: machines read what is written
+    std::setlocale(LC_NUMERIC,
+                   "C"); // Qt sets the user's; files and JSON need the C locale's numbers
     installTranslators();
     nameApplication();
     QApplication::setApplicationDisplayName(QStringLiteral("Vexmoor"));

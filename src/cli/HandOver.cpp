@@ -207,8 +207,8 @@ bool hasDisplay() {
 
 Refusal noTerminal() {
     return {kRefused, "noTerminal", [] {
-                return text("There is no terminal to ask on. Nothing was touched; --yes goes on "
-                            "without asking.");
+                return text("There is no terminal to ask on. Nothing was touched; use --yes to "
+                            "skip the question.");
             }};
 }
 

@@ -50,11 +50,11 @@ Refusal refusalOf(const BusError& error) {
         return {kSomeFailed, "reportTooLong", [&] { return text(error.message.c_str()); }};
     if (isOneOf(error, {"NoReply", "Disconnected", "Timeout"}))
         return {kSomeFailed, "desktopEnded", [] {
-                    return text("The desktop application ended before it told what became of "
-                                "this. What was done is in the history: vexmoor history.");
+                    return text("The desktop application ended without reporting the result. "
+                                "See the history for what was done: vexmoor history.");
                 }};
     return {kRefused, "desktopNotReached", [&] {
-                return text("The desktop application can't be told, so nothing was touched: %1",
+                return text("The desktop application can't be reached, so nothing was touched: %1",
                             {error.message});
             }};
 }

@@ -47,7 +47,7 @@ constexpr Row kRows[] = {
     {DisposalError::partlyRemoved, "partlyRemoved", marked("Not all of it could be removed.")},
     {DisposalError::stopped, "stopped", marked("It was stopped.")},
     {DisposalError::replaced, "replaced",
-     marked("Something else took its place in the meantime, which was not touched.")},
+     marked("It was replaced in the meantime. The new item was not touched.")},
     {DisposalError::isOwnData, "isOwnData", marked("Vexmoor keeps its history here.")},
     {DisposalError::isPartOfSystem, "isPartOfSystem",
      marked("It is a part of the running system, which no Bin can hold.")},

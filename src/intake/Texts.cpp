@@ -120,7 +120,7 @@ FailureReport stoppedReport(std::size_t count) {
 
 FailureReport foreignReport(bool tookOthers) {
     return {tookOthers ? text("The cauldron did not take everything")
-                       : text("The cauldron took nothing of that"),
+                       : text("The cauldron couldn't take any of that"),
             text("It takes only files and folders that are on this computer."),
             {}};
 }

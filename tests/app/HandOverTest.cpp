@@ -211,8 +211,8 @@ TEST_F(HandOverTest, SaysThatItDoesNotKnowWhenTheDesktopEndsInTheMiddle) {
     leaveBus();
     const auto result = end(command);
     EXPECT_EQ(result.status, 1);
-    EXPECT_THAT(result.errors, HasSubstr("ended before it told what became of this. What was done "
-                                         "is in the history: vexmoor history."));
+    EXPECT_THAT(result.errors, HasSubstr("ended without reporting the result. See the history "
+                                         "for what was done: vexmoor history."));
 }
 
 TEST_F(HandOverTest, DoesNotTakeNonsenseForAnAnswer) {
