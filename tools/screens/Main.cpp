@@ -15,7 +15,7 @@
 #include <iostream>
 
 // vexmoor-screens FOLDER [SCENE...]: pictures every window, or those whose names begin so, light
-// and dark, at one and two pixels a point, in English and in German. Scale and language belong to
+// and dark, at 1, 1.5 and 2 pixels a point, in English and in German. Scale and language belong to
 // a process, so it starts itself once for each.
 
 namespace {
@@ -59,7 +59,7 @@ int startForEach(const QStringList& arguments) {
     QTemporaryFile display;
     describeDisplay(display);
     for (const char* const language : {"en", "de"}) {
-        for (const char* const scale : {"1", "2"}) {
+        for (const char* const scale : {"1", "1.5", "2"}) {
             QProcess process;
             auto environment = QProcessEnvironment::systemEnvironment();
             environment.insert(kScale, scale);
