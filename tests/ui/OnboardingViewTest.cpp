@@ -1,4 +1,4 @@
-#include "WindowFixture.h"
+#include "GermanFixture.h"
 
 #include "ui/AccentButton.h"
 #include "ui/Motion.h"
@@ -188,6 +188,29 @@ TEST_F(OnboardingViewTest, MovesNothingBetweenPagesAndFollowsSkinAndDesktop) {
     QApplication::setPalette(desktopPalette(true));
     QCoreApplication::processEvents();
     EXPECT_EQ(view.grab().toImage().pixelColor(1, 1), desktopPalette(true).color(QPalette::Base));
+}
+
+using GermanOnboardingTest = GermanFixture;
+
+TEST_F(GermanOnboardingTest, KeepsItsSizeWhereTitlesTakeTwoLines) {
+    OnboardingView view{{.facts = [] { return Onboarding::Facts{.accessible = true}; },
+                         .askForAutomation = {},
+                         .foldersWereAsked = [] { return false; },
+                         .probeFolders = {},
+                         .openAccessibilitySettings = {},
+                         .openAutomationSettings = {},
+                         .openFolderSettings = {},
+                         .finish = {}},
+                        Skin::iron(),
+                        makeTimer()};
+    view.show();
+    const QSize size = view.size();
+    const auto buttons = view.findChildren<AccentButton*>();
+    for (int page = 1; page < Onboarding::kPages; ++page) {
+        buttons[buttons.size() - (page == 1 ? 1 : 2)]->click(); // continue, then skip
+        EXPECT_EQ(view.page(), Page{page});
+        EXPECT_EQ(view.size(), size) << page;
+    }
 }
 
 } // namespace
