@@ -73,6 +73,18 @@ bool cut(std::string& text, std::string_view part, std::string_view replacement 
     return true;
 }
 
+/// Cuts whole lines out wherever they occur.
+void cutLines(std::string& text, std::string_view lines) {
+    std::size_t at = 0;
+    while ((at = text.find(lines, at)) != std::string::npos) {
+        if (at > 0 && text[at - 1] != '\n') {
+            ++at;
+            continue;
+        }
+        text.erase(at, lines.size());
+    }
+}
+
 std::string_view withoutBreak(std::string_view line) {
     while (line.ends_with('\n') || line.ends_with('\r') || line.ends_with(' '))
         line.remove_suffix(1);
@@ -173,8 +185,8 @@ std::string DolphinProfile::with(const std::string& text) const {
 
 std::string DolphinProfile::without(const std::string& text) const {
     std::string result = text;
-    if (!cut(result, std::string(kMark) + std::string(kGroup) + "\n" + std::string(kVersion)))
-        cut(result, std::string(kMark) + std::string(kVersion));
+    cutLines(result, std::string(kMark) + std::string(kGroup) + "\n" + std::string(kVersion));
+    cutLines(result, std::string(kMark) + std::string(kVersion));
     return result;
 }
 

@@ -60,6 +60,8 @@ TEST(AcceleratorText, PutsOneBindingInAndTakesOnlyItOutAgain) {
         {kProfile, "", kMark + "[General]\nVersion=202\n"},
         {kProfile, "[A]\nVersion=1\n[General]\nX=1",
          "[A]\nVersion=1\n[General]\n" + kMark + "Version=202\nX=1"},
+        {kProfile, "k=" + kMark + "Version=202\n",
+         "k=" + kMark + "Version=202\n" + kMark + "[General]\nVersion=202\n"},
         {kProfile, "k=v\n[A]\n", "k=v\n" + kMark + "[General]\nVersion=202\n[A]\n"},
     };
     for (const auto& [text, before, after] : cases) {
