@@ -45,7 +45,8 @@ std::map<std::string, DirectorySizes::Entry> DirectorySizes::parse(const std::st
         const auto bytes = takeNumber(line);
         const auto modified = bytes ? takeNumber(line) : std::nullopt;
         auto name = modified ? percentDecoded(line) : std::nullopt;
-        if (name && !name->empty())
+        const bool isFolderInBin = name && !name->empty() && name->find('/') == std::string::npos;
+        if (isFolderInBin && *bytes >= 0)
             entries[*std::move(name)] = {*bytes, *modified};
     }
     return entries;

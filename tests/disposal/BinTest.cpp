@@ -281,7 +281,8 @@ TEST_F(BinTest, DeletesFromTheBinAndKeepsTheInfoOfWhatCannotGo) {
 TEST_F(BinTest, KeepsTheSizesOfFoldersForOthersToRead) {
     makeFolder(".local/share/Trash/files");
     makeFolder(".local/share/Trash/info");
-    write(".local/share/Trash/directorysizes", "nonsense\n4096 17 other%20tool\n99\n12 x y\n");
+    write(".local/share/Trash/directorysizes",
+          "nonsense\n4096 17 other%20tool\n99\n12 x y\n-1 5 b\n0 5 a%2Fb\n");
     write("two words/file", std::string(10000, 'x'));
     const Path place = bin(path() / "two words");
     const auto modified = fileStatus(infoOf(place))->modifiedSeconds;
