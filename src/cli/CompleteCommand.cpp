@@ -1,0 +1,52 @@
+#include "Commands.h"
+
+#include "base/Path.h"
+#include "base/Text.h"
+#include "cli/Columns.h"
+#include "cli/ExitStatus.h"
+#include "cli/Session.h"
+
+#include <iostream>
+#include <set>
+
+namespace vexmoor {
+
+namespace {
+
+constexpr std::size_t kMostCandidates = 200;
+
+/// Whether a name can stand on a line, and on a command line without being taken for an option.
+bool isPlain(const std::string& name) {
+    return isValidUtf8(name) && printable(name) == name && !name.starts_with('-');
+}
+
+/// What the word becomes if it means this item. A name that is not plain has its id.
+std::string candidateFor(const Sacrifice& item, const std::string& word) {
+    const auto& path = item.original->native();
+    const auto name = word.find('/') == std::string::npos ? lastComponent(path) : path;
+    return isPlain(name) ? name : item.id.toString().substr(0, BinnedItems::kShortId);
+}
+
+} // namespace
+
+/// A line each: the candidate, a tab, what it is. The shell has no place for complaints.
+int runComplete(const Invocation& invocation) {
+    const std::string word = invocation.items.empty() ? "" : invocation.items.front();
+    const auto session = Session::openForLooking();
+    if (!session)
+        return kRefused;
+    const bool isPath = word.find('/') != std::string::npos;
+    const auto items = (*session)->binnedItems().matching(
+        [&](const std::string& name) { return isPath || name.starts_with(word); }, kMostCandidates);
+    std::set<std::string> offered;
+    for (const auto& item : items) {
+        const auto candidate = candidateFor(item, word);
+        if (candidate.starts_with(word) && offered.insert(candidate).second)
+            std::cout << candidate << "\t" << sizeText(item.bytes) << ", "
+                      << text("from %1", {printable(Path(*item.original).parent_path().native())})
+                      << "\n";
+    }
+    return kAllDone;
+}
+
+} // namespace vexmoor
