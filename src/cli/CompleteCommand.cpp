@@ -27,6 +27,14 @@ std::string candidateFor(const Sacrifice& item, const std::string& word) {
     return isPlain(name) ? name : item.id.toString().substr(0, BinnedItems::kShortId);
 }
 
+/// Where it is from, and before that its name if an id stands for it.
+std::string meaningOf(const Sacrifice& item, const std::string& candidate) {
+    const auto name = lastComponent(*item.original);
+    const auto shown = candidate.ends_with(name) ? "" : printable(displayText(name)) + ", ";
+    return shown + sizeText(item.bytes) + ", " +
+           text("from %1", {printable(Path(*item.original).parent_path().native())});
+}
+
 } // namespace
 
 /// A line each: the candidate, a tab, what it is. The shell has no place for complaints.
@@ -42,9 +50,7 @@ int runComplete(const Invocation& invocation) {
     for (const auto& item : items) {
         const auto candidate = candidateFor(item, word);
         if (candidate.starts_with(word) && offered.insert(candidate).second)
-            std::cout << candidate << "\t" << sizeText(item.bytes) << ", "
-                      << text("from %1", {printable(Path(*item.original).parent_path().native())})
-                      << "\n";
+            std::cout << candidate << "\t" << meaningOf(item, candidate) << "\n";
     }
     return kAllDone;
 }
