@@ -80,8 +80,7 @@ class Parser {
 
     static bool isThere(const std::string& name) {
         std::error_code code;
-        return std::filesystem::symlink_status(name, code).type() !=
-               std::filesystem::file_type::not_found;
+        return std::filesystem::exists(std::filesystem::symlink_status(name, code));
     }
 
     /// The command that a word may mean which is none.

@@ -130,7 +130,7 @@ constexpr Example kHistoryExamples[] = {
     {"vexmoor history --all | less", marked("everything that can be put back too")},
 };
 
-constexpr Option kStatsOptions[] = {kJson, kHelp};
+constexpr Option kJsonOptions[] = {kJson, kHelp};
 
 constexpr Option kSettingsOptions[] = {kJson, kHelp};
 constexpr Argument kSettingsArguments[] = {
@@ -218,7 +218,7 @@ constexpr CommandDescription kCommands[] = {
     {.name = "stats",
      .command = Command::stats,
      .summary = marked("Show totals, the week, the streak, achievements and the cauldron"),
-     .options = kStatsOptions,
+     .options = kJsonOptions,
      .synonyms = "status statistics achievements"},
     {.name = "settings",
      .command = Command::settings,

@@ -69,6 +69,7 @@ TEST(CommandLine, TakesOptionsInEveryForm) {
 
 TEST(CommandLine, SaysWhatIsWrongAndWhereHelpIs) {
     const std::string number = " takes a whole number of 1 or more.";
+    const std::string tooLong(5000, 'x');
     const struct {
         std::vector<const char*> arguments;
         std::string sentence;
@@ -79,6 +80,9 @@ TEST(CommandLine, SaysWhatIsWrongAndWhereHelpIs) {
         {{"version"}, "version is no command. Did you mean --version?"},
         {{"fly"}, "fly is no command."},
         {{""}, "COMMAND is empty. Nothing was touched."},
+        {{"/dev/null"},
+         "/dev/null is no command. To feed the file with that name: vexmoor feed /dev/null"},
+        {{tooLong.c_str()}, tooLong + " is no command."},
         {{"--versoin"}, "--versoin is no option. Did you mean --version?"},
         {{"--json", "history"}, "--json goes after a command."},
         {{"--probe", "feed"}, "--probe and feed can't be given together."},

@@ -156,6 +156,15 @@ TEST_F(CompletionTest, ShellsQuoteTheNamesThatTheyOffer) {
         EXPECT_THAT(fish({"put-back", "tw"}), UnorderedElementsAreArray({"two words.txt"}));
         EXPECT_THAT(fish({"delete", "it"}), UnorderedElementsAreArray({"it's $HOME"}));
     }
+    if (Command::exists("zsh")) { // whose compadd quotes
+        const auto result =
+            program({"zsh", "-f", "-c",
+                     "path=(${2%/*} $path); compdef() {}; compadd() { print -rl -- $names }; "
+                     "source $1; PREFIX=$3; _vexmoor_items",
+                     "zsh", kShare / "zsh/site-functions/_vexmoor", m_program, "two\\ "})
+                .run();
+        EXPECT_EQ(result.output, "two words.txt\n") << result.errors;
+    }
 }
 
 TEST_F(CompletionTest, ZshTakesItsFunctionFromTheSearchPath) {
