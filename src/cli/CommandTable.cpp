@@ -24,6 +24,7 @@ std::vector<std::string> actions() {
 
 std::vector<std::string> integrationIds() {
     std::vector<std::string> ids;
+    ids.reserve(kFileManagers.size() + 1);
     for (const auto& manager : kFileManagers)
         ids.emplace_back(manager.id);
     ids.emplace_back(kAutostartId);

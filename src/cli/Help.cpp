@@ -164,7 +164,8 @@ std::string helpText(const CommandDescription& command, std::size_t width) {
 }
 
 std::string usageComplaint(const CommandDescription& command, const std::string& sentence) {
-    const auto name = isProgram(command) ? "" : " " + std::string(command.name);
+    const bool isOfOne = !isProgram(command) && command.command != Invocation::Command::help;
+    const auto name = isOfOne ? " " + std::string(command.name) : "";
     return complaint(printable(sentence)) + text("Try '%1 --help'.", {"vexmoor" + name}) + "\n";
 }
 

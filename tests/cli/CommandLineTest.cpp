@@ -86,7 +86,7 @@ TEST(CommandLine, SaysWhatIsWrongAndWhereHelpIs) {
         {{"--versoin"}, "--versoin is no option. Did you mean --version?"},
         {{"--json", "history"}, "--json goes after a command."},
         {{"--probe", "feed"}, "--probe and feed can't be given together."},
-        {{"help", "fed"}, "fed is no command. Did you mean feed?", "vexmoor help"},
+        {{"help", "fed"}, "fed is no command. Did you mean feed?"},
         {{"feed"}, "PATH is missing.", "vexmoor feed"},
         {{"feed", "--"}, "PATH is missing.", "vexmoor feed"},
         {{"feed", "a", ""}, "PATH is empty. Nothing was touched.", "vexmoor feed"},

@@ -39,7 +39,8 @@ std::string optionSpecifications(std::span<const Option> options, const std::str
     std::string text;
     for (const auto& option : options)
         for (const auto& name : option.names()) {
-            text += indent + "'(" + joined(option.names(), " ") + ")" + name;
+            text.append(indent).append("'(").append(joined(option.names(), " ")).append(")");
+            text += name;
             if (option.takesValue() && name.starts_with("--"))
                 text += "=";
             text += "[" + escaped(option.description) + "]";
