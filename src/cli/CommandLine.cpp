@@ -83,7 +83,7 @@ class Parser {
         return std::filesystem::exists(std::filesystem::symlink_status(name, code));
     }
 
-    /// The command that a word may mean which is none.
+    /// Returns the command that an unknown word may mean; empty if none is near.
     static std::string commandFor(const std::string& word) {
         if (word == "version")
             return "--version";

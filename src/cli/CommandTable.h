@@ -32,7 +32,7 @@ struct Option {
     }
     /// As they are typed, letters first: "-r", "-R", "--recursive".
     [[nodiscard]] std::vector<std::string> names() const;
-    /// The one that it is called by: "--recursive", or "-n" where there is no long one.
+    /// The name used in messages: "--recursive", or "-n" if there is no long one.
     [[nodiscard]] std::string mainName() const;
 };
 

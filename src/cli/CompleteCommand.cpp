@@ -20,14 +20,15 @@ bool isPlain(const std::string& name) {
     return isValidUtf8(name) && printable(name) == name && !name.starts_with('-');
 }
 
-/// What the word becomes if it means this item. A name that is not plain has its id.
+/// Returns what the word is completed to: the name of the item or, if the word has a slash, its
+/// path; the id if that is not plain.
 std::string candidateFor(const Sacrifice& item, const std::string& word) {
     const auto& path = item.original->native();
     const auto name = word.find('/') == std::string::npos ? lastComponent(path) : path;
     return isPlain(name) ? name : item.id.toString().substr(0, BinnedItems::kShortId);
 }
 
-/// Where it is from, and before that its name if an id stands for it.
+/// Returns the size and the folder of the item, after its name if the candidate is an id.
 std::string meaningOf(const Sacrifice& item, const std::string& candidate) {
     const auto name = lastComponent(*item.original);
     const auto shown = candidate.ends_with(name) ? "" : printable(displayText(name)) + ", ";
@@ -37,7 +38,8 @@ std::string meaningOf(const Sacrifice& item, const std::string& candidate) {
 
 } // namespace
 
-/// A line each: the candidate, a tab, what it is. The shell has no place for complaints.
+/// Prints a line for each candidate: the word, a tab, the description. Errors are not reported: the
+/// shell would show them in the middle of the command line.
 int runComplete(const Invocation& invocation) {
     const std::string word = invocation.items.empty() ? "" : invocation.items.front();
     const auto session = Session::openForLooking();

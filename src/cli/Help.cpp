@@ -26,7 +26,8 @@ struct Row {
     std::string right;
 };
 
-/// Paragraphs are separated by an empty line; the first line is already `indent` wide.
+/// Breaks lines between words. The first line starts at column `indent`, to which the others are
+/// indented. Line breaks in the text are kept.
 std::string wrapped(const std::string& text, std::size_t indent, std::size_t width) {
     std::string result;
     std::size_t column = indent;
@@ -69,7 +70,7 @@ std::string section(const std::string& heading, const std::vector<Row>& rows, st
     return result;
 }
 
-/// What a value can be stands behind what it is for.
+/// Appends the possible values to the description.
 std::string described(const char* description, Choices choices) {
     return text(description) + (choices != nullptr ? " (" + joined(choices(), ", ") + ")" : "");
 }
@@ -79,7 +80,7 @@ std::vector<Row> optionRows(const CommandDescription& command) {
     for (const auto& option : command.options) {
         auto names = joined(option.names(), ", ");
         if (option.letters.empty())
-            names.insert(0, std::string(4, ' ')); // below those with a letter
+            names.insert(0, std::string(4, ' ')); // aligns it with "-h, --help"
         if (option.takesValue())
             names.append(" ").append(option.value);
         rows.push_back({names, described(option.description, option.choices)});

@@ -14,13 +14,14 @@ namespace vexmoor {
 
 namespace {
 
-bool isSet(const char* variable) {
-    const char* const value = std::getenv(variable);
-    return value != nullptr && *value != '\0';
+std::string_view environmentVariable(const char* name) {
+    const char* const value = std::getenv(name);
+    return value != nullptr ? value : "";
 }
 
 bool showsColours(int descriptor) {
-    return !isSet("NO_COLOR") && isSet("TERM") && std::string_view(std::getenv("TERM")) != "dumb" &&
+    const auto terminal = environmentVariable("TERM");
+    return !terminal.empty() && terminal != "dumb" && environmentVariable("NO_COLOR").empty() &&
            ::isatty(descriptor) != 0;
 }
 
