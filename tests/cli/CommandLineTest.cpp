@@ -15,7 +15,6 @@ namespace vexmoor {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 
 ParsedCommandLine parse(std::vector<const char*> arguments) {
     arguments.insert(arguments.begin(), "vexmoor");
