@@ -1,5 +1,6 @@
 #include "Commands.h"
 
+#include "base/Path.h"
 #include "cli/ExitStatus.h"
 #include "cli/HandOver.h"
 #include "cli/MenuDialogs.h"
@@ -45,6 +46,29 @@ void begin(Session& session, const Invocation& invocation, BatchCompletion compl
         session.intake().deleteImmediately(std::move(items), std::move(completion), options);
 }
 
+Refusal declined() {
+    return {kRefused, "declined", [] { return text("Nothing was touched."); }};
+}
+
+/// Asks for each item, and leaves out those that the user declines. A missing one is kept unasked:
+/// its failure is reported.
+std::optional<Refusal> askForEach(Invocation& invocation) {
+    TerminalDialogs dialogs(invocation.yes);
+    std::vector<std::string> confirmed;
+    for (const auto& item : invocation.items) {
+        const auto identity = identityAt(standardized(item));
+        if (identity != FileIdentity() &&
+            !dialogs.confirms(text("Feed %1", {printable(displayText(item))})))
+            continue;
+        confirmed.push_back(item);
+        invocation.seen.push_back(identity);
+    }
+    invocation.items = std::move(confirmed);
+    return dialogs.lackedTerminal()   ? std::optional(noTerminal())
+           : invocation.items.empty() ? std::optional(declined())
+                                      : std::nullopt;
+}
+
 /// The batch in this process, where nobody else writes.
 Outcome carryOutHere(Session& session, const Invocation& invocation, MenuDialogs& menu) {
     BatchResult result;
@@ -65,12 +89,16 @@ Outcome carryOutHere(Session& session, const Invocation& invocation, MenuDialogs
 }
 
 Outcome carryOut(Invocation invocation, MenuDialogs& menu) {
+    if (invocation.asksEach)
+        if (auto refusal = askForEach(invocation))
+            return *std::move(refusal);
     if (invocation.fromMenu)
         if (auto outcome = handOverFromMenu(invocation))
             return *std::move(outcome);
     for (;;) {
         bool desktopRuns = false;
-        const auto session = Session::openForWriting(invocation.yes, desktopRuns);
+        const auto session = Session::openForWriting(
+            {.assumesYes = invocation.yes, .isQuiet = invocation.quiet}, desktopRuns);
         if (session)
             return carryOutHere(**session, invocation, menu);
         if (!desktopRuns)
@@ -85,10 +113,6 @@ Refusal unknownSelection() {
                 return text("The file manager does not answer whether this folder is selected or "
                             "only on view. Nothing was touched.");
             }};
-}
-
-Refusal declined() {
-    return {kRefused, "declined", [] { return text("Nothing was touched."); }};
 }
 
 Refusal nothingToPutBack() {
@@ -112,12 +136,29 @@ int refuse(const Refusal& refusal, bool asJson) {
     return refusal.status;
 }
 
-int tell(const BatchReport& report, const Invocation& invocation) {
+/// Removes the failures of items that do not exist, as -f wants.
+void forgiveMissing(BatchReport& report) {
+    std::erase_if(report.failures, [](const Failure& failure) {
+        const auto& code = failure.error.code;
+        return (code == std::errc::no_such_file_or_directory ||
+                code == std::errc::not_a_directory) &&
+               failure.path && identityAt(*failure.path) == FileIdentity();
+    });
+}
+
+/// `feed -f` without a path, such as a pattern that matched nothing.
+bool isForcedNothing(const Invocation& invocation) {
+    return invocation.force && invocation.items.empty();
+}
+
+int tell(BatchReport report, const Invocation& invocation) {
+    if (invocation.force)
+        forgiveMissing(report);
     if (report.declined)
         return refuse(declined(), invocation.json);
     if (invocation.command == Command::putBack && report.isEmpty())
         return refuse(nothingToPutBack(), invocation.json);
-    return reportBatch(report, deedOf(invocation.command, report), invocation.json);
+    return reportBatch(report, deedOf(invocation.command, report), invocation);
 }
 
 } // namespace
@@ -125,19 +166,20 @@ int tell(const BatchReport& report, const Invocation& invocation) {
 int runBatch(const Invocation& invocation) {
     const auto selection =
         invocation.fromMenu ? menuSelection(invocation.items) : MenuSelection::items;
-    if (selection == MenuSelection::nothing)
+    if (selection == MenuSelection::nothing || isForcedNothing(invocation))
         return tell(BatchReport(), invocation);
     MenuDialogs menu;
-    const auto outcome = selection == MenuSelection::unknown ? Outcome(unknownSelection())
-                                                             : carryOut(invocation, menu);
+    auto outcome = selection == MenuSelection::unknown ? Outcome(unknownSelection())
+                                                       : carryOut(invocation, menu);
     const auto* const refusal = std::get_if<Refusal>(&outcome);
     if (refusal != nullptr)
         menu.report({refusal->status == kSomeFailed ? text("The cauldron did not answer")
                                                     : text("Nothing was fed"),
                      refusal->sentence,
                      {}});
-    const int status = refusal != nullptr ? refuse(*refusal, invocation.json)
-                                          : tell(std::get<BatchReport>(outcome), invocation);
+    const int status = refusal != nullptr
+                           ? refuse(*refusal, invocation.json)
+                           : tell(std::get<BatchReport>(std::move(outcome)), invocation);
     if (invocation.fromMenu)
         menu.show();
     return status;

@@ -2,14 +2,16 @@
 
 #include "base/Path.h"
 #include "base/Text.h"
+#include "cli/CommandTable.h"
 #include "cli/ExitStatus.h"
+#include "cli/Help.h"
+#include "cli/Suggestion.h"
 #include "cli/Terminal.h"
-#include "intake/NamedSettings.h"
-#include "integration/FileManagers.h"
-
-#include <CLI/CLI.hpp>
+#include "integration/Quoting.h"
 
 #include <algorithm>
+#include <charconv>
+#include <set>
 #include <sstream>
 
 namespace vexmoor {
@@ -18,170 +20,263 @@ namespace {
 
 using Command = Invocation::Command;
 
-/// Stands before arguments while they are parsed that the parser would take apart: to it "[a,b]" is
-/// a list of its own and "{}" an empty one, to the user they are names of files. So is all that
-/// stands behind "--", which the parser heeds only before the first name.
-constexpr char kGuard = '\x1a';
+/// Reads the words from left to right; the first complaint ends it.
+class Parser {
+  public:
+    explicit Parser(std::vector<std::string> words) : m_words(std::move(words)) {}
 
-bool needsGuard(const std::string& argument) {
-    return !argument.empty() && (argument.front() == '[' || argument.front() == '{' ||
-                                 argument.front() == '%' || argument.front() == kGuard);
-}
+    void run() {
+        while (m_next < m_words.size() && !isOver())
+            take(m_words[m_next++]);
+        if (m_invocation.help && isProgram() && m_next < m_words.size())
+            if (const auto* const command = commandNamed(m_words[m_next])) // "--help feed"
+                m_command = command;
+        if (!isOver())
+            takeArguments();
+        if (!isOver())
+            checkConflicts();
+    }
 
-std::vector<std::string> guarded(std::vector<std::string> arguments) {
-    const auto mark = std::ranges::find(arguments, "--");
-    for (auto argument = arguments.begin(); argument != arguments.end(); ++argument)
-        if (needsGuard(*argument) || (argument > mark && !argument->empty()))
-            argument->insert(0, 1, kGuard);
-    if (mark != arguments.end())
-        arguments.erase(mark);
-    return arguments;
-}
+    [[nodiscard]] Invocation& invocation() { return m_invocation; }
+    [[nodiscard]] const CommandDescription& command() const { return *m_command; }
+    [[nodiscard]] const std::string& complaint() const { return m_complaint; }
 
-void takeGuard(std::string& argument) {
-    if (argument.starts_with(kGuard))
-        argument.erase(0, 1);
-}
+  private:
+    [[nodiscard]] bool isOver() const {
+        return !m_complaint.empty() || m_invocation.help || m_invocation.version;
+    }
+    [[nodiscard]] bool isProgram() const { return m_command == &programDescription(); }
 
-/// An empty argument is mostly a shell's variable that was not set; it must not come to stand for
-/// the current folder.
-std::string refuseEmpty(const std::string& argument) {
-    return argument.empty() ? text("is empty. Nothing was touched") : "";
-}
+    void take(const std::string& word) {
+        const bool isOption = !m_isLiteral && word.size() > 1 && word.starts_with('-');
+        if (word == "--" && !m_isLiteral)
+            m_isLiteral = true;
+        else if (isOption && word.starts_with("--"))
+            takeLong(word);
+        else if (isOption)
+            takeLetters(word);
+        else if (isProgram())
+            choose(word);
+        else
+            m_arguments.push_back(word);
+    }
 
-CLI::App* addCommand(CLI::App& app, Invocation& invocation, const char* name, Command command,
-                     const std::string& description) {
-    CLI::App* const added = app.add_subcommand(name, description);
-    added->group(text("Subcommands"));
-    added->get_help_ptr()->group(text("Options"));
-    added->callback([&invocation, command] { invocation.command = command; });
-    return added;
-}
+    void choose(const std::string& word) {
+        const auto* const command = commandNamed(word);
+        if (command != nullptr && m_invocation.probe) {
+            complainAboutBoth("--probe", word);
+        } else if (command != nullptr) {
+            m_command = command;
+            m_invocation.command = command->command;
+        } else if (word.empty()) {
+            complainAboutEmpty("COMMAND");
+        } else {
+            m_complaint = text("%1 is no command.", {word}) + didYouMean(commandFor(word));
+            if (isThere(word))
+                m_complaint += " " + text("To feed the file with that name: %1",
+                                          {"vexmoor feed " + shellQuoted(word)});
+        }
+    }
 
-void addJson(CLI::App& command, Invocation& invocation) {
-    command.add_flag("--json", invocation.json, text("Print one JSON document"));
-}
+    static bool isThere(const std::string& name) {
+        std::error_code code;
+        return std::filesystem::exists(std::filesystem::symlink_status(name, code));
+    }
 
-void addFeed(CLI::App& app, Invocation& invocation) {
-    auto& feed = *addCommand(app, invocation, "feed", Command::feed,
-                             text("Feed files and folders to the cauldron"));
-    feed.add_option(
-            "--mode", invocation.mode,
-            text("Move them to the Bin, or dissolve them forever; without it as the settings say"))
-        ->check(CLI::IsMember({"bin", "dissolve"}))
-        ->type_name("MODE");
-    auto* const yes = feed.add_flag("--yes", invocation.yes, text("Dissolve without asking"));
-    auto* const fromMenu = feed.add_flag_callback(
-        "--from-menu", [&invocation] { invocation.fromMenu = true; },
-        text("For menus: ask and report on the desktop instead of a terminal"));
-    fromMenu->excludes(yes);
-    addJson(feed, invocation);
-    auto* const paths = feed.add_option("PATH", invocation.items,
-                                        text("What to feed; file:/// URIs are understood too"))
-                            ->required()
-                            ->check(CLI::Validator(refuseEmpty, ""))
-                            ->type_name("PATH");
-    fromMenu->each([paths](const std::string&) { paths->required(false); }); // nothing is selected
-}
+    /// Returns the command that an unknown word may mean; empty if none is near.
+    static std::string commandFor(const std::string& word) {
+        if (word == "version")
+            return "--version";
+        for (const auto& command : commandDescriptions()) {
+            std::istringstream synonyms{std::string(command.synonyms)};
+            for (std::string synonym; synonyms >> synonym;)
+                if (word == synonym)
+                    return std::string(command.name);
+        }
+        return nearest(word, commandNames());
+    }
 
-void addPutBack(CLI::App& app, Invocation& invocation) {
-    auto& putBack =
-        *addCommand(app, invocation, "put-back", Command::putBack,
-                    text("Put sacrifices back where they were; without arguments the whole "
-                         "last batch"));
-    auto* const last = putBack.add_option("--last", invocation.last, text("The newest N items"))
-                           ->check(CLI::PositiveNumber)
-                           ->type_name("N");
-    addJson(putBack, invocation);
-    putBack.add_option("ITEM", invocation.items, text("Ids or names, as the history shows them"))
-        ->type_name("ITEM")
-        ->excludes(last);
-}
+    void takeLong(const std::string& word) {
+        const auto equals = word.find('=');
+        const auto typed = word.substr(0, equals);
+        const auto* const option = optionNamed(typed.substr(2));
+        if (option == nullptr)
+            complainAboutOption(typed);
+        else if (option->takesValue())
+            setValue(*option, typed,
+                     equals == std::string::npos ? nextWord()
+                                                 : std::optional(word.substr(equals + 1)));
+        else if (equals != std::string::npos)
+            m_complaint = text("%1 takes no value.", {typed});
+        else
+            setFlag(*option);
+    }
 
-void addDelete(CLI::App& app, Invocation& invocation) {
-    auto& erase = *addCommand(app, invocation, "delete", Command::erase,
-                              text("Delete sacrifices from the Bin, forever"));
-    erase.add_flag("--yes", invocation.yes, text("Do not ask"));
-    addJson(erase, invocation);
-    erase.add_option("ITEM", invocation.items, text("Ids or names, as the history shows them"))
-        ->type_name("ITEM")
-        ->required();
-}
+    [[nodiscard]] const Option* optionNamed(std::string_view name) const {
+        const auto& options = m_command->options;
+        const auto found = std::ranges::find(options, name, &Option::name);
+        return name.empty() || found == options.end() ? nullptr : &*found;
+    }
 
-void addHistory(CLI::App& app, Invocation& invocation) {
-    auto& history = *addCommand(app, invocation, "history", Command::history,
-                                text("Show the recent sacrifices, newest first, and their fate"));
-    history.add_option("-n", invocation.number, text("How many at most"))
-        ->check(CLI::PositiveNumber)
-        ->type_name("N");
-    history.add_flag("--all", invocation.all,
-                     text("After them, all others that can still be put back"));
-    addJson(history, invocation);
-}
+    /// "-rf", "-n5", "-n 5".
+    void takeLetters(const std::string& word) {
+        for (std::size_t i = 1; i < word.size() && m_complaint.empty(); ++i) {
+            const auto& options = m_command->options;
+            const auto option = std::ranges::find_if(options, [&](const Option& each) {
+                return each.letters.find(word[i]) != std::string_view::npos;
+            });
+            const std::string typed = {'-', word[i]};
+            if (option == options.end()) {
+                complainAboutOption(word);
+            } else if (option->takesValue()) {
+                setValue(*option, typed,
+                         i + 1 < word.size() ? std::optional(word.substr(i + 1)) : nextWord());
+                return;
+            } else {
+                setFlag(*option);
+            }
+        }
+    }
 
-void addStats(CLI::App& app, Invocation& invocation) {
-    addJson(*addCommand(app, invocation, "stats", Command::stats,
-                        text("Show totals, the week, the streak, achievements and the cauldron")),
-            invocation);
-}
+    std::optional<std::string> nextWord() {
+        return m_next < m_words.size() ? std::optional(m_words[m_next++]) : std::nullopt;
+    }
 
-void addSettings(CLI::App& app, Invocation& invocation) {
-    auto& settings = *addCommand(app, invocation, "settings", Command::settings,
-                                 text("List the settings, read one or set it"));
-    addJson(settings, invocation);
-    settings.add_option("NAME", invocation.name, text("The setting"))
-        ->check(CLI::IsMember(NamedSettings::names()))
-        ->type_name("NAME");
-    settings.add_option("VALUE", invocation.value, text("Its new value"))
-        ->check(CLI::Validator(refuseEmpty, ""))
-        ->type_name("VALUE");
-}
+    void setFlag(const Option& option) {
+        m_given.insert(option.mainName());
+        m_invocation.*std::get<bool Invocation::*>(option.target) = true;
+        if (option.undoes != nullptr)
+            m_invocation.*option.undoes = false;
+    }
 
-std::string integrationIds() {
-    std::string ids;
-    for (const auto& manager : kFileManagers)
-        ids += std::string(manager.id) + ",";
-    return ids + kAutostartId;
-}
+    /// `value` is nullopt if the line ends before it.
+    void setValue(const Option& option, const std::string& typed,
+                  const std::optional<std::string>& value) {
+        m_given.insert(option.mainName());
+        if (const auto* const number = std::get_if<std::size_t Invocation::*>(&option.target)) {
+            const auto count = value ? wholeNumber(*value) : std::nullopt;
+            m_invocation.*(*number) = count.value_or(0);
+            if (!count)
+                m_complaint = text("%1 takes a whole number of 1 or more.", {typed});
+            return;
+        }
+        m_invocation.*std::get<std::string Invocation::*>(option.target) = value.value_or("");
+        const auto choices = option.choices();
+        if (!value || std::ranges::find(choices, *value) == choices.end())
+            m_complaint = text("%1 can be: %2.", {typed, joined(choices, ", ")}) +
+                          didYouMean(nearest(value.value_or(""), choices));
+    }
 
-std::string refuseUnknownIntegration(const std::string& argument) {
-    const bool isKnown = argument == kAutostartId || argument == kFormerDolphinId ||
-                         fileManagerWithId(argument) != nullptr;
-    return isKnown ? "" : text("%1 is not known. Known are %2", {argument, integrationIds()});
-}
+    static std::optional<std::size_t> wholeNumber(const std::string& text) {
+        std::size_t number = 0;
+        const auto* const end = text.data() + text.size();
+        const auto [rest, error] = std::from_chars(text.data(), end, number);
+        return error == std::errc() && rest == end && number > 0 ? std::optional(number)
+                                                                 : std::nullopt;
+    }
 
-void addIntegrate(CLI::App& app, Invocation& invocation) {
-    auto& integrate =
-        *addCommand(app, invocation, "integrate", Command::integrate,
-                    text("Put \"Feed to Vexmoor\" and its key into the file managers, "
-                         "and start with the session"));
-    addJson(integrate, invocation);
-    integrate.add_option("ACTION", invocation.action, text("What to do; without it, status"))
-        ->check(CLI::IsMember({"install", "remove", "status"}))
-        ->type_name("ACTION");
-    integrate
-        .add_option("ID", invocation.items,
-                    text("A file manager, or autostart; without one, all that are installed"))
-        ->check(CLI::Validator(refuseUnknownIntegration, "{" + integrationIds() + "}"))
-        ->type_name("ID");
-}
+    void complainAboutOption(const std::string& typed) {
+        if (isProgram()) {
+            const bool isOfCommand = std::ranges::any_of(commandDescriptions(), [&](auto& command) {
+                return std::ranges::any_of(command.options, [&](const Option& option) {
+                    const auto names = option.names();
+                    return std::ranges::find(names, typed) != names.end();
+                });
+            });
+            m_complaint = isOfCommand ? text("%1 goes after a command.", {typed})
+                                      : text("%1 is no option.", {typed});
+            if (isOfCommand)
+                return;
+        } else {
+            m_complaint = text("%1 is no option of %2.", {typed, m_command->name});
+        }
+        m_complaint += didYouMean(optionFor(typed));
+    }
 
-struct CommandDescription {
-    std::string_view name;
-    void (*add)(CLI::App& app, Invocation& invocation);
+    [[nodiscard]] std::string optionFor(const std::string& typed) const {
+        std::vector<std::string> names;
+        for (const auto& option : m_command->options)
+            if (!option.name.empty())
+                names.emplace_back(option.name);
+        const auto name = nearest(typed.substr(typed.find_first_not_of('-')), names);
+        return name.empty() ? "" : "--" + name;
+    }
+
+    /// Gives the words to the command's arguments in their order.
+    void takeArguments() {
+        std::size_t next = 0;
+        for (const auto& argument : m_command->arguments) {
+            const auto count = argument.isRepeated()
+                                   ? m_arguments.size() - next
+                                   : std::min<std::size_t>(1, m_arguments.size() - next);
+            if (count == 0 && argument.isRequired && !m_invocation.fromMenu && !m_invocation.force)
+                m_complaint = text("%1 is missing.", {argument.name});
+            if (count > 0)
+                m_given.emplace(argument.name);
+            for (const auto end = next + count; next < end; ++next)
+                takeArgument(argument, m_arguments[next]);
+        }
+        if (next < m_arguments.size() && m_complaint.empty())
+            m_complaint = text(
+                "%1 got too many arguments: %2",
+                {m_command->name, joined({m_arguments.begin() + static_cast<std::ptrdiff_t>(next),
+                                          m_arguments.end()},
+                                         " ")});
+    }
+
+    void takeArgument(const Argument& argument, const std::string& word) {
+        if (!m_complaint.empty())
+            return;
+        if (word.empty() && m_command->command != Command::complete)
+            complainAboutEmpty(argument.name);
+        else if (argument.choices != nullptr)
+            checkChoice(argument, word);
+        if (const auto* const list =
+                std::get_if<std::vector<std::string> Invocation::*>(&argument.target))
+            (m_invocation.*(*list)).push_back(word);
+        else
+            m_invocation.*std::get<std::string Invocation::*>(argument.target) = word;
+    }
+
+    void checkChoice(const Argument& argument, const std::string& word) {
+        const auto choices = argument.choices();
+        const bool isFormer = m_command->command == Command::integrate && argument.isRepeated() &&
+                              word == kFormerDolphinId;
+        if (isFormer || std::ranges::find(choices, word) != choices.end())
+            return;
+        const auto meant =
+            m_command->command == Command::help ? commandFor(word) : nearest(word, choices);
+        m_complaint =
+            text(argument.complaint, {word}) +
+            (meant.empty() ? " " + text("%1 can be: %2.", {argument.name, joined(choices, ", ")})
+                           : didYouMean(meant));
+    }
+
+    /// An empty word is mostly a shell's variable that was not set; it must not come to stand for
+    /// the current folder.
+    void complainAboutEmpty(std::string_view argument) {
+        m_complaint = text("%1 is empty. Nothing was touched.", {argument});
+    }
+
+    void complainAboutBoth(std::string_view one, std::string_view other) {
+        m_complaint = text("%1 and %2 can't be given together.", {one, other});
+    }
+
+    void checkConflicts() {
+        for (const auto& [one, other] : m_command->conflicts)
+            if (m_given.contains(std::string(one)) && m_given.contains(std::string(other)))
+                complainAboutBoth(one, other);
+    }
+
+    std::vector<std::string> m_words;
+    std::size_t m_next = 0;
+    bool m_isLiteral = false; ///< behind "--"
+    const CommandDescription* m_command = &programDescription();
+    std::vector<std::string> m_arguments;
+    std::set<std::string> m_given;
+    Invocation m_invocation;
+    std::string m_complaint;
 };
-
-constexpr CommandDescription kCommands[] = {
-    {"feed", &addFeed},           {"put-back", &addPutBack}, {"delete", &addDelete},
-    {"history", &addHistory},     {"stats", &addStats},      {"settings", &addSettings},
-    {"integrate", &addIntegrate},
-};
-
-void takeGuards(Invocation& invocation) {
-    for (auto* value : {&invocation.mode, &invocation.name, &invocation.value, &invocation.action})
-        takeGuard(*value);
-    std::ranges::for_each(invocation.items, takeGuard);
-}
 
 /// File managers hand over URIs where a name could not be told from two.
 void decodeUris(std::vector<std::string>& items) {
@@ -191,59 +286,34 @@ void decodeUris(std::vector<std::string>& items) {
                 item = path->native();
 }
 
-/// The headings of help texts, which commands inherit.
-void nameParts(CLI::App& app) {
-    for (const char* label : {marked("Usage"), marked("OPTIONS"), marked("SUBCOMMAND"),
-                              marked("REQUIRED"), marked("Positionals"), marked("Excludes")})
-        app.get_formatter()->label(label, text(label));
-    app.option_defaults()->group(text("Options"));
+/// `vexmoor feed --help`, `vexmoor help feed`, `vexmoor help`.
+std::string helpFor(const CommandDescription& command, const Invocation& invocation) {
+    if (command.command != Command::help || invocation.help)
+        return helpText(command);
+    const auto* const named = commandNamed(invocation.name);
+    return helpText(named != nullptr ? *named : programDescription());
 }
 
 } // namespace
 
-std::unique_ptr<CLI::App> describeCommands(Invocation& invocation, std::string_view only) {
-    auto app = std::make_unique<CLI::App>(
-        text("Throws files away with a little ceremony. Without a command it opens the window."),
-        "vexmoor");
-    nameParts(*app);
-    app->set_version_flag("--version", "vexmoor " VEXMOOR_VERSION, text("Print the version"));
-    app->add_flag_callback(
-        "--probe", [&invocation] { invocation.command = Command::probe; },
-        text("Print what the desktop application sees of the desktop"));
-    app->set_help_flag("--help,-h", text("Print this help"));
-    app->require_subcommand(0, 1);
-    app->failure_message([](const CLI::App* failed, const CLI::Error& error) {
-        std::string sentence = error.what();
-        std::erase(sentence, kGuard);
-        return "vexmoor: " + printable(sentence) + "\n" +
-               text("Try '%1 --help'.", {failed->get_display_name()}) + "\n";
-    });
-    const bool wantsAll = std::ranges::find(kCommands, only, &CommandDescription::name) ==
-                          std::ranges::end(kCommands);
-    for (const auto& command : kCommands)
-        if (wantsAll || command.name == only)
-            command.add(*app, invocation);
-    return app;
-}
-
 ParsedCommandLine parseCommandLine(int argc, const char* const* argv) {
+    Parser parser({argv + std::min(argc, 1), argv + argc});
+    parser.run();
     ParsedCommandLine parsed;
-    Invocation invocation;
-    const auto app = describeCommands(invocation, argc > 1 ? argv[1] : "");
-    auto arguments = guarded({argv + std::min(argc, 1), argv + argc});
-    std::ranges::reverse(arguments); // as the parser wants them
-    try {
-        app->parse(std::move(arguments));
-        takeGuards(invocation);
+    auto& invocation = parser.invocation();
+    if (!parser.complaint().empty()) {
+        parsed.status = kUsage;
+        parsed.error = usageComplaint(parser.command(), parser.complaint());
+    } else if (invocation.help || invocation.command == Command::help) {
+        parsed.output = helpFor(parser.command(), invocation);
+    } else if (invocation.version) {
+        parsed.output = "vexmoor " VEXMOOR_VERSION "\n";
+    } else {
+        if (invocation.probe)
+            invocation.command = Command::probe;
         if (invocation.command == Command::feed)
             decodeUris(invocation.items);
         parsed.invocation = std::move(invocation);
-    } catch (const CLI::ParseError& error) {
-        std::ostringstream output;
-        std::ostringstream complaint;
-        parsed.status = app->exit(error, output, complaint) == 0 ? kAllDone : kUsage;
-        parsed.output = output.str();
-        parsed.error = complaint.str();
     }
     return parsed;
 }

@@ -3,26 +3,38 @@
 #include "intake/Ports.h"
 #include "platform/FileManager.h"
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace CLI {
-class App;
-}
-
 namespace vexmoor {
 
 /// What the user asked for on the command line.
 struct Invocation {
-    enum class Command { open, feed, putBack, erase, history, stats, settings, integrate, probe };
+    enum class Command {
+        open,
+        feed,
+        putBack,
+        erase,
+        history,
+        stats,
+        settings,
+        integrate,
+        probe,
+        help,
+        complete, ///< the names that a shell offers
+    };
 
     Command command = Command::open;
     bool json = false;
+    bool quiet = false; ///< failures only
     bool yes = false;
     bool fromMenu = false;          ///< nobody reads a terminal
+    bool force = false;             ///< what is missing is no failure
+    bool asksEach = false;          ///< before each item
+    bool recursive = false;         ///< changes nothing: folders go whole
+    bool verbose = false;           ///< names each item, however many there are
     std::vector<std::string> items; ///< paths, ids, names
     std::vector<FileIdentity> seen; ///< what stood at each path when it was asked
     std::vector<Failure> missing;   ///< names among them that meant nothing when it was asked
@@ -33,17 +45,15 @@ struct Invocation {
     std::string name;
     std::string value;
     std::string action; ///< of integrate; empty: status
+    bool help = false;
+    bool version = false;
+    bool probe = false;
 };
 
 // The ids of the command integrate that are no file manager's: the start with the session, and a
 // former one of Dolphin.
 inline constexpr const char* kAutostartId = "autostart";
 inline constexpr const char* kFormerDolphinId = "kio";
-
-/// The one description of the commands: parsing, help, completions and the manual come from it. The
-/// invocation must outlive the description. Where `only` is the name of a command, nothing but that
-/// one is described: describing all takes longer than many a command.
-std::unique_ptr<CLI::App> describeCommands(Invocation& invocation, std::string_view only = {});
 
 /// Either an invocation, or what to print and the status to end with (help, version, usage errors).
 struct ParsedCommandLine {
@@ -53,6 +63,8 @@ struct ParsedCommandLine {
     int status = 0;
 };
 
+/// Parses by the table of the commands (CommandTable.h). Options may stand among the names; behind
+/// "--" every word is a name.
 ParsedCommandLine parseCommandLine(int argc, const char* const* argv);
 
 } // namespace vexmoor

@@ -8,6 +8,7 @@ namespace vexmoor {
 
 /// Feed, put-back and delete.
 int runBatch(const Invocation& invocation);
+int runComplete(const Invocation& invocation);
 int runHistory(const Invocation& invocation);
 int runStats(const Invocation& invocation);
 int runSettings(const Invocation& invocation);

@@ -188,7 +188,8 @@ std::optional<Outcome> handOverSettled(Invocation invocation, bool asks, Start s
                            }};
         invocation.items = *std::move(items);
     }
-    const RunningDesktop desktop(UserDirectories::ofProcess().ownData() / WriterLock::kFileName);
+    const RunningDesktop desktop(UserDirectories::ofProcess().ownData() / WriterLock::kFileName,
+                                 RunningDesktop::kPatience, !invocation.quiet);
     auto answer = tell(desktop, invocation, asks, start);
     if (!answer)
         return std::nullopt;

@@ -274,7 +274,7 @@ int runIntegrate(const Invocation& invocation) {
     integrator.carryOut();
     if (invocation.json)
         printJson(integrator.rows(), integrator.failures());
-    else
+    else if (!invocation.quiet)
         print(integrator.rows());
     for (const auto& failure : integrator.failures())
         complain(printable(sentenceOf(failure.error)));

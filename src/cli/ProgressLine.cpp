@@ -41,8 +41,8 @@ std::string textOf(const WorkMeter& meter, std::chrono::duration<double> elapsed
 
 } // namespace
 
-ProgressLine::ProgressLine(const WorkMeter& meter) : m_meter(meter) {
-    if (::isatty(STDERR_FILENO) != 0)
+ProgressLine::ProgressLine(const WorkMeter& meter, bool isWanted) : m_meter(meter) {
+    if (isWanted && ::isatty(STDERR_FILENO) != 0)
         m_thread = std::thread([this] { run(); });
 }
 

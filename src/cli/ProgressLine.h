@@ -9,11 +9,11 @@
 namespace vexmoor {
 
 /// While it lives, shows on a terminal what a meter counts: items, bytes, rate. Short work shows
-/// nothing, nor does work that has counted nothing yet, and where stderr is no terminal no thread
-/// is started.
+/// nothing, nor does work that has counted nothing yet. Where it is not wanted or stderr is no
+/// terminal, no thread is started.
 class ProgressLine {
   public:
-    explicit ProgressLine(const WorkMeter& meter);
+    explicit ProgressLine(const WorkMeter& meter, bool isWanted = true);
     ~ProgressLine();
 
     /// Whether there is a terminal for it.

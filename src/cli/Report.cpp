@@ -1,12 +1,14 @@
 #include "Report.h"
 
-#include "base/ByteCount.h"
+#include "base/Path.h"
+#include "cli/Columns.h"
 #include "cli/ExitStatus.h"
 #include "cli/Terminal.h"
 
 #include <nlohmann/json.hpp>
 
 #include <iostream>
+#include <map>
 
 namespace vexmoor {
 
@@ -48,7 +50,7 @@ std::string lineFor(Deed deed, std::size_t items, std::string_view size) {
 std::string lineFor(const BatchReport& report, std::size_t index, Deed deed) {
     const auto& item = report.done[index];
     const auto name = printable(item.name);
-    const auto size = byteCountText(item.bytes);
+    const auto size = sizeText(item.bytes);
     const bool isElsewhere = index < report.landings.size() && item.original &&
                              report.landings[index] != item.original &&
                              report.landings[index] != item.trashed;
@@ -57,30 +59,46 @@ std::string lineFor(const BatchReport& report, std::size_t index, Deed deed) {
                        : lineFor(deed, name, size);
 }
 
-void printDone(const BatchReport& report, Deed deed) {
+void printDone(const BatchReport& report, Deed deed, bool namesAll) {
     const auto count = report.done.size();
     std::int64_t bytes = 0;
     for (const auto& item : report.done)
         bytes += item.bytes;
-    if (count > kNamedItems)
-        std::cout << lineFor(deed, count, byteCountText(bytes)) << "\n";
+    if (count > kNamedItems && !namesAll)
+        std::cout << lineFor(deed, count, sizeText(bytes)) << "\n";
     else
         for (std::size_t i = 0; i < count; ++i)
             std::cout << lineFor(report, i, deed) << "\n";
 }
 
+/// The items as the user wrote them, by their absolute paths.
+using TypedItems = std::map<std::string, std::string>;
+
+TypedItems typedItems(const std::vector<std::string>& items) {
+    TypedItems typed;
+    for (const auto& item : items)
+        typed.emplace(standardized(item).native(), item);
+    return typed;
+}
+
+void complainAbout(const Failure& failure, const TypedItems& typed) {
+    const auto found = failure.path ? typed.find(failure.path->native()) : typed.end();
+    const auto& item = found == typed.end() ? failure.name : found->second;
+    const auto sentence = describe(failure.error);
+    complain((sentence.starts_with(failure.name) ? "" : printable(displayText(item)) + ": ") +
+             printable(sentence));
+}
+
 } // namespace
 
-int reportBatch(const BatchReport& report, Deed deed, bool asJson) {
-    if (asJson)
+int reportBatch(const BatchReport& report, Deed deed, const Invocation& invocation) {
+    if (invocation.json)
         std::cout << toJson(report).dump(2) << "\n";
-    else
-        printDone(report, deed);
-    for (const auto& failure : report.failures) {
-        const auto sentence = describe(failure.error);
-        complain((sentence.starts_with(failure.name) ? "" : printable(failure.name) + ": ") +
-                 printable(sentence));
-    }
+    else if (!invocation.quiet)
+        printDone(report, deed, invocation.verbose);
+    const auto typed = report.failures.empty() ? TypedItems() : typedItems(invocation.items);
+    for (const auto& failure : report.failures)
+        complainAbout(failure, typed);
     if (!report.untouched.empty())
         complain(plural("Stopped. Left as it was: %1 item.", "Stopped. Left as it was: %1 items.",
                         static_cast<std::int64_t>(report.untouched.size())));

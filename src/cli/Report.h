@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/CommandLine.h"
 #include "cli/Outcome.h"
 
 namespace vexmoor {
@@ -7,8 +8,9 @@ namespace vexmoor {
 /// What a batch did with its items.
 enum class Deed { binned, dissolved, putBack, deleted };
 
-/// Prints what became of a batch, failures to stderr, and answers the exit status.
-int reportBatch(const BatchReport& report, Deed deed, bool asJson);
+/// Prints what became of a batch in the way that the invocation asks for, failures to stderr with
+/// their paths as they were typed, and returns the exit status.
+int reportBatch(const BatchReport& report, Deed deed, const Invocation& invocation);
 
 /// Prints the JSON document of a command that feeds, puts back or deletes and was refused.
 void printRefusal(const Refusal& refusal);

@@ -155,7 +155,7 @@ RunningDesktop::call(const char* method, const std::function<void(BusCall&)>& ad
     auto bus = SessionBus::connect();
     if (!bus)
         return starts || !keepsLock() ? std::nullopt : std::optional<Answer>(noBus(bus.error()));
-    const ProgressLine progress(meter);
+    const ProgressLine progress(meter, m_showsProgress);
     for (const auto end = SteadyClock::now() + m_patience;;) {
         auto call = bus->call(kService, kPath, kInterface, method);
         if (!starts)

@@ -21,8 +21,9 @@ class RunningDesktop {
     /// it has left the bus.
     static constexpr std::chrono::milliseconds kPatience{15'000};
 
-    explicit RunningDesktop(Path lock, std::chrono::milliseconds patience = kPatience)
-        : m_lock(std::move(lock)), m_patience(patience) {}
+    explicit RunningDesktop(Path lock, std::chrono::milliseconds patience = kPatience,
+                            bool showsProgress = true)
+        : m_lock(std::move(lock)), m_patience(patience), m_showsProgress(showsProgress) {}
 
     /// Calls a method and waits for its answer, however long that takes; Ctrl-C ends the work
     /// between two items and the wait for it to be there. Nothing where it does not run (any more)
@@ -37,6 +38,7 @@ class RunningDesktop {
 
     Path m_lock;
     std::chrono::milliseconds m_patience;
+    bool m_showsProgress;
 };
 
 } // namespace vexmoor

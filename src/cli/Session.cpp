@@ -6,6 +6,8 @@
 #include "cli/ProgressLine.h"
 #include "intake/Recovery.h"
 
+#include <unistd.h>
+
 #include <iostream>
 #include <utility>
 
@@ -32,8 +34,9 @@ class Session::Silence : public BatchAnimation,
     void disarm() override {}
 };
 
-/// Earned achievements become lines on stderr, which leaves stdout to the command's result. They
-/// wait until nothing else is being shown there.
+/// Earned achievements become lines on stderr, which leaves stdout to the command's result, where
+/// that is a terminal: a script or cron gets none. They wait until nothing else is being shown
+/// there.
 class Session::Announcer : public NotificationPort {
   public:
     void requestAuthorization(std::function<void(bool)> completion) override { completion(true); }
@@ -48,21 +51,21 @@ class Session::Announcer : public NotificationPort {
     std::vector<Notification> m_waiting;
 };
 
-Session::Session(bool assumeYes)
-    : m_directories(UserDirectories::ofProcess()), m_journal(m_directories.ownData() / "journal"),
-      m_dialogs(assumeYes), m_announcer(std::make_unique<Announcer>()),
-      m_silence(std::make_unique<Silence>()) {}
+Session::Session(Manner manner)
+    : m_isQuiet(manner.isQuiet), m_directories(UserDirectories::ofProcess()),
+      m_journal(m_directories.ownData() / "journal"), m_dialogs(manner.assumesYes),
+      m_announcer(std::make_unique<Announcer>()), m_silence(std::make_unique<Silence>()) {}
 
 Session::~Session() = default;
 
-Result<std::unique_ptr<Session>> Session::openForWriting(bool assumeYes, bool& desktopRuns) {
-    std::unique_ptr<Session> session(new Session(assumeYes));
+Result<std::unique_ptr<Session>> Session::openForWriting(Manner manner, bool& desktopRuns) {
+    std::unique_ptr<Session> session(new Session(manner));
     WorkMeter waiting;
     const Interrupt interrupt(waiting, Interrupt::Work::own);
     int looks = 0;
     auto lock = WriterLock::take(session->m_directories.ownData() / WriterLock::kFileName,
                                  WriterLock::Role::command, [&] {
-                                     if (++looks == kSilentLooks)
+                                     if (++looks == kSilentLooks && !manner.isQuiet)
                                          complain(text("Waiting for another command to end."));
                                      return waiting.stop.load();
                                  });
@@ -79,21 +82,28 @@ Result<std::unique_ptr<Session>> Session::openForWriting(bool assumeYes, bool& d
     return session;
 }
 
-Result<std::unique_ptr<Session>> Session::openForReading() {
-    std::unique_ptr<Session> session(new Session(false));
+Result<std::unique_ptr<Session>> Session::openForLooking() {
+    std::unique_ptr<Session> session(new Session(Manner()));
     if (auto opened = session->openStores(SqliteUserDefaults::Access::readOnly); !opened)
         return std::move(opened).error();
-    if (needsRecovery(session->m_journal, *session->m_defaults, session->binnedItems(),
-                      session->m_directories)) {
-        auto lock = WriterLock::tryTake(session->m_directories.ownData() / WriterLock::kFileName,
-                                        WriterLock::Role::command);
-        if (lock && *lock && session->openStores(SqliteUserDefaults::Access::readWrite)) {
-            session->m_lock = *std::move(lock);
-            session->recoverJournals();
-            return session;
-        }
-    }
     return session;
+}
+
+Result<std::unique_ptr<Session>> Session::openForReading() {
+    auto session = openForLooking();
+    if (session && needsRecovery((*session)->m_journal, *(*session)->m_defaults,
+                                 (*session)->binnedItems(), (*session)->m_directories))
+        (*session)->tryToRecover();
+    return session;
+}
+
+void Session::tryToRecover() {
+    auto lock = WriterLock::tryTake(m_directories.ownData() / WriterLock::kFileName,
+                                    WriterLock::Role::command);
+    if (!lock || !*lock || !openStores(SqliteUserDefaults::Access::readWrite))
+        return;
+    m_lock = *std::move(lock);
+    recoverJournals();
 }
 
 Result<void> Session::openStores(SqliteUserDefaults::Access access) {
@@ -135,10 +145,11 @@ void Session::recoverJournals() {
 void Session::run() {
     {
         const Interrupt interrupt(*m_meter, Interrupt::Work::own);
-        const ProgressLine progress(*m_meter);
+        const ProgressLine progress(*m_meter, !m_isQuiet);
         m_queue.runUntilEmpty();
     }
-    m_announcer->print();
+    if (!m_isQuiet && ::isatty(STDERR_FILENO) != 0)
+        m_announcer->print();
 }
 
 } // namespace vexmoor

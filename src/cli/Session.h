@@ -15,14 +15,23 @@ namespace vexmoor {
 /// The command line's composition root: the stores and the intake of one command.
 class Session {
   public:
+    /// How it speaks with the user.
+    struct Manner {
+        bool assumesYes = false; ///< no question is asked
+        bool isQuiet = false;    ///< only failures are told
+    };
+
     /// For commands that change something. Holds the writer's lock; waits for other commands to
     /// end. Nothing is touched where the stores cannot be written. `desktopRuns` is set, and there
     /// is no session, where the desktop application holds the lock.
-    static Result<std::unique_ptr<Session>> openForWriting(bool assumeYes, bool& desktopRuns);
+    static Result<std::unique_ptr<Session>> openForWriting(Manner manner, bool& desktopRuns);
 
     /// For commands that only show. Where a batch was cut off and nobody works, it is recorded
     /// first.
     static Result<std::unique_ptr<Session>> openForReading();
+
+    /// For the shells' completions: records nothing and reports nothing.
+    static Result<std::unique_ptr<Session>> openForLooking();
 
     ~Session();
 
@@ -43,13 +52,15 @@ class Session {
     [[nodiscard]] const std::optional<Error>& storeError() const { return m_storeError; }
 
   private:
-    explicit Session(bool assumeYes);
+    explicit Session(Manner manner);
     Result<void> openStores(SqliteUserDefaults::Access access);
     void recoverJournals();
+    void tryToRecover();
 
     class Silence;
     class Announcer;
 
+    bool m_isQuiet;
     UserDirectories m_directories;
     Journal m_journal;
     TerminalDialogs m_dialogs;

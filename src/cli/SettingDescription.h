@@ -8,7 +8,7 @@ namespace vexmoor {
 /// What the command line knows of a setting.
 struct SettingDescription {
     std::string name;
-    std::string description;
+    const char* description;         ///< marked()
     std::vector<std::string> values; ///< that it can be set to, the usual spelling of each
 };
 

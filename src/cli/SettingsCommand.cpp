@@ -2,7 +2,9 @@
 
 #include "cli/ExitStatus.h"
 #include "cli/HandOver.h"
+#include "cli/Help.h"
 #include "cli/Session.h"
+#include "cli/Suggestion.h"
 #include "intake/NamedSettings.h"
 
 #include <nlohmann/json.hpp>
@@ -33,8 +35,13 @@ std::string asText(const Json& value) {
 Refusal refusalFor(const NamedSettings& settings, const Invocation& invocation,
                    NamedSettings::Complaint::Kind kind) {
     const bool isUsage = kind == NamedSettings::Complaint::Kind::usage;
-    return {isUsage ? kUsage : kRefused, isUsage ? "usage" : "settingLocked",
-            [&] { return settings.complaintAbout(invocation.name, invocation.value)->sentence; }};
+    return {isUsage ? kUsage : kRefused, isUsage ? "usage" : "settingLocked", [&] {
+                const auto sentence =
+                    settings.complaintAbout(invocation.name, invocation.value)->sentence;
+                return isUsage ? sentence + didYouMean(nearest(invocation.value,
+                                                               settings.choices(invocation.name)))
+                               : sentence;
+            }};
 }
 
 /// The desktop application refuses in English.
@@ -62,7 +69,7 @@ Outcome setHere(Session& session, const Invocation& invocation) {
 Outcome set(Invocation invocation) {
     for (;;) {
         bool desktopRuns = false;
-        const auto session = Session::openForWriting(true, desktopRuns);
+        const auto session = Session::openForWriting({.assumesYes = true}, desktopRuns);
         if (session)
             return setHere(**session, invocation);
         if (!desktopRuns)
@@ -77,8 +84,12 @@ Outcome set(Invocation invocation) {
 
 /// Wrong usage has no document.
 int refuse(const Refusal& refusal, bool asJson) {
+    if (refusal.status == kUsage) {
+        std::cerr << usageComplaint(*commandNamed("settings"), refusal.sentence);
+        return kUsage;
+    }
     complain(printable(refusal.sentence));
-    if (asJson && refusal.status != kUsage)
+    if (asJson)
         std::cout << toJson(refusal).dump(2) << "\n";
     return refusal.status;
 }

@@ -10,6 +10,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include <unistd.h>
+
 #include <ctime>
 #include <iostream>
 #include <limits>
@@ -45,7 +47,7 @@ std::string isoDay(Date date) {
 }
 
 constexpr const char* kPutBack = marked("Put back");
-constexpr const char* kDeleted = marked("Deleted immediately");
+constexpr const char* kDeleted = marked("Deleted from the Bin");
 constexpr const char* kLost = marked("No longer in the Bin");
 constexpr const char* kDissolved = marked("Dissolved");
 constexpr const char* kInBin = marked("In the Bin");
@@ -58,6 +60,10 @@ const char* fate(const Sacrifice& item) {
     if (item.lost.value_or(false))
         return kLost;
     return item.mode == DisposeMode::dissolve ? kDissolved : kInBin;
+}
+
+Colour colourOf(const char* fate) {
+    return fate == kInBin ? Colour::green : fate == kLost ? Colour::yellow : Colour::dim;
 }
 
 std::size_t widestFate() {
@@ -106,7 +112,7 @@ void printWeek(const std::vector<Ledger::DayOfWeek>& week) {
     for (const auto& [day, tally] : week)
         std::cout << "  " << weekdayText(day) << " " << dateText(day) << "  "
                   << rightAligned(plural("%1 item", "%1 items", tally.count), kItemsWidth) << "  "
-                  << byteCountText(tally.bytes) << "\n";
+                  << sizeText(tally.bytes) << "\n";
 }
 
 } // namespace
@@ -119,7 +125,7 @@ int runHistory(const Invocation& invocation) {
     if (invocation.json) {
         Json array = Json::array();
         for (const auto& item : items)
-            array.push_back(toJson(item));
+            array.push_back(toDocument(item));
         std::cout << array.dump(2) << "\n";
         return kAllDone;
     }
@@ -129,8 +135,10 @@ int runHistory(const Invocation& invocation) {
     const auto fateWidth = widestFate();
     for (const auto& item : items)
         std::cout << item.id.toString().substr(0, BinnedItems::kShortId) << "  "
-                  << dateTimeText(item.date) << "  " << leftAligned(text(fate(item)), fateWidth)
-                  << "  " << rightAligned(byteCountText(item.bytes), kSizeWidth) << "  "
+                  << dateTimeText(item.date) << "  "
+                  << coloured(leftAligned(text(fate(item)), fateWidth), colourOf(fate(item)),
+                              STDOUT_FILENO)
+                  << "  " << rightAligned(sizeText(item.bytes), kSizeWidth) << "  "
                   << printable(item.name) << origin(item) << "\n";
     return kAllDone;
 }
@@ -159,10 +167,10 @@ int runStats(const Invocation& invocation) {
         return kAllDone;
     }
     std::cout << plural("%1 sacrifice, %2 consumed", "%1 sacrifices, %2 consumed",
-                        ledger.count.get(), {byteCountText(ledger.bytes.get())})
+                        ledger.count.get(), {sizeText(ledger.bytes.get())})
               << "\n"
               << plural("Today: %1 item, %2", "Today: %1 items, %2", today.count,
-                        {byteCountText(today.bytes)})
+                        {sizeText(today.bytes)})
               << "\n"
               << plural("Streak: %1 day (best %2)", "Streak: %1 days (best %2)", progress.streak,
                         {countText(progress.bestStreak)})

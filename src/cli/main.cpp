@@ -15,11 +15,14 @@ int run(const vexmoor::Invocation& invocation) {
     switch (invocation.command) {
     case Command::open:
     case Command::probe:
+    case Command::help: // is printed by now
         return vexmoor::runDesktop(invocation);
     case Command::feed:
     case Command::putBack:
     case Command::erase:
         return vexmoor::runBatch(invocation);
+    case Command::complete:
+        return vexmoor::runComplete(invocation);
     case Command::history:
         return vexmoor::runHistory(invocation);
     case Command::stats:

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
+#include <ctime>
 #include <type_traits>
 
 namespace vexmoor {
@@ -14,8 +16,23 @@ using Json = nlohmann::ordered_json;
 
 namespace {
 
+// The years 1000 to 9999, which have four digits.
+constexpr double kFirstIsoSecond = -30'610'224'000;
+constexpr double kLastIsoSecond = 253'402'300'799;
+
 Json dateJson(Date date) {
     return date.secondsSinceReference;
+}
+
+/// "2026-03-14T22:04:00Z".
+std::string isoTime(Date date) {
+    const auto seconds = static_cast<std::time_t>(
+        std::clamp(std::floor(date.unixSeconds()), kFirstIsoSecond, kLastIsoSecond));
+    std::tm utc{};
+    gmtime_r(&seconds, &utc);
+    char text[32];
+    std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &utc);
+    return text;
 }
 
 /// A JSON string; the text is UTF-8.
@@ -104,6 +121,16 @@ Json toJson(const Sacrifice& sacrifice) {
         json["lost"] = *sacrifice.lost;
     if (sacrifice.deleted)
         json["deleted"] = dateJson(*sacrifice.deleted);
+    return json;
+}
+
+Json toDocument(const Sacrifice& sacrifice) {
+    Json json = toJson(sacrifice);
+    json["isoDate"] = isoTime(sacrifice.date);
+    if (sacrifice.restored)
+        json["isoRestored"] = isoTime(*sacrifice.restored);
+    if (sacrifice.deleted)
+        json["isoDeleted"] = isoTime(*sacrifice.deleted);
     return json;
 }
 

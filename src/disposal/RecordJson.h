@@ -17,6 +17,10 @@ namespace vexmoor {
 // missing or anything has the wrong type.
 
 nlohmann::ordered_json toJson(const Sacrifice& sacrifice);
+/// The same for the documents of the command line: with the moments as ISO 8601 times too, in
+/// "isoDate", "isoRestored" and "isoDeleted".
+nlohmann::ordered_json toDocument(const Sacrifice& sacrifice);
+
 std::optional<Sacrifice> sacrificeFromJson(const nlohmann::ordered_json& json);
 
 /// The record with its facts as a text, as journal and table keep it: the JSON form and the key

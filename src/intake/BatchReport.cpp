@@ -88,7 +88,7 @@ Json toJson(const BatchReport& report) {
                  {"failures", Json::array()},
                  {"untouched", pathsJson(report.untouched)}};
     for (const auto& item : report.done)
-        json["done"].push_back(toJson(item));
+        json["done"].push_back(toDocument(item));
     for (const auto& failure : report.failures)
         json["failures"].push_back(failureJson(failure));
     if (!report.landings.empty())

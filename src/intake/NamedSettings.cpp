@@ -51,20 +51,29 @@ std::optional<NamedSettings::Complaint>
 NamedSettings::complaintAbout(const std::string& name, const std::string& value) const {
     if (name == kSkin)
         return complaintAboutSkin(value);
-    if (name == kMode)
-        return disposeModeFromRawValue(value) ? std::nullopt
-                                              : std::optional(usage(name, {"bin", "dissolve"}));
-    if (std::ranges::find(Settings::switches(), name, &Settings::Switch::name) ==
-        Settings::switches().end())
+    const auto possible = choices(name);
+    if (possible.empty())
         return usage(text("A setting's name can be: %1.", {joined(names())}));
-    return switchValue(value) ? std::nullopt : std::optional(usage(name, {"on", "off"}));
+    const bool isPossible =
+        name == kMode ? disposeModeFromRawValue(value).has_value() : switchValue(value).has_value();
+    return isPossible ? std::nullopt : std::optional(usage(name, possible));
+}
+
+std::vector<std::string> NamedSettings::choices(const std::string& name) const {
+    std::vector<std::string> unlocked;
+    if (name == kMode)
+        return {"bin", "dissolve"};
+    if (name == kSkin)
+        for (const auto& skin : m_progression.unlockedSkins())
+            unlocked.emplace_back(skin.id);
+    else if (std::ranges::count(Settings::switches(), name, &Settings::Switch::name) > 0)
+        return {"on", "off"};
+    return unlocked;
 }
 
 std::optional<NamedSettings::Complaint>
 NamedSettings::complaintAboutSkin(const std::string& id) const {
-    std::vector<std::string> unlocked;
-    for (const auto& skin : m_progression.unlockedSkins())
-        unlocked.emplace_back(skin.id);
+    const auto unlocked = choices(kSkin);
     if (std::ranges::count(unlocked, id) > 0)
         return std::nullopt;
     if (std::ranges::count(Skin::all(), id, &Skin::id) == 0)

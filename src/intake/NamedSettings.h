@@ -32,6 +32,9 @@ class NamedSettings {
     [[nodiscard]] std::optional<Complaint> complaintAbout(const std::string& name,
                                                           const std::string& value) const;
 
+    /// What a setting can be now, the usual spelling of each; empty if there is no such setting.
+    [[nodiscard]] std::vector<std::string> choices(const std::string& name) const;
+
     /// In the order of showing.
     static std::vector<std::string> names();
 

@@ -1,16 +1,20 @@
 #include "cli/CommandLine.h"
 
+#include "cli/Columns.h"
+#include "cli/CommandTable.h"
 #include "cli/ExitStatus.h"
+#include "cli/Help.h"
+#include "cli/Suggestion.h"
 
-#include <CLI/CLI.hpp>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <sstream>
 
 namespace vexmoor {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 
 ParsedCommandLine parse(std::vector<const char*> arguments) {
     arguments.insert(arguments.begin(), "vexmoor");
@@ -45,45 +49,156 @@ TEST(CommandLine, DecodesFileUrisOnlyOfWhatIsFed) {
     EXPECT_THAT(named.invocation->items, ElementsAre("file:///a"));
 }
 
-TEST(CommandLine, RefusesWhatIsNotClearlyMeant) {
+TEST(CommandLine, TakesOptionsInEveryForm) {
+    const auto fed = parse({"feed", "a", "-rfv", "--mode=bin", "-q", "b"});
+    ASSERT_TRUE(fed.invocation) << fed.error;
+    EXPECT_THAT(fed.invocation->items, ElementsAre("a", "b"));
+    EXPECT_TRUE(fed.invocation->force && fed.invocation->recursive && fed.invocation->quiet);
+    EXPECT_FALSE(fed.invocation->verbose) << "the last one of -v and -q counts";
+    EXPECT_FALSE(parse({"feed", "-i", "-f", "a"}).invocation->asksEach);
+    EXPECT_FALSE(parse({"feed", "-fi", "a"}).invocation->force);
+    EXPECT_TRUE(parse({"feed", "-f"}).invocation) << "as rm has it";
+    EXPECT_EQ(parse({"history", "-n5"}).invocation->number, 5U);
+    EXPECT_EQ(parse({"history", "-n", "7", "--all"}).invocation->number, 7U);
+    EXPECT_THAT(parse({"feed", "-"}).invocation->items, ElementsAre("-"));
+    EXPECT_THAT(parse({"integrate", "install", "kio"}).invocation->items, ElementsAre("kio"));
+    EXPECT_EQ(parse({"--probe"}).invocation->command, Invocation::Command::probe);
+    EXPECT_EQ(parse({}).invocation->command, Invocation::Command::open);
+}
+
+TEST(CommandLine, SaysWhatIsWrongAndWhereHelpIs) {
+    const std::string number = " takes a whole number of 1 or more.";
+    const std::string tooLong(5000, 'x');
     const struct {
         std::vector<const char*> arguments;
-        const char* error;
+        std::string sentence;
+        const char* help = "vexmoor";
     } cases[] = {
-        {{"feed"}, "PATH is required"},
-        {{"feed", "a", ""}, "is empty. Nothing was touched"},
-        {{"feed", "a", "--jsno"}, "--jsno"},
-        {{"feed", "--mode", "burn", "a"}, "burn not in {bin,dissolve}"},
-        {{"feed", "--mode", "[bin]", "a"}, "[bin] not in {bin,dissolve}"},
-        {{"put-back", "--last", "0"}, "0"},
-        {{"put-back", "--last", "2", "name"}, "excludes"},
-        {{"delete"}, "ITEM is required"},
-        {{"history", "-n", "-3"}, "-3"},
-        {{"settings", "volume"}, "volume not in {mode,"},
-        {{"settings", "sound", ""}, "is empty"},
-        {{"settings", "sound", "on", "off"}, "off"},
-        {{"integrate", "everything"}, "everything not in {install,remove,status}"},
-        {{"fly"}, "fly"},
-        {{"feed", "--\x1b[31m", "a"}, "--\\x1b[31m"},
+        {{"fed", "x"}, "fed is no command. Did you mean feed?"},
+        {{"restore"}, "restore is no command. Did you mean put-back?"},
+        {{"version"}, "version is no command. Did you mean --version?"},
+        {{"fly"}, "fly is no command."},
+        {{""}, "COMMAND is empty. Nothing was touched."},
+        {{"/dev/null"},
+         "/dev/null is no command. To feed the file with that name: vexmoor feed /dev/null"},
+        {{tooLong.c_str()}, tooLong + " is no command."},
+        {{"--versoin"}, "--versoin is no option. Did you mean --version?"},
+        {{"--json", "history"}, "--json goes after a command."},
+        {{"--probe", "feed"}, "--probe and feed can't be given together."},
+        {{"help", "fed"}, "fed is no command. Did you mean feed?"},
+        {{"feed"}, "PATH is missing.", "vexmoor feed"},
+        {{"feed", "--"}, "PATH is missing.", "vexmoor feed"},
+        {{"feed", "a", ""}, "PATH is empty. Nothing was touched.", "vexmoor feed"},
+        {{"feed", "a", "--jsn"},
+         "--jsn is no option of feed. Did you mean --json?",
+         "vexmoor feed"},
+        {{"feed", "a", "-json"},
+         "-json is no option of feed. Did you mean --json?",
+         "vexmoor feed"},
+        {{"feed", "a", "-rx"}, "-rx is no option of feed.", "vexmoor feed"},
+        {{"feed", "--json=yes", "a"}, "--json takes no value.", "vexmoor feed"},
+        {{"feed", "--\x1b[2J", "a"}, "--\\x1b[2J is no option of feed.", "vexmoor feed"},
+        {{"feed", "--mode", "trash", "a"}, "--mode can be: bin, dissolve.", "vexmoor feed"},
+        {{"feed", "a", "--mode"}, "--mode can be: bin, dissolve.", "vexmoor feed"},
+        {{"feed", "--mode=bni", "a"},
+         "--mode can be: bin, dissolve. Did you mean bin?",
+         "vexmoor feed"},
+        {{"feed", "--from-menu", "--yes"},
+         "--from-menu and --yes can't be given together.",
+         "vexmoor feed"},
+        {{"put-back", "--last", "2", "name"},
+         "--last and ITEM can't be given together.",
+         "vexmoor put-back"},
+        {{"delete"}, "ITEM is missing.", "vexmoor delete"},
+        {{"history", "-n"}, "-n" + number, "vexmoor history"},
+        {{"history", "-n", "0"}, "-n" + number, "vexmoor history"},
+        {{"history", "-n", "-1"}, "-n" + number, "vexmoor history"},
+        {{"history", "-n", "1.5"}, "-n" + number, "vexmoor history"},
+        {{"history", "-n1e9"}, "-n" + number, "vexmoor history"},
+        {{"history", "-n", "99999999999999999999"}, "-n" + number, "vexmoor history"},
+        {{"put-back", "--last", "0"}, "--last" + number, "vexmoor put-back"},
+        {{"stats", "one", "two"}, "stats got too many arguments: one two", "vexmoor stats"},
+        {{"settings", "sond"}, "sond is no setting. Did you mean sound?", "vexmoor settings"},
+        {{"settings", "kio"},
+         "kio is no setting. NAME can be: mode, confirmDissolve, sound, escapeDock, "
+         "captureFinderDelete, showMenuBarIcon, skin.",
+         "vexmoor settings"},
+        {{"settings", "sound", ""}, "VALUE is empty. Nothing was touched.", "vexmoor settings"},
+        {{"settings", "sound", "on", "off"},
+         "settings got too many arguments: off",
+         "vexmoor settings"},
+        {{"integrate", "instal"},
+         "instal is no action. Did you mean install?",
+         "vexmoor integrate"},
+        {{"integrate", "remove", "nemo", "nautlus"},
+         "nautlus is no id. Did you mean nautilus?",
+         "vexmoor integrate"},
     };
-    for (const auto& [arguments, error] : cases) {
+    for (const auto& [arguments, sentence, help] : cases) {
         const auto parsed = parse(arguments);
-        EXPECT_FALSE(parsed.invocation) << error;
-        EXPECT_EQ(parsed.status, kUsage) << error;
-        EXPECT_THAT(parsed.error, HasSubstr(error));
+        EXPECT_FALSE(parsed.invocation) << sentence;
+        EXPECT_EQ(parsed.status, kUsage) << sentence;
+        EXPECT_EQ(parsed.error, "vexmoor: " + sentence + "\nTry '" + help + " --help'.\n");
         EXPECT_EQ(parsed.output, "");
     }
 }
 
-TEST(CommandLine, HelpsWithOneCommandAsThoughAllHadBeenDescribed) {
-    Invocation invocation;
-    const auto all = describeCommands(invocation);
-    const auto commands = all->get_subcommands([](const CLI::App*) { return true; });
-    EXPECT_EQ(commands.size(), 7U);
-    for (const auto* command : commands)
-        EXPECT_EQ(parse({command->get_name().c_str(), "--help"}).output, command->help("vexmoor"));
-    EXPECT_EQ(parse({"--help"}).output, all->help());
-    EXPECT_EQ(parse({"--help", "feed"}).output, parse({"feed", "--help"}).output);
+TEST(CommandLine, SuggestsOnlyWhatIsNear) {
+    const std::vector<std::string> words = {"feed", "put-back", "history", "on", "off"};
+    for (const auto& [typed, meant] : {std::pair("fed", "feed"),
+                                       {"FEED", "feed"},
+                                       {"efed", "feed"},
+                                       {"putback", "put-back"},
+                                       {"hist", "history"},
+                                       {"of", "off"},
+                                       {"f", ""},
+                                       {"foot", ""},
+                                       {"burn", ""},
+                                       {"", ""}})
+        EXPECT_EQ(nearest(typed, words), meant) << typed;
+}
+
+TEST(CommandLine, HelpsInEveryWayItIsAskedFor) {
+    const auto& program = programDescription();
+    for (const auto& arguments : {std::vector<const char*>{"--help"}, {"-h"}, {"help"}})
+        EXPECT_EQ(parse(arguments).output, helpText(program, 80)) << arguments.front();
+    for (const auto& command : commandDescriptions()) {
+        const std::string name(command.name);
+        for (const auto& arguments : {std::vector<const char*>{name.c_str(), "--help"},
+                                      {name.c_str(), "-h", "--wrong"},
+                                      {"--help", name.c_str()}})
+            EXPECT_EQ(parse(arguments).output, helpText(command, 80)) << name;
+        EXPECT_EQ(parse({"help", name.c_str()}).output, helpText(command, 80)) << name;
+    }
+    EXPECT_EQ(parse({"-V"}).output, parse({"--version"}).output);
+    EXPECT_THAT(parse({"-V"}).output, testing::StartsWith("vexmoor "));
+}
+
+TEST(CommandLine, HelpFitsIntoItsWidth) {
+    for (const auto& command : commandDescriptions())
+        for (const std::size_t width : {60U, 80U, 100U}) {
+            std::istringstream lines(helpText(command, width));
+            for (std::string line; std::getline(lines, line);) {
+                EXPECT_LE(characters(line), width) << line;
+                EXPECT_FALSE(line.ends_with(' ')) << line;
+            }
+        }
+    EXPECT_EQ(helpText(*commandNamed("history"), 60), R"(Usage: vexmoor history [OPTION]...
+
+Show the recent sacrifices, newest first, and their fate.
+
+Options:
+  -n N        How many at most
+      --all   After them, all others that can still be put
+              back
+      --json  Print one JSON document
+  -h, --help  Print this help
+
+Examples:
+  vexmoor history -n 5          the five newest
+  vexmoor history --all | less  everything that can be put
+                                back too
+)");
 }
 
 } // namespace

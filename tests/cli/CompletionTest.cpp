@@ -1,5 +1,6 @@
 #include "CliTest.h"
 
+#include "cli/CommandTable.h"
 #include "intake/NamedSettings.h"
 
 #include <sstream>
@@ -7,13 +8,15 @@
 namespace vexmoor::test {
 namespace {
 
+using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::UnorderedElementsAreArray;
 
 const Path kShare = VEXMOOR_SHARE;
 
 /// The words of a line, of which the last is being typed, and what they can become. Options and
-/// values stand for all their kind; names of files are left to the shells.
+/// values stand for all their kind; names of files are left to the shells. Newer versions of fish
+/// match in the middle of a word too, so the beginnings are long enough to mean one option.
 struct Case {
     std::vector<std::string> words;
     std::vector<std::string> candidates;
@@ -23,15 +26,19 @@ std::vector<Case> cases() {
     const auto settings = NamedSettings::names();
     return {
         {{"fe"}, {"feed"}},
-        {{""}, {"feed", "put-back", "delete", "history", "stats", "settings", "integrate"}},
+        {{""}, commandNames()},
         {{"--v"}, {"--version"}},
-        {{"feed", "--"}, {"--help", "--mode", "--yes", "--from-menu", "--json"}},
+        {{"feed", "--"},
+         {"--help", "--mode", "--yes", "--force", "--recursive", "--verbose", "--quiet",
+          "--from-menu", "--json"}},
         {{"feed", "--mode", ""}, {"bin", "dissolve"}},
         {{"feed", "--mode", "bin", "--j"}, {"--json"}},
-        {{"feed", "stats", "--m"}, {"--mode"}},
-        {{"put-back", "--l"}, {"--last"}},
+        {{"feed", "stats", "--mo"}, {"--mode"}},
+        {{"put-back", "--la"}, {"--last"}},
         {{"put-back", "--last", ""}, {}},
         {{"history", ""}, {}},
+        {{"stats", "--"}, {"--help", "--json"}},
+        {{"help", "int"}, {"integrate"}},
         {{"settings", ""}, settings},
         {{"settings", "--json", "mo"}, {"mode"}},
         {{"settings", "mode", ""}, {"bin", "dissolve"}},
@@ -55,10 +62,11 @@ class CompletionTest : public CliTest {
     }
 
     [[nodiscard]] std::vector<std::string> bash(std::vector<std::string> words) const {
-        const char* const script = R"(source "$1"; shift; COMP_WORDS=(vexmoor "$@"); COMP_CWORD=$#
+        const char* const script =
+            R"(PATH=${2%/*}:$PATH; source "$1"; shift 2; COMP_WORDS=(vexmoor "$@"); COMP_CWORD=$#
             _vexmoor; ((${#COMPREPLY[@]})) && printf '%s\n' "${COMPREPLY[@]}"; true)";
         words.insert(words.begin(), {"bash", "--norc", "-c", script, "bash",
-                                     kShare / "bash-completion/completions/vexmoor"});
+                                     kShare / "bash-completion/completions/vexmoor", m_program});
         const auto result = program(words).run();
         EXPECT_EQ(result.status, 0);
         EXPECT_EQ(result.errors, "");
@@ -70,8 +78,9 @@ class CompletionTest : public CliTest {
         for (const auto& word : words)
             line += " " + word;
         const auto result =
-            program({"fish", "--no-config", "-c", "source $argv[1]; complete -C $argv[2]",
-                     kShare / "fish/vendor_completions.d/vexmoor.fish", line})
+            program({"fish", "--no-config", "-c",
+                     "set PATH (dirname $argv[3]) $PATH; source $argv[1]; complete -C $argv[2]",
+                     kShare / "fish/vendor_completions.d/vexmoor.fish", line, m_program})
                 .run();
         EXPECT_EQ(result.status, 0);
         EXPECT_EQ(result.errors, "");
@@ -108,6 +117,56 @@ TEST_F(CompletionTest, FishCompletesCommandsOptionsAndValues) {
     EXPECT_EQ(checked.status, 0) << checked.errors;
 }
 
+/// A shell starts the program by its name, so it must be on the search path.
+TEST_F(CompletionTest, OffersWhatCanBePutBack) {
+    const std::vector<std::string> names = {"two words.txt", "$HOME",     "it's \"q\"", "two:parts",
+                                            "-rf",           "new\nline", "tab\tulator"};
+    std::vector<std::string> feed = {"feed", "--"};
+    for (const auto& name : names) {
+        make(name);
+        feed.push_back(name);
+    }
+    ASSERT_EQ(run(feed).status, 0);
+    const auto offered = [&](const std::string& word) {
+        std::vector<std::string> candidates;
+        for (const auto& line : lines(run({"complete", "--", word}).output))
+            candidates.push_back(line.substr(0, line.find('\t')));
+        return candidates;
+    };
+    EXPECT_THAT(offered(""), testing::ElementsAre(testing::MatchesRegex("[0-9A-F]{8}"),
+                                                  testing::MatchesRegex("[0-9A-F]{8}"),
+                                                  testing::MatchesRegex("[0-9A-F]{8}"), names[3],
+                                                  names[2], names[1], names[0]));
+    EXPECT_THAT(offered("two"), testing::ElementsAre(names[3], names[0]));
+    EXPECT_THAT(offered(m_files / "two:"), testing::ElementsAre(m_files / names[3]));
+    EXPECT_THAT(run({"complete", "--", "two "}).output, HasSubstr("\t4 KB, from "));
+    EXPECT_THAT(run({"complete"}).output, HasSubstr("\ttab\\x09ulator, 4 KB, from "));
+}
+
+TEST_F(CompletionTest, ShellsQuoteTheNamesThatTheyOffer) {
+    make("two words.txt");
+    make("it's $HOME");
+    ASSERT_EQ(run({"feed", "two words.txt", "it's $HOME"}).status, 0);
+    if (Command::exists("bash")) {
+        EXPECT_THAT(bash({"put-back", "tw"}), UnorderedElementsAreArray({"two\\ words.txt"}));
+        EXPECT_THAT(bash({"put-back", "two\\ w"}), UnorderedElementsAreArray({"two\\ words.txt"}));
+        EXPECT_THAT(bash({"delete", "--yes", "\"it"}), UnorderedElementsAreArray({"it's \\$HOME"}));
+    }
+    if (Command::exists("fish")) {
+        EXPECT_THAT(fish({"put-back", "tw"}), UnorderedElementsAreArray({"two words.txt"}));
+        EXPECT_THAT(fish({"delete", "it"}), UnorderedElementsAreArray({"it's $HOME"}));
+    }
+    if (Command::exists("zsh")) { // whose compadd quotes
+        const auto result =
+            program({"zsh", "-f", "-c",
+                     "path=(${2%/*} $path); compdef() {}; compadd() { print -rl -- $names }; "
+                     "source $1; PREFIX=$3; _vexmoor_items",
+                     "zsh", kShare / "zsh/site-functions/_vexmoor", m_program, "two\\ "})
+                .run();
+        EXPECT_EQ(result.output, "two words.txt\n") << result.errors;
+    }
+}
+
 TEST_F(CompletionTest, ZshTakesItsFunctionFromTheSearchPath) {
     if (!Command::exists("zsh"))
         GTEST_SKIP() << "zsh is not installed";
@@ -136,9 +195,11 @@ TEST_F(CompletionTest, TheManualPageIsCleanAndKnowsEveryCommand) {
         else
             plain += shown[i];
     for (const char* const text :
-         {"vexmoor feed [--mode MODE] [--yes] [--from-menu] [--json] PATH ...", "vexmoor put-back",
-          "vexmoor delete", "vexmoor history [-n N]", "vexmoor stats",
-          "vexmoor settings [--json] [NAME [VALUE]]", "vexmoor integrate", "captureFinderDelete"})
+         {"vexmoor feed [--mode MODE] [--yes] [--force] [-i] [--recursive] [--verbose] [--quiet] "
+          "[--json] [--from-menu] PATH ...",
+          "vexmoor put-back [--last N] [--quiet] [--json] [ITEM ...]", "vexmoor delete",
+          "vexmoor history [-n N]", "vexmoor stats", "vexmoor settings [--json] [NAME [VALUE]]",
+          "vexmoor integrate", "captureFinderDelete"})
         EXPECT_THAT(plain, testing::HasSubstr(text));
 }
 

@@ -22,6 +22,8 @@ class FeedTest : public CliTest {
                         : (key == "date" || key == "restored" || key == "deleted") &&
                                 value.is_number() && value.get<double>() > 7e8
                             ? Json("moment")
+                        : key.starts_with("iso") && value.get<std::string>() > "2026-"
+                            ? Json("iso moment")
                             : steady(value);
         return document;
     }
@@ -35,6 +37,9 @@ class FeedTest : public CliTest {
                      {"original", m_files / name},
                      {"trashed", m_data / "Trash/files" / name}};
         json.update(more);
+        json["isoDate"] = "iso moment";
+        for (const auto& [key, value] : more.items())
+            json[key == "restored" ? "isoRestored" : "isoDeleted"] = "iso moment";
         return json;
     }
 };
@@ -87,10 +92,13 @@ TEST_F(FeedTest, EndsWithTheStatusThatTheManualPromises) {
         const char* output;
         const char* errors;
     } steps[] = {
-        {{"feed"}, 2, "", "PATH is required"},
+        {{"feed"}, 2, "", "PATH is missing."},
         {{"put-back"}, 3, "", "nothing to put back"},
         {{"feed", "a", "b"}, 0, "To the Bin: a (4 KB)\nTo the Bin: b (4 KB)\n", ""},
         {{"feed", "a"}, 1, "", "a: No such file or directory."},
+        {{"feed", "../files//x", m_files / "y/"}, 1, "", "vexmoor: ../files//x: No such file"},
+        {{"feed", "-f", "a"}, 0, "", ""},
+        {{"feed", "-rf"}, 0, "", ""},
         {{"put-back", "a", "c"}, 1, "Put back: a", "c is no longer in the Bin."},
         {{"put-back", "a"}, 1, "", "vexmoor: a is no longer in the Bin."},
         {{"delete", "b"}, 3, "", "--yes"},
@@ -202,6 +210,52 @@ TEST_F(FeedTest, TreatsHostileNamesAsNames) {
     const auto usage = run({"feed", "--\x1b[2J"});
     EXPECT_EQ(usage.status, 2);
     EXPECT_THAT(usage.errors, Not(HasSubstr("\x1b")));
+}
+
+TEST_F(FeedTest, StandsInForRm) {
+    const auto names = makeItems(12);
+    auto feed = names;
+    feed.insert(feed.begin(), {"feed", "-rfv", "missing"});
+    const auto named = run(feed);
+    EXPECT_EQ(named.status, 0) << named.errors;
+    EXPECT_THAT(named.output, HasSubstr("To the Bin: item-011 (4 KB)\n"));
+    ASSERT_EQ(run({"put-back", "-q"}).output, "");
+    feed[1] = "--quiet";
+    const auto quiet = run(feed);
+    EXPECT_EQ(quiet.status, 1);
+    EXPECT_EQ(quiet.output + quiet.errors, "vexmoor: missing: No such file or directory.\n");
+    const auto json = Json::parse(run({"feed", "-f", "--json", "missing"}).output);
+    EXPECT_THAT(json["failures"], IsEmpty());
+}
+
+TEST_F(FeedTest, AsksBeforeEachItemIfAskedTo) {
+    make("a");
+    make("b");
+    EXPECT_EQ(run({"feed", "-i", "a", "b"}).status, 3) << "there is no terminal";
+    EXPECT_EQ(vexmoor({"feed", "-i", "a", "b"}).runOnTerminal("n\nn\n").status, 3);
+    EXPECT_THAT(binned(), IsEmpty());
+    const auto asked = vexmoor({"feed", "-i", "a", "missing", "b"}).runOnTerminal("n\ny\n");
+    EXPECT_EQ(asked.status, 1) << asked.output;
+    EXPECT_THAT(asked.output, HasSubstr("Feed b? [y/N]"));
+    EXPECT_THAT(asked.output, HasSubstr("missing: No such file"));
+    EXPECT_THAT(asked.output, Not(HasSubstr("Feed missing")));
+    EXPECT_THAT(binned(), ElementsAre("b"));
+}
+
+TEST_F(FeedTest, UsesColoursAndAnnouncesAchievementsOnlyOnATerminal) {
+    make("a");
+    make("b");
+    EXPECT_EQ(run({"feed", "a"}).errors, "") << "the first achievement";
+    const auto coloured = vexmoor({"history"}).runOnTerminal("");
+    EXPECT_THAT(coloured.output, HasSubstr("\x1b[32mIn the Bin"));
+    for (const auto& [variable, value] : {std::pair("NO_COLOR", "1"), {"TERM", "dumb"}})
+        EXPECT_THAT(vexmoor({"history"}).with(variable, value).runOnTerminal("").output,
+                    Not(HasSubstr("\x1b")));
+    EXPECT_THAT(run({"history"}).output, Not(HasSubstr("\x1b")));
+    EXPECT_EQ(vexmoor({"feed", "missing"}).runOnTerminal("").output,
+              "\x1b[31mvexmoor:\x1b[m missing: No such file or directory.\r\n");
+    ASSERT_EQ(run({"delete", "--yes", "a"}).status, 0);
+    EXPECT_THAT(run({"history"}).output, HasSubstr("  Deleted from the Bin "));
 }
 
 TEST_F(FeedTest, TellsWhenItsOutputCannotBeWritten) {

@@ -141,7 +141,7 @@ TEST_F(IntegrateTest, TakesTheNamesOfManagers) {
     EXPECT_EQ(statuses()["dolphin"], "installed");
     const auto unknown = run({"integrate", "install", "nautilus", "finder"});
     EXPECT_EQ(unknown.status, 2);
-    EXPECT_THAT(unknown.errors, HasSubstr("finder is not known. Known are thunar,nautilus,nemo"));
+    EXPECT_THAT(unknown.errors, HasSubstr("finder is no id. ID can be: thunar, nautilus, nemo"));
     EXPECT_EQ(statuses()["nautilus"], "not installed");
 }
 

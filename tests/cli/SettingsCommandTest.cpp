@@ -42,9 +42,11 @@ TEST_F(SettingsCommandTest, RefusesWhatASettingCannotBe) {
         int status;
         const char* error;
     } cases[] = {
-        {{"settings", "volume", "11"}, 2, "volume"},
-        {{"settings", "mode", "burn"}, 2, "mode can be: bin, dissolve."},
-        {{"settings", "sound", "ON"}, 2, "sound can be: on, off."},
+        {{"settings", "volume", "11"}, 2, "volume is no setting."},
+        {{"settings", "mode", "burn"},
+         2,
+         "mode can be: bin, dissolve.\nTry 'vexmoor settings --help'."},
+        {{"settings", "sound", "ON"}, 2, "sound can be: on, off. Did you mean on?"},
         {{"settings", "sound", ""}, 2, "empty"},
         {{"settings", "skin", "tin"}, 2, "skin can be: iron."},
         {{"settings", "skin", settingDescriptions().back().values.back()}, 3, "locked"},

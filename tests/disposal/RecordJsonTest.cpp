@@ -45,6 +45,20 @@ TEST(RecordJson, KeepsARecordWithItsFactsAsText) {
     EXPECT_EQ(recordFromJson(Json::parse(recordText(bare))), bare);
 }
 
+TEST(RecordJson, HasIsoTimesInDocuments) {
+    auto expected = toJson(fullRecord());
+    expected["isoDate"] = "2024-01-04T22:26:40Z";
+    expected["isoRestored"] = "2024-01-04T22:26:41Z";
+    expected["isoDeleted"] = "2000-12-31T23:59:59Z";
+    EXPECT_EQ(toDocument(fullRecord()), expected);
+    EXPECT_EQ(sacrificeFromJson(expected), fullRecord());
+    Sacrifice record;
+    record.date = {-1e300};
+    EXPECT_EQ(toDocument(record)["isoDate"], "1000-01-01T00:00:00Z");
+    record.date = {1e300};
+    EXPECT_EQ(toDocument(record)["isoDate"], "9999-12-31T23:59:59Z");
+}
+
 TEST(RecordJson, LeavesOutWhatIsNotThere) {
     Sacrifice dissolved;
     dissolved.id = kId;

@@ -1,4 +1,4 @@
-#include "CommandModel.h"
+#include "Manual.h"
 
 #include "cli/SettingDescription.h"
 
@@ -6,11 +6,11 @@ namespace vexmoor {
 
 namespace {
 
-/// The one that is offered: long where there is one.
-std::string offered(const std::vector<ParameterModel>& options) {
+/// The one of each that is offered: long where there is one.
+std::string offered(std::span<const Option> options) {
     std::vector<std::string> names;
     for (const auto& option : options)
-        names.push_back(option.names.front());
+        names.push_back(option.mainName());
     return joined(names, " ");
 }
 
@@ -18,21 +18,21 @@ std::string branch(const std::string& pattern, const std::string& words) {
     return "        " + pattern + ") words='" + words + "' ;;\n";
 }
 
-std::string optionBranches(const CommandModel& program) {
-    std::string text = branch("''", offered(program.options));
-    for (const auto& command : program.commands)
-        text += branch(command.name, offered(command.options));
+std::string optionBranches() {
+    std::string text = branch("''", offered(programDescription().options));
+    for (const auto& command : commandDescriptions())
+        text += branch(std::string(command.name), offered(command.options));
     return text;
 }
 
-std::string optionValueBranches(const CommandModel& program) {
+std::string optionValueBranches() {
     std::string text;
-    for (const auto& command : program.commands)
+    for (const auto& command : commandDescriptions())
         for (const auto& option : command.options)
-            for (const auto& name : option.names)
-                if (!option.choices.empty())
-                    text +=
-                        branch("'" + command.name + " " + name + "'", joined(option.choices, " "));
+            if (option.choices != nullptr)
+                for (const auto& name : option.names())
+                    text += branch("'" + std::string(command.name) + " " + name + "'",
+                                   joined(option.choices(), " "));
     return text;
 }
 
@@ -43,28 +43,66 @@ std::string settingBranches() {
     return text + "            esac ;;\n";
 }
 
-std::string argumentBranches(const CommandModel& program) {
-    std::vector<std::string> names;
-    for (const auto& command : program.commands)
-        names.push_back(command.name);
-    std::string text = branch("' 0'", joined(names, " "));
-    for (const auto& command : program.commands)
-        for (std::size_t i = 0; i < command.arguments.size(); ++i) {
-            const auto& argument = command.arguments[i];
-            if (argument.names.front() == "PATH")
-                text += "        '" + command.name + " '*) return ;; # readline completes files\n";
-            else if (!argument.choices.empty())
-                text += branch("'" + command.name + " '" +
-                                   (argument.isRepeated ? "*" : std::to_string(i)),
-                               joined(argument.choices, " "));
-        }
-    return text + settingBranches();
+std::string argumentBranch(std::string_view command, const Argument& argument, std::size_t index) {
+    const auto pattern =
+        "'" + std::string(command) + " '" + (argument.isRepeated() ? "*" : std::to_string(index));
+    switch (argument.kind) {
+    case Argument::Kind::choice:
+        return branch(pattern, joined(argument.choices(), " "));
+    case Argument::Kind::file:
+        return "        " + pattern + ") return ;; # readline completes files\n";
+    case Argument::Kind::binnedItem:
+        return "        " + pattern + ") _vexmoor_items; return ;;\n";
+    case Argument::Kind::settingValue:
+        return settingBranches();
+    }
+    return {};
+}
+
+std::string argumentBranches() {
+    std::string text = branch("' 0'", joined(commandNames(), " "));
+    for (const auto& command : commandDescriptions())
+        for (std::size_t i = 0; i < command.arguments.size(); ++i)
+            text += argumentBranch(command.name, command.arguments[i], i);
+    return text;
 }
 
 } // namespace
 
-std::string bashCompletion(const CommandModel& program) {
+std::string bashCompletion() {
     return std::string("# bash completion for vexmoor. ") + kGeneratedNote + R"(
+
+# Offers the items that can be put back, quoted as the word on the line is.
+_vexmoor_items() {
+    local quote='' rest=$word plain='' item shown
+    compopt +o default 2>/dev/null
+    if [[ $rest == [\"\']* ]]; then
+        quote=${rest:0:1}
+        rest=${rest:1}
+    fi
+    if [[ $quote == \' ]]; then
+        plain=$rest
+    else
+        while [[ $rest == *\\* ]]; do
+            plain+=${rest%%\\*}
+            rest=${rest#*\\}
+            plain+=${rest:0:1}
+            rest=${rest:1}
+        done
+        plain+=$rest
+    fi
+    while IFS=$'\t' read -r item _; do
+        case $quote in
+        \') shown=${item//\'/\'\\\'\'} ;;
+        \") shown=${item//\\/\\\\} shown=${shown//\"/\\\"}
+            shown=${shown//\$/\\\$} shown=${shown//\`/\\\`} ;;
+        *)  printf -v shown %q "$item"
+            shown=${shown//:/\\:} shown=${shown//=/\\=} ;; # readline divides words there
+        esac
+        COMPREPLY+=("$shown")
+    done < <(command vexmoor complete -- "$plain" 2>/dev/null)
+}
+
 _vexmoor() {
     local word=${COMP_WORDS[COMP_CWORD]} command='' option='' literal='' words='' this
     local -a names=()
@@ -81,7 +119,7 @@ _vexmoor() {
         elif [[ $this == -* ]]; then
             case "$command $this" in
             ')" +
-           joined(optionsWithValue(program), "' | '") + R"(') option=$this ;;
+           joined(optionsWithValue(), "' | '") + R"(') option=$this ;;
             esac
         elif [[ -z $command ]]; then
             command=$this
@@ -92,15 +130,15 @@ _vexmoor() {
     [[ $word == = ]] && word=''
     if [[ $option ]]; then
         case "$command $option" in
-)" + optionValueBranches(program) +
+)" + optionValueBranches() +
            R"(        esac
     elif [[ -z $literal && $word == -* ]]; then
         case $command in
-)" + optionBranches(program) +
+)" + optionBranches() +
            R"(        esac
     else
         case "$command ${#names[@]}" in
-)" + argumentBranches(program) +
+)" + argumentBranches() +
            R"(        esac
     fi
     compopt +o default 2>/dev/null

@@ -1,4 +1,4 @@
-#include "CommandModel.h"
+#include "Manual.h"
 
 #include "cli/SettingDescription.h"
 
@@ -6,7 +6,9 @@ namespace vexmoor {
 
 namespace {
 
-std::string quoted(const std::string& text) {
+constexpr const char* kComplete = "complete -c vexmoor -n ";
+
+std::string singleQuoted(std::string_view text) {
     std::string result = "'";
     for (const char c : text) {
         if (c == '\'' || c == '\\')
@@ -16,39 +18,27 @@ std::string quoted(const std::string& text) {
     return result + "'";
 }
 
-std::string optionLines(const CommandModel& command, const std::string& condition) {
+std::string optionLines(const CommandDescription& command, const std::string& condition) {
     std::string text;
     for (const auto& option : command.options) {
-        text += "complete -c vexmoor -n " + quoted(condition);
-        for (const auto& name : option.names)
-            text += name.starts_with("--") ? " -l " + name.substr(2) : " -s " + name.substr(1);
-        if (!option.value.empty())
+        text += kComplete + singleQuoted(condition);
+        for (const char letter : option.letters)
+            text.append(" -s ").append(1, letter);
+        if (!option.name.empty())
+            text.append(" -l ").append(option.name);
+        if (option.takesValue())
             text += " -x";
-        if (!option.choices.empty())
-            text += " -a " + quoted(joined(option.choices, " "));
-        text += " -d " + quoted(option.description) + "\n";
+        if (option.choices != nullptr)
+            text += " -a " + singleQuoted(joined(option.choices(), " "));
+        text += " -d " + singleQuoted(option.description) + "\n";
     }
     return text;
 }
 
 std::string wordsLine(const std::string& condition, const std::vector<std::string>& words,
-                      const std::string& description) {
-    return "complete -c vexmoor -n " + quoted(condition) + " -a " + quoted(joined(words, " ")) +
-           " -d " + quoted(description) + "\n";
-}
-
-std::string argumentLines(const CommandModel& command) {
-    std::string text;
-    for (std::size_t i = 0; i < command.arguments.size(); ++i) {
-        const auto& argument = command.arguments[i];
-        if (argument.names.front() == "PATH")
-            text += "complete -c vexmoor -n '__vexmoor_at " + command.name + "' -F\n";
-        else if (!argument.choices.empty() && command.name != "settings")
-            text += wordsLine("__vexmoor_at " + command.name + " " + std::to_string(i) +
-                                  (argument.isRepeated ? " ..." : ""),
-                              argument.choices, argument.description);
-    }
-    return text;
+                      std::string_view description) {
+    return kComplete + singleQuoted(condition) + " -a " + singleQuoted(joined(words, " ")) +
+           " -d " + singleQuoted(description) + "\n";
 }
 
 std::string settingLines() {
@@ -60,9 +50,34 @@ std::string settingLines() {
     return text;
 }
 
+std::string argumentLines(const CommandDescription& command) {
+    std::string text;
+    for (std::size_t i = 0; i < command.arguments.size(); ++i) {
+        const auto& argument = command.arguments[i];
+        const auto at = "__vexmoor_at " + std::string(command.name) + " " + std::to_string(i) +
+                        (argument.isRepeated() ? " ..." : "");
+        switch (argument.kind) {
+        case Argument::Kind::choice:
+            if (command.command != Invocation::Command::settings) // each has its description there
+                text += wordsLine(at, argument.choices(), argument.description);
+            break;
+        case Argument::Kind::file:
+            text += kComplete + singleQuoted(at) + " -F\n";
+            break;
+        case Argument::Kind::binnedItem:
+            text += kComplete + singleQuoted(at) + " -k -a '(__vexmoor_items)'\n";
+            break;
+        case Argument::Kind::settingValue:
+            text += settingLines();
+            break;
+        }
+    }
+    return text;
+}
+
 } // namespace
 
-std::string fishCompletion(const CommandModel& program) {
+std::string fishCompletion() {
     std::string text = std::string("# fish completion for vexmoor. ") + kGeneratedNote + R"(
 
 # The command on the line and the names behind it, without options and their values.
@@ -77,7 +92,7 @@ function __vexmoor_words
             set isLiteral 1
         else if test -z "$isLiteral"; and string match -q -- '-*' $token
             contains -- "$command $token" ')" +
-                       joined(optionsWithValue(program), "' '") + R"('; and set isValue 1
+                       joined(optionsWithValue(), "' '") + R"('; and set isValue 1
         else
             test -n "$command"; or set command $token
             echo -- $token
@@ -97,12 +112,19 @@ function __vexmoor_at
     test "$words[2]" = "$argv[3]"
 end
 
+# The items that can be put back, newest first, with what they are.
+function __vexmoor_items
+    command -q vexmoor; or return
+    command vexmoor complete -- (commandline -ct | string unescape; or true)[1] 2>/dev/null
+end
+
 complete -c vexmoor -f
-)" + optionLines(program, "__vexmoor_at ''");
-    for (const auto& command : program.commands)
-        text += wordsLine("__vexmoor_at ''", {command.name}, command.description) +
-                optionLines(command, "__vexmoor_at " + command.name) + argumentLines(command);
-    return text + settingLines();
+)" + optionLines(programDescription(), "__vexmoor_at ''");
+    for (const auto& command : commandDescriptions())
+        text += wordsLine("__vexmoor_at ''", {std::string(command.name)}, command.summary) +
+                optionLines(command, "__vexmoor_at " + std::string(command.name)) +
+                argumentLines(command);
+    return text;
 }
 
 } // namespace vexmoor

@@ -1,4 +1,4 @@
-#include "CommandModel.h"
+#include "Manual.h"
 
 #include "cli/SettingDescription.h"
 
@@ -7,7 +7,7 @@ namespace vexmoor {
 namespace {
 
 /// A text inside the quotes of an _arguments specification, where these characters divide.
-std::string escaped(const std::string& text) {
+std::string escaped(std::string_view text) {
     std::string result;
     for (const char c : text) {
         if (c == '[' || c == ']' || c == ':' || c == '\\')
@@ -17,51 +17,64 @@ std::string escaped(const std::string& text) {
     return result;
 }
 
-std::string action(const ParameterModel& parameter) {
-    if (parameter.names.front() == "PATH")
-        return "_files";
-    return parameter.choices.empty() ? " " : "(" + joined(parameter.choices, " ") + ")";
+std::string words(Choices choices) {
+    return choices == nullptr ? " " : "(" + joined(choices(), " ") + ")";
 }
 
-std::string optionSpecifications(const std::vector<ParameterModel>& options,
-                                 const std::string& indent) {
+std::string action(const Argument& argument) {
+    switch (argument.kind) {
+    case Argument::Kind::choice:
+        return words(argument.choices);
+    case Argument::Kind::file:
+        return "_files";
+    case Argument::Kind::binnedItem:
+        return "_vexmoor_items";
+    case Argument::Kind::settingValue:
+        return "->value";
+    }
+    return " ";
+}
+
+std::string optionSpecifications(std::span<const Option> options, const std::string& indent) {
     std::string text;
     for (const auto& option : options)
-        for (const auto& name : option.names) {
-            text += indent + "'(" + joined(option.names, " ") + ")" + name;
-            if (!option.value.empty() && name.starts_with("--"))
+        for (const auto& name : option.names()) {
+            text.append(indent).append("'(").append(joined(option.names(), " ")).append(")");
+            text += name;
+            if (option.takesValue() && name.starts_with("--"))
                 text += "=";
             text += "[" + escaped(option.description) + "]";
-            if (!option.value.empty())
-                text += ":" + option.value + ":" + action(option);
+            if (option.takesValue())
+                text += ":" + std::string(option.value) + ":" + words(option.choices);
             text += "' \\\n";
         }
     return text;
 }
 
-std::string commandBranch(const CommandModel& command) {
+std::string commandBranch(const CommandDescription& command) {
     const std::string indent = "            ";
-    std::string text = "        " + command.name + ")\n" + indent + "_arguments -S -C \\\n" +
+    std::string text = "        " + std::string(command.name) + ")\n" + indent +
+                       "_arguments -s -S -C \\\n" +
                        optionSpecifications(command.options, indent + "    ");
     for (std::size_t i = 0; i < command.arguments.size(); ++i) {
         const auto& argument = command.arguments[i];
-        const bool isValue = command.name == "settings" && argument.names.front() == "VALUE";
-        text += indent + "    '" + (argument.isRepeated ? "*" : std::to_string(i + 1)) + ":" +
-                argument.names.front() + ":" + (isValue ? "->value" : action(argument)) + "' \\\n";
+        text += indent + "    '" + (argument.isRepeated() ? "*" : std::to_string(i + 1)) + ":" +
+                std::string(argument.name) + ":" + action(argument) + "' \\\n";
     }
     return text + indent + "    && return\n" + indent + ";;\n";
 }
 
-std::string commandList(const CommandModel& program) {
+std::string commandList() {
     std::string text;
-    for (const auto& command : program.commands)
-        text += "            '" + command.name + ":" + escaped(command.description) + "'\n";
+    for (const auto& command : commandDescriptions())
+        text +=
+            "            '" + std::string(command.name) + ":" + escaped(command.summary) + "'\n";
     return text;
 }
 
-std::string commandBranches(const CommandModel& program) {
+std::string commandBranches() {
     std::string text;
-    for (const auto& command : program.commands)
+    for (const auto& command : commandDescriptions())
         text += commandBranch(command);
     return text;
 }
@@ -75,25 +88,36 @@ std::string settingBranches() {
 
 } // namespace
 
-std::string zshCompletion(const CommandModel& program) {
+std::string zshCompletion() {
     return std::string("#compdef vexmoor\n# ") + kGeneratedNote + R"(
+
+# Offers the items that can be put back, newest first, with what they are; zsh quotes them.
+_vexmoor_items() {
+    local -a lines names shown
+    lines=("${(@f)$(command vexmoor complete -- "${(Q)PREFIX}" 2>/dev/null)}")
+    (( $#lines[1] )) || return 1
+    names=("${(@)lines%%$'\t'*}")
+    shown=("${(@)lines/$'\t'/  -- }")
+    compadd -V items -l -d shown -a names
+}
+
 _vexmoor() {
     local curcontext=$curcontext state line
     typeset -A opt_args
-    _arguments -S -C \
-)" + optionSpecifications(program.options, "        ") +
+    _arguments -s -S -C \
+)" + optionSpecifications(programDescription().options, "        ") +
            R"(        '1:command:->command' \
         '*:: :->arguments' && return
     case $state in
     command)
         local -a commands=(
-)" + commandList(program) +
+)" + commandList() +
            R"(        )
         _describe -t commands command commands && return
         ;;
     arguments)
         case $line[1] in
-)" + commandBranches(program) +
+)" + commandBranches() +
            R"(        esac
         ;;
     esac
