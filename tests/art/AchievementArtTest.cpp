@@ -14,7 +14,7 @@ namespace vexmoor {
 
 namespace {
 
-/// The candle's colours, told apart from the palette that painted it.
+/// The candle's colours, written independently of the palette under test.
 const std::map<std::uint32_t, char> kCandleLetters{
     {0x15151B, 'K'}, {0x33333D, 'D'}, {0x4C4C58, 'B'}, {0x7C7C8A, 'H'}, {0xC9C9D6, 'W'},
     {0x2A8F48, 'g'}, {0x4FD46F, 'G'}, {0xB9F7C4, 'L'}, {0xC9BEA2, 'O'}, {0xF1EAD8, 'X'},
@@ -38,7 +38,7 @@ std::string candleLetters(const PixelCanvas& canvas) {
     return text;
 }
 
-/// Where a coloured pixel lies against a see-through one, without the dark line between them.
+/// Returns the coloured pixels that touch a transparent one without a dark outline between.
 std::string unlinedPixels(const PixelCanvas& icon) {
     const Pixel line = *AchievementArt::palette().find('K');
     const auto isOpen = [&](int x, int y) {
@@ -77,7 +77,7 @@ TEST(AchievementArtTest, PaintsEveryPixelOfTheCandle) {
                                                                    ".....KKKKKKK....\n");
 }
 
-TEST(AchievementArtTest, EveryAchievementHasAnIconOfItsOwn) {
+TEST(AchievementArtTest, EachAchievementHasItsOwnIcon) {
     const std::vector<std::string_view> catalogue{
         "first",       "items10", "items100", "items1k",   "items10k",   "gb1",       "gb100",
         "tb1",         "big1gb",  "big50gb",  "folders10", "folders100", "folders1k", "dissolve1",
@@ -94,9 +94,9 @@ TEST(AchievementArtTest, EveryAchievementHasAnIconOfItsOwn) {
     EXPECT_EQ(ids, catalogue);
 }
 
-TEST(AchievementArtTest, NoColourTouchesTheGroundWithoutADarkLineBetween) {
+TEST(AchievementArtTest, DarkOutlineSeparatesColoursFromBackground) {
     for (const AchievementIcon& icon : AchievementArt::icons()) {
-        // The first offering's pot is cut off by the edge of the picture.
+        // The edge of the picture cuts off the first achievement's pot.
         const std::string_view expected = icon.id == "first" ? "(15 8)" : "";
         EXPECT_EQ(unlinedPixels(AchievementArt::render(icon.id, 1)), expected) << icon.id;
     }
@@ -110,7 +110,7 @@ TEST(AchievementArtTest, UnknownIdsShowThePadlock) {
         EXPECT_EQ(AchievementArt::render(id, 1), padlock) << id;
 }
 
-TEST(AchievementArtTest, EnlargesEachPixelToABlockFromScaleTwoOn) {
+TEST(AchievementArtTest, EnlargesEachPixelToABlockFromScaleTwo) {
     const PixelCanvas icon = AchievementArt::render("omnivore", 1);
     for (const int scale : {-3, 0})
         EXPECT_EQ(AchievementArt::render("omnivore", scale), icon) << scale;
@@ -125,7 +125,7 @@ TEST(AchievementArtTest, EnlargesEachPixelToABlockFromScaleTwoOn) {
     }
 }
 
-TEST(AchievementArtTest, GlowStaysTranslucentAndTheDotLeavesTheGroundClear) {
+TEST(AchievementArtTest, GlowIsTranslucentAndDotIsTransparent) {
     PixelCanvas canvas(2, 1);
     const std::string_view rows[] = {"h."};
     drawLetters(canvas, rows, AchievementArt::palette(), 0, 0);

@@ -9,7 +9,7 @@
 namespace vexmoor {
 namespace {
 
-TEST(SkinTest, IsFoundByItsExactIdAndOtherwiseIsIron) {
+TEST(SkinTest, IsFoundByExactIdOrIsIron) {
     for (const Skin& skin : Skin::all())
         EXPECT_EQ(Skin::named(skin.id).name, skin.name);
     EXPECT_EQ(Skin::named("frost").id, "frost");
@@ -17,7 +17,7 @@ TEST(SkinTest, IsFoundByItsExactIdAndOtherwiseIsIron) {
     EXPECT_EQ(Skin::named("").id, "iron");
 }
 
-TEST(SkinTest, ListsEverySkinOnceInTheOrderOfUnlocking) {
+TEST(SkinTest, ListsEachSkinOnceInOrder) {
     std::vector<std::string_view> ids;
     for (const Skin& skin : Skin::all())
         ids.push_back(skin.id);
@@ -26,7 +26,7 @@ TEST(SkinTest, ListsEverySkinOnceInTheOrderOfUnlocking) {
                        "frost", "obsidian", "abyss", "mahogany", "void", "starlight", "gold"}));
 }
 
-TEST(SkinTest, KnowsTheColourOfEveryLetterItIsDrawnWith) {
+TEST(SkinTest, HasAColourForEachUsedLetter) {
     for (const Skin& skin : Skin::all()) {
         const Palette palette = skin.palette();
         std::set<char> letters;
@@ -53,7 +53,7 @@ TEST(SkinTest, HasTransparentDotsAndATranslucentShadow) {
     EXPECT_EQ(Skin::iron().palette().find('R'), nullptr);
 }
 
-TEST(SkinTest, FillsTheFrameDownToItsLastRowWithoutLeavingIt) {
+TEST(SkinTest, FitsIntoTheFrameAndReachesItsLastRow) {
     for (const Skin& skin : Skin::all()) {
         const Skin::Body& body = skin.body;
         const int left = 1 + body.dx;
@@ -63,7 +63,7 @@ TEST(SkinTest, FillsTheFrameDownToItsLastRowWithoutLeavingIt) {
     }
 }
 
-TEST(SkinTest, SharesThePotOfIronAndCobaltButNotTheAcid) {
+TEST(SkinTest, IronAndCobaltShareThePotButNotTheAcid) {
     Skin cobalt = Skin::cobalt();
     const Skin& iron = Skin::iron();
     for (const char letter : {'K', 'D', 'B', 'H', 'W'})
