@@ -30,10 +30,10 @@ void ShutdownDelay::setWorking(bool working) {
     if (working)
         inhibit();
     else
-        m_lock = QDBusUnixFileDescriptor(); // closed: the shutdown goes on
+        m_lock = QDBusUnixFileDescriptor(); // closing it releases the delay
 }
 
-/// Nothing waits for the answer; work that is over before it comes needs no lock.
+/// Asynchronous: if the work ends before the reply, no lock is needed.
 void ShutdownDelay::inhibit() {
     if (!m_bus.isConnected())
         return;

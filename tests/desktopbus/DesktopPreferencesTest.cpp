@@ -30,10 +30,10 @@ struct DesktopPreferencesTest : testing::Test {
     [[nodiscard]] bool become(const Values& values) {
         return eventuallyInLoop([&] { return preferences->values() == values; });
     }
-    /// Lets a question and its answer pass.
-    void settleAll() const {
+    /// Waits until requests and replies have been delivered.
+    void deliverAll() const {
         for (int round = 0; round < 3; ++round)
-            test::settle({"server", "client"});
+            test::deliverMessages({"server", "client"});
     }
 
     test::PrivateBus bus;
@@ -45,7 +45,7 @@ const QString kAppearance = "org.freedesktop.appearance";
 const QString kGnome = "org.gnome.desktop.interface";
 const QString kKde = "org.kde.kdeglobals.KDE";
 
-TEST_F(DesktopPreferencesTest, ReadsWhatEachDesktopOffers) {
+TEST_F(DesktopPreferencesTest, ReadsEachDesktopsSettings) {
     struct Case {
         FakeSettingsPortal::Groups groups;
         Values values;
@@ -71,16 +71,16 @@ TEST_F(DesktopPreferencesTest, ReadsWhatEachDesktopOffers) {
          }) {
         startPortal(groups);
         startPreferences();
-        settleAll();
+        deliverAll();
         EXPECT_EQ(preferences->values(), values);
         preferences.reset();
         portal.reset();
     }
 }
 
-TEST_F(DesktopPreferencesTest, FollowsChangesAndAPortalThatComesLate) {
+TEST_F(DesktopPreferencesTest, FollowsChangesAndALatePortal) {
     startPreferences();
-    settleAll();
+    deliverAll();
     EXPECT_EQ(preferences->values(), Values());
     startPortal({{kAppearance, {{"color-scheme", 1U}}}});
     ASSERT_TRUE(become({ColorScheme::dark, false}));
@@ -92,27 +92,27 @@ TEST_F(DesktopPreferencesTest, FollowsChangesAndAPortalThatComesLate) {
     portal->set(kGnome, "enable-animations", false);
     ASSERT_TRUE(become({ColorScheme::light, true}));
     portal->set(kGnome, "font-name", "Sans 11");
-    settleAll();
+    deliverAll();
     EXPECT_EQ(changes,
               (std::vector<Values>{{ColorScheme::light, false}, {ColorScheme::light, true}}));
     portal.reset();
-    settleAll();
-    EXPECT_EQ(preferences->values(), (Values{ColorScheme::light, true})) << "they stay";
+    deliverAll();
+    EXPECT_EQ(preferences->values(), (Values{ColorScheme::light, true})) << "they are kept";
 }
 
-TEST_F(DesktopPreferencesTest, BelievesOnlyThePortal) {
+TEST_F(DesktopPreferencesTest, IgnoresSignalsOfOtherPrograms) {
     startPortal({});
     startPreferences();
-    settleAll();
+    deliverAll();
     QDBusMessage forged = QDBusMessage::createSignal(
         "/org/freedesktop/portal/desktop", "org.freedesktop.portal.Settings", "SettingChanged");
     forged << kAppearance << "color-scheme" << QVariant::fromValue(QDBusVariant(1U));
     QDBusConnection("client").send(forged);
-    settleAll();
+    deliverAll();
     EXPECT_EQ(preferences->values(), Values());
     portal->answersNonsense = true;
     portal->set(kAppearance, "color-scheme", 1U);
-    settleAll();
+    deliverAll();
     EXPECT_EQ(preferences->values(), Values());
 }
 

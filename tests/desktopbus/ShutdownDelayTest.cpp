@@ -13,7 +13,7 @@ namespace vexmoor::test {
 
 namespace {
 
-TEST(ShutdownDelay, HoldsAShutdownUpWhileThereIsWorkAndHearsOfIt) {
+TEST(ShutdownDelay, DelaysAShutdownDuringWorkAndReportsIt) {
     const PrivateBus bus;
     int ends[2] = {-1, -1};
     ASSERT_EQ(::pipe(ends), 0);
@@ -23,13 +23,13 @@ TEST(ShutdownDelay, HoldsAShutdownUpWhileThereIsWorkAndHearsOfIt) {
             auto answer = call.createReply();
             if (call.member() == QStringLiteral("Inhibit")) {
                 answer << QVariant::fromValue(QDBusUnixFileDescriptor(ends[1]));
-                ::close(ends[1]); // what was sent is another descriptor
+                ::close(ends[1]); // the message contains a duplicate
             }
             return answer;
         });
     const auto isReleased = [&] {
         char byte = 0;
-        return ::read(ends[0], &byte, 1) == 0; // no writer is left
+        return ::read(ends[0], &byte, 1) == 0; // end of file: no writer is left
     };
     ASSERT_EQ(::fcntl(ends[0], F_SETFL, O_NONBLOCK), 0);
 

@@ -37,7 +37,7 @@ using Packages = std::vector<Listed>;
 
 enum class Mishap { refuses, reports, givesUp, isSilent };
 
-/// A package service. Each of its transactions answers one question.
+/// A package service, each of whose transactions handles one request.
 class FakePackages {
   public:
     explicit FakePackages(const QDBusConnection& bus)
@@ -48,15 +48,15 @@ class FakePackages {
 
     Packages installed = {{kInstalled, "vexmoor;0.1.0-1;amd64;installed:debian"}};
     Packages updates;
-    QString failing; ///< the method that meets with the mishap
+    QString failing; ///< the method that triggers the failure
     Mishap mishap = Mishap::isSilent;
-    std::size_t answersBeforeItIsGone = SIZE_MAX; ///< for good: the bus answers then
+    std::size_t repliesBeforeExit = SIZE_MAX; ///< permanently; then the bus replies
     std::vector<QVariantList> questions;
 
   private:
     QDBusMessage answer(const QDBusMessage& call) {
         const QString transaction = QStringLiteral("/%1_transaction").arg(questions.size());
-        if (questions.size() == answersBeforeItIsGone)
+        if (questions.size() == repliesBeforeExit)
             return call.createErrorReply(QDBusError::ServiceUnknown, "nobody has that name");
         if (call.member() == failing)
             return suffer(call, transaction);
@@ -72,7 +72,7 @@ class FakePackages {
     }
 
     QDBusMessage suffer(const QDBusMessage& call, const QString& transaction) {
-        if (mishap == Mishap::isSilent) // after having taken the question
+        if (mishap == Mishap::isSilent) // after accepting the request
             return call.member() == "CreateTransaction" ? QDBusMessage() : call.createReply();
         if (mishap == Mishap::refuses)
             return call.createErrorReply("org.freedesktop.PackageKit.Denied", "not for you");
@@ -116,19 +116,19 @@ class UpdaterTest : public testing::Test {
                       std::chrono::milliseconds deadline = Updater::kDeadline) {
         m_updater.emplace(bus, "/usr/bin/vexmoor-desktop", deadline);
         QObject::connect(&*m_updater, &Updater::finished, &*m_updater,
-                         [this](const UpdateCheck& check) { m_told << sentenceFor(check); });
+                         [this](const UpdateCheck& check) { m_results << sentenceFor(check); });
     }
 
     [[nodiscard]] QString check() {
-        m_told.clear();
+        m_results.clear();
         m_updater->checkForUpdates();
-        EXPECT_TRUE(m_told.isEmpty()) << "it waited";
-        return told();
+        EXPECT_TRUE(m_results.isEmpty()) << "the call blocked";
+        return result();
     }
 
-    [[nodiscard]] QString told() {
-        EXPECT_TRUE(eventuallyInLoop([this] { return !m_told.isEmpty(); }));
-        return m_told.join(" | ");
+    [[nodiscard]] QString result() {
+        EXPECT_TRUE(eventuallyInLoop([this] { return !m_results.isEmpty(); }));
+        return m_results.join(" | ");
     }
 
     [[nodiscard]] bool serviceIsCalled(const QString& method) {
@@ -138,10 +138,10 @@ class UpdaterTest : public testing::Test {
     test::PrivateBus m_bus;
     std::optional<FakePackages> m_packages;
     std::optional<Updater> m_updater;
-    QStringList m_told;
+    QStringList m_results;
 };
 
-TEST_F(UpdaterTest, TellsWhatTheServiceKnowsOfOurPackage) {
+TEST_F(UpdaterTest, ReportsTheStateOfOurPackage) {
     const struct {
         Packages installed;
         Packages updates;
@@ -177,7 +177,7 @@ TEST_F(UpdaterTest, TellsWhatTheServiceKnowsOfOurPackage) {
     }
 }
 
-TEST_F(UpdaterTest, AsksForTheInstalledOwnerOfTheProgramThenForAllUpdates) {
+TEST_F(UpdaterTest, RequestsTheInstalledOwnerThenAllUpdates) {
     startService();
     startUpdater();
     ASSERT_EQ(check(), "Vexmoor 0.1.0 is up to date.");
@@ -188,7 +188,7 @@ TEST_F(UpdaterTest, AsksForTheInstalledOwnerOfTheProgramThenForAllUpdates) {
     EXPECT_EQ(m_packages->questions, questions);
 }
 
-TEST_F(UpdaterTest, TellsWhyTheServiceFailed) {
+TEST_F(UpdaterTest, ReportsTheServicesErrors) {
     const QString refused = "The system's package service reports: not for you";
     const QString reported = "The system's package service reports: the lists are broken";
     const QString gaveUp = "The system's package service gave up and did not say why.";
@@ -212,27 +212,27 @@ TEST_F(UpdaterTest, TellsWhyTheServiceFailed) {
     }
 }
 
-TEST_F(UpdaterTest, TellsWhenTheServiceDiesMidway) {
+TEST_F(UpdaterTest, ReportsAServiceThatExitsDuringARequest) {
     startUpdater();
     for (const char* method : {"CreateTransaction", "SearchFiles", "GetUpdates"}) {
         startService();
         m_packages->failing = method;
-        m_told.clear();
+        m_results.clear();
         m_updater->checkForUpdates();
         ASSERT_TRUE(serviceIsCalled(method));
         killService();
-        EXPECT_EQ(told(), kStopped) << method;
+        EXPECT_EQ(result(), kStopped) << method;
     }
 }
 
-TEST_F(UpdaterTest, TellsWhenTheServiceIsGoneBetweenItsTwoAnswers) {
+TEST_F(UpdaterTest, ReportsAServiceThatExitsBetweenItsReplies) {
     startService();
     startUpdater();
-    m_packages->answersBeforeItIsGone = 1;
+    m_packages->repliesBeforeExit = 1;
     EXPECT_EQ(check(), kStopped);
 }
 
-TEST_F(UpdaterTest, CallsTheQuestionOffAtItsDeadline) {
+TEST_F(UpdaterTest, CancelsTheRequestAtTheDeadline) {
     startService();
     startUpdater(50ms);
     for (const char* method : {"SearchFiles", "GetUpdates"}) {
@@ -243,21 +243,21 @@ TEST_F(UpdaterTest, CallsTheQuestionOffAtItsDeadline) {
     }
 }
 
-TEST_F(UpdaterTest, MakesOneCheckAtATime) {
+TEST_F(UpdaterTest, RunsOneCheckAtATime) {
     startService();
     startUpdater();
     m_updater->checkForUpdates();
     m_updater->checkForUpdates();
     ASSERT_TRUE(serviceIsCalled("SearchFiles"));
     m_updater->checkForUpdates();
-    EXPECT_EQ(told(), "Vexmoor 0.1.0 is up to date.");
-    test::settle({"client", "server", "client"});
-    EXPECT_EQ(m_told.size(), 1);
+    EXPECT_EQ(result(), "Vexmoor 0.1.0 is up to date.");
+    test::deliverMessages({"client", "server", "client"});
+    EXPECT_EQ(m_results.size(), 1);
     EXPECT_EQ(m_packages->calls().count("CreateTransaction"), 2);
     EXPECT_EQ(check(), "Vexmoor 0.1.0 is up to date.") << "the next check";
 }
 
-TEST_F(UpdaterTest, TellsNobodyWhenItIsGone) {
+TEST_F(UpdaterTest, EmitsNothingAfterDestruction) {
     startService();
     m_packages->failing = "SearchFiles";
     startUpdater();
@@ -265,17 +265,17 @@ TEST_F(UpdaterTest, TellsNobodyWhenItIsGone) {
     ASSERT_TRUE(serviceIsCalled("SearchFiles"));
     m_updater.reset();
     EXPECT_TRUE(serviceIsCalled("Cancel"));
-    EXPECT_TRUE(m_told.isEmpty());
+    EXPECT_TRUE(m_results.isEmpty());
 }
 
-TEST_F(UpdaterTest, KnowsThatThereIsNobodyToAsk) {
+TEST_F(UpdaterTest, ReportsAMissingService) {
     startUpdater();
     EXPECT_EQ(check(), kNoService) << "no service";
     startUpdater(QDBusConnection("there is none"));
     EXPECT_EQ(check(), kNoService) << "no bus";
 }
 
-TEST_F(UpdaterTest, CallsACheckOffAndMakesAnother) {
+TEST_F(UpdaterTest, CanCancelACheckAndStartAnother) {
     startService();
     startUpdater();
     QList<bool> states;
@@ -290,7 +290,7 @@ TEST_F(UpdaterTest, CallsACheckOffAndMakesAnother) {
     EXPECT_FALSE(m_updater->isChecking());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     ASSERT_TRUE(serviceIsCalled("Cancel"));
-    EXPECT_TRUE(m_told.isEmpty());
+    EXPECT_TRUE(m_results.isEmpty());
     m_packages->failing.clear();
     m_packages->questions.clear();
     EXPECT_EQ(check(), "Vexmoor 0.1.0 is up to date.");
@@ -300,10 +300,10 @@ TEST_F(UpdaterTest, CallsACheckOffAndMakesAnother) {
     m_updater->checkForUpdates();
     m_updater->cancel();
     QCoreApplication::processEvents();
-    EXPECT_EQ(m_told.size(), 1) << "the answer for no bus was called off too";
+    EXPECT_EQ(m_results.size(), 1) << "the result without a bus was not cancelled";
 }
 
-TEST_F(UpdaterTest, HasItsServiceStartedWhereTheBusCan) {
+TEST_F(UpdaterTest, ActivatesTheService) {
     const test::PrivateBus bus(test::PrivateBus::Services::installed);
     const auto starter =
         QDBusConnection::connectToBus(QString::fromStdString(bus.address()), "starter");

@@ -16,11 +16,12 @@ bool isInstalled() {
         "/usr/share/dbus-1/services/org.xfce.Tumbler.Thumbnailer1.service");
 }
 
-TEST(Tumbler, MakesThePreviewOfAPictureAndThenItIsFound) {
+TEST(Tumbler, MakesAPreviewThatIsFoundInTheCache) {
     if (!isInstalled())
         GTEST_SKIP() << "tumbler is not installed";
     const test::TemporaryDirectory folder;
-    const test::PrivateBus bus(test::PrivateBus::Services::installed); // started when first called
+    const test::PrivateBus bus(
+        test::PrivateBus::Services::installed); // activated by the first call
     const auto client =
         QDBusConnection::connectToBus(QString::fromStdString(bus.address()), "tumbler");
     const Path item = folder / "wide & 100% blue.png";
