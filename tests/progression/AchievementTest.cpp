@@ -9,7 +9,7 @@
 namespace vexmoor::test {
 namespace {
 
-TEST(Achievement, StandsInTheCatalogueWithItsUnitTargetAndReward) {
+TEST(Achievement, CatalogueHasUnitTargetAndReward) {
     std::ostringstream catalogue;
     for (const auto& achievement : Achievement::all()) {
         constexpr const char* kUnits[] = {"count", "bytes", "days"};
@@ -41,7 +41,7 @@ TEST(Achievement, StandsInTheCatalogueWithItsUnitTargetAndReward) {
                                "omnivore count 25 -\n");
 }
 
-TEST(Achievement, MeasuresItsOwnPartOfTheProgress) {
+TEST(Achievement, MeasuresItsField) {
     Progress progress;
     progress.items = 1;
     progress.bytes = 2;
@@ -56,7 +56,7 @@ TEST(Achievement, MeasuresItsOwnPartOfTheProgress) {
         measures.push_back(achievement.progress(progress));
     EXPECT_THAT(measures,
                 testing::ElementsAre(1, 1, 1, 1, 1, 2, 2, 2, 3, 3, 4, 4, 4, 5, 5, 7, 7, 7, 8));
-    progress.streak = 9; // of a record that somebody edited
+    progress.streak = 9; // as in a manually edited record
     EXPECT_EQ(Achievement::all()[15].progress(progress), 9);
 }
 
