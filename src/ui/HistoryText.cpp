@@ -17,7 +17,7 @@ bool isDeleted(const Sacrifice& item) {
     return item.mode == DisposeMode::dissolve || item.deleted.has_value();
 }
 
-/// In the C locale the short form has seconds too.
+/// Removes the seconds that the C locale's short format includes.
 QString shortTime(const QLocale& locale) {
     return locale.timeFormat(QLocale::ShortFormat).remove(QStringLiteral(":ss"));
 }

@@ -12,7 +12,7 @@ namespace vexmoor {
 
 class CauldronDemoView;
 
-/// The picture of the walkthrough's page. A new one fades in, unless the user wants no motion. Main
+/// The picture of a walkthrough page. A new picture fades in, except with reduced motion. Main
 /// thread.
 class OnboardingPicture : public QWidget {
     Q_OBJECT
@@ -22,7 +22,7 @@ class OnboardingPicture : public QWidget {
 
     void setSkin(const Skin& skin);
 
-    /// `text` is what the drawn window says.
+    /// `text` is shown in the drawn window.
     void show(Onboarding::Picture picture, const QString& text);
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -39,7 +39,7 @@ class OnboardingPicture : public QWidget {
     Onboarding::Picture m_picture = Onboarding::Picture::demo;
     QString m_text;
     CauldronDemoView* m_demo;
-    QWidget* m_veil; ///< shows the picture before, fading
+    QWidget* m_veil; ///< shows the previous picture while it fades out
     QVariantAnimation m_fade;
 };
 

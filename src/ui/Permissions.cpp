@@ -45,7 +45,7 @@ std::vector<PermissionNotice> PermissionNotice::of(const Permissions& permission
         notices.push_back({tr("Needs Accessibility access for the Dock tile and the ⌘⌫ shortcut."),
                            tr("Open Settings"), Remedy::accessibilitySettings});
     if (!permissions.keyIsPossible)
-        return notices; // the setting's row says so
+        return notices; // the setting's row shows this
     if (permissions.automation != AutomationStatus::granted)
         notices.push_back(
             {tr("⌘⌫ needs permission to ask Finder for the selection."),

@@ -20,11 +20,11 @@ namespace {
 using namespace test;
 using testing::ElementsAre;
 
-/// One line an item: its menu, title and key; a dash for a separator.
+/// Returns one line per item: its menu, title and shortcut; a dash for a separator.
 std::vector<std::string> linesOf(const QMenuBar& bar) {
     std::vector<std::string> lines;
     for (const QAction* const menu : bar.actions()) {
-        EXPECT_TRUE(menu->text().startsWith('&')) << "the keyboard reaches it";
+        EXPECT_TRUE(menu->text().startsWith('&')) << "the menu needs a mnemonic";
         const QString name = menu->text().mid(1);
         for (const QAction* const item : menu->menu()->actions())
             lines.push_back(item->isSeparator()
@@ -46,7 +46,7 @@ struct MainMenuTest : WindowFixture {
         ADD_FAILURE() << "no " << title.toStdString();
         return nullptr;
     }
-    /// The Edit items that can be chosen.
+    /// Returns the enabled Edit items.
     [[nodiscard]] std::string editing() const {
         QStringList enabled;
         for (const char* const title : {"Cut", "Copy", "Paste", "Select All"})
@@ -66,7 +66,7 @@ struct MainMenuTest : WindowFixture {
     std::unique_ptr<QMenuBar> bar{menu.makeBar()};
 };
 
-TEST_F(MainMenuTest, HasItsItemsInTheirOrder) {
+TEST_F(MainMenuTest, HasItsItemsInOrder) {
     EXPECT_THAT(linesOf(*bar),
                 ElementsAre("Vexmoor: About Vexmoor", "Vexmoor: Check for Updates…", "Vexmoor: -",
                             "Vexmoor: Vexmoor… Ctrl+,", "Vexmoor: Set Up Permissions…",
@@ -92,7 +92,7 @@ TEST_F(MainMenuTest, OffersToUndoTheNewestActionByItsName) {
     EXPECT_FALSE(item("Redo")->isEnabled());
 }
 
-TEST_F(MainMenuTest, EditsWhatHasTheFocusWhereItCanTakeIt) {
+TEST_F(MainMenuTest, EditCommandsApplyToTheFocusedField) {
     QWidget window;
     auto* const column = new QVBoxLayout(&window);
     auto* const field = new QLineEdit("text");
@@ -130,13 +130,13 @@ TEST_F(MainMenuTest, EditsWhatHasTheFocusWhereItCanTakeIt) {
     EXPECT_EQ(editing(), "");
 }
 
-TEST_F(MainMenuTest, GivesItsKeysToEachWindowAndActsOnTheActiveOne) {
+TEST_F(MainMenuTest, AddsItsShortcutsToEachWindowAndActsOnTheActiveOne) {
     QMainWindow first;
     QWidget second;
     first.setMenuBar(menu.makeBar());
     menu.addTo(first);
     menu.addTo(second);
-    menu.addTo(second); // an About panel comes back
+    menu.addTo(second); // windows are added each time they open
     int opened = 0;
     QObject::connect(&menu, &MainMenu::statsChosen, &menu, [&] { ++opened; });
     const auto pressKey = [](Qt::Key key) {

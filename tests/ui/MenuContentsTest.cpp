@@ -15,7 +15,7 @@ using Kind = MenuEntry::Kind;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-/// "[x] title" for what is on, "(title)" for what cannot be chosen.
+/// Formats checked entries as "[x] title" and disabled ones as "(title)".
 std::string lineOf(const MenuEntry& entry) {
     switch (entry.kind) {
     case Kind::header:
@@ -71,7 +71,7 @@ struct MenuContentsTest : WindowFixture {
                            [this] { return isChecking; }}};
 };
 
-TEST_F(MenuContentsTest, HasItsEntriesInTheirOrder) {
+TEST_F(MenuContentsTest, HasItsEntriesInOrder) {
     EXPECT_EQ(linesOf(contents.entries()), R"(header
 -
 # Quick Actions
@@ -95,7 +95,7 @@ Quit Vexmoor
 )");
 }
 
-TEST_F(MenuContentsTest, FollowsWhatHoldsAtTheMoment) {
+TEST_F(MenuContentsTest, ReflectsTheCurrentState) {
     canFeed = false;
     canPutBack = true;
     isChecking = true;
@@ -137,7 +137,7 @@ TEST_F(MenuContentsTest, NamesTheBatchThatIsPutBack) {
     EXPECT_FALSE(entry("Put Back Last Sacrifice").isEnabled);
 }
 
-TEST_F(MenuContentsTest, SwitchesWhatIsChosenAndReadsItThen) {
+TEST_F(MenuContentsTest, TogglesTheCurrentSetting) {
     const struct {
         const char* title;
         Setting<bool> Settings::*setting;
@@ -148,7 +148,7 @@ TEST_F(MenuContentsTest, SwitchesWhatIsChosenAndReadsItThen) {
     settings.mode.set(DisposeMode::dissolve);
     for (const auto& [title, setting] : kSwitches) {
         const MenuEntry shown = entry(title);
-        (settings.*setting).set(false); // elsewhere, while the menu is open
+        (settings.*setting).set(false); // changed elsewhere while the menu is open
         shown.run();
         EXPECT_TRUE((settings.*setting).get()) << title;
         choose(title);
@@ -201,7 +201,7 @@ TEST_F(MenuContentsTest, ChecksTheChosenSkin) {
                 testing::StartsWith("[ ] Iron\n[ ] Copper\n[x] Cobalt\n"));
 }
 
-TEST_F(MenuContentsTest, ReportsWhatIsAskedFor) {
+TEST_F(MenuContentsTest, EmitsTheSignalOfEachEntry) {
     std::vector<std::string> chosen;
     const auto note = [&](auto signal, const char* name) {
         QObject::connect(&contents, signal, &contents, [&chosen, name] { chosen.push_back(name); });
@@ -221,7 +221,7 @@ TEST_F(MenuContentsTest, ReportsWhatIsAskedFor) {
                 ElementsAre("feed", "put back", "flames", "bin", "stats", "updates", "quit"));
 }
 
-TEST_F(MenuContentsTest, CountsInItsHeader) {
+TEST_F(MenuContentsTest, HeaderShowsTheTotals) {
     const auto textNow = [this] {
         const auto text = MenuStatsText::of(ledger, progression.progress(), clock.now);
         return text.line().toStdString() + "\n" + text.caption.toStdString();

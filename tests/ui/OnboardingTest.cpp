@@ -62,14 +62,14 @@ struct OnboardingTest : testing::Test {
 
 using Tick = Onboarding::Tick;
 
-/// As they are shown.
+/// Returns the texts as displayed.
 std::vector<std::string> shown(std::vector<std::string> texts) {
     for (auto& each : texts)
         each = text(each);
     return texts;
 }
 
-TEST_F(OnboardingTest, LeadsThroughFivePagesThatCanAllBeSkipped) {
+TEST_F(OnboardingTest, HasFivePagesThatCanBeSkipped) {
     Onboarding& walk = start();
     const struct {
         Page page;
@@ -126,7 +126,7 @@ TEST_F(OnboardingTest, LeadsThroughFivePagesThatCanAllBeSkipped) {
     EXPECT_EQ(changes, 4);
 }
 
-TEST_F(OnboardingTest, SaysOfThePermissionsWhatIsTrueInEachSession) {
+TEST_F(OnboardingTest, DescribesThePermissionsOfEachSession) {
     const Tick kAllowed{true, "Allowed", {}};
     const Tick kNotYet{false, "Not allowed yet", {}};
     const auto with = [](Tick tick, const std::string& note) {
@@ -192,7 +192,7 @@ TEST_F(OnboardingTest, SaysOfThePermissionsWhatIsTrueInEachSession) {
     }
 }
 
-TEST_F(OnboardingTest, NamesAtTheEndOnlyWhatWorks) {
+TEST_F(OnboardingTest, LastPageNamesOnlyWhatWorks) {
     const std::string kKey = "Drop files on the Dock icon, or press ⌘⌫ in Finder.";
     const std::string kMenu =
         "Drop files on the Dock icon, or right-click them and choose Services > Feed to Vexmoor.";
@@ -222,7 +222,7 @@ TEST_F(OnboardingTest, NamesAtTheEndOnlyWhatWorks) {
 TEST_F(OnboardingTest, FollowsTheSessionWhileAPageIsOpen) {
     Onboarding& walk = start(Page::accessibility);
     walk.poll();
-    EXPECT_EQ(changes, 0) << "nothing is new";
+    EXPECT_EQ(changes, 0) << "nothing changed";
     walk.primaryAction();
     EXPECT_THAT(calls, ElementsAre("accessibility"));
     facts.accessible = true;
@@ -247,7 +247,7 @@ TEST_F(OnboardingTest, AsksForAutomationOnceAndThenOpensItsSettings) {
     EXPECT_EQ(walk.page(), Page::folders);
 }
 
-TEST_F(OnboardingTest, LooksAtTheFoldersWhenToldToAndSaysWhichAreMissing) {
+TEST_F(OnboardingTest, ProbesTheFoldersOnRequestAndNamesMissingOnes) {
     Onboarding& walk = start(Page::folders);
     EXPECT_EQ(walk.status(),
               (Onboarding::Status{
@@ -256,7 +256,7 @@ TEST_F(OnboardingTest, LooksAtTheFoldersWhenToldToAndSaysWhichAreMissing) {
     walk.openFolderSettings();
     walk.primaryAction();
     EXPECT_THAT(calls, ElementsAre("probe"));
-    EXPECT_THAT(buttons(), ElementsAre("Skip", "Allow…")) << "there is no answer yet";
+    EXPECT_THAT(buttons(), ElementsAre("Skip", "Allow…")) << "the probe has not completed";
     probed(kTwo);
     EXPECT_EQ(changes, 1);
     Onboarding::Status status{
@@ -270,7 +270,7 @@ TEST_F(OnboardingTest, LooksAtTheFoldersWhenToldToAndSaysWhichAreMissing) {
     EXPECT_EQ(walk.page(), Page::ready);
 }
 
-TEST_F(OnboardingTest, LooksAtTheFoldersAtOnceIfThatWasDoneBefore) {
+TEST_F(OnboardingTest, ProbesTheFoldersImmediatelyIfDoneBefore) {
     foldersWereAsked = true;
     Onboarding& walk = start(Page::folders);
     EXPECT_THAT(calls, ElementsAre("probe"));
@@ -279,14 +279,14 @@ TEST_F(OnboardingTest, LooksAtTheFoldersAtOnceIfThatWasDoneBefore) {
     EXPECT_EQ(walk.status().link, "");
 }
 
-TEST_F(OnboardingTest, IsNotReachedByAnswersThatComeAfterItsEnd) {
+TEST_F(OnboardingTest, IgnoresCompletionsAfterDestruction) {
     start(Page::automation).primaryAction();
     onboarding->next();
     onboarding->primaryAction();
     onboarding.reset();
     answer();
     probed(kAll);
-    EXPECT_EQ(changes, 1) << "by the move to the next page alone";
+    EXPECT_EQ(changes, 1) << "only by advancing the page";
 }
 
 } // namespace

@@ -14,7 +14,7 @@ namespace {
 
 using namespace test;
 
-TEST(PermissionNoticeTest, SaysWhatIsMissingAndHowItIsMended) {
+TEST(PermissionNoticeTest, NamesTheProblemAndItsRemedy) {
     using Kind = Permissions::KeyHint::Kind;
     using Remedy = PermissionNotice::Remedy;
     using Reports = Permissions::FocusReports;
@@ -96,11 +96,11 @@ struct SettingsTabTest : TabFixture {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return tab.findChildren<Notice*>();
     }
-    /// Of the only notice.
+    /// Presses the button of the only notice.
     void pressButton() const { notices().first()->findChild<AccentButton*>()->click(); }
 };
 
-TEST_F(SettingsTabTest, EachSwitchIsItsSettingBothWays) {
+TEST_F(SettingsTabTest, SwitchesAndSettingsFollowEachOther) {
     struct Case {
         const char* label;
         const char* captionOn;
@@ -148,7 +148,7 @@ TEST_F(SettingsTabTest, EachSwitchIsItsSettingBothWays) {
     }
 }
 
-TEST_F(SettingsTabTest, AClickOnTheTextSwitches) {
+TEST_F(SettingsTabTest, ClickingTheTextTogglesTheSwitch) {
     tab.resize(360, 450);
     tab.show();
     auto* const row = tab.findChildren<SettingRow*>()[2];
@@ -159,18 +159,18 @@ TEST_F(SettingsTabTest, AClickOnTheTextSwitches) {
         QCoreApplication::sendEvent(row, &event);
     }
     EXPECT_FALSE(settings.sound.get());
-    EXPECT_EQ(row->grab().toImage(), on) << "the knob begins where it was";
+    EXPECT_EQ(row->grab().toImage(), on) << "the knob starts at its previous position";
     EXPECT_TRUE(eventuallyInLoop([&] { return row->grab().toImage() != on; }));
 }
 
-TEST_F(SettingsTabTest, AFocusedSwitchHasARing) {
+TEST_F(SettingsTabTest, FocusedSwitchHasARing) {
     focus(tab, switches[1]);
     const QImage ringed = switches[1]->grab().toImage();
     switches[2]->setFocus(Qt::TabFocusReason);
     EXPECT_NE(switches[1]->grab().toImage(), ringed);
 }
 
-TEST_F(SettingsTabTest, NoticesComeAndGoWithThePermissions) {
+TEST_F(SettingsTabTest, NoticesFollowThePermissions) {
     tab.show();
     EXPECT_TRUE(notices().isEmpty());
     std::vector<std::string> asked;
@@ -211,7 +211,7 @@ TEST_F(SettingsTabTest, NoticesComeAndGoWithThePermissions) {
     EXPECT_FALSE(buttons[0]->isVisible());
 }
 
-TEST_F(SettingsTabTest, AKeyThatCannotWorkHasNoSwitch) {
+TEST_F(SettingsTabTest, ImpossibleKeyHasNoSwitch) {
     tab.show();
     Permissions permissions;
     permissions.keyIsPossible = false;

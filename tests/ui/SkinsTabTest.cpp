@@ -50,7 +50,7 @@ struct SkinsTabTest : TabFixture {
     }
 };
 
-TEST_F(SkinsTabTest, LockedSkinsSayHowTheyAreEarned) {
+TEST_F(SkinsTabTest, LockedSkinsShowHowToUnlockThem) {
     tab.show();
     ASSERT_EQ(cards.size(), std::ssize(Skin::all()));
     EXPECT_EQ(description(card(Skin::iron())), "The one you started with.");
@@ -62,14 +62,14 @@ TEST_F(SkinsTabTest, LockedSkinsSayHowTheyAreEarned) {
     EXPECT_EQ(progression.progress().skin, "iron");
 }
 
-TEST_F(SkinsTabTest, AClickChooses) {
+TEST_F(SkinsTabTest, ClickingSelects) {
     progression.unlockAll();
     tab.show();
     EXPECT_EQ(description(card(Skin::gold())).toStdString(), Skin::gold().blurb);
     click(card(Skin::gold()));
     EXPECT_EQ(progression.progress().skin, "gold");
     click(card(Skin::gold()));
-    progression.select(Skin::frost()); // elsewhere
+    progression.select(Skin::frost()); // changed elsewhere
     for (auto* const each : cards) {
         const bool isChosen = each == card(Skin::frost());
         EXPECT_EQ(face(each).state().checked, isChosen);
@@ -79,8 +79,8 @@ TEST_F(SkinsTabTest, AClickChooses) {
     EXPECT_EQ(spoken(card(Skin::frost())), "Frost");
 }
 
-TEST_F(SkinsTabTest, ArrowsGoThroughTheGridPastWhatIsLocked) {
-    feed(std::vector<std::int64_t>(1000, 2'000'000)); // copper, cobalt, witchfire, lava
+TEST_F(SkinsTabTest, ArrowKeysSkipLockedSkins) {
+    feed(std::vector<std::int64_t>(1000, 2'000'000)); // unlocks copper, cobalt, witchfire, lava
     focus(tab, card(Skin::iron()));
     const std::pair<Qt::Key, const Skin*> steps[] = {
         {Qt::Key_Left, &Skin::iron()},      {Qt::Key_Right, &Skin::copper()},
@@ -93,14 +93,14 @@ TEST_F(SkinsTabTest, ArrowsGoThroughTheGridPastWhatIsLocked) {
         press(*QApplication::focusWidget(), key);
         EXPECT_TRUE(card(*skin)->hasFocus()) << skin->id;
     }
-    EXPECT_EQ(progression.progress().skin, "iron") << "moving does not choose";
+    EXPECT_EQ(progression.progress().skin, "iron") << "moving does not select";
     press(*card(Skin::copper()), Qt::Key_Return);
     EXPECT_EQ(progression.progress().skin, "copper");
     press(*card(Skin::lava()), Qt::Key_Space);
     EXPECT_EQ(progression.progress().skin, "lava");
 }
 
-TEST_F(SkinsTabTest, ArrowsAreMirroredWithTheGrid) {
+TEST_F(SkinsTabTest, ArrowKeysAreMirroredWithTheGrid) {
     progression.unlockAll();
     tab.setLayoutDirection(Qt::RightToLeft);
     focus(tab, card(Skin::iron()));
@@ -109,7 +109,7 @@ TEST_F(SkinsTabTest, ArrowsAreMirroredWithTheGrid) {
     EXPECT_TRUE(card(Skin::copper())->hasFocus());
 }
 
-TEST_F(SkinsTabTest, AnUnlockedSkinWakesUp) {
+TEST_F(SkinsTabTest, UnlockedSkinFadesIn) {
     tab.resize(360, 450);
     tab.show();
     const auto picture = [this] { return card(Skin::copper())->grab().toImage(); };
@@ -118,7 +118,7 @@ TEST_F(SkinsTabTest, AnUnlockedSkinWakesUp) {
                        Skin::copper().bodyColour.b);
     EXPECT_FALSE(holds(asleep, metal));
     feed(std::vector<std::int64_t>(10, 1));
-    EXPECT_FALSE(holds(picture(), metal)) << "it begins where it was";
+    EXPECT_FALSE(holds(picture(), metal)) << "it starts as a silhouette";
     EXPECT_TRUE(eventuallyInLoop([&] { return holds(picture(), metal); }));
 }
 

@@ -43,7 +43,7 @@ struct StatsWindowTest : WindowFixture {
         };
     }
 
-    /// Feeds files of these names to the Bin, the last one newest.
+    /// Feeds files of these names to the Bin; the last one is the newest.
     void feedFiles(const std::vector<std::string>& names) {
         std::vector<Sacrifice> items;
         for (const auto& name : names)
@@ -97,9 +97,9 @@ struct StatsWindowTest : WindowFixture {
             timers, [](const ManualTimer* timer) { return timer->fire != nullptr; }));
     }
 
-    std::vector<Sacrifice> older; ///< in the Bin, not among the recent ones
+    std::vector<Sacrifice> older; ///< in the Bin but not among the recent ones
     Permissions permissions;
-    QStringList log; ///< of what the window asked for
+    QStringList log; ///< the window's requests
     StatsWindow window{{ledger,
                         settings,
                         progression,
@@ -116,10 +116,10 @@ struct StatsWindowTest : WindowFixture {
     HistoryList& list = *window.findChild<HistoryList*>();
 };
 
-TEST_F(StatsWindowTest, FollowsTheStoresWhileItIsShownAndCatchesUpWhenItIsShownAgain) {
+TEST_F(StatsWindowTest, FollowsTheStoresWhileVisibleAndUpdatesWhenShown) {
     const auto& chart = *window.findChild<WeekChart*>();
     feedFiles({"a"});
-    EXPECT_EQ(chart.caption(), "") << "a hidden window does nothing";
+    EXPECT_EQ(chart.caption(), "") << "a hidden window does not update";
     show();
     EXPECT_EQ(chart.caption(), "Today · 1 item · 1 KB");
     EXPECT_EQ(rows(), QStringList({"a"}));
@@ -132,7 +132,7 @@ TEST_F(StatsWindowTest, FollowsTheStoresWhileItIsShownAndCatchesUpWhenItIsShownA
     settings.mode.set(DisposeMode::dissolve);
     QCoreApplication::processEvents();
     EXPECT_TRUE(badge.isVisible());
-    EXPECT_EQ(QRect(list.mapTo(&window, QPoint()), list.size()), place) << "nothing jumps";
+    EXPECT_EQ(QRect(list.mapTo(&window, QPoint()), list.size()), place) << "the list must not move";
     badge.click();
     EXPECT_EQ(view.tab(), StatsView::Tab::settings);
     clock.now = utc("2026-11-23 00:00:01");
@@ -143,7 +143,7 @@ TEST_F(StatsWindowTest, FollowsTheStoresWhileItIsShownAndCatchesUpWhenItIsShownA
         list.model()->index(0, 0).data(HistoryModel::statusRole).toString().endsWith("yesterday"));
 }
 
-TEST_F(StatsWindowTest, RunsNoTimerWhileItIsHiddenAndStartsAgainOnTheHistory) {
+TEST_F(StatsWindowTest, StopsItsTimersWhileHiddenAndReopensOnTheHistory) {
     feedFiles({"a", "b"});
     EXPECT_EQ(running(), 0);
     show();
@@ -159,12 +159,12 @@ TEST_F(StatsWindowTest, RunsNoTimerWhileItIsHiddenAndStartsAgainOnTheHistory) {
     EXPECT_FALSE(window.findChild<QLineEdit*>()->isVisible());
 }
 
-TEST_F(StatsWindowTest, PutsBackAndDeletesByKeyboardAlone) {
+TEST_F(StatsWindowTest, PutsBackAndDeletesByKeyboard) {
     feedFiles({"a", "b", "c"});
     show();
     ASSERT_TRUE(list.hasFocus());
     type("Return");
-    EXPECT_EQ(log, QStringList("restore c")) << "the row with the focus";
+    EXPECT_EQ(log, QStringList("restore c")) << "the focused row";
     log.clear();
     type("Down, Shift+Down");
     EXPECT_EQ(buttons(), QStringList({"Restore 2 Files", "Delete 2 Files…", "Test the flames"}));
@@ -184,7 +184,7 @@ TEST_F(StatsWindowTest, PutsBackAndDeletesByKeyboardAlone) {
     EXPECT_EQ(log.last(), "test");
 }
 
-TEST_F(StatsWindowTest, SelectsWhatCanBePutBackInTheOrderOfTheList) {
+TEST_F(StatsWindowTest, ReturnsRestorableItemsInListOrder) {
     feedFiles({"a", "b", "c", "d"});
     show();
     ledger.mark({}, {idOf(1)}, {});
@@ -212,9 +212,9 @@ TEST_F(StatsWindowTest, PutsBackByTheButtonOfARowAndByItsAccessibleAction) {
     };
     click(0);
     EXPECT_EQ(log, QStringList("restore b"));
-    EXPECT_THAT(list.picked(), IsEmpty()) << "a press of the button picks nothing";
+    EXPECT_THAT(list.picked(), IsEmpty()) << "pressing the button must not select";
     click(1);
-    EXPECT_EQ(log.size(), 1) << "there is no button";
+    EXPECT_EQ(log.size(), 1) << "the row has no button";
 
     auto* const face = QAccessible::queryAccessibleInterface(&list);
     EXPECT_EQ(face->role(), QAccessible::List);
@@ -231,13 +231,13 @@ TEST_F(StatsWindowTest, PutsBackByTheButtonOfARowAndByItsAccessibleAction) {
     EXPECT_TRUE(row->state().selected);
     EXPECT_EQ(face->indexOfChild(row), 0);
     feedFiles({"c"});
-    EXPECT_EQ(face->indexOfChild(row), 1) << "it follows its item";
+    EXPECT_EQ(face->indexOfChild(row), 1) << "the accessible row must follow its item";
     feedFiles(std::vector<std::string>(Ledger::kMaxRecent, "x"));
     EXPECT_FALSE(row->isValid());
     EXPECT_EQ(row->text(QAccessible::Name), "");
 }
 
-TEST_F(StatsWindowTest, FiltersByNameAmongOlderItemsToo) {
+TEST_F(StatsWindowTest, FilterIncludesOlderItems) {
     feedFiles({"Notes.txt", "image.png"});
     older = {fileNamed("old NOTES"), fileNamed("other"), ledger.recent.get()[1]};
     older[0].date.secondsSinceReference -= 1e6;
@@ -258,7 +258,7 @@ TEST_F(StatsWindowTest, FiltersByNameAmongOlderItemsToo) {
     EXPECT_FALSE(field.isVisible());
 }
 
-TEST_F(StatsWindowTest, IsAllWordsAndNoButtonsWhileNothingWasFed) {
+TEST_F(StatsWindowTest, ShowsNoButtonsBeforeTheFirstItem) {
     show();
     EXPECT_THAT(buttons(), IsEmpty());
     QStringList lines;
@@ -272,7 +272,7 @@ TEST_F(StatsWindowTest, IsAllWordsAndNoButtonsWhileNothingWasFed) {
     EXPECT_EQ(buttons(), QStringList("Test the flames"));
 }
 
-TEST_F(StatsWindowTest, ChangesTabsByKeysAndIsATabListToAScreenReader) {
+TEST_F(StatsWindowTest, ChangesTabsByKeysAndIsATabListForScreenReaders) {
     show();
     std::vector<int> seen;
     for (const char* const keys : {"Ctrl+3", "Ctrl+Tab", "Ctrl+Tab", "Ctrl+Shift+Backtab"}) {
@@ -292,7 +292,7 @@ TEST_F(StatsWindowTest, ChangesTabsByKeysAndIsATabListToAScreenReader) {
     EXPECT_EQ(titles, QStringList({"History", "Achievements", "Skins", "Settings"}));
 }
 
-TEST_F(StatsWindowTest, TakesDropsAndReportsWhatIsElsewhere) {
+TEST_F(StatsWindowTest, AcceptsDropsAndReportsRemoteItems) {
     std::vector<std::pair<std::vector<Path>, int>> drops;
     QObject::connect(&window, &StatsWindow::dropped,
                      [&](const auto& items, int others) { drops.emplace_back(items, others); });
@@ -305,7 +305,7 @@ TEST_F(StatsWindowTest, TakesDropsAndReportsWhatIsElsewhere) {
     EXPECT_EQ(enter.dropAction(), Qt::CopyAction);
     QDropEvent drop({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
     QCoreApplication::sendEvent(&window, &drop);
-    EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "the sender is not to remove anything";
+    EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "the sender must not remove files";
     EXPECT_THAT(drops, ElementsAre(std::pair(std::vector<Path>{"/tmp/a b"}, 1)));
     QMimeData text;
     text.setText("file:///tmp/a");
@@ -314,7 +314,7 @@ TEST_F(StatsWindowTest, TakesDropsAndReportsWhatIsElsewhere) {
     EXPECT_FALSE(other.isAccepted());
 }
 
-TEST_F(StatsWindowTest, TakesTheColoursOfTheSkinAndOfTheDesktop) {
+TEST_F(StatsWindowTest, FollowsTheColoursOfSkinAndDesktop) {
     progression.unlockAll();
     feedFiles({"a"});
     window.show();
@@ -338,7 +338,7 @@ TEST_F(StatsWindowTest, TakesTheColoursOfTheSkinAndOfTheDesktop) {
     }
 }
 
-TEST_F(StatsWindowTest, FitsFrom360By520Up) {
+TEST_F(StatsWindowTest, FitsAtTheMinimumSizeAndAbove) {
     feedFiles({"a", "b"});
     show();
     type("Ctrl+A");

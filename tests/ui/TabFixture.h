@@ -8,7 +8,7 @@
 
 namespace vexmoor::test {
 
-/// A tab in a window of its own, as screen readers and the keyboard find it.
+/// A tab in its own window, as screen readers and the keyboard see it.
 struct TabFixture : WindowFixture {
     static QAccessibleInterface& face(QWidget* widget) {
         return *QAccessible::queryAccessibleInterface(widget);
@@ -18,7 +18,7 @@ struct TabFixture : WindowFixture {
         return face(widget).text(QAccessible::Description);
     }
 
-    /// Shows it and gives the widget the focus.
+    /// Shows the tab and focuses the widget.
     static void focus(QWidget& tab, QWidget* widget) {
         tab.resize(360, 450);
         tab.show();

@@ -12,21 +12,21 @@
 
 namespace vexmoor::test {
 
-/// What a window needs to be made: an application on Qt's offscreen platform, stores of its own.
+/// The environment of a window: an application on Qt's offscreen platform and separate stores.
 struct WindowFixture : testing::Test, WindowStores {
-    /// With that many physical pixels a point.
+    /// `scale` is the number of physical pixels per point.
     explicit WindowFixture(const char* scale = "1") : scaled(scale) {}
 
     struct Scaled {
         explicit Scaled(const char* scale) { qputenv("QT_SCALE_FACTOR", scale); }
         ~Scaled() { qunsetenv("QT_SCALE_FACTOR"); }
     };
-    Scaled scaled; ///< before there is an application
+    Scaled scaled; ///< must precede the application
     int argumentCount = 1;
     char programName[7] = "window";
     char* arguments[2] = {programName, nullptr};
     QApplication application{argumentCount, arguments};
-    std::vector<ManualTimer*> timers; ///< in the order in which they were made
+    std::vector<ManualTimer*> timers; ///< in the order of creation
 
     MakeFrameTimer makeTimer() {
         return [this] {
