@@ -14,7 +14,7 @@ namespace {
 struct Row {
     DisposalError code;
     const char* name;
-    const char* sentence; ///< what describe() completes has a simpler one here
+    const char* sentence; ///< describe() adds details to some of these
 };
 
 constexpr Row kRows[] = {
@@ -92,7 +92,7 @@ std::string pathOf(const Error& error) {
     return displayText(error.path.native());
 }
 
-/// Of the causes those that are known, one after the other.
+/// Lists the known causes.
 std::string whatRemains(const Error& error) {
     std::string list;
     for (const auto& cause : error.causes)

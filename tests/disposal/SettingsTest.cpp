@@ -9,7 +9,7 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(Settings, AreAllOnAndToTheBinUntilSomethingElseIsStored) {
+TEST(Settings, DefaultToBinWithAllSwitchesOn) {
     using Value = UserDefaults::Value;
     const struct {
         const char* what;
@@ -37,7 +37,7 @@ TEST(Settings, AreAllOnAndToTheBinUntilSomethingElseIsStored) {
     }
 }
 
-TEST(Settings, AreStoredOneByOneBeforeAnybodyIsTold) {
+TEST(Settings, AreStoredBeforeSubscribersAreNotified) {
     InMemoryDefaults defaults;
     Settings settings(defaults);
     std::vector<bool> told;
