@@ -8,7 +8,7 @@ namespace vexmoor {
 
 namespace {
 
-/// The words of "{bin,dissolve}".
+/// Splits "{bin,dissolve}" into words.
 std::vector<std::string> choicesOf(CLI::Option& option) {
     const auto type = option.get_type_name();
     const auto begin = type.find('{');

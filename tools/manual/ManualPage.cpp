@@ -6,7 +6,7 @@ namespace vexmoor {
 
 namespace {
 
-/// Text of which nothing is taken for a request of the formatter; a sentence a line, as it wants.
+/// Escapes text for the formatter, one sentence per line.
 std::string line(const std::string& text) {
     std::string result = text.starts_with('.') || text.starts_with('\'') ? "\\&" : "";
     for (const char c : text) {
@@ -18,7 +18,7 @@ std::string line(const std::string& text) {
     return result + "\n";
 }
 
-/// "Fl Fl mode" for --mode, "Fl n" for -n.
+/// Returns "Fl Fl mode" for --mode, "Fl n" for -n.
 std::string flag(const std::string& name) {
     return name.starts_with("--") ? "Fl Fl " + name.substr(2) : "Fl " + name.substr(1);
 }
@@ -35,7 +35,7 @@ std::string synopsis(const CommandModel& command) {
     for (const auto& argument : command.arguments) {
         const bool isNested = !argument.isRequired && &argument != &command.arguments.front();
         if (isNested)
-            text.back() = ' '; // an optional argument stands only behind the one before it
+            text.back() = ' '; // an optional argument requires the previous one
         text += std::string(argument.isRequired ? ".Ar "
                             : isNested          ? "Op Ar "
                                                 : ".Op Ar ") +

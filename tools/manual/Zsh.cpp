@@ -6,7 +6,7 @@ namespace vexmoor {
 
 namespace {
 
-/// A text inside the quotes of an _arguments specification, where these characters divide.
+/// Escapes the separators of an _arguments specification inside quotes.
 std::string escaped(const std::string& text) {
     std::string result;
     for (const char c : text) {
