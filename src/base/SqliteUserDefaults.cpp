@@ -214,7 +214,7 @@ Result<std::filesystem::path> moveAside(const std::filesystem::path& file) {
         const auto from = companion(file, suffix);
         std::filesystem::rename(from, companion(aside, suffix), code);
         if (code && code != std::errc::no_such_file_or_directory)
-            return Error{code, marked("set the corrupt database aside"), from};
+            return Error{code, marked("rename the corrupt database"), from};
     }
     return aside;
 }
@@ -224,7 +224,7 @@ Result<void> makePrivateFolder(const std::filesystem::path& folder) {
     std::error_code code;
     if (std::filesystem::create_directories(folder, code) && !code)
         std::filesystem::permissions(folder, std::filesystem::perms::owner_all, code);
-    return code ? Result<void>(Error{code, marked("make the folder of the database"), folder})
+    return code ? Result<void>(Error{code, marked("create the folder of the database"), folder})
                 : Result<void>();
 }
 

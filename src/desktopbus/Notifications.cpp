@@ -47,7 +47,7 @@ void Notifications::requestAuthorization(std::function<void(bool granted)> compl
     callAsync(m_bus, call("GetCapabilities"), this, [this, completion](const QDBusMessage& answer) {
         learnCapabilities(answer);
         if (!isAnswer(answer))
-            qCInfo(log) << "No server of notifications:" << answer.errorMessage();
+            qCInfo(log) << "No notification server:" << answer.errorMessage();
         completion(isAnswer(answer));
     });
 }
@@ -83,7 +83,7 @@ void Notifications::answered(const QString& identifier, const QDBusMessage& answ
     if (isAnswer(answer))
         shown.id = answer.arguments().value(0).toUInt();
     else
-        qCInfo(log) << "Not shown:" << answer.errorMessage();
+        qCInfo(log) << "Notification not shown:" << answer.errorMessage();
     if (const auto next = std::exchange(shown.next, std::nullopt))
         show(*next);
 }

@@ -119,12 +119,12 @@ void PackageTransaction::fail(const QString& problem) {
 }
 
 QString PackageTransaction::stoppedProblem() {
-    return tr("The system's package service stopped before it had answered.");
+    return tr("The system's package service stopped before it replied.");
 }
 
 QString PackageTransaction::reportedProblem(const QString& words) {
     return words.trimmed().isEmpty()
-               ? tr("The system's package service gave up and did not say why.")
+               ? tr("The system's package service failed without an error message.")
                : tr("The system's package service reports: %1").arg(words.trimmed());
 }
 

@@ -40,7 +40,7 @@ void ShutdownDelay::inhibit() {
     auto call =
         QDBusMessage::createMethodCall(kLogin, kLoginPath, kManager, QStringLiteral("Inhibit"));
     call << QStringLiteral("shutdown") << QStringLiteral("Vexmoor")
-         << tr("Files are on their way into the cauldron") << QStringLiteral("delay");
+         << tr("Files are being fed to the cauldron") << QStringLiteral("delay");
     call.setAutoStartService(false);
     auto* const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {

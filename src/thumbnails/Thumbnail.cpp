@@ -53,7 +53,7 @@ void Thumbnail::load(const Path& item, std::function<void(PicturePointer)> compl
 
 PicturePointer Thumbnail::loadNow(const Path& item) {
     if (QThread::currentThread() == thread())
-        qFatal("A thumbnail must not be waited for on the main thread.");
+        qFatal("loadNow() must not be called on the main thread.");
     const auto slot = std::make_shared<Slot>();
     const auto fill = [slot](PicturePointer picture) {
         const std::lock_guard lock(slot->mutex);

@@ -71,7 +71,7 @@ QString HistoryText::shortStatus(const Sacrifice& item, Date now, const QLocale&
 
 QString HistoryText::restoreHelp(const Sacrifice& item) {
     if (!item.original)
-        return tr("Restore to where it came from");
+        return tr("Restore to its original folder");
     const std::string folder = lastComponent(Path(*item.original).parent_path());
     return tr("Restore to %1").arg(QString::fromStdString(printable(displayText(folder))));
 }

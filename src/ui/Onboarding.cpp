@@ -166,7 +166,7 @@ Onboarding::Status Onboarding::status() const {
 
 Onboarding::Status Onboarding::automationStatus() const {
     if (hasNoKey())
-        return {.line = text("No file manager installed here can take Ctrl+Backspace.")};
+        return {.line = text("No installed file manager supports Ctrl+Backspace.")};
     if (m_facts.automation == AutomationStatus::denied)
         return {.line = text("Declined. Turn on Finder under Vexmoor in Automation.")};
     std::optional<std::string> note;

@@ -20,8 +20,8 @@ using test::FakeService;
 const QString kNotManaged = "This copy of Vexmoor was not installed by the system's package "
                             "service, so it can't look for updates.";
 const QString kNoService = "This system has no package service that Vexmoor can ask for updates. "
-                           "Look for them where you got it from.";
-const QString kStopped = "The system's package service stopped before it had answered.";
+                           "Look for updates where you got Vexmoor.";
+const QString kStopped = "The system's package service stopped before it replied.";
 
 constexpr uint kInstalled = 1;
 constexpr uint kAvailable = 2;
@@ -191,7 +191,7 @@ TEST_F(UpdaterTest, RequestsTheInstalledOwnerThenAllUpdates) {
 TEST_F(UpdaterTest, ReportsTheServicesErrors) {
     const QString refused = "The system's package service reports: not for you";
     const QString reported = "The system's package service reports: the lists are broken";
-    const QString gaveUp = "The system's package service gave up and did not say why.";
+    const QString gaveUp = "The system's package service failed without an error message.";
     const struct {
         QString method;
         Mishap mishap;

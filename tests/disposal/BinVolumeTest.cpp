@@ -46,13 +46,13 @@ TEST_F(BinVolumeTest, ReportsWhyAVolumeHasNoBinAndLeavesNoFolder) {
              std::filesystem::create_directory(bin);
              ASSERT_EQ(chmod(bin.c_str(), 0777), 0);
          },
-         "others may write to it"},
+         "other users can write to the folder for it"},
         {"",
          [](const Path& bin) {
              std::filesystem::create_directory(bin);
              ASSERT_EQ(chown(bin.c_str(), kNobody, kNobody), 0);
          },
-         "what lies there belongs to another user"},
+         "the folder for it belongs to another user"},
         {"",
          [](const Path& bin) {
              ASSERT_EQ(
@@ -74,7 +74,8 @@ TEST_F(BinVolumeTest, ReportsWhyAVolumeHasNoBinAndLeavesNoFolder) {
             const auto disposed = dispose(path() / "volume/file");
             ASSERT_FALSE(disposed.ok());
             EXPECT_EQ(describe(disposed.error()),
-                      "There is no Bin on its volume, and none could be made: " + test.why + ".");
+                      "There is no Bin on its volume, and none could be created: " + test.why +
+                          ".");
             EXPECT_EQ(contents("volume"), before);
         });
 }

@@ -85,7 +85,7 @@ TEST(HistoryTextTest, NamesTheOriginalFolder) {
          {Case{StoredPath("/home/me/Documents/notes.txt"), "Restore to Documents"},
           Case{StoredPath("/notes.txt"), "Restore to /"},
           Case{StoredPath("/a\nb/notes.txt"), "Restore to a\\nb"},
-          Case{std::nullopt, "Restore to where it came from"}}) {
+          Case{std::nullopt, "Restore to its original folder"}}) {
         Sacrifice item = binned();
         item.original = original;
         EXPECT_EQ(HistoryText::restoreHelp(item), help);

@@ -141,7 +141,7 @@ TEST_F(OnboardingTest, DescribesThePermissionsOfEachSession) {
     const std::string kOff = "The key is turned off in the settings.";
     const Onboarding::Status kDeclined{
         .line = text("Declined. Turn on Finder under Vexmoor in Automation.")};
-    const Onboarding::Status kNoKey{.line = "No file manager installed here can take "
+    const Onboarding::Status kNoKey{.line = "No installed file manager supports "
                                             "Ctrl+Backspace."};
     const struct {
         Page page;

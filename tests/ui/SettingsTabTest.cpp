@@ -65,11 +65,11 @@ TEST(PermissionNoticeTest, NamesTheProblemAndItsRemedy) {
                  {"Nemo", Kind::needsRestart}, {"Thunar", Kind::taken}, {"Caja", Kind::menuOnly}};
          },
          true,
-         {{"Accessibility support is on. Start the file manager again, and Ctrl+Backspace works "
+         {{"Accessibility support is on. Restart the file manager to use Ctrl+Backspace "
            "there.",
            "", Remedy::none},
-          {"Start Nemo again, and Ctrl+Backspace works there too.", "", Remedy::none},
-          {"In Thunar, Ctrl+Backspace does something else that you chose.", "", Remedy::none},
+          {"Restart Nemo to use Ctrl+Backspace there.", "", Remedy::none},
+          {"In Thunar, you assigned Ctrl+Backspace to another action.", "", Remedy::none},
           {"In Caja, Ctrl+Backspace can't work in this session. Right-click files and choose Feed "
            "to Vexmoor.",
            "", Remedy::none}}},
