@@ -35,7 +35,7 @@ struct Listed {
 };
 using Packages = std::vector<Listed>;
 
-enum class Mishap { refuses, reports, givesUp, isSilent };
+enum class Failure { refuses, reports, failsSilently, isSilent };
 
 /// A package service, each of whose transactions handles one request.
 class FakePackages {
@@ -49,7 +49,7 @@ class FakePackages {
     Packages installed = {{kInstalled, "vexmoor;0.1.0-1;amd64;installed:debian"}};
     Packages updates;
     QString failing; ///< the method that triggers the failure
-    Mishap mishap = Mishap::isSilent;
+    Failure failure = Failure::isSilent;
     std::size_t repliesBeforeExit = SIZE_MAX; ///< permanently; then the bus replies
     std::vector<QVariantList> questions;
 
@@ -57,32 +57,33 @@ class FakePackages {
     QDBusMessage answer(const QDBusMessage& call) {
         const QString transaction = QStringLiteral("/%1_transaction").arg(questions.size());
         if (questions.size() == repliesBeforeExit)
-            return call.createErrorReply(QDBusError::ServiceUnknown, "nobody has that name");
+            return call.createErrorReply(QDBusError::ServiceUnknown, "no owner");
         if (call.member() == failing)
-            return suffer(call, transaction);
+            return fail(call, transaction);
         if (call.path() == "/org/freedesktop/PackageKit" && call.member() == "CreateTransaction")
             return call.createReply(QVariant::fromValue(QDBusObjectPath(transaction)));
         if (call.path() != transaction)
             return call.createErrorReply(QDBusError::UnknownObject, call.path());
         questions.push_back(call.arguments());
         for (const Listed& package : call.member() == "SearchFiles" ? installed : updates)
-            tell(transaction, "Package", {package.info, package.id, "a summary"});
-        tell(transaction, "Finished", {1U, 12U});
+            emitSignal(transaction, "Package", {package.info, package.id, "a summary"});
+        emitSignal(transaction, "Finished", {1U, 12U});
         return call.createReply();
     }
 
-    QDBusMessage suffer(const QDBusMessage& call, const QString& transaction) {
-        if (mishap == Mishap::isSilent) // after accepting the request
+    QDBusMessage fail(const QDBusMessage& call, const QString& transaction) {
+        if (failure == Failure::isSilent) // after accepting the request
             return call.member() == "CreateTransaction" ? QDBusMessage() : call.createReply();
-        if (mishap == Mishap::refuses)
+        if (failure == Failure::refuses)
             return call.createErrorReply("org.freedesktop.PackageKit.Denied", "not for you");
-        if (mishap == Mishap::reports)
-            tell(transaction, "ErrorCode", {4U, "the lists are broken\n"});
-        tell(transaction, "Finished", {2U, 12U});
+        if (failure == Failure::reports)
+            emitSignal(transaction, "ErrorCode", {4U, "the lists are broken\n"});
+        emitSignal(transaction, "Finished", {2U, 12U});
         return call.createReply();
     }
 
-    void tell(const QString& transaction, const QString& signal, const QVariantList& arguments) {
+    void emitSignal(const QString& transaction, const QString& signal,
+                    const QVariantList& arguments) {
         m_service.emitSignal(transaction, "org.freedesktop.PackageKit.Transaction", signal,
                              arguments);
     }
@@ -145,7 +146,7 @@ TEST_F(UpdaterTest, ReportsTheStateOfOurPackage) {
     const struct {
         Packages installed;
         Packages updates;
-        QString told;
+        QString result;
     } kCases[] = {
         {{{kInstalled, "vexmoor;0.1.0-1;amd64;installed:debian"}},
          {},
@@ -170,10 +171,10 @@ TEST_F(UpdaterTest, ReportsTheStateOfOurPackage) {
     };
     startService();
     startUpdater();
-    for (const auto& [installed, updates, told] : kCases) {
+    for (const auto& [installed, updates, expected] : kCases) {
         m_packages->installed = installed;
         m_packages->updates = updates;
-        EXPECT_EQ(check(), told);
+        EXPECT_EQ(check(), expected);
     }
 }
 
@@ -191,24 +192,27 @@ TEST_F(UpdaterTest, RequestsTheInstalledOwnerThenAllUpdates) {
 TEST_F(UpdaterTest, ReportsTheServicesErrors) {
     const QString refused = "The system's package service reports: not for you";
     const QString reported = "The system's package service reports: the lists are broken";
-    const QString gaveUp = "The system's package service failed without an error message.";
+    const QString failedSilently = "The system's package service failed without an error message.";
     const struct {
         QString method;
-        Mishap mishap;
-        QString told;
+        Failure failure;
+        QString result;
     } kCases[] = {
-        {"CreateTransaction", Mishap::refuses, refused}, {"SearchFiles", Mishap::refuses, refused},
-        {"SearchFiles", Mishap::reports, reported},      {"SearchFiles", Mishap::givesUp, gaveUp},
-        {"GetUpdates", Mishap::refuses, refused},        {"GetUpdates", Mishap::reports, reported},
-        {"GetUpdates", Mishap::givesUp, gaveUp},
+        {"CreateTransaction", Failure::refuses, refused},
+        {"SearchFiles", Failure::refuses, refused},
+        {"SearchFiles", Failure::reports, reported},
+        {"SearchFiles", Failure::failsSilently, failedSilently},
+        {"GetUpdates", Failure::refuses, refused},
+        {"GetUpdates", Failure::reports, reported},
+        {"GetUpdates", Failure::failsSilently, failedSilently},
     };
     startService();
     startUpdater();
-    for (const auto& [method, mishap, told] : kCases) {
+    for (const auto& [method, failure, expected] : kCases) {
         m_packages->failing = method;
-        m_packages->mishap = mishap;
+        m_packages->failure = failure;
         m_packages->questions.clear();
-        EXPECT_EQ(check(), told) << method.toStdString();
+        EXPECT_EQ(check(), expected) << method.toStdString();
     }
 }
 

@@ -17,15 +17,6 @@ TEST(SkinTest, IsFoundByExactIdOrIsIron) {
     EXPECT_EQ(Skin::named("").id, "iron");
 }
 
-TEST(SkinTest, ListsEachSkinOnceInOrder) {
-    std::vector<std::string_view> ids;
-    for (const Skin& skin : Skin::all())
-        ids.push_back(skin.id);
-    EXPECT_EQ(ids, (std::vector<std::string_view>{
-                       "iron", "copper", "cobalt", "witchfire", "verdigris", "rust", "lava", "bone",
-                       "frost", "obsidian", "abyss", "mahogany", "void", "starlight", "gold"}));
-}
-
 TEST(SkinTest, HasAColourForEachUsedLetter) {
     for (const Skin& skin : Skin::all()) {
         const Palette palette = skin.palette();
@@ -61,16 +52,6 @@ TEST(SkinTest, FitsIntoTheFrameAndReachesItsLastRow) {
         EXPECT_EQ(left, (34 - width) / 2) << skin.id;
         EXPECT_EQ(23 + body.dy + static_cast<int>(body.rows.size()), 54) << skin.id;
     }
-}
-
-TEST(SkinTest, IronAndCobaltShareThePotButNotTheAcid) {
-    Skin cobalt = Skin::cobalt();
-    const Skin& iron = Skin::iron();
-    for (const char letter : {'K', 'D', 'B', 'H', 'W'})
-        EXPECT_EQ(*cobalt.palette().find(letter), *iron.palette().find(letter)) << letter;
-    for (const char letter : {'G', 'g', 'L'})
-        EXPECT_NE(*cobalt.palette().find(letter), *iron.palette().find(letter)) << letter;
-    EXPECT_EQ(cobalt.body.rows.data(), iron.body.rows.data());
 }
 
 } // namespace

@@ -12,30 +12,14 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
 
 namespace vexmoor {
 namespace {
 
 using namespace test;
-using testing::ElementsAre;
-
-/// Returns one line per item: its menu, title and shortcut; a dash for a separator.
-std::vector<std::string> linesOf(const QMenuBar& bar) {
-    std::vector<std::string> lines;
-    for (const QAction* const menu : bar.actions()) {
-        EXPECT_TRUE(menu->text().startsWith('&')) << "the menu needs a mnemonic";
-        const QString name = menu->text().mid(1);
-        for (const QAction* const item : menu->menu()->actions())
-            lines.push_back(item->isSeparator()
-                                ? name.toStdString() + ": -"
-                                : QString("%1: %2 %3")
-                                      .arg(name, item->text(), item->shortcut().toString())
-                                      .trimmed()
-                                      .toStdString());
-    }
-    return lines;
-}
 
 struct MainMenuTest : WindowFixture {
     [[nodiscard]] QAction* item(const QString& title) const {
@@ -66,18 +50,18 @@ struct MainMenuTest : WindowFixture {
     std::unique_ptr<QMenuBar> bar{menu.makeBar()};
 };
 
-TEST_F(MainMenuTest, HasItsItemsInOrder) {
-    EXPECT_THAT(linesOf(*bar),
-                ElementsAre("Vexmoor: About Vexmoor", "Vexmoor: Check for Updates…", "Vexmoor: -",
-                            "Vexmoor: Vexmoor… Ctrl+,", "Vexmoor: Set Up Permissions…",
-                            "Vexmoor: -", "Vexmoor: Hide Vexmoor Ctrl+H", "Vexmoor: -",
-                            "Vexmoor: Quit Vexmoor Ctrl+Q", "Edit: Undo Ctrl+Z",
-                            "Edit: Redo Ctrl+Shift+Z", "Edit: -", "Edit: Cut Ctrl+X",
-                            "Edit: Copy Ctrl+C", "Edit: Paste Ctrl+V", "Edit: Select All Ctrl+A",
-                            "Debug: Unlock Everything", "Debug: Reset Progress",
-                            "Window: Close Ctrl+W", "Window: Minimise Ctrl+M"));
+TEST_F(MainMenuTest, HasUniqueShortcutsAndMnemonics) {
+    std::set<QString> keys;
+    for (const QAction* const top : bar->actions()) {
+        EXPECT_TRUE(top->text().startsWith('&')) << top->text().toStdString();
+        for (const QAction* const each : top->menu()->actions())
+            EXPECT_TRUE(each->shortcut().isEmpty() ||
+                        keys.insert(each->shortcut().toString()).second)
+                << each->text().toStdString();
+    }
+    EXPECT_EQ(bar->actions().size(), 4);
     const std::unique_ptr<QMenuBar> plain(MainMenu(undoStack, false).makeBar());
-    EXPECT_EQ(plain->actions().size(), 3);
+    EXPECT_EQ(plain->actions().size(), 3) << "without the Debug menu";
 }
 
 TEST_F(MainMenuTest, OffersToUndoTheNewestActionByItsName) {

@@ -70,54 +70,16 @@ std::vector<std::string> shown(std::vector<std::string> texts) {
 }
 
 TEST_F(OnboardingTest, HasFivePagesThatCanBeSkipped) {
+    using Picture = Onboarding::Picture;
     Onboarding& walk = start();
-    const struct {
-        Page page;
-        std::string title;
-        std::string blurb;
-        Onboarding::Picture picture;
-        std::string pictureText;
-        std::vector<std::string> buttons;
-    } kPages[] = {
-        {Page::welcome,
-         "Welcome to Vexmoor",
-         "Drop files on the cauldron in your Dock. A flame carries them to the Bin.",
-         Onboarding::Picture::demo,
-         "",
-         {"Continue"}},
-        {Page::accessibility,
-         "Let flames rise above the Dock",
-         "System Settings will open. Turn on Vexmoor, then come back.",
-         Onboarding::Picture::settingsRow,
-         "Accessibility",
-         {"Skip", "Open System Settings…"}},
-        {Page::automation,
-         "Press ⌘⌫ in Finder to feed it",
-         "macOS will ask once. Click Allow.",
-         Onboarding::Picture::dialog,
-         "“Vexmoor” wants access to control “Finder”.",
-         {"Skip", "Allow…"}},
-        {Page::folders,
-         "Let Vexmoor see your files",
-         "macOS asks for Desktop, Documents and Downloads in turn. Click Allow each time.",
-         Onboarding::Picture::dialog,
-         "“Vexmoor” would like to access files in your Desktop folder.",
-         {"Skip", "Allow…"}},
-        {Page::ready,
-         "Ready",
-         "Drop files on the cauldron.",
-         Onboarding::Picture::demo,
-         "",
-         {"Start Feeding"}},
-    };
-    for (const auto& page : kPages) {
-        SCOPED_TRACE(page.title);
-        EXPECT_EQ(walk.page(), page.page);
-        EXPECT_EQ(walk.title(), text(page.title));
-        EXPECT_EQ(walk.blurb(), text(page.blurb));
-        EXPECT_EQ(walk.picture(), page.picture);
-        EXPECT_EQ(walk.pictureText(), text(page.pictureText));
-        EXPECT_EQ(buttons(), shown(page.buttons));
+    for (const auto& [page, picture] :
+         {std::pair(Page::welcome, Picture::demo),
+          std::pair(Page::accessibility, Picture::settingsRow),
+          std::pair(Page::automation, Picture::dialog), std::pair(Page::folders, Picture::dialog),
+          std::pair(Page::ready, Picture::demo)}) {
+        EXPECT_EQ(walk.page(), page);
+        EXPECT_EQ(walk.picture(), picture);
+        EXPECT_EQ(walk.pictureText().empty(), picture == Picture::demo);
         EXPECT_THAT(calls, testing::IsEmpty());
         walk.next();
     }

@@ -11,27 +11,9 @@ namespace {
 using namespace test;
 
 TEST(UnlockHintTest, NamesTheAchievementUnlessItIsSecret) {
-    constexpr const char* kSecret = "a very hard achievement";
-    const std::pair<const Skin*, std::optional<QString>> cases[] = {
-        {&Skin::iron(), std::nullopt},
-        {&Skin::copper(), "Getting Warm"},
-        {&Skin::cobalt(), "Regular Customer"},
-        {&Skin::witchfire(), "A Gigabyte Gone"},
-        {&Skin::verdigris(), "Daily Ritual"},
-        {&Skin::rust(), "Demolition"},
-        {&Skin::lava(), "Bottomless"},
-        {&Skin::bone(), "Necromancer"},
-        {&Skin::frost(), "Devoted"},
-        {&Skin::obsidian(), kSecret},
-        {&Skin::abyss(), kSecret},
-        {&Skin::mahogany(), kSecret},
-        {&Skin::voidSkin(), kSecret},
-        {&Skin::starlight(), kSecret},
-        {&Skin::gold(), kSecret},
-    };
-    ASSERT_EQ(std::size(cases), Skin::all().size());
-    for (const auto& [skin, hint] : cases)
-        EXPECT_EQ(unlockHint(*skin), hint) << skin->id;
+    EXPECT_EQ(unlockHint(Skin::iron()), std::nullopt);
+    EXPECT_EQ(unlockHint(Skin::copper()), "Getting Warm");
+    EXPECT_EQ(unlockHint(Skin::gold()), "a very hard achievement");
 }
 
 struct SkinsTabTest : TabFixture {
