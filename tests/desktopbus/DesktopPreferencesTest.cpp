@@ -2,8 +2,8 @@
 
 #include "FakeSettingsPortal.h"
 
+#include "support/ConnectedBus.h"
 #include "support/MainLoop.h"
-#include "support/PrivateBus.h"
 
 namespace vexmoor {
 namespace {
@@ -13,16 +13,6 @@ using test::FakeSettingsPortal;
 using Values = DesktopPreferences::Values;
 
 struct DesktopPreferencesTest : testing::Test {
-    DesktopPreferencesTest() {
-        for (const char* name : {"server", "client"})
-            QDBusConnection::connectToBus(QString::fromStdString(bus.address()), name);
-    }
-    ~DesktopPreferencesTest() override {
-        preferences.reset();
-        portal.reset();
-        for (const char* name : {"server", "client"})
-            QDBusConnection::disconnectFromBus(name);
-    }
     void startPortal(const FakeSettingsPortal::Groups& groups) {
         portal.emplace(QDBusConnection("server"), groups);
     }
@@ -36,7 +26,7 @@ struct DesktopPreferencesTest : testing::Test {
             test::deliverMessages({"server", "client"});
     }
 
-    test::PrivateBus bus;
+    test::ConnectedBus bus{"server", "client"};
     std::optional<FakeSettingsPortal> portal;
     std::optional<DesktopPreferences> preferences;
 };

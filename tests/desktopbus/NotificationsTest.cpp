@@ -2,8 +2,8 @@
 
 #include "FakeNotificationServer.h"
 
+#include "support/ConnectedBus.h"
 #include "support/MainLoop.h"
-#include "support/PrivateBus.h"
 
 namespace vexmoor {
 namespace {
@@ -14,23 +14,12 @@ using test::FakeNotificationServer;
 class NotificationsTest : public testing::Test {
   protected:
     void SetUp() override {
-        m_server.emplace(connection("server"));
-        m_notifications.emplace(connection("client"));
+        m_server.emplace(m_bus.connect("server"));
+        m_notifications.emplace(m_bus.connect("client"));
         QObject::connect(&*m_notifications, &Notifications::activated, &*m_notifications,
                          [this](const QString& identifier, const QByteArray& token) {
                              m_activated << identifier << QString::fromUtf8(token);
                          });
-    }
-
-    void TearDown() override {
-        m_notifications.reset();
-        m_server.reset();
-        QDBusConnection::disconnectFromBus("client");
-        QDBusConnection::disconnectFromBus("server");
-    }
-
-    QDBusConnection connection(const char* name) {
-        return QDBusConnection::connectToBus(QString::fromStdString(m_bus.address()), name);
     }
 
     bool authorised() {
@@ -58,7 +47,7 @@ class NotificationsTest : public testing::Test {
         return reportedCapabilities;
     }
 
-    test::PrivateBus m_bus;
+    test::ConnectedBus m_bus;
     std::optional<FakeNotificationServer> m_server;
     std::optional<Notifications> m_notifications;
     QStringList m_activated;
@@ -86,14 +75,14 @@ TEST_F(NotificationsTest, EscapesMarkup) {
     EXPECT_EQ(m_server->calls[0].body, "Salt & <b>pepper</b>");
 
     m_server.reset();
-    m_server.emplace(connection("server"));
+    m_server.emplace(m_bus.connect("server"));
     m_server->capabilities << "body-markup";
     ASSERT_TRUE(serverReportedCapabilities());
     post("a", "Salt & <b>pepper</b>");
     ASSERT_TRUE(serverGot(1));
     EXPECT_EQ(m_server->calls[0].body, escaped) << "it is a different server";
 
-    Notifications early(connection("client"));
+    Notifications early(m_bus.connect("client"));
     early.post({"b", "Title", "Salt & <b>pepper</b>"});
     ASSERT_TRUE(serverGot(2));
     EXPECT_EQ(m_server->calls[1].body, escaped) << "its capabilities are unknown";
@@ -151,7 +140,7 @@ TEST_F(NotificationsTest, SurvivesAMissingAndAnExitingServer) {
     QDBusConnection::disconnectFromBus("server"); // also fails its pending replies
     EXPECT_FALSE(authorised());
     post("a");
-    m_server.emplace(connection("server"));
+    m_server.emplace(m_bus.connect("server"));
     EXPECT_TRUE(authorised());
     post("c");
     post("a");

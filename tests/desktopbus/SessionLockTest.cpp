@@ -3,8 +3,8 @@
 #include "ActivatableService.h"
 #include "FakeService.h"
 
+#include "support/ConnectedBus.h"
 #include "support/MainLoop.h"
-#include "support/PrivateBus.h"
 
 #include <QDBusObjectPath>
 #include <QDBusVariant>
@@ -14,9 +14,6 @@ namespace {
 
 using test::eventuallyInLoop;
 using test::FakeService;
-
-const char* const kConnections[] = {"session server", "session client", "login server",
-                                    "login client"};
 
 /// A screen saver that emits its signals from a different path than it is queried at.
 class FakeScreenSaver {
@@ -83,20 +80,6 @@ class FakeLogin {
 
 class SessionLockTest : public testing::Test {
   protected:
-    SessionLockTest() {
-        for (const char* name : kConnections)
-            QDBusConnection::connectToBus(
-                QString::fromStdString((name[0] == 's' ? *m_session : *m_system).address()), name);
-    }
-
-    ~SessionLockTest() override {
-        m_lock.reset();
-        m_login.reset();
-        m_screenSavers.clear();
-        for (const char* name : kConnections)
-            QDBusConnection::disconnectFromBus(name);
-    }
-
     FakeScreenSaver& startScreenSaver(const char* name, bool active = false) {
         m_screenSavers[name] =
             std::make_unique<FakeScreenSaver>(QDBusConnection("session server"), name, active);
@@ -116,11 +99,12 @@ class SessionLockTest : public testing::Test {
     /// Waits until all messages have been delivered.
     static void deliverAll() {
         for (int round = 0; round < 4; ++round) // includes requests sent in response to replies
-            test::deliverMessages({"session server", "session client", "login server", "login client"});
+            test::deliverMessages(
+                {"session server", "session client", "login server", "login client"});
     }
 
-    std::optional<test::PrivateBus> m_session{std::in_place};
-    std::optional<test::PrivateBus> m_system{std::in_place};
+    test::ConnectedBus m_session{"session server", "session client"};
+    test::ConnectedBus m_system{"login server", "login client"};
     std::map<std::string, std::unique_ptr<FakeScreenSaver>> m_screenSavers;
     std::optional<FakeLogin> m_login;
     std::optional<SessionLock> m_lock;
@@ -224,7 +208,7 @@ TEST_F(SessionLockTest, SurvivesALostBus) {
     m_login.emplace(QDBusConnection("login server"));
     startLock();
     ASSERT_TRUE(becomes(true));
-    m_session.reset();
+    m_session.die();
     ASSERT_TRUE(becomes(false));
     m_login->setHint(true);
     EXPECT_TRUE(becomes(true)) << "the other bus is no longer received";
@@ -237,9 +221,8 @@ TEST(SessionLockWithoutABus, IsNotLocked) {
 }
 
 TEST(SessionLockOnABusThatStartsServices, DoesNotActivateServices) {
-    const test::PrivateBus bus(test::PrivateBus::Services::installed);
-    const auto client =
-        QDBusConnection::connectToBus(QString::fromStdString(bus.address()), "starter");
+    test::ConnectedBus bus(test::PrivateBus::Services::installed);
+    const auto client = bus.connect("starter");
     const test::ActivatableService screenSaver(bus, client, "org.gnome.ScreenSaver");
     const test::ActivatableService login(bus, client, "org.freedesktop.login1");
     const test::ActivatableService other(bus, client, "org.vexmoor.Other");
@@ -250,7 +233,6 @@ TEST(SessionLockOnABusThatStartsServices, DoesNotActivateServices) {
     EXPECT_TRUE(other.wasStarted()) << "this bus cannot activate services";
     EXPECT_FALSE(screenSaver.wasStarted());
     EXPECT_FALSE(login.wasStarted());
-    QDBusConnection::disconnectFromBus("starter");
 }
 
 } // namespace

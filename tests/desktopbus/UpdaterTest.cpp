@@ -3,8 +3,8 @@
 #include "ActivatableService.h"
 #include "FakeService.h"
 
+#include "support/ConnectedBus.h"
 #include "support/MainLoop.h"
-#include "support/PrivateBus.h"
 
 #include <QDBusObjectPath>
 
@@ -93,17 +93,7 @@ class FakePackages {
 
 class UpdaterTest : public testing::Test {
   protected:
-    ~UpdaterTest() override {
-        m_updater.reset();
-        killService();
-        QDBusConnection::disconnectFromBus("client");
-    }
-
-    QDBusConnection connection(const char* name) {
-        return QDBusConnection::connectToBus(QString::fromStdString(m_bus.address()), name);
-    }
-
-    void startService() { m_packages.emplace(connection("server")); }
+    void startService() { m_packages.emplace(m_bus.connect("server")); }
 
     void killService() {
         m_packages.reset();
@@ -111,7 +101,7 @@ class UpdaterTest : public testing::Test {
     }
 
     void startUpdater(std::chrono::milliseconds deadline = Updater::kDeadline) {
-        startUpdater(connection("client"), deadline);
+        startUpdater(m_bus.connect("client"), deadline);
     }
     void startUpdater(const QDBusConnection& bus,
                       std::chrono::milliseconds deadline = Updater::kDeadline) {
@@ -136,7 +126,7 @@ class UpdaterTest : public testing::Test {
         return eventuallyInLoop([&] { return m_packages->calls().contains(method); });
     }
 
-    test::PrivateBus m_bus;
+    test::ConnectedBus m_bus;
     std::optional<FakePackages> m_packages;
     std::optional<Updater> m_updater;
     QStringList m_results;
@@ -308,15 +298,13 @@ TEST_F(UpdaterTest, CanCancelACheckAndStartAnother) {
 }
 
 TEST_F(UpdaterTest, ActivatesTheService) {
-    const test::PrivateBus bus(test::PrivateBus::Services::installed);
-    const auto starter =
-        QDBusConnection::connectToBus(QString::fromStdString(bus.address()), "starter");
+    test::ConnectedBus bus(test::PrivateBus::Services::installed);
+    const auto starter = bus.connect("starter");
     const test::ActivatableService service(bus, starter, "org.freedesktop.PackageKit");
     startUpdater(starter);
     EXPECT_THAT(check().toStdString(), testing::StartsWith("The system's package service reports"));
     EXPECT_TRUE(service.wasStarted());
     m_updater.reset();
-    QDBusConnection::disconnectFromBus("starter");
 }
 
 } // namespace

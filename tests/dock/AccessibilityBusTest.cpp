@@ -1,8 +1,8 @@
 #include "dock/AccessibilityBus.h"
 
 #include "support/Command.h"
+#include "support/ConnectedBus.h"
 #include "support/MainLoop.h"
-#include "support/PrivateBus.h"
 
 #include <gtest/gtest.h>
 
@@ -28,24 +28,18 @@ struct AccessibilityBusTest : testing::Test {
     char name[4] = "bus";
     char* arguments[2] = {name, nullptr};
     QCoreApplication application{count, arguments};
-    std::unique_ptr<PrivateBus> session; ///< isolated from the machine's services
+    std::unique_ptr<ConnectedBus> session; ///< isolated from the machine's services
 
     void SetUp() override {
         if (!Command::exists("dbus-daemon"))
             GTEST_SKIP() << "dbus-daemon is not installed";
-        session = std::make_unique<PrivateBus>();
-    }
-
-    /// Qt keeps named connections after a test's end.
-    [[nodiscard]] QDBusConnection connect(const QString& as) const {
-        const auto address = QString::fromStdString(session->address());
-        return QDBusConnection::connectToBus(address, as + address);
+        session = std::make_unique<ConnectedBus>();
     }
 };
 
 TEST_F(AccessibilityBusTest, IsPresentWhileTheServiceReturnsAnAddress) {
-    QDBusConnection ours = connect("ours");
-    QDBusConnection theirs = connect("theirs");
+    QDBusConnection ours = session->connect("ours");
+    QDBusConnection theirs = session->connect("theirs");
     ASSERT_TRUE(ours.isConnected() && theirs.isConnected());
     AccessibilityBus bus(ours);
     EXPECT_FALSE(bus.askNow()) << "there is no service";

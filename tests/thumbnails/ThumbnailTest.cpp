@@ -3,8 +3,8 @@
 #include "FakeThumbnailer.h"
 #include "Previews.h"
 
+#include "support/ConnectedBus.h"
 #include "support/MainLoop.h"
-#include "support/PrivateBus.h"
 #include "support/TemporaryDirectory.h"
 #include "thumbnails/ImagePicture.h"
 
@@ -61,8 +61,8 @@ class ThumbnailTest : public testing::Test {
   protected:
     void SetUp() override {
         writeTheme(m_folder);
-        m_fake.emplace(connection("service"));
-        m_thumbnail.emplace(connection("client"), ThumbnailCache(m_cacheHome), m_deadlines,
+        m_fake.emplace(m_bus.connect("service"));
+        m_thumbnail.emplace(m_bus.connect("client"), ThumbnailCache(m_cacheHome), m_deadlines,
                             [this](std::chrono::milliseconds delay, QObject*, auto job) {
                                 EXPECT_EQ(delay.count(), 600);
                                 m_deadlineJobs.push_back(std::move(job));
@@ -70,17 +70,6 @@ class ThumbnailTest : public testing::Test {
         ASSERT_TRUE(eventuallyInLoop([this] { return !m_fake->asked.isEmpty(); }));
         EXPECT_EQ(m_fake->asked.takeFirst(), "supported");
         deliverMessages();
-    }
-
-    QDBusConnection connection(const char* name) {
-        return QDBusConnection::connectToBus(QString::fromStdString(m_bus.address()), name);
-    }
-
-    void TearDown() override {
-        m_thumbnail.reset();
-        m_fake.reset();
-        QDBusConnection::disconnectFromBus("client");
-        QDBusConnection::disconnectFromBus("service");
     }
 
     static void deliverMessages() { test::deliverMessages({"service", "client"}); }
@@ -114,7 +103,7 @@ class ThumbnailTest : public testing::Test {
     using Answers = std::vector<std::string>;
 
     test::TemporaryDirectory m_folder;
-    test::PrivateBus m_bus;
+    test::ConnectedBus m_bus;
     Path m_cacheHome = m_folder / "cache";
     Path m_photo = m_folder.write("photo of me.jpg", "not decoded");
     Thumbnail::Deadlines m_deadlines;
@@ -226,7 +215,7 @@ TEST_F(ThumbnailTest, LoadNowReturnsTheMainThreadsResult) {
 
 TEST_F(ThumbnailTest, LoadNowReturnsTheIconWhileTheMainThreadIsBusy) {
     Preview{.item = m_photo}.save(m_cacheHome);
-    Thumbnail withoutTimeout(connection("client"), ThumbnailCache(m_cacheHome), {.loadNow = {}});
+    Thumbnail withoutTimeout(m_bus.connect("client"), ThumbnailCache(m_cacheHome), {.loadNow = {}});
     std::vector<std::string> found;
     std::thread([&] {
         for (const Path& item : {m_photo, m_folder.path()})
