@@ -153,11 +153,7 @@ TEST_F(SettingsTabTest, ClickingTheTextTogglesTheSwitch) {
     tab.show();
     auto* const row = tab.findChildren<SettingRow*>()[2];
     const QImage on = row->grab().toImage();
-    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-        QMouseEvent event(type, QPointF(30, 20), row->mapToGlobal(QPointF(30, 20)), Qt::LeftButton,
-                          Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(row, &event);
-    }
+    click(*row, {30, 20});
     EXPECT_FALSE(settings.sound.get());
     EXPECT_EQ(row->grab().toImage(), on) << "the knob starts at its previous position";
     EXPECT_TRUE(eventuallyInLoop([&] { return row->grab().toImage() != on; }));

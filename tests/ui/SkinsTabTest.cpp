@@ -23,13 +23,7 @@ struct SkinsTabTest : TabFixture {
     [[nodiscard]] SkinCardView* card(const Skin& skin) const {
         return cards[&*std::ranges::find(Skin::all(), skin.id, &Skin::id) - Skin::all().data()];
     }
-    void click(QWidget* widget) const {
-        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-            QMouseEvent event(type, QPointF(20, 20), widget->mapToGlobal(QPointF(20, 20)),
-                              Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-            QCoreApplication::sendEvent(widget, &event);
-        }
-    }
+    void select(const Skin& skin) const { click(*card(skin), {20, 20}); }
 };
 
 TEST_F(SkinsTabTest, LockedSkinsShowHowToUnlockThem) {
@@ -40,7 +34,7 @@ TEST_F(SkinsTabTest, LockedSkinsShowHowToUnlockThem) {
     EXPECT_EQ(card(Skin::gold())->toolTip(), "Locked: a very hard achievement");
     for (const auto* const each : cards)
         EXPECT_EQ(each->isEnabled(), each == card(Skin::iron()));
-    click(card(Skin::lava()));
+    select(Skin::lava());
     EXPECT_EQ(progression.progress().skin, "iron");
 }
 
@@ -48,9 +42,9 @@ TEST_F(SkinsTabTest, ClickingSelects) {
     progression.unlockAll();
     tab.show();
     EXPECT_EQ(description(card(Skin::gold())).toStdString(), Skin::gold().blurb);
-    click(card(Skin::gold()));
+    select(Skin::gold());
     EXPECT_EQ(progression.progress().skin, "gold");
-    click(card(Skin::gold()));
+    select(Skin::gold());
     progression.select(Skin::frost()); // changed elsewhere
     for (auto* const each : cards) {
         const bool isChosen = each == card(Skin::frost());

@@ -200,20 +200,15 @@ TEST_F(StatsWindowTest, PutsBackByTheButtonOfARowAndByItsAccessibleAction) {
     feedFiles({"a", "b"});
     ledger.mark({}, {idOf(1)}, {});
     show();
-    const auto click = [this](int row) {
+    const auto clickButton = [this](int row) {
         const QRect place = list.visualRect(list.model()->index(row, 0));
-        const QPoint button =
-            HistoryRow::of(place, list.font(), Qt::LeftToRight, true).button.center();
-        for (const auto kind : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-            QMouseEvent event(kind, button, list.viewport()->mapToGlobal(button), Qt::LeftButton,
-                              Qt::LeftButton, Qt::NoModifier);
-            QCoreApplication::sendEvent(list.viewport(), &event);
-        }
+        click(*list.viewport(),
+              HistoryRow::of(place, list.font(), Qt::LeftToRight, true).button.center());
     };
-    click(0);
+    clickButton(0);
     EXPECT_EQ(log, QStringList("restore b"));
     EXPECT_THAT(list.picked(), IsEmpty()) << "pressing the button must not select";
-    click(1);
+    clickButton(1);
     EXPECT_EQ(log.size(), 1) << "the row has no button";
 
     auto* const face = QAccessible::queryAccessibleInterface(&list);
@@ -318,14 +313,6 @@ TEST_F(StatsWindowTest, FollowsTheColoursOfSkinAndDesktop) {
     progression.unlockAll();
     feedFiles({"a"});
     window.show();
-    const auto holds = [this](QRgb colour) {
-        const QImage image = window.grab().toImage();
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x)
-                if (image.pixel(x, y) == colour)
-                    return true;
-        return false;
-    };
     for (const bool dark : {false, true}) {
         QApplication::setPalette(desktopPalette(dark));
         QCoreApplication::processEvents();
@@ -333,7 +320,8 @@ TEST_F(StatsWindowTest, FollowsTheColoursOfSkinAndDesktop) {
         EXPECT_EQ(window.grab().toImage().pixelColor(1, 1), ground);
         for (const Skin* skin : {&Skin::cobalt(), &Skin::witchfire()}) {
             progression.select(*skin);
-            EXPECT_TRUE(holds(Accent::of(*skin, ground).colour.rgb())) << skin->id;
+            EXPECT_TRUE(holds(window.grab().toImage(), Accent::of(*skin, ground).colour))
+                << skin->id;
         }
     }
 }

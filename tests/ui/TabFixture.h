@@ -27,14 +27,6 @@ struct TabFixture : WindowFixture {
         widget->setFocus(Qt::TabFocusReason);
         ASSERT_TRUE(eventuallyInLoop([widget] { return widget->hasFocus(); }));
     }
-
-    static bool holds(const QImage& image, const QColor& colour) {
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x)
-                if (image.pixelColor(x, y) == colour)
-                    return true;
-        return false;
-    }
 };
 
 } // namespace vexmoor::test

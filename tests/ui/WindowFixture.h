@@ -5,7 +5,9 @@
 #include "support/WindowStores.h"
 
 #include <QApplication>
+#include <QImage>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -42,6 +44,23 @@ inline void press(QWidget& widget, Qt::Key key) {
         QKeyEvent event(type, key, Qt::NoModifier);
         QCoreApplication::sendEvent(&widget, &event);
     }
+}
+
+/// Clicks at a position in the widget.
+inline void click(QWidget& widget, QPoint at) {
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, at, widget.mapToGlobal(at), Qt::LeftButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(&widget, &event);
+    }
+}
+
+inline bool holds(const QImage& image, const QColor& colour) {
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (image.pixelColor(x, y) == colour)
+                return true;
+    return false;
 }
 
 } // namespace vexmoor::test
