@@ -228,7 +228,7 @@ TEST_F(UpdaterTest, ReportsAServiceThatExitsBetweenItsReplies) {
 
 TEST_F(UpdaterTest, CancelsTheRequestAtTheDeadline) {
     startService();
-    startUpdater(50ms);
+    startUpdater(1s); // long enough for the request to reach a busy service
     for (const char* method : {"SearchFiles", "GetUpdates"}) {
         m_packages->failing = method;
         m_packages->questions.clear();
