@@ -31,10 +31,11 @@ struct SteppedTimer : FrameTimer {
 struct NoDefaults : UserDefaults {
     [[nodiscard]] std::optional<Value> value(std::string_view) const override { return {}; }
     void assign(std::string_view, std::optional<Value>) override {}
-    Result<void> transaction(const std::function<void()>& body) override {
+    Result<void> transaction(const std::function<void()>& body, Durability) override {
         body();
         return {};
     }
+    Result<void> makeDurable() override { return {}; }
 };
 
 struct Growth {

@@ -52,6 +52,7 @@ int main(int argc, char** argv) {
     const auto start = Clock::now();
     const pid_t program = fork();
     if (program == 0) {
+        dup2(STDERR_FILENO, STDOUT_FILENO); // ours has the figure only
         execvp(argv[3], argv + 3);
         _exit(127);
     }

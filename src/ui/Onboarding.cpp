@@ -31,8 +31,8 @@ Onboarding::Onboarding(Ports ports) : m_ports(std::move(ports)), m_facts(m_ports
         probeFolders();
 }
 
-std::string Onboarding::title() const {
-    switch (m_page) {
+std::string Onboarding::title(Page page) const {
+    switch (page) {
     case Page::welcome:
         return text("Welcome to Vexmoor");
     case Page::accessibility:

@@ -77,7 +77,8 @@ class Onboarding {
     explicit Onboarding(Ports ports);
 
     [[nodiscard]] Page page() const { return m_page; }
-    [[nodiscard]] std::string title() const;
+    [[nodiscard]] std::string title() const { return title(m_page); }
+    [[nodiscard]] std::string title(Page page) const;
     [[nodiscard]] std::string blurb() const;
     [[nodiscard]] Picture picture() const;
     [[nodiscard]] std::string pictureText() const; ///< empty for the demonstration

@@ -6,6 +6,7 @@
 #include "Mock.h"
 #include "Motion.h"
 #include "TextStyle.h"
+#include "Transition.h"
 
 #include "art/CauldronArt.h"
 
@@ -19,40 +20,32 @@ namespace {
 constexpr int kDemoScale = 3;
 constexpr int kFadeMilliseconds = 160;
 
-class Veil : public QWidget {
+} // namespace
+
+/// Shows the previous picture while it fades out.
+class OnboardingPicture::Veil : public QWidget {
   public:
     explicit Veil(QWidget* parent) : QWidget(parent) {
         setAttribute(Qt::WA_TransparentForMouseEvents);
         hide();
     }
     QPixmap before;
-    double opacity = 0;
+    Transition* const opacity = new Transition(*this, kFadeMilliseconds);
 
   protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        painter.setOpacity(opacity);
+        painter.setOpacity(opacity->at());
         painter.drawPixmap(0, 0, before);
     }
 };
-
-} // namespace
 
 OnboardingPicture::OnboardingPicture(const Skin& skin, QWidget* parent,
                                      const MakeFrameTimer& makeTimer)
     : QWidget(parent), m_skin(skin),
       m_demo(new CauldronDemoView(skin, kDemoScale, this, makeTimer)), m_veil(new Veil(this)) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    m_fade.setStartValue(1.0);
-    m_fade.setEndValue(0.0);
-    m_fade.setDuration(kFadeMilliseconds);
-    m_fade.setEasingCurve(QEasingCurve::OutCubic);
-    auto* const veil = static_cast<Veil*>(m_veil);
-    connect(&m_fade, &QVariantAnimation::valueChanged, veil, [veil](const QVariant& value) {
-        veil->opacity = value.toDouble();
-        veil->update();
-    });
-    connect(&m_fade, &QVariantAnimation::finished, veil, &QWidget::hide);
+    connect(m_veil->opacity, &Transition::finished, m_veil, &QWidget::hide);
 }
 
 QSize OnboardingPicture::sizeHint() const {
@@ -81,14 +74,12 @@ void OnboardingPicture::show(Onboarding::Picture picture, const QString& text) {
 }
 
 void OnboardingPicture::fadeFrom(const QPixmap& before) {
-    auto* const veil = static_cast<Veil*>(m_veil);
-    m_fade.stop();
-    veil->before = before;
-    veil->opacity = 1;
-    veil->resize(size());
-    veil->raise();
-    veil->show();
-    m_fade.start();
+    m_veil->before = before;
+    m_veil->opacity->setAt(1);
+    m_veil->resize(size());
+    m_veil->raise();
+    m_veil->show();
+    m_veil->opacity->moveTo(0);
 }
 
 void OnboardingPicture::resizeEvent(QResizeEvent*) {

@@ -5,7 +5,6 @@
 #include "dock/FrameTimer.h"
 #include "skins/Skin.h"
 
-#include <QVariantAnimation>
 #include <QWidget>
 
 namespace vexmoor {
@@ -33,14 +32,15 @@ class OnboardingPicture : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
+    class Veil;
+
     void fadeFrom(const QPixmap& before);
 
     Skin m_skin;
     Onboarding::Picture m_picture = Onboarding::Picture::demo;
     QString m_text;
     CauldronDemoView* m_demo;
-    QWidget* m_veil; ///< shows the previous picture while it fades out
-    QVariantAnimation m_fade;
+    Veil* m_veil;
 };
 
 } // namespace vexmoor

@@ -106,12 +106,25 @@ void OnboardingView::announce() {
     m_title->setFocus(Qt::OtherFocusReason);
 }
 
+/// Returns the height of the title with the most lines.
+int OnboardingView::highestTitle(int width) const {
+    const QFontMetrics metrics(m_title->font());
+    int height = 0;
+    for (int page = 0; page < Onboarding::kPages; ++page) {
+        const auto title = QString::fromStdString(m_onboarding.title(Page{page}));
+        height = std::max(height,
+                          metrics.boundingRect({0, 0, width, 0}, Qt::TextWordWrap, title).height());
+    }
+    return height;
+}
+
 /// Enlarges the window if the user's font or language needs it. Never shrinks it, so that nothing
 /// moves between pages.
 void OnboardingView::fit() {
     m_blurb->setMinimumHeight(2 * QFontMetrics(m_blurb->font()).lineSpacing());
     const double growth = std::max(1.0, textFont(font(), 13).pixelSize() / 13.0);
     m_size = m_size.expandedTo(kSize * growth);
+    m_title->setMinimumHeight(highestTitle(m_size.width() - 2 * kMargin));
     m_status->layout()->activate();
     layout()->activate();
     m_size.setHeight(std::max(m_size.height(), layout()->totalHeightForWidth(m_size.width())));

@@ -42,6 +42,7 @@ class OnboardingView : public QDialog {
     void announce();
     void recolour();
     void fit();
+    [[nodiscard]] int highestTitle(int width) const;
 
     Skin m_skin;
     Onboarding m_onboarding;

@@ -15,8 +15,8 @@
 #include <iostream>
 
 // vexmoor-screens FOLDER [SCENE...]: renders every window, or those whose names start so, light and
-// dark, at one and two pixels per point, in English and German. Scale and language are per process,
-// so it starts itself for each combination.
+// dark, at 1, 1.5 and 2 pixels per point, in English and German. Scale and language are per
+// process, so it starts itself for each combination.
 
 namespace {
 
@@ -59,7 +59,7 @@ int startForEach(const QStringList& arguments) {
     QTemporaryFile display;
     describeDisplay(display);
     for (const char* const language : {"en", "de"}) {
-        for (const char* const scale : {"1", "2"}) {
+        for (const char* const scale : {"1", "1.5", "2"}) {
             QProcess process;
             auto environment = QProcessEnvironment::systemEnvironment();
             environment.insert(kScale, scale);
