@@ -95,8 +95,10 @@ TEST_F(X11EventTapTest, CapturesTheKeyOnlyInFileManagers) {
     EXPECT_THAT(typedThen("x"), ElementsAre("BackSpace", "BackSpace", "x"));
 
     openWindow("Editor");
-    keyboard->press({"Control_L", "BackSpace"});
-    EXPECT_THAT(typedThen("x"), ElementsAre("BackSpace", "x"));
+    EXPECT_TRUE(eventually([this] { // the tap releases its grabs after the switch
+        keyboard->press({"Control_L", "BackSpace"});
+        return typedThen("x") == std::vector<std::string>{"BackSpace", "x"};
+    }));
 }
 
 TEST_F(X11EventTapTest, DistinguishesRepeatsFromPresses) {
