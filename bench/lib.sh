@@ -1,6 +1,6 @@
-# Sourced by the benchmarks: pairs of runs in turn, medians and ratios.
+# Sourced by the benchmarks: interleaved pairs of runs, medians and ratios.
 
-# Wall time of a command, its output thrown away.
+# Prints the wall time of a command and discards its output.
 microseconds() {
     local start=${EPOCHREALTIME/./}
     "$@" >/dev/null 2>&1 || echo "failed: $*" >&2
@@ -9,8 +9,9 @@ microseconds() {
 
 median() { sort -g | awk '{ v[NR] = $1 } END { print v[int((NR + 1) / 2)] }'; }
 
-# report NAME TARGET [DIVISOR], pairs of microseconds (ours, the peer's) on stdin. A line: NAME, our
-# milliseconds (over DIVISOR), the peer's, the ratio (median of the pairs), the target.
+# report NAME TARGET [DIVISOR]: reads pairs of microseconds (ours, the peer's) from stdin and prints
+# a line: NAME, our milliseconds (divided by DIVISOR), the peer's, the ratio (median of the pairs),
+# the target.
 report() {
     local pairs ours peer ratio
     pairs=$(cat)

@@ -1,4 +1,4 @@
-# One set of flags for all that is ours.
+# The compiler flags of all our targets.
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -16,7 +16,7 @@ if(VEXMOOR_WERROR)
   add_compile_options(-Werror)
 endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  add_compile_options(-Wno-restrict) # GCC 12 sees overlaps in std::string that are not there (bug 105651)
+  add_compile_options(-Wno-restrict) # false positives in std::string with GCC 12 (bug 105651)
 endif()
 add_compile_options(-ffunction-sections -fdata-sections)
 add_link_options(-Wl,--gc-sections)

@@ -3,9 +3,9 @@ find_package(Threads REQUIRED)
 find_package(nlohmann_json REQUIRED)
 find_package(CLI11 REQUIRED)
 pkg_check_modules(Canberra REQUIRED IMPORTED_TARGET libcanberra)
-pkg_check_modules(Systemd REQUIRED libsystemd) # for its header: the library is loaded when it is needed
+pkg_check_modules(Systemd REQUIRED libsystemd) # only its header: the library is loaded at run time
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets DBus)
-# Qt 6.4's moc can read <chrono> only after this.
+# Qt 6.4's moc parses <chrono> only with this definition.
 set(CMAKE_AUTOMOC_MOC_OPTIONS --include QtCore/qglobal.h)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb xcb-shape xcb-xfixes)
 pkg_check_modules(XKB REQUIRED IMPORTED_TARGET xcb xcb-xfixes xcb-xinput xcb-xkb xcb-xtest
@@ -15,8 +15,8 @@ if(VEXMOOR_TESTS)
   include(GoogleTest)
 endif()
 
-# A command lives for milliseconds: loading SQLite and libuuid as shared libraries costs it a third
-# of its start-up time. Distributors who want them shared set VEXMOOR_STATIC to OFF.
+# Static linking of SQLite and libuuid saves a command a third of its start-up time. Distributors
+# who prefer shared libraries set VEXMOOR_STATIC to OFF.
 pkg_check_modules(SQLITE REQUIRED sqlite3)
 pkg_check_modules(UUID REQUIRED uuid)
 if(VEXMOOR_STATIC)

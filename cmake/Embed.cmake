@@ -1,5 +1,5 @@
 # cmake -D input=FILE -D output=FILE.cpp -D name=NAME -P Embed.cmake
-# Writes a unit that defines vexmoor::NAME, an array of the bytes of a file.
+# Writes a source file that defines vexmoor::NAME, an array with the bytes of a file.
 file(READ ${input} bytes HEX)
 string(REGEX REPLACE "(..)" "0x\\1," bytes "${bytes}")
 file(WRITE ${output} "namespace vexmoor {\nextern const unsigned char ${name}[];\n"

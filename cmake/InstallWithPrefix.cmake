@@ -1,6 +1,6 @@
 # vexmoor_install_with_prefix(<file> <destination> <component>)
-# Installs a file in which {bindir} becomes the folder of the programs, as the prefix of the
-# installation has it: that may be another than the one of the configuration.
+# Installs a file with {bindir} replaced by the folder of the programs below the installation
+# prefix, which can differ from the configured one.
 include(GNUInstallDirs)
 function(vexmoor_install_with_prefix file destination component)
   set(code [[

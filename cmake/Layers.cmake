@@ -1,9 +1,9 @@
-# A layer is a folder of src/ and a static library. Its headers are included as
-# "folder/Header.h" and can be seen only by the layers that link it: each layer has an include
-# root of its own (a link to its folder in the build tree), so an upward include does not compile.
+# A layer is a folder of src/ and a static library. Its headers are included as "folder/Header.h"
+# and are visible only to layers that link it: each layer has its own include root (a link to its
+# folder in the build tree), so that an upward include does not compile.
 
 # vexmoor_layer(<name> [SOURCES <file>...] [LINKS <target>...])
-# Without SOURCES every .cpp right in the folder is taken.
+# Without SOURCES, uses every .cpp directly in the folder.
 function(vexmoor_layer name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   if(NOT ARG_SOURCES)
@@ -18,7 +18,7 @@ function(vexmoor_layer name)
   vexmoor_check_headers(${name})
 endfunction()
 
-# Every header compiles on its own: `header-check` builds one unit for each.
+# `header-check` compiles each header on its own.
 if(NOT TARGET header-check)
   add_custom_target(header-check)
 endif()

@@ -1,6 +1,6 @@
 # vexmoor_wayland_protocols(<target> <name>=<file>...)
-# Adds the code of protocols that their descriptions generate to a target, with their headers as
-# "<name>-client-protocol.h". A relative file is one of the package wayland-protocols.
+# Adds generated protocol code to a target, with headers named "<name>-client-protocol.h". Relative
+# files are those of the package wayland-protocols.
 pkg_check_modules(Wayland REQUIRED IMPORTED_TARGET wayland-client wayland-cursor)
 pkg_get_variable(WAYLAND_PROTOCOLS wayland-protocols pkgdatadir)
 find_program(WAYLAND_SCANNER wayland-scanner REQUIRED)

@@ -1,5 +1,6 @@
-// What one animation frame costs, painted and turned into the pictures that are shown. Budgets on
-// one core, medians: idle 0.15 ms, burn 0.6 ms, swarm of ten 2 ms; and no growth of the heap.
+// Measures the cost of an animation frame, including its conversion to the displayed pictures.
+// Limits on one core, medians: idle 0.15 ms, burn 0.6 ms, swarm of ten 2 ms; the heap must not
+// grow.
 
 #include "art/CauldronArt.h"
 
@@ -12,7 +13,7 @@ namespace {
 
 constexpr int kScale = 12;
 
-/// A gradient with a soft edge, so that no shortcut for flat pictures helps.
+/// A gradient with a soft edge, which defeats shortcuts for flat images.
 QImage icon(int side, int hue) {
     QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < side; ++y) {
@@ -39,7 +40,7 @@ void idleFrame(benchmark::State& state) {
 }
 BENCHMARK(idleFrame)->Arg(0)->Arg(12)->Arg(14)->Unit(benchmark::kMicrosecond);
 
-/// How an idle tile sees that it need not repaint.
+/// The comparison with which an idle tile skips repaints.
 void unchangedIdleFrame(benchmark::State& state) {
     const PixelCanvas before = CauldronArt::idle(64, false, 0, skinOf(state));
     for ([[maybe_unused]] auto _ : state)
@@ -97,7 +98,7 @@ BENCHMARK(swarmFrame)
     ->Args({12, 128})
     ->Unit(benchmark::kMicrosecond);
 
-/// Fails when the heap is larger after 100,000 frames than after the first few hundred.
+/// Fails if the heap is larger after 100,000 frames than after the first few hundred.
 void heapAfterManyFrames(benchmark::State& state) {
     constexpr int kFrames = 100'000;
     const std::vector<QImage> icons = tenIcons(64);

@@ -12,22 +12,22 @@
 #include <cstdlib>
 #include <iostream>
 
-// Burns item after item on a real display, each frame as soon as the one before is painted, and
-// prints how much memory is in use beyond what it was after the first tenth.
+// Burns items on a real display, painting each frame as soon as possible, and prints the memory
+// growth after the first tenth of the burns.
 //   burn_growth [BURNS]
 
 namespace {
 
 using namespace vexmoor;
 
-/// Time passes when the program says so.
+/// A clock that the program advances.
 struct SteppedTimer : FrameTimer {
     std::function<void()> fire;
     void start(Interval, std::function<void()> callback) override { fire = std::move(callback); }
     void stop() override { fire = nullptr; }
 };
 
-/// Keeps nothing.
+/// Stores nothing.
 struct NoDefaults : UserDefaults {
     [[nodiscard]] std::optional<Value> value(std::string_view) const override { return {}; }
     void assign(std::string_view, std::optional<Value>) override {}

@@ -12,8 +12,8 @@
 #include <memory>
 #include <optional>
 
-// Starts a program and prints the milliseconds until a pixel of the screen has another colour, or
-// nothing where that does not happen in ten seconds. The program is ended then.
+// Starts a program, prints the milliseconds until a pixel of the screen changes its colour, or
+// nothing after ten seconds, and ends the program.
 //   first_paint X Y PROGRAM [ARGUMENT...]
 
 namespace {

@@ -1,4 +1,4 @@
-// For developers: vexmoor-tree size|remove PATH, vexmoor-tree make FOLDERS FILES PATH.
+// A developer tool: vexmoor-tree size|remove PATH, vexmoor-tree make FOLDERS FILES PATH.
 #include "disposal/TreeRemoval.h"
 #include "disposal/TreeSize.h"
 #include "platform/FileManager.h"
@@ -37,7 +37,7 @@ int inDirectoryOf(const Path& path, int (*act)(int directory, const std::string&
     return act(directory->get(), lastComponent(path));
 }
 
-/// Each file holds a few bytes, as the blocks are a part of the work.
+/// Writes a few bytes into each file, so that blocks are allocated.
 bool makeFiles(const std::string& folder, int files) {
     if (::mkdir(folder.c_str(), 0755) != 0)
         return false;

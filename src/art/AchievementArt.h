@@ -8,19 +8,19 @@
 
 namespace vexmoor {
 
-/// Paints the achievements' icons. Any thread.
+/// Paints the achievement icons. Thread-safe.
 class AchievementArt {
   public:
     AchievementArt() = delete;
 
-    /// What the letters of the icons stand for.
+    /// Returns the colours of the icons' letters.
     static const Palette& palette();
 
-    /// One icon for each achievement, in the catalogue's order.
+    /// Returns one icon per achievement, in the catalogue's order.
     static std::span<const AchievementIcon> icons();
 
-    /// The icon of that achievement, or the padlock for any other id ("locked"), each of its
-    /// pixels a block of `scale` by `scale`. A scale below 2 does not enlarge.
+    /// Returns the achievement's icon, or the padlock for any other id ("locked"), with each pixel
+    /// drawn as a block of `scale` × `scale`. A scale below 2 means no enlargement.
     static PixelCanvas render(std::string_view id, int scale);
 };
 

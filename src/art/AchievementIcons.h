@@ -8,7 +8,7 @@
 
 namespace vexmoor {
 
-/// An achievement's picture in letters of achievementPalette().
+/// An achievement's picture in the letters of achievementPalette().
 struct AchievementIcon {
     static constexpr int kSide = 16;
 
@@ -16,12 +16,12 @@ struct AchievementIcon {
     std::array<std::string_view, kSide> rows;
 };
 
-/// One for each achievement, in the catalogue's order.
+/// One icon per achievement, in the catalogue's order.
 extern const std::array<AchievementIcon, 19> kAchievementIcons;
-/// What stands for an achievement not yet earned.
+/// The icon of locked achievements.
 extern const AchievementIcon kPadlockIcon;
 
-/// The icons' colours, by material; each group from dark to light.
+/// Returns the icons' colours, grouped by material, each group from dark to light.
 constexpr Palette achievementPalette() {
     constexpr auto kHex = &Pixel::fromHex;
     constexpr std::array<Palette::Entry, 37> kEntries{{

@@ -6,24 +6,24 @@
 
 namespace vexmoor {
 
-/// How a flame rises, flickers and sinks while one item burns.
+/// The flame's height over time while one item burns.
 struct BurnCurve {
     static constexpr int kFrames = 36;
-    static constexpr double kFullHeight = 24; ///< of a flame that may leave the tile, in rows
-    static constexpr double kTileHeight = 8;  ///< of one that stays in it
+    static constexpr double kFullHeight = 24; ///< rows of a flame that may leave the tile
+    static constexpr double kTileHeight = 8;  ///< rows of a flame that stays in the tile
 
-    /// How far through the burn a frame is, 0 to 1.
+    /// Returns a frame's position in the burn, 0 to 1.
     static constexpr double moment(int frame) { return frame / (kFrames - 1.0); }
 
-    /// The random state of the frame at t (0 to 1) in the burn of that seed.
+    /// Returns the random seed of the frame at position t (0 to 1) of the burn with that seed.
     static constexpr std::uint64_t frameSeed(std::uint64_t seed, double t) {
         return SeededRNG::mixed(seed ^ static_cast<std::uint64_t>(t * 1000)).state;
     }
 
-    /// The flame's height in rows at t, given its full height.
+    /// Returns the flame's height in rows at position t. `full` is its full height.
     static double height(double t, double full, std::uint64_t frameSeed);
 
-    /// Whether the acid boils at t.
+    /// True while the acid boils.
     static constexpr bool simmers(double t) { return 0.05 < t && t < 0.9; }
 };
 

@@ -9,67 +9,68 @@
 
 namespace vexmoor {
 
-/// Paints the cauldron: idle, burning one item, devouring many. The same arguments always give the
-/// same pixels. Any thread, but for the current skin, which belongs to the main thread.
+/// Paints the cauldron: idle, burning one item, or with a swarm of items. The output depends only
+/// on the arguments. Thread-safe, except for the current skin, which belongs to the main thread.
 class CauldronArt {
   public:
-    /// Every frame's size; the pot stands on its last row.
+    /// The size of each frame. The pot's feet are in the last row.
     static constexpr int kWidth = 34;
     static constexpr int kHeight = 54;
-    /// How far a swarm's flame canvas reaches beyond the frame on either side.
+    /// The columns by which a swarm's flame canvas is wider than the frame on each side.
     static constexpr int kSwarmMargin = 16;
-    /// The row flames stand on, just above the acid.
+    /// The row on which flames stand, just above the acid.
     static constexpr int kFlameBase = 27;
 
-    /// The pot with all that is in or behind it, and the flames alone, to be shown above the tile.
+    /// The pot with everything in or behind it, and the flames separately, to be shown above the
+    /// tile.
     struct Frame {
         PixelCanvas scene;
         PixelCanvas flame;
     };
 
-    /// As Frame, but the flame canvas is wider by kSwarmMargin columns on both sides, so that its
-    /// column kSwarmMargin is the scene's column 0.
+    /// Like Frame, but the flame canvas is kSwarmMargin columns wider on each side: its column
+    /// kSwarmMargin is the scene's column 0.
     struct SwarmFrame {
         PixelCanvas scene;
         PixelCanvas flame;
     };
 
-    /// One moment of the burn.
+    /// The state of one frame of the burn.
     struct Burn {
-        double t = 0;             ///< 0 to 1 through the burn
-        double height = 0;        ///< of the flame, in rows
+        double t = 0;             ///< position in the burn, 0 to 1
+        double height = 0;        ///< flame height in rows
         bool simmer = false;      ///< the acid boils and lights the pot
-        QImage icon = {};         ///< the item; null burns without one
-        std::uint64_t seed = 1;   ///< this frame's
-        bool splitAtPool = false; ///< the flame's upper part is shown by another window
-        double lift = 0;          ///< how far the pot floated when the burn began
+        QImage icon = {};         ///< the item's picture; null for none
+        std::uint64_t seed = 1;   ///< the frame's random seed
+        bool splitAtPool = false; ///< another window shows the flame's upper part
+        double lift = 0;          ///< the floating pot's offset when the burn began
         const Skin& skin;
     };
 
-    /// The skin in use; iron at first.
+    /// Returns the selected skin; iron by default.
     static const Skin& current();
     static void setCurrent(const Skin& skin);
 
-    /// Paints the pot, raised by `lift` rows. With a ground canvas only the floating rows go on
-    /// `pot` and the rest on `ground`.
+    /// Paints the pot, raised by `lift` rows. If `ground` is given, only the floating rows go on
+    /// `pot` and the others on `ground`.
     static void drawPot(PixelCanvas& pot, PixelCanvas* ground, const Skin& skin, int lift);
 
-    /// The idling pot at a tick of an eighth of a second. `still`: without bubbles or bobbing.
+    /// Returns an idle frame. A tick is an eighth of a second. `still` omits bubbles and bobbing.
     static PixelCanvas idle(int tick, bool still, double subtick, const Skin& skin);
 
-    /// How far a floating pot is above its place at a tick, in rows; 0 for those that stand.
+    /// Returns the height in rows of a floating pot above its standard position; 0 for other pots.
     static double hoverLift(double tick, const Skin& skin);
 
-    /// Paints one flame of that many rows; takes one draw a row.
+    /// Paints a flame of `height` rows. Takes one random number per row.
     static void drawFlame(PixelCanvas& canvas, double height, const Skin& skin, SeededRNG& rng);
 
-    /// The signs that light up on the belly, each of the same size; # marks the carved pixels.
+    /// Returns the runes that light up on the pot's belly, all of one size; # marks their pixels.
     static std::span<const LetterRows> runes();
 
     static Frame burn(const Burn& moment);
 
-    /// A swarm of items `time` seconds after its start, 0.3 s between one item and the next.
-    /// A null icon flies as a ball of fire.
+    /// Returns a frame of a swarm `time` seconds after its start. Items start 0.3 s apart. A null
+    /// icon is drawn as a ball of fire.
     static SwarmFrame swarm(double time, std::span<const QImage> icons, std::uint64_t seed,
                             double lift, const Skin& skin);
 };

@@ -11,7 +11,7 @@
 namespace vexmoor {
 namespace {
 
-constexpr int kSplitRow = 23; ///< the rim's top: flames stand in front of the pot from here down
+constexpr int kSplitRow = 23; ///< the rim's top row; from here down flames are in front of the pot
 constexpr int kIconDetail = 2;
 
 double fraction(double value) {
@@ -22,7 +22,7 @@ double ramp(double t, double from, double to) {
     return std::clamp((t - from) / (to - from), 0.0, 1.0);
 }
 
-/// Four licks in the second and a half of a burn.
+/// The flame swings four times during a burn.
 Flame flameOf(const CauldronArt::Burn& moment) {
     return {.base = CauldronArt::kFlameBase,
             .height = moment.height,
@@ -30,7 +30,7 @@ Flame flameOf(const CauldronArt::Burn& moment) {
             .phase = 2 * std::numbers::pi * 4 * moment.t};
 }
 
-/// Where the item lies in the flame.
+/// The item's position in the flame.
 struct IconPlace {
     int x;
     int y;
@@ -43,7 +43,7 @@ IconPlace placeOf(double height) {
             static_cast<int>(CauldronArt::kFlameBase - height + height * 0.5) - side / 2, side};
 }
 
-/// The item, until the fire has eaten it grain by grain.
+/// The item's overlay, whose mask removes more and more pixels.
 PixelCanvas::Overlay itemOverlay(const CauldronArt::Burn& moment, const IconPlace& place) {
     const double dissolved = moment.t < 0.6 ? 0 : std::min((moment.t - 0.6) * 4, 1.0);
     return {.image = squared(moment.icon),
@@ -57,7 +57,8 @@ PixelCanvas::Overlay itemOverlay(const CauldronArt::Burn& moment, const IconPlac
             }};
 }
 
-/// The row up to which the flame has climbed over the item: wavy, rising through the burn.
+/// Returns the row up to which the flame covers the item. The line is wavy and rises during the
+/// burn.
 double fireLine(const CauldronArt::Burn& moment, double x) {
     const double phase = 2 * std::numbers::pi * 4 * moment.t;
     const double wave = std::sin(x * 1.1 + phase) + std::sin(x * 0.6 - phase * 1.5);
@@ -65,7 +66,7 @@ double fireLine(const CauldronArt::Burn& moment, double x) {
     return CauldronArt::kFlameBase - moment.height * climbed;
 }
 
-/// The item glowing where the flame is about to reach it, hottest at the fire line.
+/// The item's glow near the fire line, brightest at the line.
 PixelCanvas::Overlay glowOverlay(PixelCanvas::Overlay item, const CauldronArt::Burn& moment) {
     const Pixel hot = moment.skin.acidLight;
     const double reach = item.h * 0.45;
@@ -84,7 +85,7 @@ PixelCanvas::Overlay glowOverlay(PixelCanvas::Overlay item, const CauldronArt::B
     return item;
 }
 
-/// The flame once more in front of the item, below the fire line.
+/// The part of the flame in front of the item, below the fire line.
 PixelCanvas::Overlay lickOverlay(const PixelCanvas& flame, const CauldronArt::Burn& moment) {
     PixelCanvas front(flame.width(), flame.height());
     for (int x = 0; x < front.width(); ++x) {
@@ -102,7 +103,7 @@ void drawItem(PixelCanvas& flame, const CauldronArt::Burn& moment) {
     flame.addOverlay(lickOverlay(flame, moment));
 }
 
-/// Sparks that leave the flame's tip, spread as they rise and cool.
+/// Draws sparks that rise from the flame's tip, spread out and cool.
 void drawEmbers(PixelCanvas& flame, const CauldronArt::Burn& moment) {
     const int count = static_cast<int>(moment.height / 3);
     const Flame shape = flameOf(moment);
@@ -118,7 +119,7 @@ void drawEmbers(PixelCanvas& flame, const CauldronArt::Burn& moment) {
     }
 }
 
-/// Drops thrown up by the boiling acid.
+/// Draws drops thrown up by the boiling acid.
 void drawSpatter(PixelCanvas& flame, int count, const Skin& skin, SeededRNG& rng) {
     for (int i = 0; i < count; ++i) {
         const int x = 9 + static_cast<int>(rng.uniform() * 16);
@@ -128,7 +129,7 @@ void drawSpatter(PixelCanvas& flame, int count, const Skin& skin, SeededRNG& rng
     }
 }
 
-/// Crumbs of the dissolving item, falling back into the pool.
+/// Draws crumbs of the dissolving item that fall into the acid.
 void drawCrumbs(PixelCanvas& flame, const CauldronArt::Burn& moment) {
     const double falling = ramp(moment.t, 0.6, 0.95);
     if (moment.icon.isNull() || falling == 0 || falling == 1)
@@ -179,7 +180,7 @@ CauldronArt::Frame CauldronArt::burn(const Burn& moment) {
     paintRunes(pot, moment.skin, ramp(moment.t, 0.08, 0.4) - ramp(moment.t, 0.8, 1.0));
     scene.merge(pot, 0, -sink);
 
-    // The item is on the scene already: only pixels come in front of the pot.
+    // The item is already on the scene; only the flame's pixels go in front of the pot.
     PixelCanvas front =
         moment.splitAtPool ? flame.crop(0, kSplitRow, kWidth, kHeight - kSplitRow) : flame;
     front.removeOverlays();

@@ -19,7 +19,7 @@ int wrapped(int value, int period) {
     return (value % period + period) % period;
 }
 
-/// Swells, bursts into a ring with a spark above it, and throws a drop over the rim.
+/// Draws a bubble that swells, bursts into a ring and a spark, and throws a drop over the rim.
 void drawBubble(PixelCanvas& pot, int column, double phase, const Skin& skin) {
     if (phase < 0.45)
         return;
@@ -39,7 +39,7 @@ void drawBubble(PixelCanvas& pot, int column, double phase, const Skin& skin) {
     }
 }
 
-/// Now and then a mote of light climbs out of the acid, swaying, and goes out.
+/// Draws a mote of light that occasionally rises from the acid, swaying, and fades.
 void drawGlint(PixelCanvas& pot, int tick, const Skin& skin) {
     const int age = wrapped(tick, 90);
     if (age >= 12)

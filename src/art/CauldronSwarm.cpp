@@ -24,18 +24,18 @@ struct Step {
     std::function<void()> draw;
 };
 
-/// One frame being painted: everything but the pot goes on `show`, which is in front of it and
-/// leaves out what the pot hides.
+/// The canvases of one frame. `show` is in front of the pot and omits what the pot hides.
 struct Stage {
-    std::shared_ptr<const PixelCanvas> pot; ///< masks outlive the painting and share it
-    PixelCanvas& show;                      ///< kMargin columns wider than the pot on both sides
+    std::shared_ptr<const PixelCanvas>
+        pot;           ///< shared with the overlays' masks, which outlive the painting
+    PixelCanvas& show; ///< kMargin columns wider than the pot on each side
     const Skin& skin;
 
     [[nodiscard]] bool potAt(int x, int y) const { return pot->at(x, y).a == 255; }
     void blend(int x, int y, Pixel pixel) const { show.blend(kMargin + x, y, pixel); }
 };
 
-/// A ball of fire for an item without a picture.
+/// Draws the ball of fire that represents an item without a picture.
 QImage fireball(const Skin& skin) {
     PixelCanvas ball(8, 8);
     for (int y = 0; y < 8; ++y) {
@@ -51,7 +51,7 @@ QImage fireball(const Skin& skin) {
     return ball.bitmapRep();
 }
 
-/// The icon of that many bitmap pixels in a transparent square with room to turn.
+/// Scales the icon to `side` pixels and centres it in a transparent square with room to rotate.
 QImage withRoom(const QImage& icon, int side, int room) {
     const QImage small = renderedOverlay({.image = icon, .w = side, .h = side});
     return small.copy((side - room) / 2, (side - room) / 2, room, room);
@@ -84,7 +84,7 @@ void drawItem(const Stage& stage, const QImage& icon, const SwarmItem::Pose& pos
     stage.show.addOverlay(std::move(overlay));
 }
 
-/// A comet's tail of embers along the way the item came.
+/// Draws a tail of embers along the item's path.
 void drawTrail(const Stage& stage, const SwarmItem& item, double time) {
     const Pixel colours[] = {stage.skin.spark, stage.skin.spark,    stage.skin.acid,
                              stage.skin.acid,  stage.skin.acidDark, stage.skin.acidDark};
@@ -99,7 +99,7 @@ void drawTrail(const Stage& stage, const SwarmItem& item, double time) {
     }
 }
 
-/// A ring that spreads on the acid and a crown of drops above it.
+/// Draws a spreading ring on the acid and drops above it.
 void drawSplash(const Stage& stage, int column, double age) {
     constexpr double kLasts = 0.34;
     if (age < 0 || age > kLasts)
@@ -138,7 +138,7 @@ void drawFlameOf(const Stage& stage, const SwarmItem& item, double time, std::ui
                            .crisp = true});
 }
 
-/// The drawing of one item at its own time, and of its flame and splash in front of it.
+/// Adds the drawing steps of one item at its own time, and of its flame and splash in front of it.
 void addSteps(std::vector<Step>& steps, const Stage& stage, const SwarmItem& item, double time,
               const QImage& icon, std::uint64_t seed) {
     const SwarmItem::Pose pose = item.pose(time);
@@ -155,7 +155,7 @@ void addSteps(std::vector<Step>& steps, const Stage& stage, const SwarmItem& ite
                      }});
 }
 
-/// Paints the items from the farthest to the nearest. Gives the heights of all flames together.
+/// Paints the items from back to front. Returns the sum of the flames' heights.
 double paintItems(const Stage& stage, double time, std::span<const QImage> icons,
                   std::uint64_t seed) {
     std::vector<Step> steps;

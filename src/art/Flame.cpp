@@ -8,19 +8,19 @@
 namespace vexmoor {
 namespace {
 
-constexpr double kWidest = 0.72; ///< of the way down
-constexpr double kFoot = 0.9;    ///< where the core ends
+constexpr double kWidest = 0.72; ///< fraction of the height, from the tip
+constexpr double kFoot = 0.9;    ///< fraction of the height at which the core ends
 constexpr double kCoreTop = 0.22;
-constexpr double kEdge = 0.8; ///< of the half-width
-constexpr int kFlooded = 30;  ///< flames are not drawn from this row down
+constexpr double kEdge = 0.8; ///< fraction of the half-width
+constexpr int kFlooded = 30;  ///< first row in which flames are not drawn
 
 double halfWidthAt(double t, double most) {
     return t < kWidest ? most * std::sqrt(t / kWidest)
                        : most * std::sqrt((1 - t) / (1 - kWidest)) + 1;
 }
 
-/// Three flames in one another, each beginning further down: a cool one, a hot one, and a core;
-/// and a plain foot.
+/// Returns the colour for nested flames (cool, hot, core), each of which begins further down, and a
+/// plain foot.
 Pixel colourAt(double t, double fromCentre, const Skin& skin) {
     if (t >= kFoot)
         return fromCentre >= kEdge ? skin.spark : skin.acid;

@@ -7,19 +7,20 @@
 
 namespace vexmoor {
 
-/// One flame of pixels: pointed above, widest near its foot, ragged at the edges.
+/// A pixel flame with a pointed tip, widest near its foot, with ragged edges.
 struct Flame {
     int centre = 17;      ///< column of its foot
-    int base = 27;        ///< row it stands on
+    int base = 27;        ///< row of its foot
     double height = 0;    ///< rows
-    double halfWidth = 8; ///< the most columns to either side
-    double bend = 0;      ///< how far its tip swings out, in columns
-    double phase = 0;     ///< of the swing, in radians; let it run with time to make the flame lick
+    double halfWidth = 8; ///< maximum columns to either side
+    double bend = 0;      ///< horizontal swing of the tip, in columns
+    double phase = 0;     ///< of the swing, in radians; advance it with time to animate the flame
 
-    /// The centre's column in the row that is `rise` rows above the base.
+    /// Returns the centre column `rise` rows above the base.
     [[nodiscard]] int columnAt(double rise) const;
 
-    /// Paints it; nothing below half a row. Takes one draw a row, whatever is visible.
+    /// Paints the flame if it is at least half a row high. Takes one random number per row, visible
+    /// or not.
     void paint(PixelCanvas& canvas, const Skin& skin, SeededRNG& rng) const;
 };
 

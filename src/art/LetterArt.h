@@ -7,8 +7,8 @@
 
 namespace vexmoor {
 
-/// Blends a letter picture onto a canvas, its top-left corner at (left, top); letters without a
-/// colour leave the canvas as it is.
+/// Blends a letter picture onto a canvas with its top-left corner at (left, top). Letters without a
+/// colour leave the canvas unchanged.
 void drawLetters(PixelCanvas& canvas, LetterRows rows, const Palette& palette, int left, int top);
 
 } // namespace vexmoor

@@ -11,7 +11,7 @@ namespace {
 
 constexpr QImage::Format kFormat = QImage::Format_ARGB32_Premultiplied;
 
-/// `color` times alpha / 255, each channel rounded.
+/// Returns `color` scaled by alpha / 255, each channel rounded.
 QRgb faded(QRgb color, unsigned alpha) {
     const auto scaled = [&](unsigned channel) { return (channel * alpha + 127U) / 255U; };
     return scaled(color >> 24) << 24 | scaled(color >> 16 & 0xFF) << 16 |
@@ -47,8 +47,8 @@ void applyMaskAndOpacity(QImage& bitmap, const PixelCanvas::Overlay& overlay) {
     }
 }
 
-/// Where each bitmap column (or row) begins in the output, and where the last ends, clipped to
-/// the output's size.
+/// Returns the output position at which each bitmap column (or row) begins and the last one ends,
+/// clipped to the output's size.
 std::vector<int> edges(int position, double offset, int size, int scale, int cells, int limit) {
     const int origin = static_cast<int>(std::floor((position + offset) * scale + 0.5));
     const long long length = static_cast<long long>(size) * scale;

@@ -4,16 +4,16 @@
 
 namespace vexmoor {
 
-/// The bitmap of a smooth overlay: its image filling w by h times `detail` pixels with high-quality
-/// interpolation, turned by `angle` about the centre, at `opacity`, only what `keep` keeps. Of a
-/// crisp one: the image itself. Premultiplied; null when there is nothing to draw.
+/// Renders the bitmap of an overlay, premultiplied. A smooth overlay is scaled to w × h times
+/// `detail` pixels with high-quality interpolation, rotated by `angle` about its centre, drawn with
+/// `opacity` and masked by `keep`; a crisp one is its image. Null if there is nothing to draw.
 QImage renderedOverlay(const PixelCanvas::Overlay& overlay);
 
-/// Draws an overlay over a premultiplied picture of a canvas at `scale`, each bitmap pixel a block
-/// with hard edges, clipped to the picture.
+/// Draws an overlay over a premultiplied picture of a canvas at `scale`. Each bitmap pixel becomes
+/// a block with hard edges, clipped to the picture.
 void paintOverlay(QImage& target, const PixelCanvas::Overlay& overlay, int scale);
 
-/// The picture in the middle of a transparent square, so that it is not distorted in one.
+/// Centres the picture in a transparent square, so that scaling to a square does not distort it.
 QImage squared(const QImage& picture);
 
 } // namespace vexmoor

@@ -21,7 +21,7 @@ QRgb premultiplied(Pixel pixel) {
            scaled(pixel.b);
 }
 
-/// Nearest neighbour by hand: each row is widened once and then copied.
+/// Scales by nearest neighbour: widens each row once and copies it.
 QImage enlarged(const PixelCanvas& canvas, int scale) {
     if (scale < 1)
         return {};

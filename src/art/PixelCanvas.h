@@ -13,33 +13,34 @@ class QPainter;
 
 namespace vexmoor {
 
-/// A small raster of straight-alpha pixels, row 0 at the top, with a list of images drawn over the
-/// pixels at output time at a finer resolution than the grid. A value: copying copies the pixels.
-/// Needs no QGuiApplication; any one thread at a time.
+/// A small raster of straight-alpha pixels, row 0 at the top, and a list of overlay images that are
+/// drawn over it on output at a finer resolution. Copying copies the pixels. Needs no
+/// QGuiApplication; not thread-safe.
 class PixelCanvas {
   public:
-    /// An image laid over a canvas rectangle.
+    /// An image drawn over a rectangle of the canvas.
     struct Overlay {
         QImage image;
         int x = 0; ///< top-left corner and size, in canvas pixels
         int y = 0;
         int w = 0;
         int h = 0;
-        int detail = 1; ///< bitmap pixels a canvas pixel is divided into (smooth overlays)
-        /// Which pixels of the rendered bitmap to use; empty means all. Column and row are those
-        /// of the bitmap (0 to w or h times detail), so moving the overlay does not move the mask.
+        int detail = 1; ///< bitmap pixels per canvas pixel (smooth overlays)
+        /// Selects the pixels of the rendered bitmap to draw; empty draws all. Column and row are
+        /// those of the bitmap (0 to w or h times detail), so the mask is independent of the
+        /// overlay's position.
         std::function<bool(int column, int row)> keep = {};
-        double yOffset = 0; ///< shift in canvas pixels, rounded to whole output pixels
-        bool crisp = false; ///< nearest neighbour straight from the image; no angle, no mask
+        double yOffset = 0; ///< offset in canvas pixels, rounded to whole output pixels
+        bool crisp = false; ///< drawn from the image by nearest neighbour, without angle and mask
         double xOffset = 0;
-        double angle = 0;   ///< radians, counter-clockwise as seen, about the centre
+        double angle = 0;   ///< radians about the centre, counter-clockwise on screen
         double opacity = 1; ///< 0 to 1
 
-        /// Whether both draw the same. Masked overlays equal nothing: a mask cannot be compared.
+        /// True if both draw the same. False for masked overlays, because masks cannot be compared.
         bool operator==(const Overlay& other) const;
     };
 
-    /// A clear canvas. Sizes are not negative.
+    /// Makes a transparent canvas. Sizes must not be negative.
     PixelCanvas(int width, int height);
 
     [[nodiscard]] int width() const { return m_width; }
@@ -47,35 +48,35 @@ class PixelCanvas {
     [[nodiscard]] const std::vector<Pixel>& pixels() const { return m_pixels; }
     [[nodiscard]] const std::vector<Overlay>& overlays() const { return m_overlays; }
 
-    /// The pixel there; clear outside the canvas.
+    /// Returns the pixel at (x, y), transparent outside the canvas.
     [[nodiscard]] Pixel at(int x, int y) const;
-    /// Replaces the pixel there; ignored outside the canvas.
+    /// Replaces a pixel. Ignored outside the canvas.
     void set(int x, int y, Pixel pixel);
-    /// Composites a pixel over the one there; ignored outside the canvas.
+    /// Composites a pixel over the existing one. Ignored outside the canvas.
     void blend(int x, int y, Pixel pixel);
 
-    /// Appends an overlay, drawn after those already there.
+    /// Appends an overlay; it is drawn after the existing ones.
     void addOverlay(Overlay overlay) { m_overlays.push_back(std::move(overlay)); }
     void removeOverlays() { m_overlays.clear(); }
 
-    /// Composites a canvas over this one, its top-left corner at (atX, y), and takes over copies
-    /// of its overlays, after this canvas's own.
+    /// Composites a canvas over this one with its top-left corner at (atX, y) and appends copies of
+    /// its overlays.
     void merge(const PixelCanvas& other, int atX, int y);
-    /// A rectangle of this canvas, clear where it lies outside, with the overlays that touch it.
+    /// Returns a rectangle of this canvas, transparent outside it, with the overlays that touch it.
     [[nodiscard]] PixelCanvas crop(int x, int y, int width, int height) const;
 
-    /// The pixels alone at canvas resolution, premultiplied.
+    /// Returns the pixels without overlays at canvas resolution, premultiplied.
     [[nodiscard]] QImage bitmapRep() const;
-    /// The picture with every canvas pixel a block of `scale` by `scale`, premultiplied. Null for
-    /// a scale below 1, an empty canvas, or when memory runs out.
+    /// Returns the picture, premultiplied, with each canvas pixel drawn as a block of `scale` ×
+    /// `scale`. Null if the scale is below 1, the canvas is empty or memory runs out.
     [[nodiscard]] QImage nsImage(int scale) const;
-    /// The same picture as PNG; nothing where nsImage is null or the encoder fails.
+    /// Returns the same picture as PNG, or nullopt if nsImage is null or encoding fails.
     [[nodiscard]] std::optional<QByteArray> pngData(int scale) const;
-    /// Draws the overlays alone, the canvas's top-left corner at the painter's origin.
+    /// Draws only the overlays, with the canvas's top-left corner at the painter's origin.
     void drawOverlays(QPainter& painter, int scale) const;
 
-    /// Whether both give the same picture: a cheap way to see that nothing needs repainting.
-    /// May say no for equal pictures when overlays are masked.
+    /// True if both draw the same picture, so that no repaint is needed. May be false for equal
+    /// pictures with masked overlays.
     bool operator==(const PixelCanvas&) const = default;
 
   private:

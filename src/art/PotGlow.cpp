@@ -26,7 +26,7 @@ Pixel churned(Pixel pixel, int x, int y, int step, const Skin& skin) {
     return noise > 0.9 ? skin.acidLight : noise > 0.68 ? skin.spark : pixel;
 }
 
-/// Light in two steps, as a pixel artist would lay it, fading away from the pool.
+/// Returns the light's strength in two discrete steps of distance from the pool.
 double rimLight(int x, int y) {
     const double distance = std::hypot((x - 16.5) / 1.6, y - 28.0);
     return distance < 6 ? 0.5 : distance < 9.5 ? 0.28 : 0.0;

@@ -6,13 +6,13 @@
 
 namespace vexmoor {
 
-/// What the fire does to the pot below it: the acid churns, its light lies on the rim, and the
-/// pot's own glowing marks brighten.
+/// The effect of the fire on the pot: the acid churns, its light falls on the rim, and the pot's
+/// own glowing marks brighten.
 struct PotGlow {
     double strength = 0; ///< 0 to 1
-    int step = 0;        ///< moves the churning acid on
+    int step = 0;        ///< animation step of the churning acid
 
-    /// Lights a frame-sized canvas with the pot at its place.
+    /// Lights a frame-sized canvas with the pot in its standard position.
     void paint(PixelCanvas& pot, const Skin& skin) const;
 };
 

@@ -9,14 +9,14 @@
 namespace vexmoor {
 namespace {
 
-/// Fire, salt and water, as alchemists write them.
+/// The alchemical signs of fire, salt and water.
 constexpr std::string_view kRunes[][5] = {
     {"..#..", ".#.#.", ".#.#.", "#...#", "#####"},
     {".###.", "#...#", "#####", "#...#", ".###."},
     {"#####", "#...#", ".#.#.", ".#.#.", "..#.."},
 };
 
-/// In a row that follows the belly's curve.
+/// The positions follow the belly's curve.
 struct Place {
     int x;
     int y;
@@ -33,7 +33,7 @@ bool isBare(const PixelCanvas& pot, LetterRows rune, Place place, const Skin& sk
     return true;
 }
 
-/// The acid's colour that stands out against the belly.
+/// Returns the acid colour that contrasts with the belly.
 Pixel inkOf(const Skin& skin) {
     return skin.bodyColour.g > 0x90 ? skin.acidDark : skin.acid;
 }

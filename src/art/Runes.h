@@ -6,8 +6,8 @@
 
 namespace vexmoor {
 
-/// Lights the runes on the belly of a pot at its place, one after another: none at 0, all at 1.
-/// Only on a bare belly: none is lit where a pot carries something in their place.
+/// Lights the runes on the belly of a pot in its standard position one after another: none at 0,
+/// all at 1. Skips runes where the pot has decoration.
 void paintRunes(PixelCanvas& pot, const Skin& skin, double lit);
 
 } // namespace vexmoor

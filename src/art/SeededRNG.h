@@ -4,8 +4,8 @@
 
 namespace vexmoor {
 
-/// The generator of all animation randomness: 64-bit xorshift (13, 7, 17). A value; the same state
-/// gives the same numbers everywhere. A state of 0 stays 0.
+/// The random generator of all animations: 64-bit xorshift (13, 7, 17). The same state gives the
+/// same numbers on every machine. A state of 0 stays 0.
 struct SeededRNG {
     static constexpr std::uint64_t kMixer = 0x9E3779B97F4A7C15;
 
@@ -18,13 +18,13 @@ struct SeededRNG {
         return state;
     }
 
-    /// Uniform in [0, 1).
+    /// Returns a uniformly distributed number in [0, 1).
     constexpr double uniform() { return static_cast<double>(next() >> 11) * 0x1p-53; }
 
-    /// A generator of its own for a part of the picture.
+    /// Returns a separate generator for a part of the picture.
     static constexpr SeededRNG mixed(std::uint64_t seed) { return {(seed * kMixer) | 1}; }
 
-    /// Noise in [0, 1) of a place, without a generator's state.
+    /// Returns position-dependent noise in [0, 1) without changing a generator's state.
     static constexpr double noise(std::uint64_t seed, int x, int y) {
         return mixed(seed + static_cast<std::uint64_t>(x) * 7919 +
                      static_cast<std::uint64_t>(y) * 104729)

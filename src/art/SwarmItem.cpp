@@ -8,7 +8,7 @@ namespace vexmoor {
 namespace {
 
 constexpr double kPoolRow = 28;
-constexpr double kTilt = 0.3;  ///< how flat the pool's ellipse lies
+constexpr double kTilt = 0.3;  ///< height to width ratio of the pool's ellipse
 constexpr double kOpening = 9; ///< the pool's half width
 
 double eased(double value) {

@@ -12,7 +12,7 @@
 namespace vexmoor {
 namespace {
 
-/// Puts the separator between the groups of a number's digits.
+/// Inserts the locale's separator between the groups of digits.
 std::string grouped(std::string digits, const NumberStyle& style) {
     const std::size_t first = digits.starts_with('-') ? 1 : 0;
     std::size_t end = digits.size();
@@ -26,7 +26,7 @@ std::string grouped(std::string digits, const NumberStyle& style) {
     return digits;
 }
 
-/// With at most so many decimals, without zeros at the end.
+/// Formats `value` with at most `decimals` decimals, without trailing zeros.
 std::string numberText(double value, int decimals) {
     std::array<char, 48> digits{};
     auto* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value,

@@ -20,17 +20,17 @@ std::optional<std::chrono::sys_days> localDay(std::time_t time) {
 }
 
 std::optional<std::chrono::sys_days> localDay(Date date) {
-    constexpr double kEnd = 9e11; // std::chrono::year goes no further
+    constexpr double kEnd = 9e11; // std::chrono::year has no room for later years
     const double seconds = std::floor(date.unixSeconds());
     if (!(std::abs(seconds) < kEnd))
         return std::nullopt;
     return localDay(static_cast<std::time_t>(seconds));
 }
 
-/// The first second whose local day is `day` or, where a zone left that date out, a later one. A
-/// zone's offset changes by hours at most, so the day's moments lie within two days of its midnight
-/// in UTC, and at a change of the clock a date begins once or, where the clock goes back over
-/// midnight, twice: the first beginning counts.
+/// Returns the first second of the local day `day`, or of the next existing day if the time zone
+/// skips that date. UTC offsets change by hours at most, so the day lies within two days of its
+/// midnight in UTC. If the clock is set back over midnight, the date begins twice; the first
+/// beginning counts.
 std::time_t firstSecond(std::chrono::sys_days day) {
     const std::time_t utcMidnight = day.time_since_epoch().count() * kDaySeconds;
     constexpr std::time_t kStep = 900;
@@ -62,7 +62,7 @@ Date Calendar::startOfDay(Date date) const {
 }
 
 Date Calendar::startOfDay(Date date, int days) const {
-    ::tzset(); // the zone may have changed since the last call
+    ::tzset(); // reads TZ again, which may have changed since the last call
     const auto day = localDay(date);
     if (!day)
         return date;

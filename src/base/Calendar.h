@@ -7,17 +7,18 @@
 namespace vexmoor {
 
 /// The user's calendar: Gregorian days in the process's local time zone (TZ). A day starts at the
-/// first moment of its local date, which is not midnight everywhere. Any thread.
+/// first moment of its local date, which is not always midnight. Thread-safe.
 class Calendar {
   public:
-    /// The first moment of the local day that holds `date`.
+    /// Returns the first moment of the local day that contains `date`.
     [[nodiscard]] Date startOfDay(Date date) const;
 
-    /// The start of the day `days` (of either sign) calendar days after the day of `date`.
+    /// Returns the start of the day `days` calendar days after the day of `date`; `days` may be
+    /// negative.
     [[nodiscard]] Date startOfDay(Date date, int days) const;
 
-    /// Whole calendar days from the day of `from` to the day of `to`; negative when `to` is
-    /// earlier; nothing when a date lies beyond what the calendar can tell.
+    /// Returns the number of calendar days from the day of `from` to the day of `to`, negative if
+    /// `to` is earlier. Returns nullopt if a date is out of the calendar's range.
     [[nodiscard]] std::optional<int> daysBetween(Date from, Date to) const;
 };
 

@@ -6,7 +6,7 @@
 
 namespace vexmoor {
 
-/// A moment, in seconds since 2001-01-01 00:00:00 UTC: the form in which records store it.
+/// A point in time, in seconds since 2001-01-01 00:00:00 UTC. Records are stored in this form.
 struct Date {
     double secondsSinceReference = 0;
 
@@ -17,7 +17,7 @@ struct Date {
         return secondsSinceReference + kReferenceUnixSeconds;
     }
 
-    /// The system clock's moment.
+    /// Reads the system clock.
     static Date now() {
         return fromUnix(
             std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch())
@@ -27,7 +27,7 @@ struct Date {
     auto operator<=>(const Date&) const = default;
 };
 
-/// Tells the present moment; Date::now outside tests.
+/// Returns the current time. This is Date::now except in tests.
 using Clock = std::function<Date()>;
 
 } // namespace vexmoor

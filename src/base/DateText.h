@@ -4,17 +4,17 @@
 
 #include <string>
 
-// Moments of the local time zone as people read them, in the user's locale: never for JSON.
+// These functions format dates in the local time zone and the user's locale. JSON never uses them.
 
 namespace vexmoor {
 
-/// "2026-03-14".
+/// Returns a date, for example "2026-03-14".
 std::string dateText(Date date);
 
-/// "2026-03-14 22:04".
+/// Returns a date and a time of day, for example "2026-03-14 22:04".
 std::string dateTimeText(Date date);
 
-/// "Sat".
+/// Returns an abbreviated weekday, for example "Sat".
 std::string weekdayText(Date date);
 
 } // namespace vexmoor

@@ -7,14 +7,14 @@
 
 namespace vexmoor {
 
-// translations/en.po as msgfmt compiles it, in this machine's byte order.
+// translations/en.po, compiled by msgfmt in this machine's byte order.
 extern const unsigned char kEnglishCatalogue[];
 
 namespace {
 
-/// The table of a compiled catalogue (gettext's manual, "The Format of GNU MO Files"): the sources,
-/// sorted by their bytes, and the translations in the same order. A text with two forms has a NUL
-/// between them.
+/// Reads a compiled catalogue (gettext manual, "The Format of GNU MO Files"). The source texts are
+/// sorted by their bytes; the translations have the same order. A NUL separates the singular and
+/// plural forms of a text.
 class Table {
   public:
     explicit Table(const unsigned char* data)

@@ -4,11 +4,11 @@
 
 namespace vexmoor {
 
-/// What English readers are shown in place of `source`: the words of this system, from
-/// translations/en.po, which is compiled into the program. `source` itself where it has no entry.
+/// Returns the English text to show for `source`, from translations/en.po, which is compiled into
+/// the program. Returns `source` itself if it has no entry there.
 std::string_view englishText(const char* source);
 
-/// The same for a text with two forms.
+/// Same for a text with a singular and a plural form.
 std::string_view englishText(const char* one, const char* many, bool isOne);
 
 } // namespace vexmoor

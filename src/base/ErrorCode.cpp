@@ -7,7 +7,7 @@
 namespace vexmoor {
 namespace {
 
-constexpr int kEndOfSystemCodes = 256; ///< none of them is as large
+constexpr int kEndOfSystemCodes = 256; ///< above every errno value
 
 bool isOfSystem(const std::error_code& code) {
     return code.category() == std::generic_category() || code.category() == std::system_category();

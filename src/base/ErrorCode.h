@@ -7,20 +7,21 @@
 
 namespace vexmoor {
 
-/// A domain of errors whose codes have names.
+/// An error category whose codes have names.
 class NamedCategory : public std::error_category {
   public:
-    /// What programs know the code by: "goneFromBin". It never changes.
+    /// Returns the stable name that programs see, for example "goneFromBin".
     [[nodiscard]] virtual std::string codeName(int code) const = 0;
 };
 
-/// The code's name: of the system's "EACCES" and the like, of ours those of NamedCategory.
+/// Returns a code's name: "EACCES" and so on for the system's errors, NamedCategory's name for
+/// ours.
 std::string codeName(const std::error_code& code);
 
-/// The system's code of that name, or nullopt.
+/// Returns the system's error code with that name, or nullopt.
 std::optional<std::error_code> systemCodeNamed(std::string_view name);
 
-/// The code's own sentence, "Permission denied", in the user's language.
+/// Returns the code's message in the user's language, for example "Permission denied".
 std::string messageOf(const std::error_code& code);
 
 } // namespace vexmoor

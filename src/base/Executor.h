@@ -4,8 +4,8 @@
 
 namespace vexmoor {
 
-/// Runs what is posted to it, one after another, in the order of posting. post() may be called
-/// from any thread and returns at once.
+/// Runs posted jobs one at a time, in the order of posting. post() is thread-safe and does not
+/// block.
 class Executor {
   public:
     virtual ~Executor() = default;

@@ -6,7 +6,7 @@
 
 namespace vexmoor {
 
-/// Owns a file descriptor and closes it when it goes; -1 is none.
+/// Owns a file descriptor and closes it on destruction. -1 means none.
 class FileDescriptor {
   public:
     FileDescriptor() = default;
@@ -27,7 +27,7 @@ class FileDescriptor {
             ::close(std::exchange(m_descriptor, -1));
     }
 
-    /// Closes it; false (errno set) where a delayed write could not be completed.
+    /// Closes the descriptor. Returns false and sets errno if a delayed write failed.
     bool close() { return ::close(std::exchange(m_descriptor, -1)) == 0; }
 
   private:

@@ -12,15 +12,16 @@
 
 namespace vexmoor {
 
-/// Reads the keys of one JSON object, which it does not copy, and remembers whether all that are
-/// required were there and all had their types. An optional key may be missing or null.
+/// Reads the keys of one JSON object and records whether every required key was present and every
+/// value had the right type. An optional key may be missing or null. Keeps a reference to the
+/// object.
 class JsonReader {
   public:
     enum class Key { required, optional };
 
     explicit JsonReader(const nlohmann::ordered_json& json);
 
-    /// Whether nothing was wrong so far.
+    /// True if no key was missing or had the wrong type so far.
     [[nodiscard]] bool ok() const { return m_ok; }
 
     std::optional<std::string> string(const char* key, Key presence = Key::required);
@@ -37,11 +38,11 @@ class JsonReader {
     bool m_ok;
 };
 
-/// The JSON in the text; a discarded value where there is none.
+/// Parses the text. Returns a discarded value if it is not JSON.
 nlohmann::ordered_json parsedJson(std::string_view text);
 
-/// The document without white space. Bytes that are not UTF-8 become U+FFFD: one bad string must
-/// not cost the rest.
+/// Serializes the document without white space. Replaces bytes that are not UTF-8 by U+FFFD, so
+/// that one bad string does not lose the document.
 std::string jsonText(const nlohmann::ordered_json& json);
 
 } // namespace vexmoor

@@ -12,7 +12,7 @@ namespace {
 
 constexpr auto kFailed = static_cast<std::size_t>(-1);
 
-/// Puts the calling thread into the C library's Unicode locale.
+/// Sets the calling thread's locale to C.UTF-8 during its lifetime.
 class UnicodeLocale {
   public:
     UnicodeLocale() : m_before(::uselocale(unicode())) {}

@@ -5,8 +5,8 @@
 
 namespace vexmoor {
 
-/// The text in lower case, whatever the user's locale: letter by letter, in all of Unicode. What is
-/// not UTF-8 keeps its letters beyond ASCII. Any thread.
+/// Converts to lower case letter by letter, in all of Unicode, independent of the user's locale. If
+/// the text is not UTF-8, only ASCII letters change. Thread-safe.
 std::string lowercased(std::string_view text);
 
 } // namespace vexmoor

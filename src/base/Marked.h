@@ -2,8 +2,7 @@
 
 namespace vexmoor {
 
-/// Marks a text that stands in a table, so that xgettext finds it; text() translates it where it is
-/// shown.
+/// Marks a text in a table for xgettext. The code that shows the text translates it with text().
 constexpr const char* marked(const char* source) {
     return source;
 }

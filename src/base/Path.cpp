@@ -10,8 +10,8 @@ namespace {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
-/// Length of the valid UTF-8 sequence at the start of `bytes`; 0 where there is none.
-/// The table is that of RFC 3629.
+/// Returns the length of the valid UTF-8 sequence at the start of `bytes` (table of RFC 3629), or 0
+/// if there is none.
 std::size_t sequenceLength(std::string_view bytes) {
     const auto at = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
     const auto follows = [&](std::size_t i, unsigned low = 0x80, unsigned high = 0xBF) {
@@ -50,7 +50,7 @@ int hexDigit(char c) {
     return -1;
 }
 
-/// Removes the prefix, in either letter case; false where `text` starts otherwise.
+/// Removes the prefix, ignoring case. Returns false if `text` does not start with it.
 bool removePrefix(std::string_view& text, std::string_view prefix) {
     const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; };
     if (!std::ranges::equal(text.substr(0, prefix.size()), prefix, {}, lower, lower))
@@ -76,12 +76,12 @@ std::string_view withoutTrailingSlashes(std::string_view path) {
 Path standardized(const Path& path) {
     std::string input = path.native();
     if (input.empty())
-        return path; // names nothing, least of all the current folder
+        return path; // an empty path must not become the current folder
     if (input.front() != '/') {
         std::error_code code;
         const Path folder = std::filesystem::current_path(code);
         if (code)
-            return path; // taking it from the root instead would name another file
+            return path; // resolving it from the root would name a different file
         input = folder.native() + "/" + input;
     }
     std::string result;
@@ -99,7 +99,7 @@ Path standardized(const Path& path) {
                 continue;
             }
         } else if (component == "..") {
-            continue; // above the root is the root
+            continue; // the parent of the root is the root
         }
         result.append("/").append(component);
     }
@@ -206,7 +206,7 @@ std::string pathToJsonText(std::string_view bytes) {
 
 Path pathFromJsonText(const std::string& text) {
     constexpr std::string_view kScheme = "file://";
-    if (text.starts_with(kScheme) && !text.starts_with("file:///")) { // of a relative path
+    if (text.starts_with(kScheme) && !text.starts_with("file:///")) { // written for a relative path
         if (const auto path = pathFromFileUri("file:///" + text.substr(kScheme.size())))
             return path->relative_path();
     }

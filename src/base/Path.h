@@ -10,8 +10,8 @@ namespace vexmoor {
 
 using Path = std::filesystem::path;
 
-/// A path in few bytes, for what is kept by the thousand: a Path holds its components beside its
-/// text, ten times as much.
+/// A compact path for large collections. A std::filesystem::path also stores its components and
+/// takes about ten times the memory.
 class StoredPath {
   public:
     StoredPath() = default;
@@ -33,42 +33,43 @@ class StoredPath {
     std::string m_bytes;
 };
 
-/// The path made absolute, without ".", doubled or trailing slashes. Where ".." occurs, what stands
-/// before it is resolved as the kernel does; a final symbolic link is never followed. A prefix that
-/// cannot be resolved stays as it is, for the operation on the path to fail with its own error; so
-/// does a relative path where the current folder is gone, and an empty one, which names nothing.
+/// Makes the path absolute and removes "." and doubled or trailing slashes. The part before ".." is
+/// resolved as the kernel does; a final symbolic link is not followed. Leaves a prefix that cannot
+/// be resolved unchanged, so that the later operation reports the error; likewise a relative path
+/// if the current folder is gone, and an empty path.
 Path standardized(const Path& path);
 
-/// Whether the last component, trailing slashes aside, is "." or "..".
+/// True if the last component is "." or "..", ignoring trailing slashes.
 bool endsInDots(const Path& path);
 
-/// The last component as bytes; "/" for the root.
+/// Returns the last component as bytes, or "/" for the root.
 std::string lastComponent(const Path& path);
 
-/// What stands after the last dot of the last component, trailing slashes aside. None (empty) where
-/// only a dot or nothing stands before it, where nothing stands after it, or where it has a space
-/// and so is rather part of a sentence. A view of the path's bytes.
+/// Returns the extension of the last component, ignoring trailing slashes, as a view of the path's
+/// bytes. Returns an empty view if only dots precede the last dot, if nothing follows it, or if the
+/// part after it contains a space (it is then probably part of a sentence).
 std::string_view pathExtension(std::string_view path);
 
-/// "file://" and the path's bytes, percent-encoded but for RFC 2396 unreserved characters and "/".
+/// Returns "file://" and the path, percent-encoded except for RFC 2396 unreserved characters and
+/// "/".
 std::string fileUri(const Path& path);
 
-/// The local absolute path of a "file:" URI (RFC 8089: no host, or "localhost"); nothing for
-/// anything else, a malformed escape or a NUL byte.
+/// Returns the local absolute path of a "file:" URI (RFC 8089, with no host or "localhost").
+/// Returns nullopt for any other URI, a malformed escape or a NUL byte.
 std::optional<Path> pathFromFileUri(std::string_view uri);
 
-/// Percent-encoding of all bytes but RFC 2396 unreserved characters and "/".
+/// Percent-encodes all bytes except RFC 2396 unreserved characters and "/".
 std::string percentEncoded(std::string_view bytes);
 
-/// Decodes %XX and nothing else; nothing where an escape is malformed or there is a NUL byte.
+/// Decodes %XX escapes only. Returns nullopt for a malformed escape or a NUL byte.
 std::optional<std::string> percentDecoded(std::string_view text);
 
 bool isValidUtf8(std::string_view bytes);
 
-/// Text to show: bytes that are not UTF-8 become U+FFFD.
+/// Returns displayable text, in which U+FFFD replaces bytes that are not UTF-8.
 std::string displayText(std::string_view bytes);
 
-/// A path as JSON holds it: its text where that is UTF-8, its file URI where not.
+/// Returns a path's form in JSON: the path itself if it is UTF-8, otherwise its file URI.
 std::string pathToJsonText(std::string_view bytes);
 Path pathFromJsonText(const std::string& text);
 

@@ -6,12 +6,12 @@
 
 namespace vexmoor {
 
-/// A queue without a thread: what is posted runs when its owner says so. One thread only.
+/// A queue without a thread: its owner runs the posted jobs. Not thread-safe.
 class PlainQueue : public Executor {
   public:
     void post(std::function<void()> job) override { m_jobs.push_back(std::move(job)); }
 
-    /// Runs the first job; false when there was none.
+    /// Runs the first job. Returns false if the queue is empty.
     bool runOne() {
         if (m_jobs.empty())
             return false;
@@ -21,7 +21,7 @@ class PlainQueue : public Executor {
         return true;
     }
 
-    /// Runs jobs, those that they post included, until none is left.
+    /// Runs all jobs, including those posted in the meantime.
     void runUntilEmpty() {
         while (runOne()) {
         }

@@ -24,7 +24,7 @@ char32_t decoded(std::string_view character) {
     case 3:
         return (at(0) & 0x0F) << 12 | (at(1) & 0x3F) << 6 | (at(2) & 0x3F);
     default:
-        return 0xFFFF; // none of those is longer
+        return 0xFFFF; // no listed sequence is longer
     }
 }
 

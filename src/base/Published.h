@@ -7,7 +7,7 @@
 
 namespace vexmoor {
 
-/// Ends a subscription when it goes.
+/// Cancels a subscription on destruction.
 class [[nodiscard]] Subscription {
   public:
     Subscription() = default;
@@ -17,8 +17,8 @@ class [[nodiscard]] Subscription {
     std::shared_ptr<void> m_keepAlive;
 };
 
-/// An observable field. A subscriber is called at once with the current value and then after every
-/// assignment, when the new value can already be read. Not thread-safe: one thread owns it.
+/// An observable value. A subscriber is called immediately with the current value and then after
+/// each assignment, when get() already returns the new value. Not thread-safe.
 template <typename T>
 class Published {
   public:
@@ -33,7 +33,8 @@ class Published {
 
     void set(T value) {
         m_value = std::move(value);
-        const auto subscribers = *m_subscribers; // one of them may subscribe or leave meanwhile
+        const auto subscribers =
+            *m_subscribers; // a copy, because a subscriber may subscribe or unsubscribe
         for (const auto& [id, subscriber] : subscribers)
             if (m_subscribers->contains(id))
                 subscriber(m_value);

@@ -12,16 +12,16 @@
 
 namespace vexmoor {
 
-/// Why an operation failed: the system's code or one of ours (each domain has its
-/// std::error_category), what was being done ("open", "move to the Bin"), and to what.
+/// Why an operation failed: the error code (of the system or of one of our categories), the
+/// operation ("open", "move to the Bin"), and the path it failed on.
 struct Error {
     std::error_code code;
     std::string operation;
     std::filesystem::path path;
-    std::int64_t count = 0;      ///< of items, where the code's sentence names one
-    std::vector<Error> causes{}; ///< where others led to it
+    std::int64_t count = 0;      ///< number of items, for messages that mention one
+    std::vector<Error> causes{}; ///< errors that led to this one
 
-    /// An error of the operating system.
+    /// Makes an error from an errno value.
     static Error fromErrno(int number, std::string operation, std::filesystem::path path = {}) {
         return {std::error_code(number, std::generic_category()),
                 std::move(operation),
@@ -30,13 +30,14 @@ struct Error {
                 {}};
     }
 
-    /// The code's own sentence, e.g. "Permission denied", in the user's language.
+    /// Returns the code's message in the user's language, for example "Permission denied".
     [[nodiscard]] std::string message() const { return messageOf(code); }
 
     bool operator==(const Error&) const = default;
 };
 
-/// Either a value or the Error that prevented it. Reading the wrong one is a programmer's error.
+/// A value, or the Error that prevented it. Reading the one that is not there is a programming
+/// error.
 template <typename T>
 class [[nodiscard]] Result {
   public:
@@ -62,7 +63,7 @@ class [[nodiscard]] Result {
     std::variant<T, Error> m_state;
 };
 
-/// Success without a value.
+/// The value of a Result<void> on success.
 struct Done {
     bool operator==(const Done&) const = default;
 };

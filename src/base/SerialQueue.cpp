@@ -34,7 +34,7 @@ void SerialQueue::run() {
             m_jobs.pop_front();
             lock.unlock();
             job();
-        } // what the job holds goes before the next starts, outside the lock
+        } // destroys the job outside the lock, before the next one starts
         lock.lock();
     }
 }

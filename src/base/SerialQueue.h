@@ -9,7 +9,7 @@
 
 namespace vexmoor {
 
-/// A queue with one thread of its own. The destructor runs what was posted before and then ends.
+/// A queue with its own thread. The destructor runs all posted jobs and joins the thread.
 class SerialQueue : public Executor {
   public:
     SerialQueue();

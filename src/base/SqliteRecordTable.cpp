@@ -98,8 +98,8 @@ Result<void> SqliteRecordTable::insert(const Record& record) {
     return {};
 }
 
-/// The newest are mostly those that are wanted, so going through them needs no index, which would
-/// cost more than all else that is stored of an item.
+/// Scans from the newest record, since mostly the newest are removed. An index on the id would cost
+/// more than storing the rest of the record.
 Result<std::vector<std::int64_t>> SqliteRecordTable::keysOf(Ids ids) const {
     SqliteUserDefaults::Statement statement;
     if (auto prepared =
@@ -135,7 +135,7 @@ Result<void> SqliteRecordTable::erase(const Ids& ids) {
     return {};
 }
 
-/// Counting goes through the whole table, so the count is kept.
+/// Keeps the count in the database, because count(*) scans the whole table.
 Result<std::int64_t> SqliteRecordTable::count() {
     const auto stored = m_store.integer(kCountKey);
     if (m_isCountKnown && stored)
@@ -171,7 +171,7 @@ Result<void> SqliteRecordTable::eraseOldest(std::int64_t most) {
     return {};
 }
 
-/// What could not be stored yet is newer than all that is.
+/// Visits the changes that are not stored yet first; they are newer than the stored records.
 Result<void> SqliteRecordTable::visit(const Visitor& visitor) const {
     Ids removed;
     for (auto change = m_changes.rbegin(); change != m_changes.rend(); ++change) {

@@ -8,7 +8,7 @@
 
 namespace vexmoor {
 
-/// The table "records" of the database (docs/defaults-database.md). Part of its SqliteUserDefaults.
+/// The database table "records" (docs/defaults-database.md), owned by its SqliteUserDefaults.
 class SqliteRecordTable : public RecordTable {
   public:
     explicit SqliteRecordTable(SqliteUserDefaults& store) : m_store(store) {}
@@ -18,9 +18,9 @@ class SqliteRecordTable : public RecordTable {
     void trim(std::int64_t most) override;
     Result<void> visit(const Visitor& visitor) const override;
 
-    /// Makes the changes of transactions that failed, in the transaction that has begun.
+    /// Stores the changes of failed transactions in the current transaction.
     Result<void> storeLeftOver();
-    /// The transaction has ended.
+    /// Must be called after each transaction.
     void ended(bool isCommitted);
 
   private:
@@ -39,10 +39,10 @@ class SqliteRecordTable : public RecordTable {
     Result<std::int64_t> count();
 
     SqliteUserDefaults& m_store;
-    SqliteUserDefaults::Statement m_insertion; ///< made when it is first needed
-    std::vector<Change> m_changes;             ///< that are not committed yet
-    std::int64_t m_added = 0;                  ///< records more, by the transaction that runs
-    bool m_isCountKnown = true;                ///< whether the stored count is right
+    SqliteUserDefaults::Statement m_insertion; ///< prepared on first use
+    std::vector<Change> m_changes;             ///< not committed yet
+    std::int64_t m_added = 0;   ///< number of records that the current transaction adds
+    bool m_isCountKnown = true; ///< whether the stored count is valid
 };
 
 } // namespace vexmoor

@@ -19,7 +19,7 @@ namespace {
 constexpr int kBusyMilliseconds = 5000;
 constexpr int kFormatVersion = 2;
 constexpr const char* kPrepare = "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL;";
-/// Of a fresh database, or of one of version 1, which had the defaults only.
+/// Creates the tables of a new database, or upgrades version 1, which had only the defaults.
 constexpr const char* kCreate = "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL;"
                                 "BEGIN IMMEDIATE;"
                                 "CREATE TABLE IF NOT EXISTS defaults ("
@@ -78,7 +78,7 @@ class SqliteCategory : public NamedCategory {
     }
 };
 
-/// SQLITE_ERROR is the answer to a database of our version without our table.
+/// A database of our version without our table makes SQLite return SQLITE_ERROR.
 bool isCorrupt(const Error& error) {
     const int primary = error.code.value() & 0xff;
     return error.code.category() == sqliteCategory() &&
@@ -91,15 +91,16 @@ std::filesystem::path companion(std::filesystem::path file, const char* suffix) 
     return file += suffix;
 }
 
-/// Whether something may stand in the log that does not stand in the database.
+/// True if the write-ahead log may contain changes that are not in the database.
 bool hasLog(const std::filesystem::path& file) {
     std::error_code code;
     const auto size = std::filesystem::file_size(companion(file, "-wal"), code);
     return code ? code != std::errc::no_such_file_or_directory : size > 0;
 }
 
-/// Whether the database is gone or empty while its log holds something. SQLite would take it as new
-/// and delete the log, though it makes one only after the first page of the database.
+/// True if the database is missing or empty but its write-ahead log has content. SQLite would treat
+/// the database as new and delete the log, although it never creates a log before the database's
+/// first page.
 bool hasLostItsPages(const std::filesystem::path& file) {
     if (!hasLog(file))
         return false;
@@ -116,16 +117,15 @@ bool isUnopenable(const Error& error) {
 
 constexpr int kLogFrames = 32;
 
-/// Called after each commit: a log that has grown goes into the database and starts again at
-/// nothing. Left to itself it would grow for ever, since every command takes it up where the last
-/// one ended.
+/// Commit hook: checkpoints and truncates the log when it exceeds the limit. Without this the log
+/// would grow without bound, because each command continues the log of the previous one.
 int foldLog(void*, sqlite3* database, const char* name, int frames) {
-    if (frames >= kLogFrames) // what a reader holds up now is folded in after a later commit
+    if (frames >= kLogFrames) // if a reader blocks this, a later commit tries again
         sqlite3_wal_checkpoint_v2(database, name, SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
     return SQLITE_OK;
 }
 
-/// Ends what a statement that is used again does, and lets go of the values bound to it.
+/// Resets a cached statement and clears its bindings on destruction.
 class StatementReset {
   public:
     explicit StatementReset(sqlite3_stmt* statement) : m_statement(statement) {}
@@ -146,7 +146,7 @@ std::string blob(sqlite3_stmt* row, int column) {
     return bytes == nullptr ? std::string() : std::string(bytes, size);
 }
 
-/// The value of a row (key, kind, value); nothing where kind and value do not agree.
+/// Returns the value of a row (key, kind, value), or nullopt if the value does not match the kind.
 std::optional<UserDefaults::Value> valueOf(sqlite3_stmt* row) {
     const std::string kind = blob(row, 1);
     const int type = sqlite3_column_type(row, 2);
@@ -178,7 +178,7 @@ void bind(sqlite3_stmt* statement, int index, const UserDefaults::Value& value) 
 constexpr off_t kReserveBytes = 1024 * 1024;
 constexpr const char* kReserve = ".reserve";
 
-/// Keeps room on the disk for the log, so that what frees room can be stored on a full one.
+/// Reserves disk space for the log, so that changes that free space can be stored on a full disk.
 void keepReserve(const std::filesystem::path& file) {
     const auto reserve = companion(file, kReserve);
     struct stat status {};
@@ -187,7 +187,7 @@ void keepReserve(const std::filesystem::path& file) {
     const FileDescriptor descriptor(
         ::open(reserve.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600));
     if (!descriptor || ::posix_fallocate(descriptor.get(), 0, kReserveBytes) != 0)
-        ::unlink(reserve.c_str()); // there is none then
+        ::unlink(reserve.c_str()); // without space there is no reserve
 }
 
 bool releaseReserve(const std::filesystem::path& file) {
@@ -198,8 +198,8 @@ bool isFull(const Error& error) {
     return error.code.category() == sqliteCategory() && (error.code.value() & 0xff) == SQLITE_FULL;
 }
 
-/// Renames the database and what SQLite keeps beside it; the first free number is taken. The caller
-/// holds the writer's lock, so nobody else takes the name in between.
+/// Renames the database and SQLite's files beside it, using the first free number. The caller holds
+/// the writer's lock, so that no other program takes the name.
 Result<std::filesystem::path> moveAside(const std::filesystem::path& file) {
     std::error_code code;
     std::filesystem::path aside;
@@ -214,17 +214,17 @@ Result<std::filesystem::path> moveAside(const std::filesystem::path& file) {
         const auto from = companion(file, suffix);
         std::filesystem::rename(from, companion(aside, suffix), code);
         if (code && code != std::errc::no_such_file_or_directory)
-            return Error{code, marked("set the corrupt database aside"), from};
+            return Error{code, marked("rename the corrupt database"), from};
     }
     return aside;
 }
 
-/// The folder tells what the user has deleted, which is nobody else's business.
+/// Restricts the folder to the user: its contents show what the user deleted.
 Result<void> makePrivateFolder(const std::filesystem::path& folder) {
     std::error_code code;
     if (std::filesystem::create_directories(folder, code) && !code)
         std::filesystem::permissions(folder, std::filesystem::perms::owner_all, code);
-    return code ? Result<void>(Error{code, marked("make the folder of the database"), folder})
+    return code ? Result<void>(Error{code, marked("create the folder of the database"), folder})
                 : Result<void>();
 }
 
@@ -269,8 +269,8 @@ SqliteUserDefaults::open(const std::filesystem::path& file, Access access,
     std::unique_ptr<SqliteUserDefaults> store(new SqliteUserDefaults(file, std::move(onFailure)));
     auto opened = store->connect(access);
     if (!opened && access == Access::readOnly && isUnopenable(opened.error()) && !hasLog(file)) {
-        // No log can be made in a folder that cannot be written: nobody else writes either. A log
-        // that is there would be passed over, and with it what was stored last.
+        // SQLite cannot create a log in a read-only folder, so no other program writes either. An
+        // existing log must not be ignored, because it holds the newest changes.
         store->m_immutable = true;
         opened = store->connect(access);
     }
@@ -310,8 +310,8 @@ Result<void> SqliteUserDefaults::connect(Access access) {
         return Error{{SQLITE_READONLY, sqliteCategory()}, marked("open the database"), m_file};
     sqlite3_extended_result_codes(raw, 1);
     sqlite3_busy_timeout(raw, kBusyMilliseconds);
-    // The log stays for the next command: making, checkpointing and deleting it at each end would
-    // cost more than the whole rest of a small batch.
+    // Keep the log for the next command: creating, checkpointing and deleting it for each command
+    // would cost more than the rest of a small batch.
     sqlite3_db_config(raw, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     sqlite3_wal_hook(raw, &foldLog, nullptr);
     int keepLog = 1;
@@ -400,7 +400,8 @@ void SqliteUserDefaults::assign(std::string_view key, std::optional<Value> value
     m_onFailure(stored.error());
 }
 
-/// What failed before goes with what comes now: else later records could stand without it.
+/// Stores earlier failed changes together with the new ones. Otherwise the new records could be
+/// stored without them.
 Result<void> SqliteUserDefaults::storeLeftOver() {
     for (const auto& key : m_leftOver)
         if (auto stored = store(key, value(key)); !stored)
@@ -429,7 +430,7 @@ Result<void> SqliteUserDefaults::store(std::string_view key, const std::optional
     return {};
 }
 
-/// A log that is not synced at each commit loses the newest of them in a power cut, nothing else.
+/// Without a sync at each commit, a power cut loses the newest commits only.
 void SqliteUserDefaults::prepareFor(Durability durability) {
     if (durability == m_durability)
         return;
@@ -439,7 +440,7 @@ void SqliteUserDefaults::prepareFor(Durability durability) {
         m_durability = durability;
 }
 
-/// Folding the log into the database syncs both.
+/// A checkpoint syncs both the log and the database.
 Result<void> SqliteUserDefaults::makeDurable() {
     if (!m_database)
         return Error::fromErrno(EROFS, marked("write the database"), m_file);
@@ -480,7 +481,7 @@ Result<void> SqliteUserDefaults::transaction(const std::function<void()>& body,
     m_assigned.clear();
     m_records->ended(committed.ok());
     if (!committed && isFull(committed.error()) && releaseReserve(m_file))
-        return transaction([] {}, durability); // stores what is left over
+        return transaction([] {}, durability); // stores earlier failed changes
     return committed;
 }
 

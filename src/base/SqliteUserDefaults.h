@@ -14,17 +14,17 @@ namespace vexmoor {
 
 class SqliteRecordTable;
 
-/// UserDefaults in one SQLite database (docs/defaults-database.md). The values are read when it is
-/// opened; the owner is the only writer while it is open. One thread.
+/// UserDefaults in one SQLite database (docs/defaults-database.md). Reads all values on opening;
+/// the owner must be the only writer while it is open. Not thread-safe.
 class SqliteUserDefaults : public UserDefaults {
   public:
     enum class Access { readWrite, readOnly };
     using FailureHandler = std::function<void(const Error&)>;
 
-    /// Opens the database, made when it is missing (with readOnly: taken as empty). A corrupt one
-    /// is renamed to "<name>.corrupt-<n>" and replaced by a fresh one (with readOnly: an error).
-    /// Fails where the folder or file cannot be read or written, or is locked by another program
-    /// for over five seconds.
+    /// Opens the database and creates it if it is missing (with readOnly: treats it as empty).
+    /// Renames a corrupt database to "<name>.corrupt-<n>" and creates a new one (with readOnly:
+    /// fails). Fails if the folder or file cannot be read or written, or if another program locks
+    /// it for more than five seconds.
     static Result<std::unique_ptr<SqliteUserDefaults>>
     open(const std::filesystem::path& file, Access access, FailureHandler onFailure);
 
@@ -36,10 +36,10 @@ class SqliteUserDefaults : public UserDefaults {
                              Durability durability = Durability::onDisk) override;
     Result<void> makeDurable() override;
 
-    /// The table of records beside the values; lives as long as this.
+    /// Returns the table of records. It lives as long as this object.
     RecordTable& records();
 
-    /// Where the corrupt database that was found at opening lies now.
+    /// Returns the new path of the corrupt database that open() replaced, if any.
     [[nodiscard]] const std::optional<std::filesystem::path>& setAside() const {
         return m_setAside;
     }
@@ -68,24 +68,24 @@ class SqliteUserDefaults : public UserDefaults {
     FailureHandler m_onFailure;
     std::unique_ptr<sqlite3, Closer> m_database;
     std::unique_ptr<SqliteRecordTable> m_records;
-    Statement m_insertion; ///< made when it is first needed
+    Statement m_insertion; ///< prepared on first use
     Statement m_removal;
     std::map<std::string, Value, std::less<>> m_values;
     using Keys = std::set<std::string, std::less<>>;
-    Keys m_leftOver; ///< whose values could not be stored yet
-    Keys m_assigned; ///< in the transaction that runs
+    Keys m_leftOver; ///< keys whose values could not be stored yet
+    Keys m_assigned; ///< keys assigned in the current transaction
     std::optional<std::filesystem::path> m_setAside;
-    bool m_immutable = false;  ///< read without a lock or a log
-    bool m_hasRecords = false; ///< a database of version 1 that is only read has no such table
+    bool m_immutable = false;  ///< opened without locks and log
+    bool m_hasRecords = false; ///< false for a version 1 database that is opened read-only
     bool m_inTransaction = false;
     std::optional<Error> m_transactionFailure;
-    Durability m_durability = Durability::onDisk; ///< that the connection is set to
+    Durability m_durability = Durability::onDisk; ///< the connection's current setting
 };
 
-/// The codes of SQLite's errors.
+/// The error category of SQLite's result codes.
 const std::error_category& sqliteCategory();
 
-/// The code of that name among the category's, if it has a sentence of its own.
+/// Returns the code with that name, or nullopt if the category has no message for it.
 std::optional<std::error_code> databaseCodeNamed(std::string_view name);
 
 } // namespace vexmoor

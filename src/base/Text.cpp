@@ -30,7 +30,8 @@ std::string filled(std::string_view pattern, const std::vector<std::string_view>
     return result;
 }
 
-/// The empty text is the catalogue's own entry. gettext returns its argument if it finds nothing.
+/// Returns the empty text unchanged, because gettext maps it to the catalogue's header. gettext
+/// returns its argument if there is no translation.
 std::string_view found(const char* source) {
     if (*source == '\0')
         return source;

@@ -11,8 +11,8 @@
 
 namespace vexmoor {
 
-/// The user's key-value store (port). The four kinds are told apart: a value is read only as the
-/// kind that was stored. One thread.
+/// The user's key-value store (port). Values are typed: reading one as another kind than was stored
+/// returns nullopt. Not thread-safe.
 class UserDefaults {
   public:
     struct Data {
@@ -21,27 +21,27 @@ class UserDefaults {
     };
     using Value = std::variant<bool, std::int64_t, std::string, Data>;
 
-    /// What a transaction has to survive when it returns: a power cut, or, as something else knows
-    /// of it that does, only this process.
+    /// What a committed transaction survives: a power cut, or only the end of this process, if the
+    /// journal can restore it after a power cut.
     enum class Durability { onDisk, journaled };
 
     virtual ~UserDefaults() = default;
 
-    /// The value under the key, if there is one.
+    /// Returns the value of the key, or nullopt.
     [[nodiscard]] virtual std::optional<Value> value(std::string_view key) const = 0;
 
-    /// Stores the value, or removes the key where there is none. Outside transaction() this is one
-    /// committed transaction; a failure goes to the store's failure handler.
+    /// Stores the value, or removes the key if there is none. Outside transaction() this is its own
+    /// transaction; failures go to the store's failure handler.
     virtual void assign(std::string_view key, std::optional<Value> value) = 0;
 
-    /// Runs `body` and commits all that it assigned as one transaction, synchronously. After a
-    /// power cut `journaled` ones may be missing, the newest first, unless one `onDisk` came after
-    /// them. A failure to store is returned, and nothing of the body's assignments is stored then:
-    /// they can be read from this object, and are stored together with what is assigned next.
+    /// Runs `body` and commits its assignments as one transaction, synchronously. A power cut can
+    /// lose `journaled` transactions, the newest first, until one with `onDisk` follows. On failure
+    /// returns the error and stores none of the assignments: this object keeps them, and stores
+    /// them with the next transaction.
     virtual Result<void> transaction(const std::function<void()>& body,
                                      Durability durability = Durability::onDisk) = 0;
 
-    /// Brings all that was committed to the disk.
+    /// Syncs everything committed so far to the disk.
     virtual Result<void> makeDurable() = 0;
 
     [[nodiscard]] std::optional<bool> boolean(std::string_view key) const { return as<bool>(key); }

@@ -16,13 +16,13 @@ namespace {
 
 using Path = std::filesystem::path;
 
-constexpr const char* kNoLocale = "C.UTF-8"; ///< of every system
+constexpr const char* kNoLocale = "C.UTF-8"; ///< exists on every system
 
 std::optional<NumberStyle> numbersOfLocale;
 std::optional<DateStyle> datesOfLocale;
 
-/// Where the catalogues are: beside the program in its build tree, under the prefix that it is in,
-/// or where it was meant to be installed.
+/// Returns the folder of the message catalogues: beside the program in its build tree, under the
+/// prefix it runs from, or the install prefix.
 Path localeFolder() {
     std::error_code code;
     const Path programs = std::filesystem::read_symlink("/proc/self/exe", code).parent_path();
@@ -33,13 +33,14 @@ Path localeFolder() {
     return VEXMOOR_LOCALE_FOLDER;
 }
 
-/// Sets a category as the environment says. The locale's name; nullopt if it is missing here.
+/// Sets a locale category from the environment. Returns the locale's name, or nullopt if it is not
+/// installed.
 std::optional<std::string> take(int category) {
     const char* const name = std::setlocale(category, "");
     return name != nullptr ? std::optional<std::string>(name) : std::nullopt;
 }
 
-/// The name of the locale that the environment wants for messages.
+/// Returns the name of the locale that the environment selects for messages.
 const char* wantedLanguage() {
     for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"})
         if (const char* const value = std::getenv(variable); value != nullptr && *value != '\0')
@@ -47,7 +48,7 @@ const char* wantedLanguage() {
     return "";
 }
 
-/// gettext looks for LANGUAGE in any locale but "C".
+/// gettext ignores LANGUAGE only in the locale "C".
 void takeLanguage() {
     if (take(LC_MESSAGES))
         return;
@@ -55,7 +56,7 @@ void takeLanguage() {
     ::setenv("LANGUAGE", wantedLanguage(), 0);
 }
 
-/// Whether a locale says how something is written; its texts must be in our encoding.
+/// True if the locale defines its own formats in our encoding.
 bool says(const std::optional<std::string>& locale) {
     return locale && *locale != "C" && *locale != "POSIX" && !locale->starts_with("C.") &&
            std::string_view(::nl_langinfo(CODESET)) == "UTF-8";
@@ -78,7 +79,7 @@ void takeDates() {
     datesOfLocale = {"%x", hasHalves ? "%I:%M %p" : "%R", true};
 }
 
-/// As the sample in the language of the texts is written.
+/// Derives the number style from a translated sample number.
 NumberStyle numbersOfTexts() {
     // Translators: as your language writes this number.
     const std::string sample = text("1,234.5");

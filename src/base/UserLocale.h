@@ -4,34 +4,35 @@
 
 namespace vexmoor {
 
-/// The name of the program's catalogue in the folders of the locales.
+/// The name of the program's message catalogue.
 inline constexpr const char* kTextDomain = "vexmoor";
 
-/// Texts, errors of the system, numbers and dates from now on are as the user's locale has them
-/// (LC_ALL, LC_MESSAGES, LC_NUMERIC, LC_TIME, LANG, LANGUAGE); without this call they are English.
-/// Where the locale is missing on this system, the language of its name still counts. The C
-/// library's own numbers keep the form that machines read. Once, at the start of main, before other
-/// threads are started.
+/// Switches texts, system errors, numbers and dates to the user's locale (LC_ALL, LC_MESSAGES,
+/// LC_NUMERIC, LC_TIME, LANG, LANGUAGE). Without this call they are English. If the locale is not
+/// installed, the language in its name still applies. The C library's number functions keep the C
+/// format. Call once at the start of main, before starting threads.
 void useUserLocale();
 
-/// How numbers are written for people.
+/// How numbers are formatted for users.
 struct NumberStyle {
     std::string decimal = ".";
     std::string separator = ","; ///< between groups of digits; may be empty
-    std::string groups = "\3";   ///< digits a group, from the right; the last one counts on
+    std::string groups = "\3";   ///< group sizes from the right; the last one repeats
 };
 
-/// That of the user's locale; the English one where it says nothing, and for JSON. Any thread.
+/// Returns the user's number style, or the English one if the locale defines none or for JSON.
+/// Thread-safe.
 NumberStyle numberStyle();
 
-/// Formats for strftime. Any thread.
+/// strftime formats.
 struct DateStyle {
     std::string date = "%F";
     std::string time = "%R";
-    bool hasWeekdays = false; ///< whether strftime knows the names of the weekdays
+    bool hasWeekdays = false; ///< whether strftime has localized weekday names
 };
 
-/// That of the user's locale; where it says nothing, that of the texts' language.
+/// Returns the user's date style, or that of the texts' language if the locale defines none.
+/// Thread-safe.
 DateStyle dateStyle();
 
 } // namespace vexmoor

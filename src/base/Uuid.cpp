@@ -9,11 +9,11 @@ namespace vexmoor {
 
 namespace {
 
-/// Random bytes for many ids at once: asking the system for each would cost more than the rest of
-/// what is noted of an item.
+/// Buffers random bytes for several ids: a system call for each id would cost more than the rest of
+/// recording an item.
 class RandomBytes {
   public:
-    /// False where the system has none.
+    /// Returns false if the system has no random bytes.
     bool take(std::array<std::uint8_t, 16>& bytes) {
         if (m_used + bytes.size() > m_bytes.size()) {
             if (::getentropy(m_bytes.data(), m_bytes.size()) != 0)
@@ -26,7 +26,7 @@ class RandomBytes {
     }
 
   private:
-    std::array<std::uint8_t, 256> m_bytes{}; ///< as many as getentropy gives
+    std::array<std::uint8_t, 256> m_bytes{}; ///< the most that getentropy returns at once
     std::size_t m_used = m_bytes.size();
 };
 

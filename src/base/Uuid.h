@@ -13,13 +13,13 @@ namespace vexmoor {
 struct Uuid {
     std::array<std::uint8_t, 16> bytes{};
 
-    /// A new random one.
+    /// Returns a new random id.
     static Uuid generate();
 
-    /// From its 36 characters in either letter case; nothing when they are anything else.
+    /// Parses 36 characters in either case. Returns nullopt for any other text.
     static std::optional<Uuid> fromString(std::string_view text);
 
-    /// 36 characters, upper-case hexadecimal with hyphens.
+    /// Returns 36 characters: upper-case hexadecimal digits and hyphens.
     [[nodiscard]] std::string toString() const;
 
     auto operator<=>(const Uuid&) const = default;

@@ -11,7 +11,7 @@
 namespace vexmoor {
 namespace {
 
-constexpr int kTimeoutMilliseconds = 5000; ///< the portal may have to be started
+constexpr int kTimeoutMilliseconds = 5000; ///< the portal may have to start first
 
 const QString kService = QStringLiteral("org.freedesktop.portal.Desktop");
 const QString kPath = QStringLiteral("/org/freedesktop/portal/desktop");
@@ -35,7 +35,7 @@ ColorScheme schemeFrom(const QVariant& value) {
     }
 }
 
-/// Each desktop has its own setting for it; the portal's newer common one comes from all of them.
+/// Checks the setting of each desktop and the portal's newer common one.
 bool wantsReducedMotion(const Groups& groups) {
     const QVariant duration = groups[kKde].value(QStringLiteral("AnimationDurationFactor"));
     bool isNumber = false;
@@ -57,7 +57,7 @@ DesktopPreferences::DesktopPreferences(const QDBusConnection& session, QObject* 
     ask();
 }
 
-/// Only the owner of the name is believed, so the signal's own value is not used.
+/// Reads the settings again instead of trusting the signal, which any program could send.
 void DesktopPreferences::settingChanged(const QDBusMessage& signal) {
     if (kGroups.contains(signal.arguments().value(0).toString()))
         ask();

@@ -8,8 +8,8 @@ namespace vexmoor {
 
 enum class ColorScheme { noPreference, dark, light };
 
-/// What the user chose for the whole desktop, read from the settings portal and followed while the
-/// program runs. Nothing waits for the portal; without one there are no preferences. Main thread.
+/// The user's desktop-wide preferences, read from the settings portal and kept up to date. Never
+/// blocks on the portal; without a portal the values keep their defaults. Main thread.
 class DesktopPreferences : public QObject {
     Q_OBJECT
 
@@ -20,7 +20,7 @@ class DesktopPreferences : public QObject {
         bool operator==(const Values&) const = default;
     };
 
-    /// Asks at once; the answer arrives as a change.
+    /// Requests the values; they arrive as a change.
     explicit DesktopPreferences(const QDBusConnection& session, QObject* parent = nullptr);
 
     [[nodiscard]] const Values& values() const { return m_values; }

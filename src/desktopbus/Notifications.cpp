@@ -39,7 +39,7 @@ Notifications::Notifications(const QDBusConnection& bus) : m_bus(bus) {
 }
 
 void Notifications::requestAuthorization(std::function<void(bool granted)> completion) {
-    if (!m_bus.isConnected()) { // calls would end in nothing
+    if (!m_bus.isConnected()) { // calls would never be answered
         qCInfo(log) << "There is no session bus.";
         completion(false);
         return;
@@ -47,7 +47,7 @@ void Notifications::requestAuthorization(std::function<void(bool granted)> compl
     callAsync(m_bus, call("GetCapabilities"), this, [this, completion](const QDBusMessage& answer) {
         learnCapabilities(answer);
         if (!isAnswer(answer))
-            qCInfo(log) << "No server of notifications:" << answer.errorMessage();
+            qCInfo(log) << "No notification server:" << answer.errorMessage();
         completion(isAnswer(answer));
     });
 }
@@ -56,7 +56,7 @@ void Notifications::post(const Notification& notification) {
     if (!m_bus.isConnected())
         return;
     Shown& shown = m_shown[QString::fromStdString(notification.identifier)];
-    if (shown.awaited) // what it replaces has no number yet
+    if (shown.awaited) // the server has not assigned the replaced notification's id yet
         shown.next = notification;
     else
         show(notification);
@@ -83,7 +83,7 @@ void Notifications::answered(const QString& identifier, const QDBusMessage& answ
     if (isAnswer(answer))
         shown.id = answer.arguments().value(0).toUInt();
     else
-        qCInfo(log) << "Not shown:" << answer.errorMessage();
+        qCInfo(log) << "Notification not shown:" << answer.errorMessage();
     if (const auto next = std::exchange(shown.next, std::nullopt))
         show(*next);
 }
@@ -113,13 +113,13 @@ void Notifications::closed(uint id, uint) {
 
 void Notifications::serverChanged(const QString& owner) {
     m_capabilities.reset();
-    for (Shown& shown : m_shown) // another server's numbers are other notifications
+    for (Shown& shown : m_shown) // ids of another server are invalid
         shown.id = 0;
     if (!owner.isEmpty())
         askCapabilities();
 }
 
-/// Starts no server.
+/// Does not start a server.
 void Notifications::askCapabilities() {
     if (!m_bus.isConnected())
         return;
@@ -134,8 +134,8 @@ void Notifications::learnCapabilities(const QDBusMessage& answer) {
         m_capabilities = answer.arguments().value(0).toStringList();
 }
 
-/// A server that has not told yet is taken for one that reads markup: an entity too many is better
-/// than a name that disappears.
+/// Escapes the text if the server interprets markup or has not reported its capabilities yet: a
+/// visible entity is better than a missing name.
 QString Notifications::bodyText(const std::string& body) const {
     const QString text = QString::fromStdString(body);
     const bool isRead = !m_capabilities || m_capabilities->contains("body-markup");

@@ -12,23 +12,23 @@
 
 namespace vexmoor {
 
-/// The desktop's notifications (org.freedesktop.Notifications). Nothing waits for their server,
-/// which may come and go at any time. Main thread only; completions come there too.
+/// The desktop's notifications (org.freedesktop.Notifications). Never blocks on the server, which
+/// may start and exit at any time. Main thread only; completions run there too.
 class Notifications : public QObject, public NotificationPort {
     Q_OBJECT
 
   public:
     explicit Notifications(const QDBusConnection& bus);
 
-    /// Granted where a server answers.
+    /// Grants permission if a server answers.
     void requestAuthorization(std::function<void(bool granted)> completion) override;
 
-    /// Without a server nothing is shown.
+    /// Does nothing if there is no server.
     void post(const Notification& notification) override;
 
   signals:
-    /// The user chose one of those that were posted. `token` allows a window that is shown for it
-    /// to take the focus; empty where the server gave none.
+    /// The user activated a posted notification. `token` is the activation token for a window that
+    /// opens as a result; empty if the server sent none.
     void activated(const QString& identifier, const QByteArray& token);
 
   private slots:
@@ -37,12 +37,12 @@ class Notifications : public QObject, public NotificationPort {
     void closed(uint id, uint reason);
 
   private:
-    /// What the server knows of one identifier.
+    /// The server's state of one notification.
     struct Shown {
-        uint id = 0;                      ///< the server's; 0 until it has answered
-        bool awaited = false;             ///< an answer is on its way
-        std::optional<Notification> next; ///< to be shown after that answer
-        QByteArray token;                 ///< for the action that comes next
+        uint id = 0;                      ///< assigned by the server; 0 until it has answered
+        bool awaited = false;             ///< a reply is pending
+        std::optional<Notification> next; ///< shown after that reply
+        QByteArray token;                 ///< for the next action
     };
 
     void show(const Notification& notification);
@@ -53,7 +53,7 @@ class Notifications : public QObject, public NotificationPort {
     [[nodiscard]] QString bodyText(const std::string& body) const;
 
     QDBusConnection m_bus;
-    std::optional<QStringList> m_capabilities; ///< of the server that runs, once it has told them
+    std::optional<QStringList> m_capabilities; ///< of the running server, once known
     QHash<QString, Shown> m_shown;             ///< by our identifier
 };
 

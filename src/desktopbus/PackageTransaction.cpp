@@ -18,7 +18,7 @@ const QString kTransaction = QStringLiteral("org.freedesktop.PackageKit.Transact
 
 constexpr uint kExitSuccess = 1;
 
-/// That nobody has the service's name, and what would take it is not installed or not allowed.
+/// True if the service does not run and cannot be activated.
 bool isMissing(const QDBusMessage& error) {
     static const QStringList kNames = {
         QStringLiteral("org.freedesktop.DBus.Error.ServiceUnknown"),
@@ -30,13 +30,13 @@ bool isMissing(const QDBusMessage& error) {
     return kNames.contains(error.errorName());
 }
 
-/// That the service went away with the call.
+/// True if the service exited during the call.
 bool isDeath(const QDBusMessage& error) {
     const QDBusError::ErrorType type = QDBusError(error).type();
     return type == QDBusError::NoReply || type == QDBusError::ServiceUnknown;
 }
 
-/// From "name;version;architecture;data".
+/// Parses "name;version;architecture;data".
 Package packageOf(uint info, const QString& packageId) {
     const QStringList fields = packageId.split(';');
     return {info, fields.value(0), fields.value(1)};
@@ -119,12 +119,12 @@ void PackageTransaction::fail(const QString& problem) {
 }
 
 QString PackageTransaction::stoppedProblem() {
-    return tr("The system's package service stopped before it had answered.");
+    return tr("The system's package service stopped before it replied.");
 }
 
 QString PackageTransaction::reportedProblem(const QString& words) {
     return words.trimmed().isEmpty()
-               ? tr("The system's package service gave up and did not say why.")
+               ? tr("The system's package service failed without an error message.")
                : tr("The system's package service reports: %1").arg(words.trimmed());
 }
 

@@ -9,16 +9,16 @@
 
 namespace vexmoor {
 
-/// A package as the service names it.
+/// A package as the service reports it.
 struct Package {
-    uint info = 0; ///< what is said of it, in the service's numbers
+    uint info = 0; ///< PackageKit's info code
     QString name;
-    QString version; ///< as its packagers write it
+    QString version; ///< the packagers' version string
 };
 
-/// One question to the system's package service (PackageKit), which is started where it does not
-/// run. Exactly one of the signals comes, after the constructor has returned; destruction calls the
-/// question off. The service may take its time: the caller has the deadline. Main thread only.
+/// One request to the system's package service (PackageKit), which is activated if necessary. Emits
+/// exactly one of the signals, after the constructor returned; destruction cancels the request.
+/// There is no timeout; the caller sets one. Main thread only.
 class PackageTransaction : public QObject {
     Q_OBJECT
 
@@ -30,7 +30,7 @@ class PackageTransaction : public QObject {
     PackageTransaction(const PackageTransaction&) = delete;
     PackageTransaction& operator=(const PackageTransaction&) = delete;
 
-    /// A sentence for the user.
+    /// Returns a sentence for the user.
     [[nodiscard]] static QString stoppedProblem();
 
   signals:
@@ -53,11 +53,11 @@ class PackageTransaction : public QObject {
     [[nodiscard]] static QString reportedProblem(const QString& words);
 
     QDBusConnection m_bus;
-    QString m_service; ///< the unique name of who has the transaction
+    QString m_service; ///< the unique name of the transaction's owner
     QString m_path;
-    bool m_open = true; ///< nothing has been told yet
+    bool m_open = true; ///< no signal was emitted yet
     QList<Package> m_packages;
-    QString m_error; ///< in the service's words
+    QString m_error; ///< the service's message
 };
 
 } // namespace vexmoor

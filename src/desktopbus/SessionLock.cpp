@@ -11,8 +11,8 @@
 namespace vexmoor {
 namespace {
 
-/// Each has an interface of its own name, with `GetActive` at the path of that name. The signal
-/// `ActiveChanged` comes from other paths too.
+/// Each service's interface has the service's name, and `GetActive` is at the path of that name.
+/// `ActiveChanged` is also sent from other paths.
 const QStringList kScreenSavers = {
     QStringLiteral("org.freedesktop.ScreenSaver"), QStringLiteral("org.gnome.ScreenSaver"),
     QStringLiteral("org.mate.ScreenSaver"),        QStringLiteral("org.cinnamon.ScreenSaver"),
@@ -49,7 +49,7 @@ SessionLock::SessionLock(const QDBusConnection& sessionBus, const QDBusConnectio
     watch(m_systemBus, {kLogin});
 }
 
-/// All that is asked goes to owners, whose names cannot start a service.
+/// Calls go to the owners' unique names, so that no call starts a service.
 void SessionLock::watch(QDBusConnection& bus, const QStringList& services) {
     if (!bus.isConnected())
         return;
@@ -103,8 +103,8 @@ void SessionLock::screenSaverChanged(bool active, const QDBusMessage& signal) {
     setLocked(signal.interface(), signal.service(), active);
 }
 
-/// A program that the user's service manager has started belongs to no session; "auto" is the
-/// user's graphical one then. Signals come only from the session's own path.
+/// A program started by the user's service manager belongs to no session; then "auto" is the user's
+/// graphical session. Signals come only from the session's own path.
 void SessionLock::findLoginSession(const QString& owner) {
     const auto foundPath = [this, owner](const QDBusMessage& answer) {
         if (isAnswer(answer))
@@ -155,7 +155,7 @@ void SessionLock::busLost() {
             ownerChanged(service, {});
 }
 
-/// Believes only who owns the service's name.
+/// Ignores senders that do not own the service's name.
 void SessionLock::setLocked(const QString& service, const QString& owner, bool locked) {
     const auto known = m_services.find(service);
     if (known == m_services.end() || known->owner != owner)

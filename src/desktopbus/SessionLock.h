@@ -9,14 +9,14 @@
 
 namespace vexmoor {
 
-/// Whether nobody looks at the screen, so that what moves there can rest: a screen saver is active,
-/// or the login manager says that the session is locked. Nothing waits for those services, and none
-/// is started. They may come and go; one that is gone locks nothing. Main thread only.
+/// Whether the screen is not being watched, so that animations can stop: a screen saver is active,
+/// or the login manager reports that the session is locked. Never blocks on these services and
+/// starts none of them. A service that exits counts as unlocked. Main thread only.
 class SessionLock : public QObject {
     Q_OBJECT
 
   public:
-    /// Asks at once. The answers come later, as changes; a bus that is not there tells nothing.
+    /// Requests the states; they arrive as changes. A bus that is not connected reports nothing.
     SessionLock(const QDBusConnection& sessionBus, const QDBusConnection& systemBus);
 
     [[nodiscard]] bool isLocked() const { return m_locked; }
@@ -32,7 +32,7 @@ class SessionLock : public QObject {
 
   private:
     struct Service {
-        QString owner; ///< its unique name on its bus; empty while it does not run
+        QString owner; ///< unique name; empty while the service does not run
         bool locked = false;
     };
 
@@ -47,8 +47,8 @@ class SessionLock : public QObject {
 
     QDBusConnection m_sessionBus;
     QDBusConnection m_systemBus;
-    QHash<QString, Service> m_services; ///< by name
-    QString m_loginSession;             ///< its path; empty until it is known
+    QHash<QString, Service> m_services; ///< by service name
+    QString m_loginSession;             ///< object path; empty until known
     bool m_locked = false;
 };
 

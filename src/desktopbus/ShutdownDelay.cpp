@@ -30,17 +30,17 @@ void ShutdownDelay::setWorking(bool working) {
     if (working)
         inhibit();
     else
-        m_lock = QDBusUnixFileDescriptor(); // closed: the shutdown goes on
+        m_lock = QDBusUnixFileDescriptor(); // closing it releases the delay
 }
 
-/// Nothing waits for the answer; work that is over before it comes needs no lock.
+/// Asynchronous: if the work ends before the reply, no lock is needed.
 void ShutdownDelay::inhibit() {
     if (!m_bus.isConnected())
         return;
     auto call =
         QDBusMessage::createMethodCall(kLogin, kLoginPath, kManager, QStringLiteral("Inhibit"));
     call << QStringLiteral("shutdown") << QStringLiteral("Vexmoor")
-         << tr("Files are on their way into the cauldron") << QStringLiteral("delay");
+         << tr("Files are being fed to the cauldron") << QStringLiteral("delay");
     call.setAutoStartService(false);
     auto* const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {

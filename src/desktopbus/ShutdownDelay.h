@@ -6,16 +6,15 @@
 
 namespace vexmoor {
 
-/// Hears from the login manager that the computer is about to be shut down, and holds that up, for
-/// as long as the login manager allows, while there is work. Without one nothing happens. Main
-/// thread.
+/// Reports an imminent shutdown and delays it while there is work, for as long as the login manager
+/// allows. Does nothing without a login manager. Main thread.
 class ShutdownDelay : public QObject {
     Q_OBJECT
 
   public:
     explicit ShutdownDelay(const QDBusConnection& systemBus);
 
-    /// Whether there is work that a shutdown should wait for.
+    /// Sets whether a shutdown has to wait.
     void setWorking(bool working);
 
   signals:
@@ -28,7 +27,7 @@ class ShutdownDelay : public QObject {
     void inhibit();
 
     QDBusConnection m_bus;
-    QDBusUnixFileDescriptor m_lock; ///< held while it is valid
+    QDBusUnixFileDescriptor m_lock; ///< valid while it is held
     bool m_isWorking = false;
 };
 

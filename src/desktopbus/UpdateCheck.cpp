@@ -23,7 +23,7 @@ QString sentenceFor(const UpdateCheck& check) {
                         "so it can't look for updates.");
     case UpdateCheck::Outcome::noService:
         return Text::tr("This system has no package service that Vexmoor can ask for updates. "
-                        "Look for them where you got it from.");
+                        "Look for updates where you got Vexmoor.");
     case UpdateCheck::Outcome::failed:
         break;
     }

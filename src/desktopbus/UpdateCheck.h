@@ -4,24 +4,24 @@
 
 namespace vexmoor {
 
-/// What came of looking for updates of this copy.
+/// The result of an update check.
 struct UpdateCheck {
     enum class Outcome {
         upToDate,
         updateAvailable,
-        notManaged, ///< it is of no package
-        noService,  ///< there is no package service here
+        notManaged, ///< no package owns this copy
+        noService,  ///< the system has no package service
         failed,
     };
 
     Outcome outcome = Outcome::notManaged;
-    QString version; ///< this copy's where it is up to date, the newer one's where there is one
-    QString problem; ///< what failed, as a sentence for the user
+    QString version; ///< this copy's version if it is up to date, the new version if there is one
+    QString problem; ///< the failure, as a sentence for the user
 
     friend bool operator==(const UpdateCheck&, const UpdateCheck&) = default;
 };
 
-/// What the user is told.
+/// Returns the text to show.
 [[nodiscard]] QString sentenceFor(const UpdateCheck& check);
 
 } // namespace vexmoor

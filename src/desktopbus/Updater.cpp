@@ -9,24 +9,24 @@
 namespace vexmoor {
 namespace {
 
-// What PackageKit numbers.
+// PackageKit's constants.
 constexpr uint kInfoInstalled = 1;
 constexpr uint kInfoBlocked = 9;
 constexpr qulonglong kFilterNone = 1 << 1;
 constexpr qulonglong kFilterInstalled = 1 << 2;
 
-/// "0.2-3" of "1:0.2-3".
+/// Returns "0.2-3" for "1:0.2-3".
 QString withoutEpoch(const QString& version) {
     return version.mid(version.indexOf(':') + 1);
 }
 
-/// "0.2" of "1:0.2-3".
+/// Returns "0.2" for "1:0.2-3".
 QString upstreamVersion(const QString& version) {
     const QString rest = withoutEpoch(version);
     return rest.left(rest.lastIndexOf('-'));
 }
 
-/// The packagers' revision is told only where nothing else is new.
+/// Includes the packagers' revision only if nothing else differs.
 QString shownVersion(const Package& update, const Package& installed) {
     const QString upstream = upstreamVersion(update.version);
     return upstream == upstreamVersion(installed.version) ? withoutEpoch(update.version) : upstream;

@@ -15,8 +15,8 @@ namespace vexmoor {
 class PackageTransaction;
 struct Package;
 
-/// Asks the system's package service whether there is something newer than this copy. It installs
-/// nothing: that is for the system's own programs. Nothing waits. Main thread only.
+/// Asks the system's package service for a newer version of this copy. Installs nothing; that is
+/// left to the system's tools. Asynchronous. Main thread only.
 class Updater : public QObject {
     Q_OBJECT
 
@@ -27,15 +27,15 @@ class Updater : public QObject {
     Updater(const QDBusConnection& systemBus, const QString& executable,
             std::chrono::milliseconds deadline = kDeadline);
 
-    /// `finished` follows, within the deadline, unless it is cancelled. During a check there is no
-    /// second one.
+    /// Starts a check. `finished` follows within the deadline unless the check is cancelled. Does
+    /// nothing if a check is running.
     void checkForUpdates();
-    /// Calls off the check that runs, if one does; `finished` does not follow.
+    /// Cancels a running check; `finished` is not emitted.
     void cancel();
     [[nodiscard]] bool isChecking() const { return m_deadline.isActive(); }
 
   signals:
-    /// A check began or ended.
+    /// A check started or ended.
     void checkingChanged(bool isChecking);
     void finished(const UpdateCheck& check);
 
@@ -50,8 +50,8 @@ class Updater : public QObject {
 
     QDBusConnection m_bus;
     QString m_executable;
-    QTimer m_deadline;                           ///< runs during a check
-    PackageTransaction* m_transaction = nullptr; ///< the question under way
+    QTimer m_deadline;                           ///< active during a check
+    PackageTransaction* m_transaction = nullptr; ///< the pending request
 };
 
 } // namespace vexmoor

@@ -4,7 +4,7 @@
 
 namespace vexmoor {
 
-/// What one calendar day consumed.
+/// The totals of one calendar day.
 struct DayTally {
     std::int64_t count = 0;
     std::int64_t bytes = 0;

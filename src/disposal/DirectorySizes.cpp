@@ -72,7 +72,7 @@ void DirectorySizes::flush(int binFolder) {
         lines += std::to_string(entry.bytes) + " " + std::to_string(entry.infoModifiedSeconds) +
                  " " + percentEncoded(name) + "\n";
     const std::string temporary = "directorysizes." + std::to_string(::getpid());
-    ::unlinkat(binFolder, temporary.c_str(), 0); // left by a process of the same number that died
+    ::unlinkat(binFolder, temporary.c_str(), 0); // left by a dead process with the same process id
     if (!writeFile(binFolder, temporary.c_str(), lines) ||
         ::renameat(binFolder, temporary.c_str(), binFolder, kFileName) != 0)
         ::unlinkat(binFolder, temporary.c_str(), 0);

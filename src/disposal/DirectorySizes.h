@@ -7,8 +7,8 @@
 
 namespace vexmoor {
 
-/// Changes to a Bin's directorysizes file, a cache of the allocated sizes of the folders in it
-/// (FreeDesktop.org Trash specification 1.0). They are gathered and written together.
+/// Updates of a Bin's directorysizes file, a cache of the allocated sizes of its folders
+/// (FreeDesktop.org Trash specification 1.0). Collects changes and writes them together.
 class DirectorySizes {
   public:
     struct Entry {
@@ -20,12 +20,11 @@ class DirectorySizes {
     void set(std::string storedName, Entry entry) { m_changes[std::move(storedName)] = entry; }
     void remove(std::string storedName) { m_changes[std::move(storedName)] = std::nullopt; }
 
-    /// Merges the changes into the file in the Bin's folder: read tolerantly, written to a
-    /// temporary file, renamed. Lines that cannot be understood are dropped. Where there is nothing
-    /// to change the file is left alone.
+    /// Merges the changes into the file: reads it, writes a temporary file and renames it. Drops
+    /// invalid lines. Does not write if nothing changed.
     void flush(int binFolder);
 
-    /// The file's entries by stored name.
+    /// Returns the file's entries by stored name.
     static std::map<std::string, Entry> parse(const std::string& text);
 
   private:

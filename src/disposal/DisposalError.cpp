@@ -14,7 +14,7 @@ namespace {
 struct Row {
     DisposalError code;
     const char* name;
-    const char* sentence; ///< what describe() completes has a simpler one here
+    const char* sentence; ///< describe() adds details to some of these
 };
 
 constexpr Row kRows[] = {
@@ -22,49 +22,49 @@ constexpr Row kRows[] = {
     {DisposalError::isRoot, "isRoot", marked("The root of the file system can't be thrown away.")},
     {DisposalError::isHome, "isHome", marked("The home folder can't be thrown away.")},
     {DisposalError::isDots, "isDots",
-     marked("“.” and “..” name the folder you are in or the one above. Name it itself.")},
+     marked(
+         "“.” and “..” stand for the current folder and its parent. Use the folder's own name.")},
     {DisposalError::isMountPoint, "isMountPoint",
      marked("A volume is mounted here. Unmount it first.")},
     {DisposalError::holdsMountPoint, "holdsMountPoint",
      marked("A volume is mounted inside this folder. Unmount it first.")},
     {DisposalError::isBin, "isBin", marked("This is the Bin itself.")},
-    {DisposalError::isInsideBin, "isInsideBin", marked("It is in the Bin already.")},
-    {DisposalError::holdsBin, "holdsBin", marked("The Bin lies inside this folder.")},
+    {DisposalError::isInsideBin, "isInsideBin", marked("It is already in the Bin.")},
+    {DisposalError::holdsBin, "holdsBin", marked("This folder contains the Bin.")},
     {DisposalError::noBinOnVolume, "noBinOnVolume",
-     marked("There is no Bin on its volume, and none could be made.")},
-    {DisposalError::otherVolume, "otherVolume",
-     marked("It can't be moved: the other place is on another volume.")},
-    {DisposalError::notInBin, "notInBin", marked("Its recorded place is not in a Bin.")},
+     marked("There is no Bin on its volume, and none could be created.")},
+    {DisposalError::otherVolume, "otherVolume", marked("It can't be moved to another volume.")},
+    {DisposalError::notInBin, "notInBin", marked("Its recorded path is not in a Bin.")},
     {DisposalError::invalidDestination, "invalidDestination",
-     marked("Its recorded place can't be used.")},
+     marked("Its recorded path can't be used.")},
     {DisposalError::noFreeName, "noFreeName", marked("No free name was found for it.")},
     {DisposalError::volumeNotThere, "volumeNotThere",
-     marked("It is in the Bin of a volume that is not there now.")},
+     marked("It is in the Bin of a volume that is not available.")},
     {DisposalError::withoutInfo, "withoutInfo",
-     marked("The Bin no longer says where it came from. It was left there.")},
+     marked("The Bin has no record of where it came from. It was left in the Bin.")},
     {DisposalError::journalSetAside, "journalSetAside",
-     marked("It can't be understood and was set aside.")},
+     marked("It can't be read and was renamed.")},
     {DisposalError::partlyRemoved, "partlyRemoved", marked("Not all of it could be removed.")},
     {DisposalError::stopped, "stopped", marked("It was stopped.")},
     {DisposalError::replaced, "replaced",
      marked("It was replaced in the meantime. The new item was not touched.")},
     {DisposalError::isOwnData, "isOwnData", marked("Vexmoor keeps its history here.")},
     {DisposalError::isPartOfSystem, "isPartOfSystem",
-     marked("It is a part of the running system, which no Bin can hold.")},
-    {DisposalError::isOnTheWay, "isOnTheWay",
-     marked("It is on its way into the cauldron already.")},
+     marked("It is part of the running system and can't be moved to a Bin.")},
+    {DisposalError::isOnTheWay, "isOnTheWay", marked("It is already being fed to the cauldron.")},
     {DisposalError::journalLost, "journalLost",
-     marked("The journal is empty or gone, though batches were noted in it.")},
+     marked("The journal is empty or missing, although batches were recorded in it.")},
     {DisposalError::volumeAway, "volumeAway",
-     marked("It was being dissolved on a volume that is not there now.")},
+     marked("It was being dissolved on a volume that is not available.")},
     {DisposalError::failedBefore, "failedBefore",
-     marked("It failed before the batch was cut off.")},
-    {DisposalError::ambiguous, "ambiguous", marked("Several items are meant by this.")},
+     marked("It failed before the batch was interrupted.")},
+    {DisposalError::ambiguous, "ambiguous", marked("Several items match.")},
     {DisposalError::stoppedPartly, "stoppedPartly", marked("It was stopped.")},
     {DisposalError::cutOff, "cutOff", marked("Not all of it could be removed.")},
     {DisposalError::ownedByOther, "ownedByOther",
-     marked("what lies there belongs to another user")},
-    {DisposalError::openToOthers, "openToOthers", marked("others may write to it")},
+     marked("the folder for it belongs to another user")},
+    {DisposalError::openToOthers, "openToOthers",
+     marked("other users can write to the folder for it")},
     {DisposalError::reported, "reported", marked("Unknown error")},
 };
 
@@ -92,7 +92,7 @@ std::string pathOf(const Error& error) {
     return displayText(error.path.native());
 }
 
-/// Of the causes those that are known, one after the other.
+/// Lists the known causes.
 std::string whatRemains(const Error& error) {
     std::string list;
     for (const auto& cause : error.causes)
@@ -100,19 +100,17 @@ std::string whatRemains(const Error& error) {
     if (list.empty())
         return plural("Not all of it could be removed: %1 item remains.",
                       "Not all of it could be removed: %1 items remain.", error.count);
-    return plural("Not all of it could be removed: %1 item remains, among them %2.",
-                  "Not all of it could be removed: %1 items remain, among them %2.", error.count,
+    return plural("Not all of it could be removed: %1 item remains, including %2.",
+                  "Not all of it could be removed: %1 items remain, including %2.", error.count,
                   {list});
 }
 
 std::string describeAmbiguity(const Error& error) {
     if (error.count == 0)
-        return text("Several items are meant by this: %1. Name one by its id or its path.",
-                    {error.operation});
-    return plural(
-        "Several items are meant by this: %2, and %1 more. Name one by its id or its path.",
-        "Several items are meant by this: %2, and %1 more. Name one by its id or its path.",
-        error.count, {error.operation});
+        return text("Several items match: %1. Specify one by its id or path.", {error.operation});
+    return plural("Several items match: %2, and %1 more. Specify one by its id or path.",
+                  "Several items match: %2, and %1 more. Specify one by its id or path.",
+                  error.count, {error.operation});
 }
 
 std::string describeOwn(const Error& error) {
@@ -121,19 +119,20 @@ std::string describeOwn(const Error& error) {
     case DisposalError::goneFromBin:
         return text("%1 is no longer in the Bin.", {item()});
     case DisposalError::volumeNotThere:
-        return text("%1 is in the Bin of a volume that is not there now.", {item()});
+        return text("%1 is in the Bin of a volume that is not available.", {item()});
     case DisposalError::volumeAway:
-        return text("%1 was being dissolved on a volume that is not there now.", {item()});
+        return text("%1 was being dissolved on a volume that is not available.", {item()});
     case DisposalError::journalSetAside:
-        return text("It can't be understood and was set aside as %1.", {pathOf(error)});
+        return text("It can't be read and was renamed to %1.", {pathOf(error)});
     case DisposalError::journalLost:
-        return text("The journal is empty or gone, though batches were noted in it. Items of the "
-                    "last ones may be in the Bin without a record (%1).",
-                    {pathOf(error)});
+        return text(
+            "The journal is empty or missing, although batches were recorded in it. Items of "
+            "the last batches may be in the Bin without a record (%1).",
+            {pathOf(error)});
     case DisposalError::failedBefore:
         return error.operation.empty()
                    ? error.message()
-                   : text("It failed before the batch was cut off: %1", {error.operation});
+                   : text("It failed before the batch was interrupted: %1", {error.operation});
     case DisposalError::ambiguous:
         return describeAmbiguity(error);
     case DisposalError::partlyRemoved:
@@ -143,11 +142,11 @@ std::string describeOwn(const Error& error) {
                       "Not all of it could be removed: it was stopped after %1 items.",
                       error.count);
     case DisposalError::cutOff:
-        return text("Not all of it could be removed: %1 is what remains.", {pathOf(error)});
+        return text("Not all of it could be removed: %1 remains.", {pathOf(error)});
     case DisposalError::noBinOnVolume:
         return error.causes.empty()
                    ? error.message()
-                   : text("There is no Bin on its volume, and none could be made: %1.",
+                   : text("There is no Bin on its volume, and none could be created: %1.",
                           {error.causes.front().message()});
     case DisposalError::reported:
         return error.operation;

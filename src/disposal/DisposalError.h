@@ -7,7 +7,7 @@
 
 namespace vexmoor {
 
-/// What only disposing and putting back can fail with; the system's own errors stay as they are.
+/// Error codes of disposing and putting back. System errors keep their own codes.
 enum class DisposalError {
     goneFromBin = 1,
     isRoot,
@@ -18,29 +18,29 @@ enum class DisposalError {
     isBin,
     isInsideBin,
     holdsBin,
-    noBinOnVolume, ///< the cause says why, where that is known
+    noBinOnVolume, ///< the cause gives the reason, if known
     otherVolume,
     notInBin,
     invalidDestination,
     noFreeName,
-    volumeNotThere,  ///< the one whose Bin the item lies in
-    withoutInfo,     ///< it lies in the Bin, but whose it is cannot be told
-    journalSetAside, ///< Error::path is where it is now
-    partlyRemoved,   ///< `count` items remain; the causes are the first ones
+    volumeNotThere,  ///< the volume whose Bin contains the item
+    withoutInfo,     ///< the item is in the Bin but cannot be identified
+    journalSetAside, ///< Error::path is its new path
+    partlyRemoved,   ///< `count` items remain; the causes are the first errors
     stopped,
     replaced,
     isOwnData,
     isOnTheWay,
-    journalLost,  ///< batches were noted in it, and nothing can be read
-    volumeAway,   ///< it was being dissolved there when the batch was cut off
-    failedBefore, ///< in a batch that was cut off; Error::operation says why
-    ambiguous,    ///< Error::operation lists what the name can mean, and there are `count` more
+    journalLost,  ///< batches were recorded in it, but it is empty or missing
+    volumeAway,   ///< the item was being dissolved there when the batch was interrupted
+    failedBefore, ///< in an interrupted batch; Error::operation is the reason
+    ambiguous,    ///< Error::operation lists matches; `count` more exist
     isPartOfSystem,
-    stoppedPartly, ///< after `count` items were removed
-    cutOff,        ///< while it was dissolved; Error::path is what remains
-    ownedByOther,  ///< a cause: of a folder that is not to be used as a Bin
-    openToOthers,  ///< the same
-    reported,      ///< by another version of this program; Error::operation is its sentence
+    stoppedPartly, ///< after removing `count` items
+    cutOff,        ///< dissolving was interrupted; Error::path is what remains
+    ownedByOther,  ///< cause: the folder must not be used as a Bin
+    openToOthers,  ///< same
+    reported,      ///< by another version of this program; Error::operation is its message
 };
 
 const std::error_category& disposalCategory();
@@ -51,11 +51,11 @@ inline Error disposalError(DisposalError error, std::filesystem::path path = {},
     return {make_error_code(error), std::move(operation), std::move(path)};
 }
 
-/// The code of that name (codeName), of whatever category; nullopt if there is none.
+/// Returns the code with that name (codeName) of any category, or nullopt.
 std::optional<std::error_code> codeNamed(std::string_view name);
 
-/// The sentence that the user reads, in the user's language. It does not name the item, which
-/// stands beside it, but any other file that is at fault.
+/// Returns a sentence for the user, in the user's language. It does not name the item, which is
+/// shown beside it, but names other files involved.
 std::string describe(const Error& error);
 
 } // namespace vexmoor

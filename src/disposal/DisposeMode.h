@@ -6,10 +6,10 @@
 
 namespace vexmoor {
 
-/// What feeding an item does to it.
+/// What happens to an item that is fed.
 enum class DisposeMode {
-    bin,      ///< moved to the Bin, can be put back
-    dissolve, ///< deleted at once, cannot be put back
+    bin,      ///< moved to the Bin; can be put back
+    dissolve, ///< deleted immediately; cannot be put back
 };
 
 inline constexpr std::array kDisposeModes = {DisposeMode::bin, DisposeMode::dissolve};
@@ -18,7 +18,7 @@ constexpr std::string_view toRawValue(DisposeMode mode) {
     return mode == DisposeMode::bin ? "bin" : "dissolve";
 }
 
-/// The mode of exactly that name.
+/// Returns the mode with exactly that name, or nullopt.
 constexpr std::optional<DisposeMode> disposeModeFromRawValue(std::string_view text) {
     for (const auto mode : kDisposeModes)
         if (toRawValue(mode) == text)

@@ -19,7 +19,7 @@ Disposer::~Disposer() {
 }
 
 Result<HeldItem> Disposer::hold(const Path& path) {
-    if (!path.is_absolute()) // the kernel may still find it, but its way back could not be told
+    if (!path.is_absolute()) // a relative path could not be recorded for putting back
         return Error::fromErrno(ENOENT, "find the current folder");
     if (!path.has_relative_path())
         return disposalError(DisposalError::isRoot);
@@ -71,7 +71,9 @@ Result<Disposer::Disposed> Disposer::dispose(const HeldItem& item, DisposeMode m
 
 Result<void> Disposer::dissolve(const HeldItem& item) {
     const auto status = fileStatus(item.folder(), item.name.c_str());
-    if (status && status->identity != item.status.identity) // measuring it may have taken long
+    if (status &&
+        status->identity !=
+            item.status.identity) // measuring takes time, during which the item can be replaced
         return disposalError(DisposalError::replaced);
     return removeWhole(item.folder(), item.name, m_meter);
 }

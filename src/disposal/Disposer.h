@@ -8,61 +8,61 @@
 
 namespace vexmoor {
 
-/// Measures items, disposes of them, puts them back: the only place where the user's files are
-/// moved or deleted. It keeps folders open from one item to the next, so one serves one batch; what
-/// the Bin gathers is written when it goes. One thread.
+/// Measures items, disposes of them and puts them back. The only place where user files are moved
+/// or deleted. Keeps folders open between items, so use one instance per batch; the destructor
+/// writes what the Bin collected. Not thread-safe.
 class Disposer {
   public:
     using PlaceObserver = Bin::PlaceObserver;
     using DepartureObserver = Bin::DepartureObserver;
 
-    /// The meter (optional, outlives this) counts the entries that are measured and dissolved, and
-    /// stops both.
+    /// The meter (optional, must outlive this object) counts measured and dissolved entries, and
+    /// can stop both.
     Disposer(const UserDirectories& directories, WorkMeter* meter);
     ~Disposer();
     Disposer(const Disposer&) = delete;
     Disposer& operator=(const Disposer&) = delete;
 
-    /// Opens the item at a standardized path for what follows; refuses what must never be disposed
-    /// of (BinGuard), before anything is touched.
+    /// Opens the item at a standardized path. Fails without side effects if it must not be disposed
+    /// of (BinGuard).
     Result<HeldItem> hold(const Path& path);
 
-    /// Bytes that the item occupies on the disk; what cannot be read counts as 0.
+    /// Returns the bytes that the item occupies on disk; unreadable parts count as 0.
     [[nodiscard]] std::int64_t size(const HeldItem& item) const;
 
-    /// What was done to an item.
+    /// The result of disposing of an item.
     struct Disposed {
-        std::optional<BinnedItem> binned; ///< absent where it was dissolved
+        std::optional<BinnedItem> binned; ///< nullopt if it was dissolved
         std::int64_t bytes = 0;
         bool isFolder = false;
     };
 
-    /// Moves the item to the Bin or deletes it. `bytes` is its size; `willTake` is told each place
-    /// in the Bin before it is tried. Where another item had taken its name by then, that one is in
-    /// the Bin, and its size is answered.
+    /// Moves the item to the Bin or deletes it. `bytes` is its size. Calls `willTake` with each
+    /// path in the Bin before trying it. If another item has taken the name, that item is now in
+    /// the Bin, and its size is returned.
     Result<Disposed> dispose(const HeldItem& item, DisposeMode mode, std::int64_t bytes, Date date,
                              const PlaceObserver& willTake);
 
-    /// Moves the binned item of the record back to the record's path, or beside it under a free
-    /// name; answers where it landed. See Bin::putBack.
+    /// Moves the record's item from the Bin to its original path, or to a free name beside it, and
+    /// returns the path. See Bin::putBack.
     Result<Path> restore(const Path& from, const BinRecord& record,
                          const DepartureObserver& willLeave);
 
-    /// Deletes the binned item of the record.
+    /// Deletes the record's item from the Bin.
     Result<void> erase(const Path& place, const BinRecord& record,
                        const DepartureObserver& willLeave);
 
-    /// The place in the Bin that the item will most likely take: only a guess.
+    /// Returns the path in the Bin that the item will probably get.
     Result<Path> expectedPlace(const HeldItem& item) { return m_bin.expectedPlace(item); }
 
-    /// The volume that an item lies on.
+    /// The volume of an item.
     struct Volume {
-        std::optional<Path> mountPoint; ///< nullopt if it can't be told
-        std::string name;               ///< volumeName() of it
+        std::optional<Path> mountPoint; ///< nullopt if unknown
+        std::string name;               ///< see volumeName()
     };
     const Volume& volumeOf(const HeldItem& item);
 
-    /// Whether the item of the record lies at its place in the Bin; fails with the reason.
+    /// Checks that the record's item is at its path in the Bin; fails with the reason.
     Result<void> check(const Path& place, const BinRecord& record);
 
     /// See Bin::returnLeaving.

@@ -30,7 +30,7 @@ Json causeJson(const Error& error) {
 
 std::optional<Error> read(const Json& json, int depth);
 
-/// False if a part of it is something else.
+/// Reads one cause. Returns false if a part of it has the wrong type.
 bool readCause(const Json& json, Error& error, int depth) {
     using Key = JsonReader::Key;
     JsonReader reader(json);

@@ -8,12 +8,12 @@
 
 namespace vexmoor {
 
-/// An error as JSON documents hold it: "code", the English "message", and what led to it, as
-/// "cause" {"operation", "path", "count", "causes"}, each key where it says something.
+/// Returns an error's JSON form: "code", the English "message", and as "cause" an object with
+/// "operation", "path", "count" and "causes", of which empty ones are omitted.
 nlohmann::ordered_json errorJson(const Error& error);
 
-/// The error of such an object, which describe() then describes in the user's language; of a code
-/// that is not known here, its message. nullopt if it is no such object.
+/// Parses such an object, so that describe() can describe the error in the user's language; for an
+/// unknown code keeps the message. Returns nullopt for any other JSON.
 std::optional<Error> errorFromJson(const nlohmann::ordered_json& json);
 
 } // namespace vexmoor

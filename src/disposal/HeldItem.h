@@ -7,15 +7,14 @@
 
 namespace vexmoor {
 
-/// A folder that is kept open while items in it are acted on.
+/// A folder that is kept open while its items are processed.
 struct HeldFolder {
     Path path;
     FileDescriptor descriptor;
     FileStatus status;
 };
 
-/// An item that is acted on as (folder descriptor, name), whatever its path comes to mean
-/// meanwhile.
+/// An item addressed by folder descriptor and name, so that it stays the same if its path changes.
 struct HeldItem {
     Path path;
     std::shared_ptr<const HeldFolder> parent;
@@ -25,12 +24,12 @@ struct HeldItem {
     [[nodiscard]] int folder() const { return parent->descriptor.get(); }
 };
 
-/// Opens folders, and keeps the last one: the items of a batch mostly lie side by side.
+/// Opens folders and caches the last one, since a batch's items are usually in one folder.
 class FolderKeeper {
   public:
     Result<std::shared_ptr<const HeldFolder>> open(const Path& folder);
 
-    /// Holds the item at a standardized path other than the root.
+    /// Opens the item at a standardized path, which must not be the root.
     Result<HeldItem> hold(const Path& path);
 
   private:

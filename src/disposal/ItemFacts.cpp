@@ -12,7 +12,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr double kZoneStepSeconds = 15 * 60;    // zones lie whole quarters of an hour apart
+constexpr double kZoneStepSeconds = 15 * 60;    // time zones differ by multiples of 15 minutes
 constexpr double kFarthestZones = 26 * 60 * 60; // from UTC-12 to UTC+14
 constexpr std::int64_t kPerSecond = 1000000000;
 
@@ -22,7 +22,7 @@ Number numberIn(const Json& json, const char* key, Number otherwise) {
     return found != json.end() && found->is_number_integer() ? found->get<Number>() : otherwise;
 }
 
-/// FAT keeps local time, so that another zone shifts what is read.
+/// FAT stores local time, so its timestamps shift with the time zone.
 bool isSameBirth(std::int64_t one, std::int64_t other) {
     std::int64_t shift = 0;
     return one == other ||

@@ -12,37 +12,38 @@
 
 namespace vexmoor {
 
-/// What is remembered of a binned item beside its path and date, to know it by where its info file
-/// is gone. All but the inode number survives a remount.
+/// Properties that identify a binned item if its info file is missing, besides its path and date.
+/// All except the inode number survive a remount.
 struct ItemFacts {
-    std::uint32_t kind = 0;            ///< file type bits of the mode; 0 where nothing is known
-    std::int64_t size = -1;            ///< logical bytes of a file; -1 where unknown
-    std::int64_t birthNanoseconds = 0; ///< since 1970; 0 where unknown
-    std::uint64_t inode = 0; ///< 0 where the file system numbers its files again at each mount
-    std::string volume{};    ///< volumeName() of a volume's Bin; empty in the home Bin
+    std::uint32_t kind = 0;            ///< file type bits of the mode; 0 if unknown
+    std::int64_t size = -1;            ///< logical size of a file; -1 if unknown
+    std::int64_t birthNanoseconds = 0; ///< since 1970; 0 if unknown
+    std::uint64_t inode = 0;           ///< 0 if the file system renumbers inodes on each mount
+    std::string volume{}; ///< volumeName() for a Bin on a volume; empty in the home Bin
 
     static ItemFacts of(const FileStatus& status, bool hasStableInode);
 
-    /// Whether the facts say that this is the item. False also where they are too few to say so.
+    /// True if the facts identify this item; false also if they are insufficient.
     [[nodiscard]] bool fit(const FileStatus& status) const;
 
     bool operator==(const ItemFacts&) const = default;
 };
 
-/// What identifies a binned item: its info file names the path and the date; the facts are for
-/// where it does not.
+/// Identifies a binned item: path and date are compared with its info file, the facts are used
+/// without one.
 struct BinRecord {
-    Path path; ///< where it was, absolute
+    Path path; ///< original absolute path
     std::optional<Date> deletionDate{};
     ItemFacts facts{};
 };
 
-/// Whether the distance is one between two time zones: quarters of an hour, at most 26 hours.
+/// True if the difference is possible between two time zones: a multiple of 15 minutes, at most 26
+/// hours.
 bool isZoneShift(double seconds);
 
 nlohmann::ordered_json toJson(const ItemFacts& facts);
 
-/// Facts that are missing or of a wrong type count as unknown.
+/// Missing facts and facts of a wrong type count as unknown.
 ItemFacts factsFromJson(const nlohmann::ordered_json& json);
 
 } // namespace vexmoor

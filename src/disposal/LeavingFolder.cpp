@@ -38,7 +38,7 @@ Result<LeavingFolder> LeavingFolder::open(int bin) {
 
 void LeavingFolder::prepare(int bin) {
     if (::faccessat(bin, kName, F_OK, AT_SYMLINK_NOFOLLOW) != 0)
-        (void)open(bin); // tried again, and reported, when it is needed
+        (void)open(bin); // an error recurs and is reported when the folder is needed
 }
 
 void LeavingFolder::remove(int bin) {

@@ -6,20 +6,21 @@
 
 namespace vexmoor {
 
-/// A folder of a Bin's own ("vexmoor-leaving"), shaped like a Bin, through which all that is put
-/// back or deleted leaves: there no other program swaps an item between the look at it and the act.
-/// What is found there when a batch begins was left by a process that ended. One thread.
+/// A private folder in a Bin ("vexmoor-leaving") with the structure of a Bin. Items pass through it
+/// when they are put back or deleted, so that no other program can replace them between the check
+/// and the operation. Items found there when a batch begins were left by an interrupted process.
+/// Not thread-safe.
 class LeavingFolder {
   public:
     static constexpr const char* kName = "vexmoor-leaving";
 
-    /// The one in that Bin's folder, made with rights 0700 where it is missing.
+    /// Opens the folder in that Bin, and creates it with mode 0700 if it is missing.
     static Result<LeavingFolder> open(int bin);
 
-    /// Makes it while there is room on the disk, so that a full one is no obstacle later.
+    /// Creates it in advance, while the disk has space.
     static void prepare(int bin);
 
-    /// Removes it where it is empty.
+    /// Removes it if it is empty.
     static void remove(int bin);
 
     [[nodiscard]] int files() const { return m_files.get(); }

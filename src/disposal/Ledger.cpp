@@ -90,7 +90,7 @@ void Ledger::saveRecent() {
     m_defaults.assign(kRecentKey, UserDefaults::Data{encode(recent.get())});
 }
 
-/// Neighbours in a batch mostly share their day, so its bounds are kept from one to the next.
+/// Reuses the day's bounds for consecutive items, since most items of a batch have the same day.
 void Ledger::tally(std::map<Date, DayTally>& table, const std::vector<Sacrifice>& items) const {
     Date start;
     Date end;

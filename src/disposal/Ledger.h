@@ -12,9 +12,9 @@
 
 namespace vexmoor {
 
-/// What was consumed: lifetime totals, the newest records with their later fate, a tally a day.
-/// Counts only grow; putting back and deleting annotate records. Every change is stored at once.
-/// Main thread only.
+/// The history of consumed items: lifetime totals, the most recent records with their later fate,
+/// and daily tallies. Counts only grow; putting back and deleting annotate records. Each change is
+/// stored immediately. Main thread only.
 class Ledger {
   public:
     static constexpr std::size_t kMaxRecent = 40;
@@ -26,23 +26,23 @@ class Ledger {
         bool operator==(const DayOfWeek&) const = default;
     };
 
-    /// Loads what is stored; what cannot be read counts as absent.
+    /// Loads the stored values; unreadable ones count as missing.
     Ledger(UserDefaults& defaults, Clock clock);
 
-    /// Adds a batch, its items in the order of disposal.
+    /// Adds a batch; the items have the order of disposal.
     void record(const std::vector<Sacrifice>& items);
 
-    /// Stamps the fate of recent records; ids that are not among them are ignored.
+    /// Marks recent records as restored, lost or deleted; ignores unknown ids.
     void mark(const std::set<Uuid>& restored, const std::set<Uuid>& lost,
               const std::set<Uuid>& deleted);
 
-    /// The seven days up to the one that holds `end`, oldest first.
+    /// Returns the seven days up to the one that contains `end`, oldest first.
     [[nodiscard]] std::vector<DayOfWeek> week(Date end) const;
 
     Published<std::int64_t> count;
     Published<std::int64_t> bytes;
     Published<std::vector<Sacrifice>> recent; ///< newest first, at most kMaxRecent
-    Published<std::map<Date, DayTally>> days; ///< by the start of the local day
+    Published<std::map<Date, DayTally>> days; ///< by start of the local day
 
   private:
     void saveRecent();

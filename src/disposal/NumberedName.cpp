@@ -14,8 +14,8 @@ bool continuesCharacter(char c) {
     return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
 }
 
-/// The name with `counted` before its extension, in at most that many bytes: the end of its stem
-/// goes where it is too long. A very long extension counts as stem.
+/// Inserts `counted` before the extension and limits the result to `most` bytes by truncating the
+/// stem. A very long extension counts as part of the stem.
 std::string shortened(std::string_view name, const std::string& counted, std::size_t most) {
     auto [stem, extension] = splitExtension(name);
     if (extension.size() > kMaxKeptExtensionBytes) {

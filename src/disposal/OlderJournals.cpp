@@ -56,7 +56,7 @@ Result<JournalBatch> OlderJournals::read(std::int64_t number) const {
                          : marked("read"),
                      file};
     if (batches.empty())
-        batches.emplace_back(); // cut off in its first line: nothing was begun
+        batches.emplace_back(); // interrupted in its first line: the batch did not start
     batches.front().number = number;
     return std::move(batches.front());
 }

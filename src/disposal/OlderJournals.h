@@ -6,28 +6,28 @@
 
 namespace vexmoor {
 
-/// The journals that earlier versions left, a file for each batch: "N.open" of one that was not
-/// recorded yet, "N.closed" of one that was, kept for its way back. Both are only read, and removed
-/// when what they say is in the stores.
+/// Reads the journals of earlier versions, one file per batch: "N.open" for a batch that was not
+/// recorded yet, "N.closed" for a recorded one, kept for putting back. They are removed when their
+/// content is in the stores.
 class OlderJournals {
   public:
-    /// Looks which there are.
+    /// Lists the existing journals.
     explicit OlderJournals(Path folder);
 
-    /// Numbers of the open ones, oldest first.
+    /// Returns the numbers of open journals, oldest first.
     [[nodiscard]] const std::vector<std::int64_t>& open() const { return m_open; }
-    /// Numbers of the closed ones, oldest first.
+    /// Returns the numbers of closed journals, oldest first.
     [[nodiscard]] const std::vector<std::int64_t>& closed() const { return m_closed; }
 
-    /// Fails with bad_message or is_a_directory where it can't be understood. A last line that a
-    /// crash cut short is left out.
+    /// Reads a journal and ignores a truncated last line. Fails with bad_message or is_a_directory
+    /// if it cannot be parsed.
     [[nodiscard]] Result<JournalBatch> read(std::int64_t number) const;
 
-    /// Moves an open one out of the way and returns where it is.
+    /// Renames an open journal and returns its new path.
     Result<Path> setAside(std::int64_t number);
 
     Result<void> removeOpen(std::int64_t number);
-    /// What cannot be removed stays.
+    /// Removes a closed journal; ignores failures.
     void removeClosed(std::int64_t number);
 
   private:

@@ -24,7 +24,7 @@ Json dateJson(Date date) {
     return date.secondsSinceReference;
 }
 
-/// "2026-03-14T22:04:00Z".
+/// Returns an ISO 8601 time in UTC, for example "2026-03-14T22:04:00Z".
 std::string isoTime(Date date) {
     const auto seconds = static_cast<std::time_t>(
         std::clamp(std::floor(date.unixSeconds()), kFirstIsoSecond, kLastIsoSecond));
@@ -35,7 +35,7 @@ std::string isoTime(Date date) {
     return text;
 }
 
-/// A JSON string; the text is UTF-8.
+/// Appends a JSON string; `text` must be UTF-8.
 void appendString(std::string& json, std::string_view text) {
     constexpr const char* kDigits = "0123456789abcdef";
     json += '"';
@@ -80,13 +80,13 @@ void append(std::string& json, const char* key, const std::optional<Date>& date)
         append(json, key, date->secondsSinceReference);
 }
 
-/// All but the facts, without the brace at the end. Much faster than by way of a Json.
+/// Appends the record without facts and closing brace. Much faster than building a Json value.
 void appendOpen(std::string& json, const Sacrifice& sacrifice) {
     json.append(R"({"id":")").append(sacrifice.id.toString()) += '"';
     if (isValidUtf8(sacrifice.name))
         append(json, "name", std::string_view(sacrifice.name));
     else
-        json.append(R"(,"name":)").append(jsonText(sacrifice.name)); // mends it
+        json.append(R"(,"name":)").append(jsonText(sacrifice.name)); // replaces invalid bytes
     append(json, "bytes", sacrifice.bytes);
     append(json, "mode", toRawValue(sacrifice.mode));
     append(json, "date", sacrifice.date.secondsSinceReference);

@@ -13,8 +13,8 @@
 
 namespace vexmoor {
 
-// The records' JSON forms (docs/records.md). Reading answers nothing where a required key is
-// missing or anything has the wrong type.
+// The records' JSON forms (docs/records.md). The parsing functions return nullopt if a required key
+// is missing or a value has the wrong type.
 
 nlohmann::ordered_json toJson(const Sacrifice& sacrifice);
 /// The same for the documents of the command line: with the moments as ISO 8601 times too, in
@@ -23,8 +23,8 @@ nlohmann::ordered_json toDocument(const Sacrifice& sacrifice);
 
 std::optional<Sacrifice> sacrificeFromJson(const nlohmann::ordered_json& json);
 
-/// The record with its facts as a text, as journal and table keep it: the JSON form and the key
-/// "facts". Written without a document in between, as there is one for each item of a batch.
+/// Returns the record with the key "facts" as text, as stored in journal and table. Built without a
+/// JSON document, because it is needed for each item of a batch.
 std::string recordText(const Sacrifice& sacrifice);
 std::optional<Sacrifice> recordFromJson(const nlohmann::ordered_json& json);
 

@@ -9,7 +9,7 @@
 
 namespace vexmoor {
 
-/// One of the user's choices: an observable value that is stored as soon as it is set.
+/// A user setting: an observable value that is stored when it is set.
 template <typename T>
 class Setting {
   public:
@@ -28,11 +28,11 @@ class Setting {
     Published<T> m_value;
 };
 
-/// The user's six choices. Main thread only.
+/// The user's six settings. Main thread only.
 class Settings {
   public:
-    /// Loads them; a mode that is not exactly "dissolve" is `bin`, a switch that is not stored as a
-    /// Boolean is on.
+    /// Loads the settings. Any mode other than "dissolve" is read as `bin`; a switch that is not
+    /// stored as a Boolean is on.
     explicit Settings(UserDefaults& defaults);
 
     Setting<DisposeMode> mode;
@@ -47,7 +47,7 @@ class Settings {
         Setting<bool> Settings::*setting;
     };
 
-    /// The five Booleans by name, in their order.
+    /// Returns the five Boolean settings by name, in order.
     static const std::array<Switch, 5>& switches();
 };
 

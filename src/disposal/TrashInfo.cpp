@@ -48,7 +48,7 @@ std::optional<TrashInfo> TrashInfo::fromText(std::string_view text) {
             continue;
         const auto key = line.substr(0, equals);
         const auto value = line.substr(equals + 1);
-        if (key == "Path" && info.path.empty()) // the first counts
+        if (key == "Path" && info.path.empty()) // the first one is used
             info.path = percentDecoded(value).value_or("");
         else if (key == "DeletionDate" && !info.deletionDate)
             info.deletionDate = dateFromLocalTime(std::string(value));

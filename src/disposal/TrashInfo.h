@@ -10,25 +10,25 @@
 
 namespace vexmoor {
 
-/// What a .trashinfo file holds (FreeDesktop.org Trash specification 1.0).
+/// The content of a .trashinfo file (FreeDesktop.org Trash specification 1.0).
 struct TrashInfo {
-    Path path; ///< absolute in the home Bin, relative to the top folder in a volume's
+    Path path; ///< absolute in the home Bin, relative to the top folder in a volume's Bin
     std::optional<Date> deletionDate;
 
-    /// The file's whole text. The date is local time in whole seconds.
+    /// Returns the file's text. The date is local time in whole seconds.
     [[nodiscard]] std::string toText() const;
 
-    /// Reads such a text; nothing where it has no usable Path.
+    /// Parses such a text. Returns nullopt if it has no valid Path.
     static std::optional<TrashInfo> fromText(std::string_view text);
 
-    /// Whether its date is the one that is written for that moment in the present time zone.
+    /// True if the date equals the one written for `moment` in the current time zone.
     [[nodiscard]] bool isOfMoment(Date moment) const;
 };
 
-/// Longer than a path of PATH_MAX bytes, all encoded, makes it: no info file.
+/// Larger than an info file with an encoded path of PATH_MAX bytes.
 constexpr std::size_t kLongestInfo = std::size_t{64} * 1024;
 
-/// The name of the info file that belongs to a stored name.
+/// Returns the name of the info file for a stored name.
 std::string infoName(std::string_view storedName);
 
 } // namespace vexmoor

@@ -19,12 +19,12 @@ namespace vexmoor {
 
 namespace {
 
-// How often a folder is read in which more is found than is known to stay: some file systems skip
-// entries while others are removed, and other programs add some.
+// Maximum number of passes over a folder that still has unexpected entries: some file systems skip
+// entries during removal, and other programs add some.
 constexpr int kMaxReadings = 4;
 
-/// Gives us the permissions we lack on a folder of ours; false where that changes nothing. The
-/// descriptor may be one that only names the folder (which fchmod refuses).
+/// Adds missing permissions on a folder that the user owns. Returns false if nothing changed. Works
+/// on O_PATH descriptors, which fchmod rejects.
 bool grantOurselves(int descriptor) {
     const auto status = fileStatus(descriptor, "");
     if (!status || !status->isFolder() || status->owner != ::geteuid() ||
@@ -46,7 +46,7 @@ std::int64_t countEntries(int folder) {
     return count;
 }
 
-/// One more entry of the folder stays.
+/// Counts one more remaining entry.
 void stay(TreeFolder& folder) {
     folder.stayingHere.fetch_add(1, std::memory_order_relaxed);
     folder.stayingInAll.fetch_add(1, std::memory_order_relaxed);
@@ -57,7 +57,7 @@ class RemovalVisitor : public TreeVisitor {
     explicit RemovalVisitor(std::vector<Error>& failures) : m_failures(failures) {}
 
     Entry visitEntry(const TreePlace& place, const char* name, TreeTally& tally) override {
-        if (isTop(place)) { // a folder when it was asked for
+        if (isTop(place)) { // it was a folder when the caller checked
             failForReplacement(place, name);
             return Entry::visited;
         }
@@ -85,7 +85,7 @@ class RemovalVisitor : public TreeVisitor {
     std::vector<Error>& m_failures; // guarded by the mutex
 };
 
-/// Never on the folder in which the tree stands: that is not ours to change.
+/// Never changes the permissions of the folder that contains the tree.
 bool RemovalVisitor::grantInside(const TreePlace& place) {
     return !isTop(place) && grantOurselves(place.descriptor);
 }
@@ -111,7 +111,7 @@ void RemovalVisitor::account(const TreePlace& place, const char* name, int error
     const char* operation = error == EXDEV ? marked("enter the mount") : marked("remove");
     Error failure = Error::fromErrno(error, operation, place.folder.pathOf(name));
     if (std::find(m_failures.begin(), m_failures.end(), failure) == m_failures.end())
-        m_failures.push_back(std::move(failure)); // once, however often the folder is read
+        m_failures.push_back(std::move(failure)); // once, even if the folder is read several times
 }
 
 FileDescriptor RemovalVisitor::openDenied(const TreePlace& place, const char* name) {
@@ -125,15 +125,15 @@ FileDescriptor RemovalVisitor::openDenied(const TreePlace& place, const char* na
         ::openat(named->get(), ".", O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC));
 }
 
-/// An empty folder can be removed without being read.
+/// An empty folder can be removed without reading it.
 void RemovalVisitor::notEntered(const TreePlace& place, const char* name, int error,
                                 TreeTally& tally) {
     const bool isRemoved = error == EACCES && unlink(place, name, AT_REMOVEDIR) == 0;
     account(place, name, isRemoved ? 0 : error, tally);
 }
 
-/// What has taken the place of a folder inside goes with the tree that the user named. At the top
-/// it is another item, which nobody named: ENOTDIR.
+/// Inside the tree, whatever replaced a folder belongs to the tree and is removed. At the top it is
+/// a different item, so this returns ENOTDIR.
 int RemovalVisitor::removeEmpty(const TreeFolder& folder, const TreePlace& parent) {
     const char* const name = folder.name.c_str();
     if (isTop(parent)) {
@@ -154,7 +154,7 @@ void RemovalVisitor::failForReplacement(const TreePlace& place, const char* name
 
 TreeVisitor::Folder RemovalVisitor::leaveFolder(TreeFolder& folder, int descriptor,
                                                 const TreePlace& parent, TreeTally& tally) {
-    int error = parent.descriptor < 0 ? ESTALE : ENOTEMPTY; // not to be found again, or not empty
+    int error = parent.descriptor < 0 ? ESTALE : ENOTEMPTY; // lost or not empty
     if (error == ENOTEMPTY && folder.stayingHere == 0) {
         error = removeEmpty(folder, parent);
         if (error == ENOTDIR) {
@@ -169,7 +169,7 @@ TreeVisitor::Folder RemovalVisitor::leaveFolder(TreeFolder& folder, int descript
             folder.stayingHere = folder.stayingInAll = 0;
             return Folder::readAgain;
         }
-        // Another folder has taken its place: the parent, not being empty, is read again.
+        // Another folder has replaced it: read the parent again, since it is not empty.
         if (found == 0 && folder.readError == 0 && parent.folder.parent &&
             parent.folder.readings < kMaxReadings)
             return Folder::left;
@@ -177,7 +177,7 @@ TreeVisitor::Folder RemovalVisitor::leaveFolder(TreeFolder& folder, int descript
     parent.folder.stayingInAll.fetch_add(folder.stayingInAll, std::memory_order_relaxed);
     if (error == ENOTEMPTY && folder.readError != 0) {
         error = folder.readError;
-    } else if (folder.stayingHere > 0) { // which is no cause of its own
+    } else if (folder.stayingHere > 0) { // not a cause itself
         stay(parent.folder);
         return Folder::left;
     }
@@ -185,7 +185,7 @@ TreeVisitor::Folder RemovalVisitor::leaveFolder(TreeFolder& folder, int descript
     return Folder::left;
 }
 
-/// One component that names an entry: nothing that would lead elsewhere.
+/// True if the text names a directory entry, and not "." or "..".
 bool isEntryName(std::string_view name) {
     return !name.empty() && name != "." && name != ".." && name.find('/') == std::string_view::npos;
 }

@@ -9,26 +9,26 @@
 
 namespace vexmoor {
 
-/// What a removal came to.
+/// The result of a removal.
 struct RemovalReport {
     static constexpr std::size_t kMaxFailures = 8;
 
     std::int64_t removed = 0;
-    /// Entries that are still there, folders kept only by their contents included; what is inside
-    /// a folder that could not be entered is not known and not counted.
+    /// Entries that remain, including folders that only their contents keep. Excludes the unknown
+    /// contents of folders that could not be entered.
     std::int64_t remaining = 0;
-    /// The first causes, with paths that begin with the name given; such folders are no cause.
+    /// The first errors, with paths that begin with the given name; folders that only their
+    /// contents keep are not listed.
     std::vector<Error> failures;
-    /// The meter asked to stop: there is more than what is counted in `remaining`.
+    /// Stopped by the meter: more entries exist than `remaining`.
     bool stopped = false;
 };
 
-/// Removes `name` in the directory, with all that is in it, beyond recovery. Follows no links,
-/// enters no other mount (EXDEV), and is safe against a tree that changes meanwhile. A folder of
-/// ours whose permissions are in the way is given them. Goes on after a failure, but touches
-/// nothing inside a folder that may not be removed itself. Entries that others remove meanwhile are
-/// no failure; a `name` that does not exist is one (ENOENT). The meter counts what has been
-/// removed, and no bytes. Any thread.
+/// Removes `name` and its contents irrecoverably. Follows no links, does not enter other mounts
+/// (EXDEV), and is safe if the tree changes concurrently. Adds missing permissions to the user's
+/// own folders. Continues after failures, but does not touch the contents of a folder that cannot
+/// be removed itself. Entries that other programs remove are no failure; a missing `name` is one
+/// (ENOENT). The meter counts removed entries. Thread-safe.
 RemovalReport removeTree(int directory, const char* name, WorkMeter* meter = nullptr);
 
 } // namespace vexmoor

@@ -6,14 +6,13 @@
 
 namespace vexmoor {
 
-/// The bytes that `name` in the directory occupies on disk: of a folder, the sum of all entries
-/// below that are not folders themselves. Links are not followed, what is mounted inside adds
-/// nothing, a hard link counts at every place where it is met, what cannot be read counts 0. Asked
-/// to stop by the meter, the sum so far. Any thread.
+/// Returns the bytes that `name` occupies on disk; for a folder, the sum of all entries below that
+/// are not folders. Does not follow links or count other mounts; counts a hard link at each
+/// occurrence; unreadable entries count as 0. If the meter stops it, returns the sum so far.
+/// Thread-safe.
 std::int64_t treeSize(int directory, const char* name, WorkMeter* meter = nullptr);
 
-/// Whether something is mounted below `name` in the directory, for where the system does not list
-/// its mounts. Any thread.
+/// True if something is mounted below `name`. Used if the mount table is unavailable. Thread-safe.
 bool treeHoldsMount(int directory, const char* name);
 
 } // namespace vexmoor

@@ -16,7 +16,7 @@ namespace vexmoor {
 
 namespace {
 
-/// Signals go to the program's own threads.
+/// Blocks signals, so that the program's other threads receive them.
 class SignalsBlocked {
   public:
     SignalsBlocked() {
@@ -32,7 +32,7 @@ class SignalsBlocked {
     sigset_t m_before{};
 };
 
-/// The folders on the way to the folder and itself, without the directory in which the tree stands.
+/// Returns the folders from the top of the tree down to `folder`, inclusive.
 std::vector<const TreeFolder*> wayDown(const TreeFolder& folder) {
     std::vector<const TreeFolder*> way;
     for (const TreeFolder* at = &folder; at->parent; at = at->parent)
@@ -87,7 +87,7 @@ bool TreeWalk::isStopped() {
     return true;
 }
 
-/// Where there can be no other thread, one does it all.
+/// Without a second thread, one worker does everything.
 void TreeWalk::startSecondWorker() {
     const std::lock_guard lock(m_mutex);
     if (m_workers > 1)
@@ -101,7 +101,7 @@ void TreeWalk::startSecondWorker() {
     }
 }
 
-/// Waits for a level to work at; false when there is nothing left for anybody.
+/// Waits for a level to process. Returns false if there is no work left.
 bool TreeWalk::waitForWork(TreeLevel& level) {
     std::unique_lock lock(m_mutex);
     if (++m_idleWorkers == m_workers) {
@@ -110,17 +110,17 @@ bool TreeWalk::waitForWork(TreeLevel& level) {
         return false;
     }
     m_isWorkWanted = true;
-    m_changed.wait(lock, [this] { return m_isDone || m_gift; });
+    m_changed.wait(lock, [this] { return m_isDone || m_sharedLevel; });
     if (m_isDone)
         return false;
-    level = std::move(*m_gift);
-    m_gift.reset();
+    level = std::move(*m_sharedLevel);
+    m_sharedLevel.reset();
     return true;
 }
 
-void TreeWalk::give(TreeLevel level) {
+void TreeWalk::handOver(TreeLevel level) {
     const std::lock_guard lock(m_mutex);
-    m_gift = std::make_unique<TreeLevel>(std::move(level));
+    m_sharedLevel = std::make_unique<TreeLevel>(std::move(level));
     m_isWorkWanted = false;
     --m_idleWorkers;
     m_changed.notify_one();
@@ -131,7 +131,7 @@ FileDescriptor TreeWalk::openToRead(int directory, const char* name) {
         ::openat(directory, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
 }
 
-/// Null where something else has taken the folder's place.
+/// Returns null if the folder has been replaced.
 SharedFolder TreeWalk::openSame(const SharedFolder& directory, const char* name,
                                 const TreeFolder& folder) const {
     FileDescriptor descriptor = openToRead(directory->get(), name);

@@ -17,44 +17,44 @@ namespace vexmoor {
 class TreeWorker;
 struct TreeLevel;
 
-/// A folder's open descriptor; closed with the last of those who share it.
+/// A shared folder descriptor, closed with its last owner.
 using SharedFolder = std::shared_ptr<const FileDescriptor>;
 
-/// A folder that has been entered and not yet left. Held by those who read it and by its entered
-/// subfolders; who lets go last leaves it.
+/// A folder that has been entered and not left yet. Held by its readers and its entered subfolders;
+/// releasing the last reference leaves it.
 struct TreeFolder {
     TreeFolder(TreeFolder* theParent, std::string theName, const FileIdentity& theIdentity)
         : parent(theParent), name(std::move(theName)), identity(theIdentity) {}
 
-    TreeFolder* const parent; ///< null for the folder in which the tree stands
+    TreeFolder* const parent; ///< null for the folder that contains the tree
     const std::string name;
     const FileIdentity identity;
     std::atomic<int> holders{1};
 
-    // For the visitor.
+    // The members below are for the visitor.
     std::atomic<int> readError{0};             ///< why reading ended early
-    std::atomic<std::int64_t> stayingHere{0};  ///< own entries that stay
-    std::atomic<std::int64_t> stayingInAll{0}; ///< with all that stay in its subfolders
-    int readings = 1;                          ///< how often it has been read; changed when leaving
+    std::atomic<std::int64_t> stayingHere{0};  ///< remaining entries of this folder
+    std::atomic<std::int64_t> stayingInAll{0}; ///< remaining entries including subfolders
+    int readings = 1;                          ///< number of passes; changed on leaving
 
-    /// The entry's path, beginning with the name of the tree.
+    /// Returns the entry's path, starting with the name of the tree.
     [[nodiscard]] Path pathOf(const std::string& entry) const;
 };
 
-/// Where an entry is: its folder, and the descriptor that the folder is open at.
+/// The location of an entry: its folder and the folder's open descriptor.
 struct TreePlace {
     TreeFolder& folder;
     int descriptor;
 };
 
-/// What one worker has done so far.
+/// The work of one worker.
 struct TreeTally {
-    std::int64_t entries = 0; ///< measured
-    std::int64_t bytes = 0;   ///< of those
+    std::int64_t entries = 0; ///< number of measured entries
+    std::int64_t bytes = 0;   ///< bytes of the measured entries
     std::int64_t removed = 0;
 };
 
-/// What is done with a tree's entries. Called by two threads at once, but for each entry by one.
+/// Processes a tree's entries. Called from two threads concurrently, but once per entry.
 class TreeVisitor {
   public:
     enum class Entry { visited, isFolder };
@@ -62,40 +62,40 @@ class TreeVisitor {
 
     virtual ~TreeVisitor() = default;
 
-    /// An entry that does not seem to be a folder; the answer isFolder has it entered.
+    /// Visits an entry that does not seem to be a folder. Returning isFolder makes the walk enter
+    /// it.
     virtual Entry visitEntry(const TreePlace& place, const char* name, TreeTally& tally) = 0;
 
-    /// A folder to which access was denied: a descriptor to read it by, if there is a way.
+    /// Returns a descriptor for a folder whose access was denied, if possible.
     virtual FileDescriptor openDenied(const TreePlace& place, const char* name) = 0;
 
-    /// A folder that cannot be entered: EXDEV where another file system is mounted.
+    /// Called for a folder that cannot be entered, with EXDEV if it is on another file system.
     virtual void notEntered(const TreePlace& place, const char* name, int error,
                             TreeTally& tally) = 0;
 
-    /// All in the folder has been visited. `descriptor` is its own (-1 when lost: it has been moved
-    /// away meanwhile); `parent` has the place of its name (the descriptor can be -1 too).
+    /// Called after all entries of the folder. `descriptor` is the folder's own (-1 if it was moved
+    /// and lost); `parent` locates its name (its descriptor can also be -1).
     virtual Folder leaveFolder(TreeFolder& folder, int descriptor, const TreePlace& parent,
                                TreeTally& tally) = 0;
 };
 
-/// Walks through all entries of a tree, children before their folder, with a second thread once
-/// there is enough to do. Works from held directory descriptors (a bounded number of them at any
-/// depth), follows no links, stays on one mount, and its memory does not grow with the number of
-/// entries. For one walk.
+/// Visits all entries of a tree, children before their folder, with a second thread if there is
+/// enough work. Uses a bounded number of open descriptors at any depth, follows no links and stays
+/// on one mount; its memory does not grow with the number of entries. One walk per instance.
 class TreeWalk {
   public:
     struct Outcome {
         TreeTally tally;
-        std::int64_t staying = 0; ///< sum of what the visitor left in stayingInAll
-        bool stopped = false;     ///< the meter asked to stop before the end
+        std::int64_t staying = 0; ///< sum of stayingInAll
+        bool stopped = false;     ///< stopped early by the meter
     };
 
-    /// `mountId`: the mount to stay on. The meter may be null.
+    /// `mountId` is the mount to stay on. The meter may be null.
     TreeWalk(TreeVisitor& visitor, std::uint64_t mountId, WorkMeter* meter);
     ~TreeWalk();
 
-    /// Visits `name` in the directory and all below. Blocks until done. Fails only where the
-    /// directory itself is none.
+    /// Visits `name` and everything below. Blocks until done. Fails only if `directory` is not a
+    /// directory.
     Result<Outcome> run(int directory, const std::string& name);
 
   private:
@@ -108,7 +108,7 @@ class TreeWalk {
         return m_isWorkWanted.load(std::memory_order_relaxed);
     }
     bool waitForWork(TreeLevel& level);
-    void give(TreeLevel level);
+    void handOver(TreeLevel level);
 
     static FileDescriptor openToRead(int directory, const char* name);
     [[nodiscard]] SharedFolder openSame(const SharedFolder& directory, const char* name,
@@ -124,9 +124,9 @@ class TreeWalk {
     std::atomic<bool> m_isWorkWanted{false};
     std::atomic<bool> m_wasStopped{false};
     WorkMeter m_done;
-    std::mutex m_mutex; // guards what follows
+    std::mutex m_mutex; // guards the members below
     std::condition_variable m_changed;
-    std::unique_ptr<TreeLevel> m_gift;
+    std::unique_ptr<TreeLevel> m_sharedLevel;
     int m_workers = 1;
     int m_idleWorkers = 0;
     bool m_isDone = false;

@@ -14,21 +14,21 @@ namespace vexmoor {
 
 namespace {
 
-// With two workers, the folder that each began at and what is just being opened: below 64 in all.
+// Two workers, with their start folders and the folder being opened, use fewer than 64 descriptors.
 constexpr std::size_t kHandlesHeld = 24;
-// How often a name is tried that is a folder at one moment and none at the next.
+// Maximum attempts for a name that alternates between a folder and another kind of entry.
 constexpr int kAttempts = 8;
-// Less work than this is done before a second thread has got going.
+// Less work than this ends before a second thread has started.
 constexpr std::int64_t kStepsWorthAThread = 400;
 constexpr std::int64_t kEntriesPerCount = 64;
-// Names that wait may take this much memory before batches get smaller with every level.
+// Maximum memory for waiting names before each level's batches get smaller.
 constexpr std::size_t kWaitingBytes = std::size_t{1024} * 1024;
 constexpr std::size_t kLeastBatchBytes = 512;
-// A folder of very many files is read in larger and larger batches, up to this: the more of it is
-// known, the less often the same blocks of inodes are met.
+// The maximum batch for a folder with very many files. Batches grow, because larger ones read the
+// same inode blocks less often.
 constexpr std::size_t kMostBatchBytes = std::size_t{8} * 1024 * 1024;
-// Fewer entries than this are not worth a part of a batch.
-constexpr std::size_t kEntriesWorthGiving = 64;
+// The minimum number of entries to share with the other worker.
+constexpr std::size_t kEntriesWorthSharing = 64;
 
 int descriptorOf(const SharedFolder& handle) {
     return handle ? handle->get() : -1;
@@ -47,7 +47,7 @@ std::string TreeLevel::takeWaiting() {
     const std::size_t start = lastNameStart();
     std::string name = waiting.substr(start, waiting.size() - 1 - start);
     if (start == 0)
-        waiting = std::string(); // gives the memory back, too
+        waiting = std::string(); // also frees the memory
     else
         waiting.resize(start);
     return name;
@@ -92,7 +92,7 @@ void TreeWorker::step() {
         level.abandon();
     shareIfWanted();
     if (!level.unvisited.empty())
-        visitGiven(level);
+        visitShared(level);
     else if (!level.waiting.empty())
         enterWaiting();
     else if (!level.isRead)
@@ -101,11 +101,11 @@ void TreeWorker::step() {
         leave();
 }
 
-/// Visits what is no folder at once, so that only names of subfolders are kept for later.
+/// Visits entries that are no folders immediately, so that only the names of subfolders are kept.
 void TreeWorker::readBatch(TreeLevel& level) {
     const std::size_t bytes = batchBytes(level);
     const auto size = m_reader.read(level.handle->get(), bytes);
-    if (!size && size.error().code.value() != ENOENT) // it is gone: nothing is in it
+    if (!size && size.error().code.value() != ENOENT) // the folder was removed
         level.folder->readError = size.error().code.value();
     level.isRead = !size || *size == 0;
     if (level.isRead)
@@ -123,7 +123,7 @@ void TreeWorker::readBatch(TreeLevel& level) {
         level.batchBytes = std::min(2 * bytes, kMostBatchBytes);
 }
 
-void TreeWorker::visitGiven(TreeLevel& level) {
+void TreeWorker::visitShared(TreeLevel& level) {
     const std::string names = std::move(level.unvisited);
     level.unvisited = std::string();
     const TreePlace place{*level.folder, level.handle->get()};
@@ -152,7 +152,8 @@ void TreeWorker::enterWaiting() {
     const std::string name = level.takeWaiting();
     m_waitingBytes -= name.size() + 1;
     countStep();
-    const SharedFolder handle = level.handle; // the level may be closed or moved below
+    const SharedFolder handle =
+        level.handle; // a copy, because the level may be closed or moved below
     const TreePlace place{*level.folder, handle->get()};
     TreeVisitor& visitor = m_walk.m_visitor;
     int error = 0;
@@ -186,19 +187,19 @@ void TreeWorker::enter(const TreePlace& place, const std::string& name, FileDesc
     auto folder = std::make_unique<TreeFolder>(&place.folder, name, status->identity);
     TreeLevel level;
     level.handle = std::make_shared<const FileDescriptor>(std::move(descriptor));
-    level.folder = folder.release(); // leave() takes it back
+    level.folder = folder.release(); // leave() takes ownership again
     push(std::move(level));
 }
 
-/// The lowest level stays open: the other worker may have reached it by another way than "..".
+/// Keeps the lowest level open, because the other worker may have reached it by a path other than
+/// "..".
 void TreeWorker::push(TreeLevel level) {
     m_levels.push_back(std::move(level));
     if (m_levels.size() > kHandlesHeld + 1)
         m_levels[m_levels.size() - 1 - kHandlesHeld].handle.reset();
 }
 
-/// Lets go of the top level's folder, and leaves it, and those above, as far as nobody else holds
-/// them.
+/// Releases the top level's folder, and leaves it and its parents unless another worker holds them.
 void TreeWorker::leave() {
     TreeLevel level = std::move(m_levels.back());
     m_levels.pop_back();
@@ -216,7 +217,8 @@ void TreeWorker::leave() {
                 TreeVisitor::Folder::readAgain)
                 return;
         }
-        const std::unique_ptr<TreeFolder> left(level.folder); // enter() made it, nobody holds it
+        const std::unique_ptr<TreeFolder> left(
+            level.folder); // created by enter() and referenced by no one else
         level = {parent, std::move(parentHandle)};
     }
 }
@@ -232,7 +234,7 @@ TreeVisitor::Folder TreeWorker::finish(const TreeLevel& level, const TreePlace& 
     return outcome;
 }
 
-/// Opens the level again on the way up, where it had been closed on the way down.
+/// Reopens a level whose descriptor was closed to stay within the limit.
 void TreeWorker::restore(TreeLevel& level, const SharedFolder& child) {
     if (level.handle || m_walk.isStopped())
         return;
@@ -241,13 +243,13 @@ void TreeWorker::restore(TreeLevel& level, const SharedFolder& child) {
         m_waitingBytes -= level.waiting.size();
         level.abandon();
     } else if (level.isReadByBoth) {
-        level.isRead = true; // the other one reads on to the end
+        level.isRead = true; // the other worker reads the rest
     } else {
         ::lseek(level.handle->get(), level.position, SEEK_SET);
     }
 }
 
-/// The folder by way of its child, or by all the names where the child has been moved meanwhile.
+/// Opens the folder through its child's "..", or by all names if the child was moved.
 SharedFolder TreeWorker::openParent(const TreeFolder& folder, const SharedFolder& child) const {
     if (child && folder.parent) {
         SharedFolder opened = m_walk.openSame(child, "..", folder);
@@ -257,8 +259,8 @@ SharedFolder TreeWorker::openParent(const TreeFolder& folder, const SharedFolder
     return m_walk.openByNames(folder);
 }
 
-/// Offers what lies highest, as that is likely the most: half of the subfolders that wait, or
-/// reading on in a folder of very many entries.
+/// Offers work from the highest level, where most of it is likely: half of the waiting subfolders,
+/// or the rest of a folder with very many entries.
 void TreeWorker::shareIfWanted() {
     if (!m_walk.isWorkWanted())
         return;
@@ -272,26 +274,26 @@ void TreeWorker::shareIfWanted() {
 bool TreeWorker::share(TreeLevel& level) {
     if (!level.handle)
         return false;
-    TreeLevel gift{level.folder, level.handle};
+    TreeLevel shared{level.folder, level.handle};
     const bool isTop = &level == &m_levels.back();
-    gift.waiting = level.takeHalfOfWaiting(!isTop);
-    m_waitingBytes -= gift.waiting.size();
-    if (!gift.waiting.empty()) {
-        gift.isRead = true;
-    } else if (isTop && m_isInBatch && m_reader.left() >= kEntriesWorthGiving) {
-        gift.unvisited = m_reader.takeSecondHalf();
-        gift.isRead = true;
-        if (gift.unvisited.empty())
+    shared.waiting = level.takeHalfOfWaiting(!isTop);
+    m_waitingBytes -= shared.waiting.size();
+    if (!shared.waiting.empty()) {
+        shared.isRead = true;
+    } else if (isTop && m_isInBatch && m_reader.left() >= kEntriesWorthSharing) {
+        shared.unvisited = m_reader.takeSecondHalf();
+        shared.isRead = true;
+        if (shared.unvisited.empty())
             return false;
     } else if (level.hasMoreToRead && !level.isRead) {
         level.hasMoreToRead = false;
-        level.isReadByBoth = gift.isReadByBoth = true;
-        gift.batchBytes = level.batchBytes;
+        level.isReadByBoth = shared.isReadByBoth = true;
+        shared.batchBytes = level.batchBytes;
     } else {
         return false;
     }
     level.folder->holders.fetch_add(1, std::memory_order_relaxed);
-    m_walk.give(std::move(gift));
+    m_walk.handOver(std::move(shared));
     return true;
 }
 

@@ -8,22 +8,22 @@
 
 namespace vexmoor {
 
-/// A folder on a worker's way down: what is still to be read of it, and the names already read of
-/// entries that are to be visited and of the subfolders that wait to be entered.
+/// A folder on a worker's path: its reading state, and the names of entries to visit and of
+/// subfolders to enter.
 struct TreeLevel {
     TreeFolder* folder = nullptr;
-    SharedFolder handle;        ///< null while closed to keep within the bound on descriptors
-    std::string waiting{};      ///< names, each with a NUL behind it
-    std::string unvisited{};    ///< the same
-    off_t position = 0;         ///< where to read on after opening again
-    std::size_t batchBytes = 0; ///< how much to read at once where there are no subfolders
+    SharedFolder handle;        ///< null while closed to limit open descriptors
+    std::string waiting{};      ///< names, each terminated by NUL
+    std::string unvisited{};    ///< same
+    off_t position = 0;         ///< where to continue reading after reopening
+    std::size_t batchBytes = 0; ///< batch size if there are no subfolders
     bool isRead = false;
-    bool isReadByBoth = false;  ///< another worker reads from the same handle
-    bool hasMoreToRead = false; ///< the last batch was a full one
+    bool isReadByBoth = false;  ///< another worker reads from the same descriptor
+    bool hasMoreToRead = false; ///< the last batch was full
 
-    /// Takes the last name.
+    /// Removes and returns the last name.
     std::string takeWaiting();
-    /// About half of the names; the last one left only where that is allowed.
+    /// Removes and returns about half of the names, and the last one only if allowed.
     std::string takeHalfOfWaiting(bool mayTakeLast);
     void abandon();
 
@@ -31,21 +31,21 @@ struct TreeLevel {
     [[nodiscard]] std::size_t lastNameStart() const;
 };
 
-/// One of a walk's two workers: goes down into the tree with a stack of levels of its own and
-/// passes a part of it on when the other has nothing to do.
+/// One of a walk's two workers. Descends the tree with its own stack of levels and shares a part of
+/// it when the other worker is idle.
 class TreeWorker {
   public:
     explicit TreeWorker(TreeWalk& walk) : m_walk(walk) {}
 
-    /// Works at the level, then at whatever it is given, until the walk is done.
+    /// Processes the level, and then shared levels until the walk is done.
     void work(TreeLevel level);
-    /// The same, first waiting to be given something.
+    /// Same, but starts by waiting for a shared level.
     void work();
 
   private:
     void step();
     void readBatch(TreeLevel& level);
-    void visitGiven(TreeLevel& level);
+    void visitShared(TreeLevel& level);
     void visit(TreeLevel& level, const TreePlace& place, const char* name, bool isFolder);
     void enterWaiting();
     void enter(const TreePlace& place, const std::string& name, FileDescriptor descriptor);
@@ -63,11 +63,11 @@ class TreeWorker {
 
     TreeWalk& m_walk;
     FolderReader m_reader;
-    bool m_isInBatch = false; ///< of the top level
+    bool m_isInBatch = false; ///< a batch of the top level is being processed
     std::vector<TreeLevel> m_levels;
     std::size_t m_waitingBytes = 0;
     std::int64_t m_steps = 0;
-    bool m_hasOffered = false; ///< the second worker was started, or cannot be
+    bool m_hasOffered = false; ///< the second worker was started or cannot be started
     TreeTally m_tally;
 };
 

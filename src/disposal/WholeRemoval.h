@@ -7,9 +7,9 @@
 
 namespace vexmoor {
 
-/// Removes the item beyond recovery, a folder with all that is in it; what remains is told in the
-/// error: the system's own where it is the item alone, partlyRemoved or stopped with the numbers
-/// and the first causes else.
+/// Removes the item and its contents irrecoverably. The error describes what remains: the system's
+/// error if only the item itself failed, otherwise partlyRemoved or stopped with the count and the
+/// first causes.
 Result<void> removeWhole(int folder, const std::string& name, WorkMeter* meter);
 
 } // namespace vexmoor

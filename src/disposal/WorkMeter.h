@@ -5,12 +5,11 @@
 
 namespace vexmoor {
 
-/// Counts what a long operation has done so far and lets another thread, or a signal handler, ask
-/// it to stop. Several operations may count on the same meter; it is brought up to date every few
-/// dozen entries and at the end.
+/// Counts the progress of a long operation, and lets another thread or a signal handler stop it.
+/// Several operations may share a meter; it is updated every few dozen entries and at the end.
 struct WorkMeter {
-    std::atomic<std::int64_t> entries{0}; ///< measured
-    std::atomic<std::int64_t> bytes{0};   ///< of those
+    std::atomic<std::int64_t> entries{0}; ///< number of measured entries
+    std::atomic<std::int64_t> bytes{0};   ///< bytes of the measured entries
     std::atomic<std::int64_t> removed{0};
     std::atomic<bool> stop{false};
 

@@ -8,11 +8,11 @@
 #include <optional>
 #include <vector>
 
-// What finding the tile asks of the desktop's accessibility service (ports). Main thread.
+// Ports to the desktop's accessibility service, used to find the tile. Main thread.
 
 namespace vexmoor {
 
-/// One node of a program's accessibility tree. What cannot be read is absent.
+/// A node of a program's accessibility tree. Attributes that cannot be read are nullopt.
 class AccessibilityElement {
   public:
     using Pointer = std::shared_ptr<const AccessibilityElement>;
@@ -21,7 +21,7 @@ class AccessibilityElement {
     [[nodiscard]] virtual std::vector<Pointer> children() const = 0;
     [[nodiscard]] virtual std::optional<QString> role() const = 0;
     [[nodiscard]] virtual std::optional<QString> title() const = 0;
-    /// The top-left corner, from the top-left of the primary screen, y down, in points.
+    /// Returns the top-left corner in points, relative to the primary screen's top-left, y down.
     [[nodiscard]] virtual std::optional<QPointF> position() const = 0;
     [[nodiscard]] virtual std::optional<QSizeF> size() const = 0;
 };
@@ -29,9 +29,10 @@ class AccessibilityElement {
 class Accessibility {
   public:
     virtual ~Accessibility() = default;
-    /// Whether this process may look at others' trees. Cheap: asked for every animation frame.
+    /// True if this process may read other programs' trees. Must be cheap: called for each
+    /// animation frame.
     [[nodiscard]] virtual bool isTrusted() const = 0;
-    /// The running dock's root; null where none runs.
+    /// Returns the root of the running dock, or null if none runs.
     [[nodiscard]] virtual AccessibilityElement::Pointer dock() const = 0;
 };
 

@@ -7,7 +7,7 @@
 namespace vexmoor {
 namespace {
 
-constexpr int kPatienceMilliseconds = 2000;
+constexpr int kTimeoutMilliseconds = 2000;
 
 QString service() {
     return QStringLiteral("org.a11y.Bus");
@@ -17,7 +17,7 @@ QDBusPendingCall addressOf(const QDBusConnection& session) {
     return session.asyncCall(QDBusMessage::createMethodCall(
                                  service(), QStringLiteral("/org/a11y/bus"),
                                  QStringLiteral("org.a11y.Bus"), QStringLiteral("GetAddress")),
-                             kPatienceMilliseconds);
+                             kTimeoutMilliseconds);
 }
 
 bool isAnswer(const QDBusPendingCall& call) {

@@ -6,8 +6,8 @@
 
 namespace vexmoor {
 
-/// Whether the session has an accessibility bus. It is asked without waiting, at once and whenever
-/// the service that gives it comes or goes, so that the answer is always at hand. Main thread.
+/// Whether the session has an accessibility bus. Queries it asynchronously at start and whenever
+/// the service that provides it starts or exits. Main thread.
 class AccessibilityBus : public QObject {
     Q_OBJECT
 
@@ -15,10 +15,10 @@ class AccessibilityBus : public QObject {
     explicit AccessibilityBus(QDBusConnection session = QDBusConnection::sessionBus(),
                               QObject* parent = nullptr);
 
-    /// The last answer; false until there is one.
+    /// Returns the last known answer; false until the first one.
     [[nodiscard]] bool answers() const { return m_answers; }
 
-    /// Asks again and waits, two seconds at most: for the diagnostic that prints and ends.
+    /// Queries synchronously, with a timeout of two seconds. Used by the diagnostic command.
     bool askNow();
 
   signals:

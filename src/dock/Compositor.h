@@ -6,8 +6,8 @@
 
 namespace vexmoor {
 
-/// Whether windows may be translucent, which changes when a compositing manager starts or ends.
-/// Needs the application; main thread.
+/// Whether windows can be translucent. Changes when a compositing manager starts or exits. Requires
+/// the QGuiApplication; main thread.
 class Compositor : public QObject {
     Q_OBJECT
 

@@ -7,7 +7,7 @@
 
 namespace vexmoor {
 
-/// A rectangle of the desk: origin at the bottom-left of the primary screen, y up, in points.
+/// A rectangle in desktop points: origin at the bottom-left of the primary screen, y up.
 struct DeskRect {
     double x = 0;
     double y = 0;
@@ -21,7 +21,7 @@ struct DeskRect {
         return x < other.maxX() && other.x < maxX() && y < other.maxY() && other.y < maxY();
     }
 
-    /// The smallest rectangle around both.
+    /// Returns the smallest rectangle that contains both.
     [[nodiscard]] constexpr DeskRect united(const DeskRect& other) const {
         const double left = std::min(x, other.x);
         const double bottom = std::min(y, other.y);
@@ -32,8 +32,8 @@ struct DeskRect {
     bool operator==(const DeskRect&) const = default;
 };
 
-/// The desk's rectangle of a window or screen in Qt's coordinates (y down), and back. `primary` is
-/// the primary screen's geometry in the same coordinates.
+/// Convert between Qt's coordinates (y down) and DeskRect. `primary` is the primary screen's
+/// geometry in Qt's coordinates.
 inline DeskRect deskRect(const QRectF& rect, const QRectF& primary) {
     return {rect.x() - primary.x(), primary.bottom() - rect.bottom(), rect.width(), rect.height()};
 }

@@ -11,10 +11,10 @@
 namespace vexmoor {
 namespace {
 
-constexpr int kIconTop = 20; ///< the icon's first row in a frame; its side is the frame's width
+constexpr int kIconTop = 20; ///< the icon's first row in a frame; its side equals the frame's width
 constexpr int kFlameRows = 27;
 
-/// A null image stands for an item without one.
+/// A null image represents an item without a picture.
 QImage imageOrNull(std::optional<QImage>& image) {
     return image ? std::move(*image) : QImage();
 }
@@ -36,7 +36,7 @@ void DockIconAnimator::play(std::vector<PicturePointer> pictures) {
 void DockIconAnimator::play(Images images) {
     if (images.empty() || m_still)
         return;
-    if (m_suspended) // nobody sees them: one batch's pictures are enough for afterwards
+    if (m_suspended) // not visible: keep one batch's pictures for later
         m_queue.clear();
     if (images.size() >= kSwarmFrom) {
         images.resize(std::min(images.size(), kSwarmIcons));
@@ -84,7 +84,7 @@ bool DockIconAnimator::canEscape() const {
     const std::optional<DeskRect> tile = m_surroundings.tile.frame();
     if (!tile)
         return false;
-    // At a screen's top most of a flame could not be seen.
+    // At the top of a screen most of a flame would be invisible.
     const double rise = kIconTop / 2.0 * tile->width / CauldronArt::kWidth;
     const DeskRect above{tile->x + tile->width / 2, tile->maxY() + rise, 1, 1};
     return std::ranges::any_of(m_surroundings.screens.frames(),
@@ -101,7 +101,7 @@ PixelCanvas DockIconAnimator::iconOf(const PixelCanvas& scene) {
 
 int DockIconAnimator::swarmFrames(std::size_t icons) {
     const auto count = static_cast<double>(std::clamp<std::size_t>(icons, 1, kSwarmIcons));
-    // In hundredths of a second the product is exact, so that rounding up adds no frame.
+    // The product is exact in hundredths of a second, so that rounding up adds no frame.
     return static_cast<int>(std::ceil(((count - 1) * 30 + 155) * kFps / 100));
 }
 

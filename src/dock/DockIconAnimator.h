@@ -18,17 +18,17 @@
 
 namespace vexmoor {
 
-/// Owns the application's icon: the bubbling cauldron while nothing happens, a burn for each item
-/// offered or one swarm for many, and the flames above the tile where they may leave it. Batches
-/// wait for one another. Main thread.
+/// Draws the application's icon: the bubbling cauldron when idle, one burn per item or one swarm
+/// for many items, and the flames above the tile if they may leave it. Batches are queued. Main
+/// thread.
 class DockIconAnimator : public BatchAnimation {
   public:
     using Images = std::vector<std::optional<QImage>>;
 
-    /// What it works with; all must outlive the animator.
+    /// The animator's dependencies; all must outlive it.
     struct Surroundings {
         IconSink& icon;
-        /// Makes the window for the flames, at its first use.
+        /// Creates the flame window on first use.
         std::function<std::unique_ptr<FlameWindow>()> makeOverlay;
         const Accessibility& accessibility;
         const DockTile& tile;
@@ -39,48 +39,50 @@ class DockIconAnimator : public BatchAnimation {
 
     static constexpr double kFps = 24;
     static constexpr double kIdleFps = 8;
-    static constexpr std::size_t kSwarmFrom = 3;   ///< items from which a batch is one swarm
-    static constexpr std::size_t kSwarmIcons = 10; ///< that a swarm shows at most
+    static constexpr std::size_t kSwarmFrom = 3; ///< number of items from which a batch is a swarm
+    static constexpr std::size_t kSwarmIcons = 10; ///< maximum number of items shown in a swarm
 
     explicit DockIconAnimator(Surroundings surroundings);
     ~DockIconAnimator() override;
 
-    /// Queues the animation of one batch: one image an item, absent where there is none.
+    /// Queues the animation of a batch: one image per item, nullopt for an item without a picture.
     void play(Images images);
     void play(std::vector<PicturePointer> pictures) override;
 
-    /// Starts the idle animation, or starts it again.
+    /// Starts or restarts the idle animation.
     void startIdle();
 
     [[nodiscard]] bool isPlaying() const { return m_run.has_value(); }
 
-    /// Whether flames may leave the tile; true at first. Decided at each animation's start.
+    /// Sets whether flames may leave the tile; true by default. Read at the start of each
+    /// animation.
     void setEscapeDock(bool escape) { m_escapeDock = escape; }
-    /// Canvas rows by which the flame window is raised.
+    /// Sets by how many canvas rows the flame window is raised.
     void setNudgeRows(int rows) { m_nudgeRows = rows; }
 
-    /// Stops the clock while nobody can see the icon, and hides the flames; all goes on afterwards.
+    /// Stops the timers and hides the flames while the icon is not visible; animations continue
+    /// afterwards.
     void setSuspended(bool suspended);
-    /// Shows the idle pot without motion and no flames, for users who want less motion.
+    /// Shows the idle pot without animation or flames, for users who prefer reduced motion.
     void setStill(bool still);
 
-    /// The part of a frame that is the icon: the square with the pot and the lowest flames.
+    /// Returns the icon part of a frame: the square with the pot and the lowest flames.
     static PixelCanvas iconOf(const PixelCanvas& scene);
 
-    /// How many frames a swarm of that many icons lasts.
+    /// Returns the number of frames of a swarm of that many icons.
     static int swarmFrames(std::size_t icons);
 
   private:
     struct Burn {
         QImage icon;
-        bool full = false; ///< the flame leaves the tile
+        bool full = false; ///< the flame may leave the tile
     };
     struct Swarm {
         std::vector<QImage> icons;
     };
     using Drop = std::variant<Burn, Swarm>;
 
-    /// The animation on the screen.
+    /// The current animation.
     struct Run {
         Drop drop;
         std::uint64_t seed = 1;
@@ -110,7 +112,7 @@ class DockIconAnimator : public BatchAnimation {
     int m_idleTick = 0;
     std::optional<Run> m_run;
     std::unique_ptr<FlameWindow> m_overlay;
-    std::optional<PixelCanvas> m_shown; ///< the icon as last set
+    std::optional<PixelCanvas> m_shown; ///< the last icon set
     bool m_escapeDock = true;
     bool m_idling = false;
     bool m_suspended = false;

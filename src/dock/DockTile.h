@@ -11,30 +11,30 @@
 
 namespace vexmoor {
 
-/// Finds where the application's own tile is on the screen.
+/// Finds the position of the application's own tile on the screen.
 class DockTile {
   public:
-    /// The ports must outlive this.
+    /// The ports must outlive this object.
     DockTile(const Accessibility& accessibility, const Screens& screens,
              QString name = QStringLiteral("Vexmoor"));
 
-    /// The tile's frame; nothing where it cannot be found, for whatever reason. Walks the tree
-    /// afresh each time, so that a tile that moved is followed.
+    /// Returns the tile's frame, or nullopt if it cannot be found. Walks the tree on each call,
+    /// because the tile can move.
     [[nodiscard]] std::optional<DeskRect> frame() const;
 
     /// A program that shows a desktop's accessibility settings.
     struct Panel {
-        const char* desktop; ///< as XDG_CURRENT_DESKTOP names it
+        const char* desktop; ///< name in XDG_CURRENT_DESKTOP
         const char* program;
-        const char* argument; ///< null without one
+        const char* argument; ///< may be null
     };
     static std::span<const Panel> panels();
 
-    /// Starts a program with its arguments; false where there is no such program or it fails.
+    /// Starts a program. Returns false if it does not exist or fails.
     using Start = std::function<bool(const QString& program, const QStringList& arguments)>;
 
-    /// Opens the accessibility settings: those of the desktop in use before any other that is
-    /// installed. False where there are none.
+    /// Opens the accessibility settings: those of the current desktop if installed, otherwise any
+    /// installed ones. Returns false if there are none.
     static bool openSettings();
     static bool openSettings(const QString& currentDesktop, const Start& start);
 

@@ -5,7 +5,7 @@
 namespace vexmoor {
 
 DroppedUris DroppedUris::fromList(std::string_view list) {
-    constexpr std::string_view kLineEnds("\r\n\0", 3); // some senders end the list with a NUL
+    constexpr std::string_view kLineEnds("\r\n\0", 3); // some senders terminate the list with a NUL
     DroppedUris result;
     while (!list.empty()) {
         const std::string_view line = list.substr(0, list.find_first_of(kLineEnds));

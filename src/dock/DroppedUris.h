@@ -7,12 +7,12 @@
 
 namespace vexmoor {
 
-/// What a text/uri-list names: the local items, byte for byte, and how many things are not local.
+/// The content of a text/uri-list: local items, and the number of items that are not local.
 struct DroppedUris {
     std::vector<Path> items;
     int others = 0;
 
-    /// Lines that are empty or comments count as nothing. Lenient about line ends.
+    /// Ignores empty lines and comments. Accepts any line endings.
     static DroppedUris fromList(std::string_view list);
 };
 

@@ -11,7 +11,7 @@
 namespace vexmoor {
 namespace {
 
-// The window manager must not see it: several let no click through a window that they manage.
+// Bypass the window manager: several block clicks through windows that they manage.
 constexpr Qt::WindowFlags kFlags = Qt::BypassWindowManagerHint | Qt::FramelessWindowHint |
                                    Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus |
                                    Qt::Tool;
@@ -26,10 +26,10 @@ FlameOverlayWindow::FlameOverlayWindow(const Compositor& compositor)
 }
 
 void FlameOverlayWindow::showFlame(const PixelCanvas& flame, const DeskRect& frame) {
-    // Upside down by the same height as who said where: Qt's, in whole points.
+    // Flips y with the primary screen's height that DeskRect used: Qt's, in whole points.
     const QRectF points = windowRect(frame, QGuiApplication::primaryScreen()->geometry());
     const std::vector<PhysicalScreen> screens = PhysicalScreen::all();
-    // Its lowest points are the tile's.
+    // Use the lowest points, which are the tile's.
     const PhysicalScreen& screen =
         nearestScreen(screens, QPointF(points.center().x(), points.bottom() - 1).toPoint());
     const QRect physical = screen.physical(points);
@@ -45,12 +45,13 @@ void FlameOverlayWindow::showFlame(const PixelCanvas& flame, const DeskRect& fra
     if (!isVisible()) {
         native::ignoreInput(winId());
         show();
-        native::setGeometry(winId(), m_place); // showing it rounds to Qt's points again
+        native::setGeometry(winId(),
+                            m_place); // showing the window rounds its geometry to Qt's points
     }
-    native::raise(winId()); // what another window covered in the meantime
+    native::raise(winId()); // another window may have covered it
 }
 
-/// Qt knows whole points only; the window system then gets the exact pixels.
+/// Qt supports whole points only; the exact pixels are set natively.
 void FlameOverlayWindow::place(const QRect& physical, const QRectF& points) {
     m_place = physical;
     setGeometry(points.toAlignedRect());

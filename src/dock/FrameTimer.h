@@ -8,22 +8,22 @@
 
 namespace vexmoor {
 
-/// A repeating timer of the main thread (port).
+/// A repeating main-thread timer (port).
 class FrameTimer {
   public:
     using Interval = std::chrono::duration<double>;
 
     virtual ~FrameTimer() = default;
-    /// Calls `fire` every interval from now on, the first time after one. Starting again replaces
-    /// what ran. `fire` may stop or start the timer.
+    /// Calls `fire` after each interval. Restarting replaces the previous timer. `fire` may stop or
+    /// restart the timer.
     virtual void start(Interval interval, std::function<void()> fire) = 0;
     virtual void stop() = 0;
 };
 
 using MakeFrameTimer = std::function<std::unique_ptr<FrameTimer>()>;
 
-/// Keeps the rate on average although Qt's timers count whole milliseconds. Firings missed by a
-/// busy main thread are not made up for.
+/// Keeps the average rate although QTimer counts whole milliseconds. Does not repeat firings that a
+/// busy main thread missed.
 class QtFrameTimer : public FrameTimer {
   public:
     QtFrameTimer();

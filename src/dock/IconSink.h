@@ -4,8 +4,8 @@
 
 #include "art/PixelCanvas.h"
 
-// Where the animation is shown (ports). Both get pictures in canvas pixels and enlarge them by a
-// whole number, so that each canvas pixel stays a crisp square whatever the screen's density.
+// Outputs of the animation (ports). Both take pictures in canvas pixels and scale them by an
+// integer, so that each canvas pixel is a sharp square at any screen density.
 
 namespace vexmoor {
 
@@ -16,11 +16,11 @@ class IconSink {
     virtual void setIcon(const PixelCanvas& icon) = 0;
 };
 
-/// The window above the tile that the flames rise in.
+/// The window above the tile in which flames rise.
 class FlameWindow {
   public:
     virtual ~FlameWindow() = default;
-    /// Shows the picture over that rectangle, filling both of its axes.
+    /// Shows the picture scaled to fill the rectangle.
     virtual void showFlame(const PixelCanvas& flame, const DeskRect& frame) = 0;
     virtual void orderOut() = 0;
 };

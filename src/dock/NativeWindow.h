@@ -7,34 +7,33 @@
 #include <optional>
 #include <vector>
 
-// What the windows ask of the window system beyond what Qt offers. Coordinates are whole physical
-// pixels of the whole desktop. Where Qt runs on another window system (offscreen), the orders do
-// nothing and the questions have no answer.
+// Window system functions that Qt does not provide. Coordinates are physical pixels of the whole
+// desktop. On other platforms (offscreen) setters do nothing and getters return empty values.
 
 namespace vexmoor::native {
 
-/// Whether there is a display that takes windows; asked before there is an application.
+/// True if a display can be opened. Can be called before the application exists.
 bool displayAnswers();
 
-/// Whether the X server shows its windows through a Wayland compositor.
+/// True if the X server is XWayland.
 bool isXwayland();
 
-/// The name that the window manager gives itself; empty if there is none or it has no name.
+/// Returns the window manager's name, or an empty string.
 QString windowManagerName();
 
-/// Marks a window that is not shown yet as part of the desktop's furniture: a dock, above others,
-/// on all workspaces, in no list. To be repeated before each showing.
+/// Marks a hidden window as a dock: above other windows, on all workspaces, not in window lists.
+/// Must be called before each show.
 void makeDock(WId window);
 
-/// Places a window. One that the window manager manages is placed by it, a little later.
+/// Sets a window's geometry. If the window manager manages the window, the change is asynchronous.
 void setGeometry(WId window, const QRect& geometry);
-/// Where the window is.
+/// Returns the window's actual geometry.
 std::optional<QRect> geometry(WId window);
 
-/// Cuts the window down to these of its pixels; nothing makes it whole again.
+/// Clips the window to these rectangles. The shape cannot be removed again.
 void setShape(WId window, const std::optional<std::vector<QRect>>& shape);
 
-/// Lets the pointer through the whole window.
+/// Makes the whole window transparent for pointer input.
 void ignoreInput(WId window);
 
 void raise(WId window);

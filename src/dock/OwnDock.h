@@ -8,13 +8,13 @@
 
 namespace vexmoor {
 
-/// The accessibility tree of the dock that consists of our own tile. Main thread.
+/// The accessibility tree of our own dock, which consists of the tile. Main thread.
 class OwnDock : public Accessibility {
   public:
     using TileFrame = std::function<std::optional<QRectF>()>;
 
-    /// `trusted` answers whether the session's accessibility service does; `tileFrame` where the
-    /// tile is in Qt's coordinates, or nothing while it is not shown.
+    /// `trusted` returns whether the session's accessibility service answers; `tileFrame` returns
+    /// the tile's frame in Qt's coordinates, or nullopt while it is hidden.
     OwnDock(std::function<bool()> trusted, TileFrame tileFrame)
         : m_trusted(std::move(trusted)), m_tileFrame(std::move(tileFrame)) {}
 

@@ -12,7 +12,7 @@ PhysicalScreen PhysicalScreen::of(const QScreen& screen) {
                         .geometry = {screen.geometry().topLeft(), QSize()},
                         .available = {},
                         .ratio = screen.devicePixelRatio()};
-    // Qt has rounded the size to whole points: rather a pixel too few than one off the screen.
+    // Qt rounds the size to whole points; truncate, so that no pixel is off the screen.
     const QSizeF size = QSizeF(screen.size()) * made.ratio;
     made.geometry.setSize({static_cast<int>(size.width()), static_cast<int>(size.height())});
     made.available = made.physical(screen.availableGeometry()) & made.geometry;
@@ -21,7 +21,7 @@ PhysicalScreen PhysicalScreen::of(const QScreen& screen) {
 
 std::vector<PhysicalScreen> PhysicalScreen::all() {
     std::vector<PhysicalScreen> screens;
-    for (const QScreen* screen : QGuiApplication::screens()) // the primary one comes first
+    for (const QScreen* screen : QGuiApplication::screens()) // the primary screen comes first
         screens.push_back(of(*screen));
     return screens;
 }

@@ -14,19 +14,20 @@ namespace vexmoor {
 struct PhysicalScreen {
     QString name;
     QRect geometry;
-    QRect available;  ///< without the panels
-    double ratio = 1; ///< physical pixels a point
+    QRect available;  ///< area without panels
+    double ratio = 1; ///< physical pixels per point
 
     static PhysicalScreen of(const QScreen& screen);
-    /// All of them, the primary one first; never empty while there is an application.
+    /// Returns all screens, the primary one first; never empty while there is an application.
     static std::vector<PhysicalScreen> all();
 
-    /// From Qt's coordinates, in which a screen keeps its physical origin; to whole pixels.
+    /// Converts from Qt's coordinates, in which a screen keeps its physical origin, to whole
+    /// pixels.
     [[nodiscard]] QRect physical(const QRectF& points) const;
     [[nodiscard]] QRectF points(const QRect& physical) const;
 };
 
-/// The screen nearest to a point; `screens` is not empty.
+/// Returns the screen nearest to the point; `screens` must not be empty.
 const PhysicalScreen& nearestScreen(const std::vector<PhysicalScreen>& screens, QPoint point);
 
 } // namespace vexmoor

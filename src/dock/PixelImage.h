@@ -9,14 +9,14 @@
 
 namespace vexmoor {
 
-/// The canvas filling both axes of a size in physical pixels: blocks of whole pixels where the size
-/// is a multiple of the canvas, else the nearest pixel's colour.
+/// Scales the canvas to fill a size in physical pixels: with square blocks if the size is a
+/// multiple of the canvas, otherwise by nearest neighbour.
 QImage enlarged(const PixelCanvas& canvas, QSize size);
 
-/// The part of an image that is more opaque than not, for windows that cannot be translucent.
+/// Returns the area with at least half opacity, for windows that cannot be translucent.
 std::vector<QRect> opaqueShape(const QImage& image);
 
-/// The image over a ring of `width` pixels around its outline.
+/// Draws the image over an outline of `width` pixels around its shape.
 QImage ringed(const QImage& image, int width, QColor colour);
 
 } // namespace vexmoor

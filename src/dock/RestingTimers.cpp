@@ -34,7 +34,7 @@ class RestingTimers::Timer : public FrameTimer {
     RestingTimers& m_owner;
     std::unique_ptr<FrameTimer> m_timer;
     Interval m_interval{};
-    std::function<void()> m_fire; ///< empty where it is stopped
+    std::function<void()> m_fire; ///< empty while stopped
 };
 
 RestingTimers::RestingTimers(MakeFrameTimer make) : m_make(std::move(make)) {}

@@ -6,9 +6,8 @@
 
 namespace vexmoor {
 
-/// Makes timers that rest together, so that nothing moves on a screen that nobody sees. A timer
-/// that runs or is started while they rest fires again, an interval later, once they do not. Main
-/// thread; must outlive its timers.
+/// Creates timers that can be paused together while the screen is not visible. A timer that runs or
+/// is started while paused fires one interval after resuming. Main thread; must outlive its timers.
 class RestingTimers {
   public:
     explicit RestingTimers(MakeFrameTimer make = std::make_unique<QtFrameTimer>);

@@ -6,7 +6,7 @@
 
 namespace vexmoor {
 
-/// Where the screens are (port). Main thread.
+/// The screens' positions (port). Main thread.
 class Screens {
   public:
     virtual ~Screens() = default;

@@ -5,9 +5,9 @@
 
 namespace vexmoor {
 
-/// Whether some program owns a selection of the display: so programs of which there is one at a
-/// time make themselves known, as a compositing manager or a system tray. Without X11 nobody owns
-/// anything. Needs the application; main thread.
+/// Whether an X selection has an owner. Unique programs such as a compositing manager or a system
+/// tray announce themselves this way. Always false without X11. Requires the QGuiApplication; main
+/// thread.
 class SelectionOwner : public QObject, private QAbstractNativeEventFilter {
     Q_OBJECT
 
@@ -16,7 +16,7 @@ class SelectionOwner : public QObject, private QAbstractNativeEventFilter {
     ~SelectionOwner() override;
 
     [[nodiscard]] bool isOwned() const { return m_owned; }
-    /// Whether there is a display that knows of selections.
+    /// True if the display supports selections.
     [[nodiscard]] bool isKnown() const { return m_selection != 0; }
 
   signals:
@@ -28,7 +28,7 @@ class SelectionOwner : public QObject, private QAbstractNativeEventFilter {
 
     bool m_owned = false;
     unsigned m_selection = 0;
-    int m_ownerEvent = -1; ///< the number of the event that reports owners
+    int m_ownerEvent = -1; ///< number of the XFIXES event that reports owners
 };
 
 } // namespace vexmoor

@@ -3,17 +3,17 @@
 #include <QByteArray>
 #include <QWindow>
 
-// The start that a launcher waits for with a busy pointer, named by an id that also tells when the
-// user asked for it (Startup Notification Protocol of freedesktop.org). Where Qt runs on another
-// window system than X11 nothing happens. Main thread.
+// Startup notification (freedesktop.org's Startup Notification Protocol). A launcher shows a busy
+// pointer until the start with the given id, which also contains the user's time stamp, has ended.
+// Does nothing on platforms other than X11. Main thread.
 
 namespace vexmoor::native {
 
-/// Tells the window manager that the window is what the user waits for, so that it gets the focus.
-/// To be called before the window is shown, or anew where it is already.
+/// Associates the window with the start, so that the window manager gives it the focus. Call before
+/// the window is shown, or again if it is already visible.
 void answerStartup(WId window, const QByteArray& id);
 
-/// Tells the launcher that the start is over.
+/// Reports to the launcher that the start is complete.
 void endStartup(const QByteArray& id);
 
 } // namespace vexmoor::native

@@ -5,7 +5,7 @@
 namespace vexmoor {
 
 void TileAccessible::install() {
-    QAccessible::installFactory(&TileAccessible::make); // a second time it is the same one
+    QAccessible::installFactory(&TileAccessible::make); // installing it twice has no effect
 }
 
 QAccessibleInterface* TileAccessible::make(const QString&, QObject* object) {

@@ -4,10 +4,10 @@
 
 namespace vexmoor {
 
-/// The tile as a screen reader meets it: a button that can be pressed, and that has a menu.
+/// The tile's accessibility interface: a button with a press and a menu action.
 class TileAccessible : public QAccessibleWidget {
   public:
-    /// Has every TileWindow met that way.
+    /// Installs the factory for all TileWindow instances.
     static void install();
 
     [[nodiscard]] QStringList actionNames() const override;

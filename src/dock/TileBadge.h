@@ -4,8 +4,8 @@
 
 namespace vexmoor {
 
-/// The skull on the tile that says that what is fed now is gone for good. Its corner is the tile's
-/// upper right one.
+/// Returns the skull that marks the tile in dissolve mode. It is drawn in the tile's upper right
+/// corner.
 const PixelCanvas& tileBadge();
 
 } // namespace vexmoor

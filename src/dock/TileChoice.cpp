@@ -10,7 +10,7 @@
 namespace vexmoor {
 namespace {
 
-/// Null if the session's windows are not shown by a Wayland compositor, or if that has no layers.
+/// Returns null if there is no Wayland compositor or it does not support layers.
 std::unique_ptr<Tile> layerTile(UserDefaults& defaults, const DisplayFacts& facts) {
     const bool isWayland =
         facts.isXwayland || QGuiApplication::platformName() == QStringLiteral("wayland");

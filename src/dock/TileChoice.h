@@ -8,15 +8,15 @@
 
 namespace vexmoor {
 
-/// An environment variable: "xwayland" has the tile shown through XWayland where the compositor
-/// could show it itself.
+/// An environment variable. "xwayland" shows the tile through XWayland even if the compositor
+/// supports layers.
 inline constexpr const char* kTileVariable = "VEXMOOR_TILE";
 
-/// Whether there is a Wayland compositor; asked before there is an application.
+/// True if there is a Wayland compositor. Can be called before the application exists.
 bool compositorAnswers();
 
-/// The tile in the way in which this session can show it. Needs the application; the defaults must
-/// outlive it. Main thread.
+/// Creates the kind of tile that this session supports. Requires the application; the defaults must
+/// outlive the tile. Main thread.
 std::unique_ptr<Tile> makeTile(UserDefaults& defaults);
 
 } // namespace vexmoor

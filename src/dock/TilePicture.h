@@ -8,19 +8,20 @@
 
 namespace vexmoor {
 
-/// What the tile shows: the icon, the ring while something is dragged over it, the skull. A value.
+/// The tile's picture: the icon, a ring during a drag over it, and the skull.
 struct TilePicture {
     std::optional<PixelCanvas> icon;
     bool isHovered = false;
     bool isBadged = false;
 
-    /// In canvas pixels; the picture is square.
+    /// The side of the square picture in canvas pixels.
     static const int kSide;
 
-    /// Physical pixels a canvas pixel has where `scale` of them are a logical one.
+    /// Returns the physical pixels per canvas pixel at a scale of `scale` physical pixels per
+    /// point.
     static int cellAt(double scale);
 
-    /// The picture in physical pixels, kSide * cell wide and high.
+    /// Returns the picture in physical pixels, kSide * cell wide and high.
     [[nodiscard]] QImage image(int cell) const;
 };
 

@@ -8,23 +8,23 @@
 
 namespace vexmoor {
 
-/// Where the tile stands: at an edge of a screen. A value that survives changes of the screens.
+/// The tile's position at a screen's edge. Remains valid when the screens change.
 struct TilePlace {
     enum class Edge { bottom, left, right, top };
 
     Edge edge = Edge::bottom;
-    double fraction = 0.96; ///< along the edge, 0 (left or top end) to 1
-    std::string screen;     ///< its name; another screen's place where there is none of that name
+    double fraction = 0.96; ///< position along the edge, from 0 (left or top end) to 1
+    std::string screen;     ///< screen name; another screen is used if it is missing
 
-    /// The place at the edge nearest to a tile that is at `tile`.
+    /// Returns the position at the edge nearest to the rectangle `tile`.
     static TilePlace nearest(const QRect& tile, const std::vector<PhysicalScreen>& screens);
 
-    /// The screen it is on: the first of them where its own is not there.
+    /// Returns the tile's screen, or the first one if its screen is missing.
     [[nodiscard]] const PhysicalScreen& screenOf(const std::vector<PhysicalScreen>& screens) const;
-    /// A tile's rectangle at this place, wholly on the screen, in physical pixels.
+    /// Returns a tile's rectangle at this position in physical pixels, entirely on the screen.
     [[nodiscard]] QRect rect(const PhysicalScreen& on, int side) const;
 
-    /// As stored: edge, fraction and screen's name, with spaces between.
+    /// Returns the stored form: edge, fraction and screen name, separated by spaces.
     [[nodiscard]] std::string text() const;
     static std::optional<TilePlace> fromText(std::string_view text);
 

@@ -26,7 +26,7 @@ Qt::WindowFlags flagsFor(TileHandling::Manager manager) {
         break;
     case TileHandling::Manager::windowManagerWithFocus:
         return flags;
-    case TileHandling::Manager::nobody:
+    case TileHandling::Manager::none:
         return flags | Qt::WindowDoesNotAcceptFocus | Qt::BypassWindowManagerHint;
     }
     return flags | Qt::WindowDoesNotAcceptFocus;
@@ -53,7 +53,7 @@ TileWindow::TileWindow(UserDefaults& defaults, const Compositor& compositor, Til
 
 void TileWindow::watchScreens() {
     const auto watch = [this](QScreen* screen) {
-        // Queued: the panels around a screen change after it.
+        // Queued, because the panels' areas change after the screen.
         connect(screen, &QScreen::geometryChanged, this, &TileWindow::place, Qt::QueuedConnection);
         connect(screen, &QScreen::availableGeometryChanged, this, &TileWindow::place,
                 Qt::QueuedConnection);
@@ -77,7 +77,7 @@ void TileWindow::place() {
     m_ratio = screen.ratio;
     m_cell = TilePicture::cellAt(m_ratio);
     const QRect wanted = m_place.rect(screen, TilePicture::kSide * m_cell);
-    // Qt knows whole points only; the window system then gets the exact pixels.
+    // Qt supports whole points only; the exact pixels are set natively.
     setGeometry(screen.points(wanted).toAlignedRect());
     m_physical = wanted;
     native::setGeometry(winId(), wanted);
@@ -88,8 +88,8 @@ std::optional<QRectF> TileWindow::frame() const {
     const std::vector<PhysicalScreen> screens = PhysicalScreen::all();
     if (!isVisible() || screens.empty())
         return std::nullopt;
-    // Asked anew: Qt does not tell of every move that the window manager makes, least where a ratio
-    // is broken and both places are the same point.
+    // Query X11: Qt misses some moves by the window manager, above all with fractional scaling,
+    // where both positions can be the same point.
     const QRect physical = native::geometry(internalWinId()).value_or(m_physical);
     return nearestScreen(screens, physical.center()).points(physical);
 }
@@ -107,8 +107,8 @@ void TileWindow::readGeometry() {
         m_physical = native::geometry(winId()).value_or(m_physical);
 }
 
-/// Each showing has a window of its own: of a hidden one the window manager takes its properties
-/// away, at a time that nobody knows.
+/// Each show creates a new native window: the window manager removes a hidden window's properties
+/// asynchronously.
 void TileWindow::setVisible(bool visible) {
     const bool wasVisible = isVisible();
     if (visible && !wasVisible) {
@@ -209,7 +209,7 @@ void TileWindow::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void TileWindow::dragEnterEvent(QDragEnterEvent* event) {
-    // What comes from a window of this program lies in the Bin already.
+    // Ignore drags from our own windows; their items are already in the Bin.
     if (event->source() != nullptr || !event->mimeData()->hasFormat(QLatin1String(kUriList)))
         return;
     event->setDropAction(Qt::CopyAction);

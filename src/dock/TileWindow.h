@@ -14,24 +14,23 @@
 
 namespace vexmoor {
 
-/// How an X server's tile is shown.
+/// How the tile is shown on an X server.
 struct TileHandling {
-    /// Who keeps the tile in its place. On some desktops only a window that the window manager does
-    /// not see keeps it; on others only a window that could have the focus gets the data of a drag,
-    /// though it never asks for the focus.
-    enum class Manager { windowManager, windowManagerWithFocus, nobody };
+    /// What keeps the tile in its position. On some desktops only a window that bypasses the window
+    /// manager stays in place; on others only a window that can take the focus receives a drag's
+    /// data, although it never requests the focus.
+    enum class Manager { windowManager, windowManagerWithFocus, none };
 
     Manager manager = Manager::windowManager;
-    /// The list of a drag is read as soon as it enters: the compositor may refuse it later.
+    /// Read a drag's list when the drag enters, because the compositor may refuse it later.
     bool readsDragsEarly = false;
 
     bool operator==(const TileHandling&) const = default;
 };
 
-/// The window of the application's tile: a small frameless window at the screen's edge that shows
-/// the icon and takes what is dropped on it. A click or a screen reader presses it (clicked());
-/// dragged, it follows the edges, and it remembers its place. It never takes the focus. Main
-/// thread.
+/// The native window of the tile: a small frameless window at the screen's edge that shows the icon
+/// and accepts drops. A click or a screen reader presses it (clicked()); dragging moves it along
+/// the edges, and it remembers its position. It never takes the focus. Main thread.
 class TileWindow : public QAbstractButton, public IconSink {
     Q_OBJECT
 
@@ -42,21 +41,20 @@ class TileWindow : public QAbstractButton, public IconSink {
     void setIcon(const PixelCanvas& icon) override;
     void setVisible(bool visible) override;
 
-    /// Shows the skull.
+    /// Shows or hides the skull.
     void setBadged(bool badged);
 
-    /// Asks for the menu as the right button does.
+    /// Requests the menu, as a right click does.
     void requestMenu();
 
-    /// Where it is, in Qt's coordinates but exact to the physical pixel; nothing while it is
-    /// hidden.
+    /// Returns the frame in Qt's coordinates, exact to the physical pixel; nullopt while hidden.
     [[nodiscard]] std::optional<QRectF> frame() const;
 
   signals:
     void shownChanged(bool shown);
-    /// A list of URIs was dropped; empty if the desktop did not hand it over.
+    /// A URI list was dropped; empty if the desktop did not deliver it.
     void listDropped(const QByteArray& uriList);
-    /// The menu is wanted there.
+    /// The user requested the menu at that position.
     void menuRequested(QPoint globalPosition);
 
   protected:
@@ -81,15 +79,15 @@ class TileWindow : public QAbstractButton, public IconSink {
     UserDefaults& m_defaults;
     const Compositor& m_compositor;
     const bool m_readsDragsEarly;
-    QByteArray m_draggedList; ///< what was read when the drag entered
+    QByteArray m_draggedList; ///< read when the drag entered
     TilePicture m_picture;
     TilePlace m_place;
-    QRect m_physical;   ///< where the window is
-    double m_ratio = 1; ///< physical pixels a point
-    int m_cell = 3;     ///< physical pixels a canvas pixel
+    QRect m_physical;   ///< the window's actual geometry
+    double m_ratio = 1; ///< physical pixels per point
+    int m_cell = 3;     ///< physical pixels per canvas pixel
     QImage m_image;
-    bool m_moving = false;             ///< it is being dragged itself
-    std::optional<QPoint> m_grabbedAt; ///< the pointer from the window's corner, in points
+    bool m_moving = false;             ///< the user is dragging the tile
+    std::optional<QPoint> m_grabbedAt; ///< the pointer relative to the window's corner, in points
     QPoint m_pressedAt;
 };
 

@@ -6,7 +6,7 @@
 
 namespace vexmoor {
 
-/// The tile as a window of Qt's. Main thread.
+/// The tile as a Qt window. Main thread.
 class WindowTile : public Tile {
     Q_OBJECT
 

@@ -12,23 +12,23 @@ namespace {
 using Manager = TileHandling::Manager;
 
 struct Row {
-    const char* windowManager; ///< how its name begins; null if only the desktop tells
-    const char* desktop;       ///< null if only the window manager's name tells
+    const char* windowManager; ///< prefix of its name; null if only the desktop identifies it
+    const char* desktop;       ///< null if only the window manager's name identifies it
     Manager manager;
 };
 
-// GNOME places a managed dock where it asks to be and covers it by fullscreen windows. KWin does
-// too, but hands the data of a drag only to windows that can have the focus. The others place
-// managed windows as they like.
+// GNOME keeps a managed dock at its requested position and covers it with fullscreen windows. So
+// does KWin, but it delivers a drag's data only to windows that can take the focus. Other
+// compositors place managed windows themselves.
 constexpr Row kRows[] = {
     {"GNOME Shell", "GNOME", Manager::windowManager},
     {"Mutter", "Pantheon", Manager::windowManager},
     {"Mutter", "Budgie", Manager::windowManager},
     {"KWin", "KDE", Manager::windowManagerWithFocus},
-    {"wlroots wm", "sway", Manager::nobody},
-    {"Hyprland", "Hyprland", Manager::nobody},
-    {"Smithay", "COSMIC", Manager::nobody},
-    {nullptr, "niri", Manager::nobody},
+    {"wlroots wm", "sway", Manager::none},
+    {"Hyprland", "Hyprland", Manager::none},
+    {"Smithay", "COSMIC", Manager::none},
+    {nullptr, "niri", Manager::none},
 };
 
 std::optional<Manager> byName(const QString& name) {
@@ -61,7 +61,7 @@ TileHandling tileHandling(const DisplayFacts& facts) {
     auto manager = byName(facts.windowManager);
     if (!manager)
         manager = byDesktop(facts.currentDesktop);
-    return {.manager = manager.value_or(Manager::nobody), .readsDragsEarly = true};
+    return {.manager = manager.value_or(Manager::none), .readsDragsEarly = true};
 }
 
 } // namespace vexmoor

@@ -6,19 +6,19 @@
 
 namespace vexmoor {
 
-/// What decides how the tile's window is shown by an X server. Values.
+/// The properties of the display that decide how the tile's window is shown.
 struct DisplayFacts {
-    bool isXwayland = false; ///< the server's windows are shown by a Wayland compositor
-    QString windowManager;   ///< its name as it tells the X server; empty if there is none
-    QString currentDesktop;  ///< XDG_CURRENT_DESKTOP: names with colons between
+    bool isXwayland = false; ///< the X server is XWayland
+    QString windowManager;   ///< name reported to the X server; empty if there is none
+    QString currentDesktop;  ///< XDG_CURRENT_DESKTOP: colon-separated names
 
-    /// Those of this session. Needs the application; main thread.
+    /// Returns the properties of this session. Requires the application; main thread.
     static DisplayFacts ofSession();
 };
 
-/// How the tile's window is to be shown. A window manager always manages it on X11. Under XWayland
-/// the compositor's own name decides, then the desktop's; an unknown compositor does not manage it:
-/// so it keeps its place and never takes the focus.
+/// Returns how to show the tile's window. On X11 the window manager manages it. Under XWayland the
+/// compositor's name decides, then the desktop's; an unknown compositor must not manage it, so that
+/// it keeps its position and never takes the focus.
 TileHandling tileHandling(const DisplayFacts& facts);
 
 } // namespace vexmoor

@@ -22,7 +22,7 @@ AutomationStatus stored(const UserDefaults& defaults) {
     return answer == kDenied ? AutomationStatus::denied : AutomationStatus::notAsked;
 }
 
-/// The status codes of Apple events: no error, not permitted, consent required.
+/// Returns the Apple event status code: no error, not permitted, consent required.
 int codeOf(AutomationStatus status) {
     switch (status) {
     case AutomationStatus::granted:

@@ -11,25 +11,25 @@ namespace vexmoor {
 
 enum class AutomationStatus { granted, notAsked, denied };
 
-/// The user's consent to asking file managers for their selection and giving them the key. The
-/// question is shown once; afterwards only set() changes the answer. Main thread.
+/// The user's consent to reading the file managers' selection and installing the key. The dialog is
+/// shown once; afterwards only set() changes the answer. Main thread.
 class Automation {
   public:
     static constexpr const char* kKey = "automation";
 
     using Completion = std::function<void(AutomationStatus)>;
 
-    /// Defaults and dialogs must outlive it.
+    /// Both arguments must outlive this object.
     Automation(UserDefaults& defaults, Dialogs& dialogs);
 
-    /// The consent as it stands; published at every change.
+    /// Returns the current consent, published on each change.
     [[nodiscard]] const Published<AutomationStatus>& status() const { return m_status; }
     [[nodiscard]] Subscription subscribe(const std::function<void(AutomationStatus)>& subscriber) {
         return m_status.subscribe(subscriber);
     }
 
-    /// Asks the user if he was not asked yet. Answers once, at once or when the dialog closes;
-    /// requests that come in the meantime share the dialog.
+    /// Asks the user if there is no answer yet. Calls `completion` once, immediately or when the
+    /// dialog closes; concurrent requests share the dialog.
     void request(Completion completion);
 
     void set(AutomationStatus status);

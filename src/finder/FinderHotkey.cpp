@@ -94,7 +94,7 @@ Verdict FinderHotkey::handlePress(const InputEvent& event) {
     const bool wasArmed = m_undoArmed;
     m_swallowing.reset();
     m_keyPassed = false;
-    // The tap keeps capturing Ctrl+Z until this press is decided about.
+    // The tap keeps capturing Ctrl+Z until the decision about this press.
     m_undoArmed = false;
     Verdict verdict = Verdict::pass;
     const bool isShortcut = (event.flags & InputEvent::kModifiers) == InputEvent::kCommand;

@@ -15,9 +15,9 @@
 
 namespace vexmoor {
 
-/// Ctrl+Backspace in a file manager: takes the key press, asks for the selection and hands it over;
-/// takes the Ctrl+Z that follows too. Main thread, apart from the decisions about events, which the
-/// tap asks for on its own thread. It must outlive the tasks that it posts.
+/// Ctrl+Backspace in a file manager: captures the key press, reads the selection and reports it;
+/// captures a Ctrl+Z that follows. Main thread, except that the tap calls the event handler on its
+/// own thread. Must outlive the tasks that it posts.
 class FinderHotkey : public UndoKey {
   public:
     struct Parts {
@@ -27,7 +27,7 @@ class FinderHotkey : public UndoKey {
         FinderSelection& selection;
         Executor& main;
         std::unique_ptr<FrameTimer> retry;
-        std::function<bool()> isTrusted; ///< whether other programs' elements may be looked at
+        std::function<bool()> isTrusted; ///< whether other programs' elements are accessible
         std::function<void()> beep;
     };
 
@@ -37,21 +37,21 @@ class FinderHotkey : public UndoKey {
     ~FinderHotkey() override;
 
     std::function<void(const Selection&)> onTrigger;
-    std::function<void()> onAutomationDenied; ///< once in the life of this object
+    std::function<void()> onAutomationDenied; ///< called at most once per object
     std::function<void()> onUndo;
 
-    /// Captures the key from now on, or as soon as the tap can be created.
+    /// Captures the key now, or as soon as the tap can be created.
     void start();
     void stop();
     [[nodiscard]] bool isLive() const { return m_isLive; }
 
-    /// The next Ctrl+Z goes to the file manager.
+    /// Lets the next Ctrl+Z pass to the file manager.
     void disarm() override;
     [[nodiscard]] bool undoArmed() const;
 
-    /// Reports that the file manager's own menu command fed items. If the key caused it, the next
-    /// Ctrl+Z is captured as after a captured key.
-    /// \return whether the last press was the key.
+    /// Reports that the file manager's menu command fed items. If the key triggered the command,
+    /// the next Ctrl+Z is captured as after a captured key. Returns true if the last press was the
+    /// key.
     bool fedByMenuCommand();
 
   private:
@@ -69,9 +69,9 @@ class FinderHotkey : public UndoKey {
     bool m_isLive = false;
     bool m_reportedDenial = false;
 
-    mutable std::mutex m_mutex; ///< guards what follows
+    mutable std::mutex m_mutex; ///< guards the members below
     bool m_undoArmed = false;
-    bool m_keyPassed = false; ///< the last press was the key, on its way to the file manager
+    bool m_keyPassed = false; ///< the last press was the key, passed to the file manager
     bool m_querying = false;
     std::optional<std::int64_t> m_swallowing;
 };

@@ -8,28 +8,28 @@
 
 namespace vexmoor {
 
-/// What is selected in the file manager, in its order.
+/// The file manager's selection, in its order.
 struct Selection {
     std::vector<Path> items;
-    int others = 0; ///< selected things that are no files of this computer
+    int others = 0; ///< number of selected items that are not local files
 
     bool operator==(const Selection&) const = default;
 };
 
 enum class SelectionError {
-    notPermitted, ///< the user does not allow the file manager to be asked
+    notPermitted, ///< the user does not allow reading the selection
     failed,
 };
 
 using SelectionResult = std::variant<Selection, SelectionError>;
 
-/// Asks the file manager for its selection (port). Main thread.
+/// Reads the file manager's selection (port). Main thread.
 class FinderSelection {
   public:
     using Completion = std::function<void(const SelectionResult&)>;
 
     virtual ~FinderSelection() = default;
-    /// Answers once, on the main thread, later; may ask the user for permission first.
+    /// Calls `completion` once, later, on the main thread. May ask the user for permission first.
     virtual void query(Completion completion) = 0;
 };
 

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kTimeoutMilliseconds = 2000;
 
-/// Numbers of AtspiRole that file managers give what shows files.
+/// The values of AtspiRole that file managers use for views of files.
 enum class Role : uint {
     filler = 20,
     icon = 26,
@@ -59,7 +59,7 @@ QString addressOfBus(const QDBusConnection& session) {
     return address.value();
 }
 
-/// Programs report only events that a client has registered for.
+/// Programs report only events for which a client has registered.
 void registerForFocus(const QDBusConnection& bus) {
     auto call = QDBusMessage::createMethodCall(
         QStringLiteral("org.a11y.atspi.Registry"), QStringLiteral("/org/a11y/atspi/registry"),
@@ -145,7 +145,7 @@ void FocusTracker::Listener::search(pid_t process) {
                 setFocused({m_name, found->service, found->path, process});
 }
 
-/// What the program reported before it answers is taken before the answer.
+/// Processes events that the program sent before its reply first.
 void FocusTracker::Listener::ask(const Element& element,
                                  const std::shared_ptr<std::promise<bool>>& answer) {
     askRole(element, [this, element, answer](bool showsFiles) {
@@ -173,7 +173,7 @@ void FocusTracker::Listener::askRole(const Element& element, std::function<void(
             });
 }
 
-/// Arguments: "focused", 1 if the focus came or 0 if it went, and more that is not needed.
+/// The arguments are "focused", 1 or 0 for focus gained or lost, and others that are not used.
 void FocusTracker::Listener::takeFocus(const QDBusMessage& event) {
     const bool isFocused = event.arguments().value(1).toInt() == 1;
     const Element element{m_name, event.service(), event.path(), processOf(event.service())};

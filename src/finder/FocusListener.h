@@ -10,7 +10,7 @@
 
 namespace vexmoor {
 
-/// Keeps the connection to the accessibility bus and takes the events of the focus. Lives on the
+/// Maintains the connection to the accessibility bus and receives focus events. Lives on the
 /// tracker's thread.
 class FocusTracker::Listener : public QObject {
     Q_OBJECT
@@ -21,10 +21,10 @@ class FocusTracker::Listener : public QObject {
     void start();
     void stop();
 
-    /// Answers whether the element that had the focus might be text, or lost it to another one.
+    /// Sets the answer to whether the formerly focused element may be text, or lost the focus.
     void ask(const Element& element, const std::shared_ptr<std::promise<bool>>& answer);
 
-    /// Looks for the focused element of a process that has not reported one yet.
+    /// Searches for the focused element of a process that has not reported one yet.
     void search(pid_t process);
 
   public slots:
@@ -35,15 +35,15 @@ class FocusTracker::Listener : public QObject {
     void disconnectFromBus();
     [[nodiscard]] pid_t processOf(const QString& service);
     void setFocused(const Element& element);
-    /// Calls, with the tracker locked, with whether the element shows files; with false if it does
-    /// not answer.
+    /// Calls `answered`, with the tracker locked, with whether the element shows files; with false
+    /// if it does not reply.
     void askRole(const Element& element, std::function<void(bool)> answered);
 
     FocusTracker& m_tracker;
     QDBusConnection m_session;
     std::unique_ptr<QDBusServiceWatcher> m_watcher;
     QString m_name;
-    std::map<QString, pid_t> m_processes; ///< of unique names, which are never used twice
+    std::map<QString, pid_t> m_processes; ///< by unique bus name; these are never reused
 };
 
 } // namespace vexmoor

@@ -8,8 +8,8 @@
 
 namespace vexmoor {
 
-/// Looks for a focused element in the trees of programs on the accessibility bus. Blocks; any
-/// thread.
+/// Searches the trees of programs on the accessibility bus for the focused element. Blocks;
+/// thread-safe.
 class FocusSearch {
   public:
     struct Reference {
@@ -19,11 +19,11 @@ class FocusSearch {
 
     explicit FocusSearch(QDBusConnection bus) : m_bus(std::move(bus)) {}
 
-    /// The roots of all programs.
+    /// Returns the root element of each program.
     [[nodiscard]] std::vector<Reference> programs() const;
 
-    /// The innermost focused element on the screen; nullopt if there is none among the first
-    /// hundreds, or the program does not answer in time.
+    /// Returns the innermost focused visible element; nullopt if there is none among the first few
+    /// hundred elements or the program does not reply in time.
     [[nodiscard]] std::optional<Reference> focusedIn(const Reference& program) const;
 
   private:

@@ -11,8 +11,8 @@ namespace {
 
 constexpr std::chrono::milliseconds kTimeout{40};
 
-/// The grab that delivers a key makes some programs report at once that they lost the focus, and
-/// when it ends, that they have it again. A loss that is not older does not count yet.
+/// A key grab makes some programs report that they lost the focus, and regained it when the grab
+/// ends. A loss younger than this is therefore ignored.
 constexpr std::chrono::milliseconds kGrabEffect{150};
 
 } // namespace
@@ -47,7 +47,7 @@ void FocusTracker::setProcess(std::optional<pid_t> process) {
         if (!process || m_visible.contains(*process))
             return;
     }
-    // It may have reported its focus before this program listened.
+    // The program may have reported its focus before we listened.
     QMetaObject::invokeMethod(
         m_listener.get(), [listener = m_listener.get(), process] { listener->search(*process); });
 }

@@ -18,25 +18,25 @@
 
 namespace vexmoor {
 
-/// Follows the keyboard focus on the accessibility bus (AT-SPI), on a thread of its own. Where the
-/// focused element is not clearly a view of files it counts as text, so that it keeps its keys.
+/// Tracks the keyboard focus on the accessibility bus (AT-SPI) on its own thread. An element that
+/// is not clearly a view of files counts as text, so that it receives its keys.
 class FocusTracker : public FocusedElement {
   public:
-    /// `programIsInvisible` is called once for each process that is asked about and has never
-    /// shown a focus on the bus, on the thread that asks.
+    /// Calls `programIsInvisible`, on the calling thread of isText(), once for each queried process
+    /// that never reported a focus.
     FocusTracker(const QDBusConnection& session, std::function<void()> programIsInvisible);
     ~FocusTracker() override;
 
-    /// Follows the focus from now on, until stop(): programs report their focus only while a client
-    /// listens. On the thread that made it.
+    /// Tracks the focus until stop(): programs report their focus only while a client listens. Call
+    /// on the thread that created this object.
     void start();
     void stop();
 
-    /// Asks the element for its role, and relies on what it was if that takes longer than 40 ms.
-    /// Any thread.
+    /// Queries the element's role, and uses its last known role if that takes longer than 40 ms.
+    /// Thread-safe.
     bool isText() override;
 
-    /// The process whose window is active: a focus elsewhere does not count. Any thread.
+    /// Sets the process of the active window; a focus in other processes is ignored. Thread-safe.
     void setProcess(std::optional<pid_t> process);
 
   private:
@@ -44,7 +44,7 @@ class FocusTracker : public FocusedElement {
 
     /// An element of a program on the accessibility bus.
     struct Element {
-        QString connection; ///< the name of this program's connection to the bus
+        QString connection; ///< name of our own connection to the bus
         QString service;
         QString path;
         pid_t process = 0;
@@ -59,13 +59,14 @@ class FocusTracker : public FocusedElement {
     QThread m_thread;
     std::unique_ptr<Listener> m_listener; ///< lives on the thread
 
-    std::mutex m_mutex; ///< guards what follows
+    std::mutex m_mutex; ///< guards the members below
     std::optional<Element> m_focused;
-    bool m_showsFiles = false; ///< the focused element, as its role was last
-    std::optional<std::chrono::steady_clock::time_point> m_lost; ///< when it reported to lose it
+    bool m_showsFiles = false; ///< by the focused element's last known role
+    std::optional<std::chrono::steady_clock::time_point>
+        m_lost; ///< when it reported losing the focus
     std::optional<pid_t> m_process;
-    std::set<pid_t> m_visible;   ///< have shown a focus
-    std::set<pid_t> m_invisible; ///< were reported
+    std::set<pid_t> m_visible;   ///< processes that reported a focus
+    std::set<pid_t> m_invisible; ///< processes passed to m_programIsInvisible
 };
 
 } // namespace vexmoor

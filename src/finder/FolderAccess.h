@@ -10,8 +10,7 @@
 #include <functional>
 #include <map>
 
-// Whether the user's folders can be read. On systems that protect them, looking makes the system
-// ask.
+// Whether the user's folders are readable. Systems that protect them ask the user on access.
 
 namespace vexmoor::FolderAccess {
 
@@ -19,21 +18,21 @@ enum class Folder { desktop, documents, downloads };
 inline constexpr std::array kAllFolders{Folder::desktop, Folder::documents, Folder::downloads};
 inline constexpr const char* kAskedKey = "folderAccessAsked";
 
-/// "desktop", "documents", "downloads".
+/// Returns "desktop", "documents" or "downloads".
 [[nodiscard]] const char* toRawValue(Folder folder);
 
-/// The folder of the user's own, as the XDG user directories name it.
+/// Returns the user's folder according to the XDG user directories.
 [[nodiscard]] Path pathOf(Folder folder);
 
 using Readable = std::map<Folder, bool>;
 
-/// Lists the folders one after another on `background` and answers on `main`, once. Records in the
-/// defaults that it looked.
+/// Lists the folders one after another on `background` and calls `completion` once on `main`.
+/// Records in the defaults that the folders were probed.
 void probe(UserDefaults& defaults, Executor& background, Executor& main,
            std::function<void(const Readable&)> completion);
 
-/// Shows the folder's properties, with its permissions, in the file manager. Where no file manager
-/// answers, the folder that holds it is opened instead.
+/// Shows the folder's properties with its permissions in the file manager. Opens its parent folder
+/// if no file manager supports that.
 void openSettings(Folder folder);
 
 } // namespace vexmoor::FolderAccess

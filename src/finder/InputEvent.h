@@ -5,8 +5,8 @@
 
 namespace vexmoor {
 
-/// One key press or mouse press of the session, in the numbers of the Quartz event services, so
-/// that the decisions about it are the same on every system.
+/// A key press or button press of the session, with the constants of the Quartz event services, so
+/// that the decisions are the same on every system.
 struct InputEvent {
     enum class Type : std::uint32_t {
         leftMouseDown = 1,
@@ -18,7 +18,7 @@ struct InputEvent {
     };
     static constexpr std::int64_t kBackspace = 51;
     static constexpr std::int64_t kZ = 6;
-    static constexpr std::int64_t kOtherKey = 0xFFFF; ///< one that no decision depends on
+    static constexpr std::int64_t kOtherKey = 0xFFFF; ///< any key that no decision depends on
 
     static constexpr std::uint64_t kShift = 0x20000;
     static constexpr std::uint64_t kControl = 0x40000;
@@ -30,9 +30,9 @@ struct InputEvent {
     std::int64_t keyCode = kOtherKey;
     std::uint64_t flags = 0;
     bool isRepeat = false;
-    std::string characters{}; ///< of the key without modifiers
-    /// False if the event goes to its application whatever is decided: the file manager itself
-    /// binds the key, or the key is not captured.
+    std::string characters{}; ///< the key's characters without modifiers
+    /// False if the event goes to its application in any case: the file manager binds the key
+    /// itself, or the key is not captured.
     bool canBeSwallowed = true;
 
     bool operator==(const InputEvent&) const = default;

@@ -18,32 +18,32 @@ namespace vexmoor {
 
 class Automation;
 
-/// What FinderHotkey needs of the session's window system, as one.
+/// Bundles what FinderHotkey needs from the session's window system.
 class KeyCapture {
   public:
-    /// Called on a thread of the capture, apart from `main` and the automation.
+    /// The callbacks run on threads of the capture.
     struct Parts {
         QDBusConnection session;
         Executor& main;
         Automation& automation;
-        /// Whether the file manager's process binds the key itself.
+        /// True if the file manager's process binds the key itself.
         std::function<bool(const FileManager&, std::optional<pid_t>)> bindsKeyItself;
-        std::function<void()> keyIsHeld;          ///< by another program
-        std::function<void()> programIsInvisible; ///< the file manager reports no focus
+        std::function<void()> keyIsHeld;          ///< another program has grabbed the key
+        std::function<void()> programIsInvisible; ///< the file manager does not report its focus
     };
 
-    /// For the session that the program runs in. Parts outlive it.
+    /// Returns the capture for the current session. The parts must outlive it.
     static std::unique_ptr<KeyCapture> forSession(Parts parts);
 
     virtual ~KeyCapture() = default;
 
-    /// False if the session lets no program see another's keys, as under Wayland.
+    /// False if programs cannot capture other programs' keys in this session, as under Wayland.
     [[nodiscard]] virtual bool isPossible() const = 0;
     virtual EventTap& tap() = 0;
     virtual Workspace& workspace() = 0;
     virtual FocusedElement& focus() = 0;
     virtual FinderSelection& selection() = 0;
-    /// Asks again who binds the key.
+    /// Determines again which file managers bind the key themselves.
     virtual void refresh() = 0;
 };
 

@@ -8,20 +8,20 @@ namespace vexmoor {
 using ProcessTime = std::chrono::system_clock::time_point;
 
 enum class AcceleratorStatus {
-    unsupported, ///< this file manager, or this version of it, has no accelerator for our entry
+    unsupported, ///< this file manager or version does not support an accelerator for our entry
     notInstalled,
     installed,
-    otherKey, ///< the user gave our entry another key, or took the key away; it is kept
-    taken,    ///< the user bound Ctrl+Backspace to something else there; it is left
+    otherKey, ///< the user chose or removed another key for our entry; it is kept
+    taken,    ///< the user bound Ctrl+Backspace to another action; it is kept
 };
 
-/// Since when the accelerator stands in the file manager's configuration: decides for each of its
-/// processes. Plain data, for any thread.
+/// When the accelerator was installed in the file manager's configuration. Used to decide for each
+/// of its processes. Thread-safe.
 struct AcceleratorValidity {
     std::optional<ProcessTime> since; ///< nullopt if it is not installed
-    bool needsRestart = true;         ///< false: running processes notice the change
+    bool needsRestart = true;         ///< false if running processes notice the change
 
-    /// Whether a process of the file manager that started then has our accelerator.
+    /// True if a file manager process started at that time has our accelerator.
     [[nodiscard]] bool isEffectiveFor(ProcessTime processStart) const {
         return since && (!needsRestart || processStart > *since);
     }

@@ -71,7 +71,7 @@ AcceleratorValidity AcceleratorFile::validity() const {
     return {ProcessTime(duration_cast<ProcessTime::duration>(time)), m_needsRestart};
 }
 
-/// Of a missing file, its blank text.
+/// Returns the blank text if the file is missing.
 Result<std::string> AcceleratorFile::read(const Part& part) {
     auto text = readWholeFile(part.file);
     std::error_code code;

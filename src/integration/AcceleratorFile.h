@@ -10,29 +10,29 @@
 
 namespace vexmoor {
 
-/// Ctrl+Backspace on our menu entry, in the configuration of one file manager. Changes nothing but
-/// our own binding; a file that cannot be read, or read as what it should be, is left alone. Blocks
-/// on file access; one thread at a time.
+/// The Ctrl+Backspace binding of our menu entry in a file manager's configuration. Changes only our
+/// own binding, and leaves a file alone that cannot be read or parsed. Blocks on file access; not
+/// thread-safe.
 class AcceleratorFile {
   public:
-    /// `needsRestart`: only a new process of the file manager notices a change.
+    /// `needsRestart`: only new processes of the file manager notice a change.
     AcceleratorFile(Path file, std::unique_ptr<AcceleratorText> text, bool needsRestart);
 
-    /// Another file without which the binding has no effect.
+    /// Adds another file that the binding needs.
     void alsoNeeds(Path file, std::unique_ptr<AcceleratorText> text);
 
     [[nodiscard]] const Path& file() const { return m_parts.back().file; }
 
-    /// Fails if the file cannot be read or, with `bad_message`, is not such a file.
+    /// Fails if the file cannot be read, or with `bad_message` if it cannot be parsed.
     [[nodiscard]] Result<AcceleratorStatus> status() const;
 
-    /// Does nothing unless the status is `notInstalled`.
+    /// Adds our binding if the status is `notInstalled`; otherwise does nothing.
     Result<void> install(CreatedPaths& created) const;
 
-    /// Takes our binding away; a key that the user gave our entry stays.
+    /// Removes our binding; keeps a key that the user chose for our entry.
     Result<void> remove(CreatedPaths& created) const;
 
-    /// nullopt in it if the file cannot be seen.
+    /// Returns a validity without `since` if the file cannot be read.
     [[nodiscard]] AcceleratorValidity validity() const;
 
   private:
@@ -44,7 +44,7 @@ class AcceleratorFile {
     static Result<void> installIn(const Part& part, CreatedPaths& created);
     static Result<void> removeFrom(const Part& part, CreatedPaths& created);
 
-    std::vector<Part> m_parts; ///< the binding's own last
+    std::vector<Part> m_parts; ///< the file of the binding is last
     bool m_needsRestart;
 };
 

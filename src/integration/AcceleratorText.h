@@ -11,40 +11,41 @@
 
 namespace vexmoor {
 
-/// The text of one form of configuration file, in which a binding can be ours. Pure functions of
-/// the text; what is not ours keeps every byte.
+/// The text of one format of configuration file that may contain our binding. Its functions depend
+/// only on the text and keep all other bytes.
 class AcceleratorText {
   public:
     virtual ~AcceleratorText() = default;
 
-    /// nullopt if the text is not such a file's.
+    /// Returns nullopt if the text is not in this format.
     [[nodiscard]] virtual std::optional<AcceleratorStatus>
     status(const std::string& text) const = 0;
 
-    /// The text with our binding, for one whose status is `notInstalled`.
+    /// Returns the text with our binding. The status must be `notInstalled`.
     [[nodiscard]] virtual std::string with(const std::string& text) const = 0;
 
-    /// The text without our binding of Ctrl+Backspace, whatever its status.
+    /// Returns the text without our Ctrl+Backspace binding, for any status.
     [[nodiscard]] virtual std::string without(const std::string& text) const = 0;
 
-    /// The text of a file that binds nothing, to begin with if there is no file.
+    /// Returns the text of a file without bindings, used to create a missing file.
     [[nodiscard]] virtual std::string blank() const { return {}; }
 };
 
-/// Whether it names Ctrl+Backspace and no more, in any of GTK's spellings: "<Control>BackSpace",
+/// True if the text is exactly Ctrl+Backspace, in any of GTK's spellings: "<Control>BackSpace",
 /// "<Primary>BackSpace", "<ctrl>backspace".
 bool isCtrlBackspace(std::string_view gtkAccelerator);
 
-/// A binding in a file: to what, and whether that is our menu entry.
+/// A binding in a file.
 struct Binding {
     bool isOurs = false;
     bool isCtrlBackspace = false;
 };
 
-/// Another's Ctrl+Backspace counts before ours, and a key of our entry's own before both.
+/// Combines bindings: another key on our entry has precedence, then another entry's Ctrl+Backspace,
+/// then our binding.
 AcceleratorStatus statusOf(const std::vector<Binding>& bindings);
 
-/// The lines of a text, each with its line break.
+/// Splits the text into lines that keep their line breaks.
 std::vector<std::string_view> linesOf(std::string_view text);
 
 } // namespace vexmoor

@@ -41,7 +41,8 @@ Result<void> CreatedPaths::makeFolders(const Path& folder) {
     if (!made || missing.empty())
         return made;
     for (const auto& path : missing)
-        if (!m_file.native().starts_with(path.native() + "/")) // the record lies in it
+        if (!m_file.native().starts_with(path.native() +
+                                         "/")) // the record itself is in that folder
             m_paths.insert(path.native());
     save();
     return made;
@@ -63,7 +64,7 @@ bool CreatedPaths::contains(const Path& file) const {
 
 void CreatedPaths::removeEmptyFolders() {
     bool isChanged = false;
-    for (auto path = m_paths.rbegin(); path != m_paths.rend();) { // those inside come first
+    for (auto path = m_paths.rbegin(); path != m_paths.rend();) { // inner folders first
         const bool isGone = ::rmdir(path->c_str()) == 0 || ::access(path->c_str(), F_OK) != 0;
         isChanged |= isGone;
         path = isGone ? decltype(path)(m_paths.erase(std::next(path).base())) : std::next(path);
@@ -75,7 +76,7 @@ void CreatedPaths::removeEmptyFolders() {
 void CreatedPaths::save() const {
     if (m_paths.empty()) {
         ::unlink(m_file.c_str());
-        ::rmdir(m_file.parent_path().c_str()); // it stays if anything of ours is in it
+        ::rmdir(m_file.parent_path().c_str()); // fails if the folder is not empty
         return;
     }
     std::string text;

@@ -8,22 +8,21 @@
 
 namespace vexmoor {
 
-/// The record of the folders and shared files that we created, so that they can be removed when
-/// they are empty again, and those that were there before cannot. It is a file of URIs beside the
-/// database. A lost record leaves an empty file or folder behind, nothing worse, so that failures
-/// to write it are not reported.
+/// Records the folders and shared files that we created, so that only those are removed when they
+/// are empty again. Stored as a file of URIs beside the database. Write failures are not reported,
+/// since a lost record leaves only an empty file or folder behind.
 class CreatedPaths {
   public:
     explicit CreatedPaths(const UserDirectories& directories);
 
-    /// Makes the folder and those above it that are missing.
+    /// Creates the folder and its missing parents.
     Result<void> makeFolders(const Path& folder);
 
     void add(const Path& file);
     void forget(const Path& file);
     [[nodiscard]] bool contains(const Path& file) const;
 
-    /// Removes those of our folders that are empty.
+    /// Removes our folders that are empty.
     void removeEmptyFolders();
 
   private:

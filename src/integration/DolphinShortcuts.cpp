@@ -29,7 +29,7 @@ std::string ownBlock() {
     return std::string(kOpening) + inOwnLine() + std::string(kClosing);
 }
 
-/// Several keys are divided by "; ".
+/// True if our key is one of the keys, which "; " separates.
 bool hasOurKey(std::string_view shortcut) {
     const auto keys = lowercased(shortcut);
     std::string_view rest = keys;
@@ -45,7 +45,7 @@ bool hasOurKey(std::string_view shortcut) {
     return false;
 }
 
-/// The tags of a file of Dolphin's shortcuts.
+/// Returns the tags of a Dolphin shortcut file, or nullopt for any other text.
 std::optional<std::vector<XmlTag>> tagsOf(const std::string& text) {
     auto tags = xmlTags(text);
     if (!tags || tags->empty() || lowercased(tags->front().name) != "gui" ||
@@ -54,7 +54,7 @@ std::optional<std::vector<XmlTag>> tagsOf(const std::string& text) {
     return tags;
 }
 
-/// Where the user's shortcuts stand: those of the standard scheme, which may be named or not.
+/// Returns the element with the user's shortcuts: the standard scheme, named or unnamed.
 const XmlTag* propertiesIn(const std::vector<XmlTag>& tags) {
     const auto found = std::ranges::find_if(tags, [](const XmlTag& tag) {
         const auto scheme = tag.attribute("scheme").value_or("Default");
@@ -64,7 +64,7 @@ const XmlTag* propertiesIn(const std::vector<XmlTag>& tags) {
     return found == tags.end() ? nullptr : &*found;
 }
 
-/// Cuts the first occurrence out; false if there is none.
+/// Removes the first occurrence. Returns false if there is none.
 bool cut(std::string& text, std::string_view part, std::string_view replacement = {}) {
     const auto at = text.find(part);
     if (at == std::string::npos)
@@ -136,7 +136,7 @@ std::string DolphinShortcuts::without(const std::string& text) const {
     const auto tags = tagsOf(text);
     if (!tags)
         return text;
-    for (const auto& tag : *tags) // as Dolphin writes it
+    for (const auto& tag : *tags) // in the form in which Dolphin writes it
         if (tag.name == "Action" && tag.isEmpty && tag.attribute("name") == kAction &&
             lowercased(tag.attribute("shortcut").value_or("")) == lowercased(kKey)) {
             const auto begin = text.find_last_not_of(" \t\r\n", tag.begin - 1) + 1;
@@ -171,7 +171,7 @@ std::string DolphinProfile::with(const std::string& text) const {
     }
     if (isWritten)
         return result;
-    // Before the first group, where its own keys do not become another's.
+    // Insert before the first group, so that no key moves into another group.
     std::size_t at = 0;
     for (const auto line : linesOf(text)) {
         if (isGroup(line))

@@ -4,7 +4,7 @@
 
 namespace vexmoor {
 
-/// Dolphin's "dolphinui.rc": the user's own shortcuts, as properties of actions.
+/// Dolphin's "dolphinui.rc": the user's shortcuts as properties of actions.
 class DolphinShortcuts : public AcceleratorText {
   public:
     [[nodiscard]] std::optional<AcceleratorStatus> status(const std::string& text) const override;
@@ -13,9 +13,9 @@ class DolphinShortcuts : public AcceleratorText {
     [[nodiscard]] std::string blank() const override;
 };
 
-/// Dolphin's "dolphinrc": it discards the shortcuts of a profile that has no version yet.
-/// "installed" means that there is one. Dolphin drops comments when it writes the file, so a
-/// version below our comment is still ours alone.
+/// Dolphin's "dolphinrc". Dolphin discards the shortcuts of a profile without a version;
+/// "installed" means that there is a version. Dolphin drops comments when it writes the file, so a
+/// version below our comment was written by us only.
 class DolphinProfile : public AcceleratorText {
   public:
     [[nodiscard]] std::optional<AcceleratorStatus> status(const std::string& text) const override;

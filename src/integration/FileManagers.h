@@ -6,33 +6,33 @@
 
 namespace vexmoor {
 
-/// The form in which a file manager takes an entry for its context menu. Two file managers with the
-/// same form read the same file.
+/// The format of a file manager's context menu entry. File managers with the same format read the
+/// same file.
 enum class MenuEntryKind {
-    none, ///< it has no menu that hands over every name safely
+    none, ///< has no menu that passes every name safely
     nautilusScript,
     cajaScript,
-    nemoAction, ///< or a script, where only scripts can carry a key
+    nemoAction, ///< or a script, in versions where only scripts support accelerators
     thunarAction,
     kioServiceMenu,
-    desktopAction, ///< DES-EMA
+    desktopAction, ///< the DES-EMA format
 };
 
-/// How the file manager's own configuration binds Ctrl+Backspace to our menu entry.
+/// The configuration in which the file manager binds Ctrl+Backspace to our menu entry.
 enum class AcceleratorKind {
-    none, ///< the key can only be captured on X11
+    none, ///< the key can only be captured, on X11
     nautilus,
     nemo,
     thunar,
     dolphin,
 };
 
-/// What is known of one file manager. All views are of static storage.
+/// The properties of one file manager. All views refer to static storage.
 struct FileManager {
     std::string_view id;                             ///< "pcmanfm-qt"
     std::string_view title;                          ///< "PCManFM-Qt"
     std::span<const std::string_view> programs;      ///< names of its executable
-    std::span<const std::string_view> windowClasses; ///< the class part of WM_CLASS, exact
+    std::span<const std::string_view> windowClasses; ///< class part of WM_CLASS, exact match
     MenuEntryKind menuEntry = MenuEntryKind::none;
     AcceleratorKind accelerator = AcceleratorKind::none;
 };
@@ -65,7 +65,7 @@ inline constexpr std::array kSpacefmClasses{View("Spacefm"), View("spacefm")};
 
 } // namespace fileManagerNames
 
-/// All that we know, in the order of showing.
+/// All supported file managers, in display order.
 inline constexpr std::array kFileManagers{
     FileManager{"thunar", "Thunar", fileManagerNames::kThunarPrograms,
                 fileManagerNames::kThunarClasses, MenuEntryKind::thunarAction,
@@ -75,7 +75,7 @@ inline constexpr std::array kFileManagers{
                 AcceleratorKind::nautilus},
     FileManager{"nemo", "Nemo", fileManagerNames::kNemoPrograms, fileManagerNames::kNemoClasses,
                 MenuEntryKind::nemoAction, AcceleratorKind::nemo},
-    // Its key would fire in text fields too.
+    // Caja's accelerator would also fire in text fields.
     FileManager{"caja", "Caja", fileManagerNames::kCajaPrograms, fileManagerNames::kCajaClasses,
                 MenuEntryKind::cajaScript},
     FileManager{"pcmanfm", "PCManFM", fileManagerNames::kPcmanfmPrograms,
@@ -85,18 +85,18 @@ inline constexpr std::array kFileManagers{
     FileManager{"dolphin", "Dolphin", fileManagerNames::kDolphinPrograms,
                 fileManagerNames::kDolphinClasses, MenuEntryKind::kioServiceMenu,
                 AcceleratorKind::dolphin},
-    // Its user actions drop newlines from names; the service menu hands names over whole.
+    // Krusader's user actions drop newlines from names; service menus pass names unchanged.
     FileManager{"krusader", "Krusader", fileManagerNames::kKrusaderPrograms,
                 fileManagerNames::kKrusaderClasses, MenuEntryKind::kioServiceMenu},
     FileManager{"spacefm", "SpaceFM", fileManagerNames::kSpacefmPrograms,
                 fileManagerNames::kSpacefmClasses},
 };
 
-/// The file manager whose windows have this class; nullptr if none of ours. Any thread; neither
-/// allocates nor asks the system.
+/// Returns the file manager with that window class, or nullptr. Thread-safe; neither allocates nor
+/// makes system calls.
 const FileManager* fileManagerOfWindowClass(std::string_view windowClass);
 
-/// nullptr if there is no file manager of that id.
+/// Returns the file manager with that id, or nullptr.
 const FileManager* fileManagerWithId(std::string_view id);
 
 } // namespace vexmoor

@@ -100,8 +100,7 @@ Result<void> IntegrationFile::removeShared(CreatedPaths& created) const {
     return {};
 }
 
-/// What the system's administrator or distribution gave the user to begin with: a file of the
-/// user's own hides it.
+/// Returns the text of the system-wide file, which the user's own file would hide.
 std::string IntegrationFile::textToBeginWith() const {
     std::string_view rest = m_configDirs.empty() ? std::string_view("/etc/xdg") : m_configDirs;
     while (!rest.empty()) {
@@ -129,13 +128,14 @@ Result<IntegrationStatus> IntegrationFile::sharedStatus() const {
     const auto command = actions->command();
     if (!command)
         return IntegrationStatus::notInstalled;
-    // Thunar rewrites the file, and its user may have given the action another name or icon.
+    // Compare only the command, because Thunar rewrites the file and the user may have changed name
+    // and icon.
     return *command == ThunarActions::commandOf(m_integration.content)
                ? IntegrationStatus::installed
                : IntegrationStatus::differs;
 }
 
-/// Empty where there is no file.
+/// Returns an empty text if the file is missing.
 Result<std::string> IntegrationFile::sharedText() const {
     auto text = readWholeFile(m_integration.file);
     if (!text && isMissing(text.error()))

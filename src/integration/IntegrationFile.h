@@ -9,28 +9,27 @@ namespace vexmoor {
 enum class IntegrationStatus {
     notInstalled,
     installed,
-    differs, ///< ours, but of another version or for another program
-    notOurs, ///< another file lies there
+    differs, ///< ours, but from another version or for another program
+    notOurs, ///< another program's file has the name
 };
 
-/// An integration on the disk. Files that are not ours, and what others wrote into a shared file,
-/// stay as they are; files are replaced whole or not at all.
+/// An integration on the disk. Keeps files that are not ours and foreign content of shared files.
+/// Files are replaced atomically.
 class IntegrationFile {
   public:
-    /// `configDirs`: XDG_CONFIG_DIRS, where the files are that the user's own hide.
+    /// `configDirs`: XDG_CONFIG_DIRS, the folders of system-wide files that the user's file hides.
     IntegrationFile(Integration integration, std::string configDirs)
         : m_integration(std::move(integration)), m_configDirs(std::move(configDirs)) {}
 
     [[nodiscard]] const Path& file() const { return m_integration.file; }
 
-    /// Fails where the file cannot be read or, a shared one, cannot be understood.
+    /// Fails if the file cannot be read, or if a shared file cannot be parsed.
     [[nodiscard]] Result<IntegrationStatus> status() const;
 
-    /// Fails with `file_exists` where the file is not ours.
+    /// Fails with `file_exists` if the file is not ours.
     Result<void> install(CreatedPaths& created) const;
 
-    /// Does nothing if it is not installed; fails with `file_exists` where the file is not
-    /// ours.
+    /// Does nothing if it is not installed. Fails with `file_exists` if the file is not ours.
     Result<void> remove(CreatedPaths& created) const;
 
   private:

@@ -18,8 +18,8 @@ std::string mark() {
     return "# " + std::string(kIntegrationMark) + ", which replaces and removes it.\n";
 }
 
-/// Nautilus and Caja name the selection in a variable, a URI a line, so that no name is mistaken
-/// for two or for an option; older ones only as arguments.
+/// Nautilus and Caja pass the selection in a variable with one URI per line, so that no name is
+/// split or taken as an option; older versions pass it only as arguments.
 std::string script(const Path& program, const std::string& variable) {
     return "#!/bin/sh\n" + mark() + "if [ -n \"$" + variable +
            "\" ]; then\n"
@@ -34,8 +34,8 @@ std::string script(const Path& program, const std::string& variable) {
            shellQuoted(program.native()) + " feed --from-menu -- \"$@\"\n";
 }
 
-/// Nemo puts paths into the command without quoting them in all its versions; URIs between double
-/// quotes are safe in all of them.
+/// Some versions of Nemo insert paths into the command without quoting; URIs in double quotes are
+/// safe in all versions.
 std::string nemoAction(const Path& program) {
     return mark() + "[Nemo Action]\nActive=true\nName=" + kMenuTitle + "\nComment=" + kComment +
            "\nExec=" + keyFileEscaped(percentDoubled(shellQuoted(program.native()))) +
@@ -63,7 +63,7 @@ std::string serviceMenu(const Path& program) {
            " feed --from-menu -- %F\n";
 }
 
-/// The file managers' own standard for actions (DES-EMA).
+/// The file managers' common standard for actions (DES-EMA).
 std::string desktopAction(const Path& program) {
     return mark() + "[Desktop Entry]\nType=Action\nName=" + kMenuTitle + "\nTooltip=" + kComment +
            "\nIcon=" + kIcon +
@@ -118,7 +118,7 @@ std::optional<Integration> menuEntry(MenuEntryKind kind, const IntegrationContex
         return Integration{data / "nemo/actions" / kNemoActionFile, nemoAction(program)};
     case MenuEntryKind::thunarAction:
         return Integration{config / "Thunar/uca.xml", thunarAction(program), Kind::thunarAction};
-    case MenuEntryKind::kioServiceMenu: // elsewhere than in /usr it must be a program
+    case MenuEntryKind::kioServiceMenu: // outside /usr the file must be executable
         return Integration{data / "kio/servicemenus/vexmoor-feed.desktop", serviceMenu(program),
                            Kind::ownProgramFile};
     case MenuEntryKind::desktopAction:

@@ -9,49 +9,52 @@
 
 namespace vexmoor {
 
-/// What the integration is done with: where the user's files lie and which programs there are.
+/// The environment of the integrations: the user's folders and the installed programs.
 struct IntegrationContext {
     UserDirectories directories;
-    Path program;                       ///< the command line, as menus call it; absolute
-    std::optional<Path> desktopProgram; ///< nullopt: there is none to start with the session
-    std::string searchPath;             ///< PATH, where file managers are looked for
-    std::string configDirs;             ///< XDG_CONFIG_DIRS
+    Path program; ///< absolute path of the command line program, which menus call
+    std::optional<Path>
+        desktopProgram;     ///< nullopt if there is no desktop program to start with the session
+    std::string searchPath; ///< PATH, searched for file managers
+    std::string configDirs; ///< XDG_CONFIG_DIRS
 
-    /// Of the running process, which may be either program. Reads the environment: main thread.
+    /// Returns the context of the current process, of either program. Reads the environment: main
+    /// thread only.
     static IntegrationContext ofProcess();
 
-    /// Whether the programs' paths can be written into files of all the forms that there are: they
-    /// are absolute, UTF-8, and have no control characters. Nothing is installed without that.
+    /// True if the programs' paths are safe in every file format: absolute, UTF-8 and free of
+    /// control characters. Otherwise nothing is installed.
     [[nodiscard]] bool canBeWritten() const;
 };
 
-/// One way in which the desktop calls this program: a file of its own, or an action in a file that
-/// is shared with the user's.
+/// One way for the desktop to start this program: a file of its own, or an action in a file shared
+/// with the user.
 struct Integration {
     enum class Kind { ownFile, ownProgramFile, thunarAction };
 
     Path file;
-    std::string content; ///< of the file or, of an action, its element
+    std::string content; ///< the file's text, or the action's element
     Kind kind = Kind::ownFile;
-    bool isAvailable = true; ///< false: what it starts is not here, so it can only be removed
+    bool isAvailable =
+        true; ///< false if the program to start is missing; then it can only be removed
 };
 
-/// The entry of the file manager's menu; nullopt for MenuEntryKind::none.
+/// Returns the menu entry in that format; nullopt for MenuEntryKind::none.
 std::optional<Integration> menuEntry(MenuEntryKind kind, const IntegrationContext& context);
 
-/// Nemo's entry as a script, which can carry a key in all of its versions.
+/// Returns Nemo's entry as a script, which supports an accelerator in all versions.
 Integration nemoScript(const IntegrationContext& context);
 
-/// Starts the desktop program with the session.
+/// Returns the entry that starts the desktop program with the session.
 Integration autostart(const IntegrationContext& context);
 
-/// Stands in every file that this program writes and marks it as such.
+/// Marks each file that this program writes.
 inline constexpr const char* kIntegrationMark = "Written by \"vexmoor integrate\"";
 
-/// The entry's title, which is the name of a script too.
+/// The entry's title and the file name of scripts.
 inline constexpr const char* kMenuTitle = "Feed to Vexmoor";
 
-/// The name of the file of Nemo's action.
+/// The file name of Nemo's action.
 inline constexpr const char* kNemoActionFile = "vexmoor-feed.nemo_action";
 
 } // namespace vexmoor

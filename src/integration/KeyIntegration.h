@@ -6,23 +6,22 @@
 
 namespace vexmoor {
 
-/// Ctrl+Backspace in all file managers that are installed, for the desktop program. Every call
-/// looks at the files and at the running processes again, may ask a file manager for its version,
-/// and so takes up to seconds: for a worker thread. Uses no globals; one thread at a time.
+/// Manages the Ctrl+Backspace binding in all installed file managers for the desktop program. Each
+/// call reads the files and the running processes again and may run a file manager to get its
+/// version, which can take seconds; call it on a worker thread. Uses no globals; not thread-safe.
 class KeyIntegration {
   public:
     explicit KeyIntegration(IntegrationContext context) : m_context(std::move(context)) {}
 
     [[nodiscard]] std::vector<KeyState> status() const;
 
-    /// Installs the key where it is supported and free, and the menu entry that it calls if that is
-    /// missing.
+    /// Installs the binding where it is supported and free, and the menu entry that it calls.
     [[nodiscard]] std::vector<KeyState> install() const;
 
-    /// Takes the key away. Menu entries stay.
+    /// Removes the bindings; keeps the menu entries.
     [[nodiscard]] std::vector<KeyState> remove() const;
 
-    /// Whether the menu of an installed file manager has our entry.
+    /// True if an installed file manager's menu has our entry.
     [[nodiscard]] bool hasMenuEntry() const;
 
   private:

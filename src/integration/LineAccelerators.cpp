@@ -15,7 +15,7 @@ std::string_view trimmed(std::string_view text) {
                : text.substr(first, text.find_last_not_of(kSpace) - first + 1);
 }
 
-/// Takes a string between double quotes from the front, after white space.
+/// Removes a double-quoted string and preceding white space from the front and returns the string.
 std::optional<std::string> takeString(std::string_view& text) {
     text = trimmed(text);
     if (!text.starts_with('"'))
@@ -44,7 +44,7 @@ std::string stringOf(std::string_view value) {
     return text + "\"";
 }
 
-/// GLib's URI of a file, which leaves more characters as they are than ours.
+/// Returns the URI that GLib uses for a file; it escapes fewer characters than fileUri().
 std::string glibFileUri(const Path& file) {
     constexpr std::string_view kPlain = "!$&'()*+,-./:=@_~";
     std::string uri = "file://";

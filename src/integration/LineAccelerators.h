@@ -4,9 +4,8 @@
 
 namespace vexmoor {
 
-/// A file of one binding a line. Our line becomes the first one: so a last line without its line
-/// break stays as it is, and ours is read even where a reader stops at a line that it does not
-/// understand.
+/// A file with one binding per line. Our line is inserted first: a last line without a line break
+/// stays unchanged, and readers that stop at an invalid line still read ours.
 class LineAccelerators : public AcceleratorText {
   public:
     [[nodiscard]] std::optional<AcceleratorStatus> status(const std::string& text) const override;
@@ -14,7 +13,7 @@ class LineAccelerators : public AcceleratorText {
     [[nodiscard]] std::string without(const std::string& text) const override;
 
   protected:
-    /// What the line binds; nullopt for a comment or anything else.
+    /// Returns the line's binding, or nullopt for a comment or any other line.
     [[nodiscard]] virtual std::optional<Binding> bindingIn(std::string_view line) const = 0;
     [[nodiscard]] virtual std::string ourLine() const = 0;
 };
@@ -32,13 +31,13 @@ class ScriptAccelerators : public LineAccelerators {
     std::string m_script;
 };
 
-/// GTK's accelerator map, as Thunar and Nemo keep it:
-/// (gtk_accel_path "<Actions>/…" "<Primary>BackSpace"). A comment states a default, no binding.
+/// GTK's accelerator map, which Thunar and Nemo use: (gtk_accel_path "<Actions>/…"
+/// "<Primary>BackSpace"). A commented line is a default, not a binding.
 class AcceleratorMap : public LineAccelerators {
   public:
     explicit AcceleratorMap(std::string path) : m_path(std::move(path)) {}
 
-    /// The path of Nemo's action for a script.
+    /// Returns the accelerator path of Nemo's action for a script.
     static std::string pathOfNemoScript(const Path& script);
 
   protected:

@@ -26,7 +26,7 @@ std::optional<Path> programOf(const FileManager& manager, const std::string& sea
     return std::nullopt;
 }
 
-/// Whether the file is there and ours, of whatever version.
+/// True if the file exists and was written by any version of ours.
 bool isOurs(const IntegrationFile& file) {
     const auto status = file.status();
     return status &&
@@ -118,13 +118,14 @@ Result<void> ManagerIntegration::installKey(CreatedPaths& created) const {
         return {};
     const bool isNemo = m_manager.accelerator == AcceleratorKind::nemo;
     const bool usesScript = isNemo && file.validity().needsRestart;
-    if (isNemo && !usesScript && hasNemoScript()) // Nemo was updated
+    if (isNemo && !usesScript &&
+        hasNemoScript()) // Nemo was updated to a version that supports actions
         if (auto done = removeNemoKeys(created); !done)
             return done;
     if (auto done = usesScript ? installNemoScript(created) : installMenu(created); !done)
         return done;
     auto done = file.install(created);
-    // Nemo reads its tree again when something changes in the folder of its actions.
+    // Touch the action file: Nemo reads its tree again when a file in the folder changes.
     if (done && isNemo && !usesScript)
         ::utimensat(AT_FDCWD, menu()->file().c_str(), nullptr, 0);
     return done;
@@ -141,7 +142,7 @@ Result<void> ManagerIntegration::removeKey(CreatedPaths& created) const {
     return removed;
 }
 
-/// One entry in the menu: the script takes the action's place.
+/// Installs the script and removes the action, so that the menu has one entry.
 Result<void> ManagerIntegration::installNemoScript(CreatedPaths& created) const {
     const auto script = nemoScriptFile();
     if (auto done = script.install(created); !done)
@@ -152,8 +153,8 @@ Result<void> ManagerIntegration::installNemoScript(CreatedPaths& created) const 
     return done;
 }
 
-/// Of both versions' forms, since Nemo may have been updated in the meantime. The action takes the
-/// place of the script, unless the user gave the script a key of their own.
+/// Removes the bindings of both formats, because Nemo may have been updated since. Replaces the
+/// script by the action, unless the user chose another key for the script.
 Result<void> ManagerIntegration::removeNemoKeys(CreatedPaths& created) const {
     for (const auto kind : {NemoKey::script, NemoKey::tree})
         if (auto done = nemoAccelerator(kind).remove(created); !done)
@@ -198,7 +199,7 @@ Result<std::optional<AcceleratorFile>> ManagerIntegration::accelerator() const {
     return Found();
 }
 
-/// An error if the file manager cannot be asked.
+/// Fails if the file manager does not report its version.
 Result<bool> ManagerIntegration::isAtLeast(int major, int minor) const {
     std::vector<std::string> environment = {"LC_ALL=C.UTF-8"};
     if (m_manager.accelerator == AcceleratorKind::dolphin)

@@ -10,42 +10,41 @@
 
 namespace vexmoor {
 
-/// The key of one file manager as it is now.
+/// The state of the key binding in one file manager.
 struct KeyState {
     const FileManager* manager = nullptr; ///< never null
     AcceleratorStatus status = AcceleratorStatus::unsupported;
-    Path file; ///< where the key is bound; empty if unsupported
-    /// Whether a running process of the file manager does not have the key yet: it works after the
-    /// next start.
+    Path file; ///< the file with the binding; empty if unsupported
+    /// True if a running process of the file manager lacks the key until its next start.
     bool waitsForRestart = false;
-    AcceleratorValidity validity; ///< for the decision about one process
+    AcceleratorValidity validity; ///< decides for one process
     std::optional<Error> error;   ///< why it could not be installed, removed or read
 };
 
-/// What one file manager has of us: the entry in its menu, and Ctrl+Backspace on that entry. Both
-/// are looked up again at every call, which may take seconds if the file manager is to report its
-/// version. One thread at a time.
+/// Manages our menu entry in one file manager and its Ctrl+Backspace binding. Each call reads the
+/// state again, which can take seconds if the file manager has to report its version. Not
+/// thread-safe.
 class ManagerIntegration {
   public:
-    /// Both must outlive it.
+    /// Both arguments must outlive this object.
     ManagerIntegration(const FileManager& manager, const IntegrationContext& context);
 
     [[nodiscard]] const FileManager& manager() const { return m_manager; }
 
-    /// Whether the file manager's program is on the search path.
+    /// True if the file manager's program is on the search path.
     [[nodiscard]] bool isInstalled() const { return m_program.has_value(); }
 
-    /// The entry of the menu; nullopt if there is no form of it for this file manager.
+    /// Returns the menu entry; nullopt if this file manager has no supported format.
     [[nodiscard]] std::optional<IntegrationFile> menu() const;
     Result<void> installMenu(CreatedPaths& created) const;
     Result<void> removeMenu(CreatedPaths& created) const;
 
     [[nodiscard]] KeyState key() const;
 
-    /// Installs the key if it is supported and free, and the entry that it calls.
+    /// Installs the binding if it is supported and free, and the entry that it calls.
     Result<void> installKey(CreatedPaths& created) const;
 
-    /// Takes the key away. The menu keeps its entry.
+    /// Removes the binding; keeps the menu entry.
     Result<void> removeKey(CreatedPaths& created) const;
 
   private:

@@ -13,9 +13,9 @@ using Json = nlohmann::ordered_json;
 constexpr const char* kTop = "toplevel";
 constexpr const char* kChildren = "children";
 constexpr const char* kKey = "accelerator";
-constexpr int kDeepest = 100; ///< levels of a document, for what walks over it by recursion
+constexpr int kDeepest = 100; ///< maximum nesting, because some functions recurse
 
-/// A null object if it is no such document.
+/// Returns a null value if the text is not such a document.
 Json parsed(const std::string& text) {
     bool isTooDeep = false;
     const auto look = [&](int depth, Json::parse_event_t, Json&) {
@@ -43,9 +43,9 @@ std::string textOf(const Json& item, const char* key) {
     return found != item.end() && found->is_string() ? found->get<std::string>() : "";
 }
 
-/// The place of the bracket that closes the array of the top level.
+/// Returns the position of the bracket that closes the top-level array.
 std::size_t endOfTopLevel(const std::string& text) {
-    std::string string; ///< the last one at the level of the document's keys
+    std::string string; ///< the last string at the level of the document's keys
     std::size_t depth = 0;
     bool isInTop = false;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -109,7 +109,8 @@ std::string NemoActionsTree::with(const std::string& text) const {
     if (isThere)
         return dumped(document, text);
     const auto end = endOfTopLevel(text);
-    if (end == std::string::npos) { // the key is written with escapes
+    if (end ==
+        std::string::npos) { // the key is written with escapes, so text search cannot find it
         document[kTop].push_back(Json::parse(entry()));
         return dumped(document, text);
     }

@@ -4,17 +4,17 @@
 
 namespace vexmoor {
 
-/// Nemo's "actions-tree.json": the order of its actions, with their names, icons and keys. Nemo
-/// appends actions that it does not name.
+/// Nemo's "actions-tree.json": the order of its actions, with names, icons and keys. Nemo appends
+/// actions that are missing there.
 class NemoActionsTree : public AcceleratorText {
   public:
-    /// `action` is the name of the action's file.
+    /// `action` is the file name of the action.
     explicit NemoActionsTree(std::string action) : m_action(std::move(action)) {}
 
     [[nodiscard]] std::optional<AcceleratorStatus> status(const std::string& text) const override;
 
-    /// Our entry becomes the last one of the top level; if our action is in the tree already, it
-    /// gets the key, and the document is written again in its order of keys.
+    /// Appends our entry to the top level. If our action is already in the tree, sets its key and
+    /// serializes the document in its order of keys.
     [[nodiscard]] std::string with(const std::string& text) const override;
     [[nodiscard]] std::string without(const std::string& text) const override;
     [[nodiscard]] std::string blank() const override;

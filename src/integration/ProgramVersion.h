@@ -19,12 +19,12 @@ struct ProgramVersion {
     auto operator<=>(const ProgramVersion&) const = default;
 };
 
-/// What "program --version" prints, the first "6.4" of its output. Fails if it prints none, ends
-/// with an error (most file managers need a display even for this), or does not end within `limit`.
+/// Runs "program --version" and returns the first version in its output. Fails if there is none, if
+/// the program fails (most file managers need a display even for this), or if it exceeds `limit`.
 Result<ProgramVersion> versionOf(const Path& program, const std::vector<std::string>& environment,
                                  std::chrono::milliseconds limit);
 
-/// The first version in a text: digits, a dot, digits.
+/// Returns the first version in a text: digits, a dot, digits.
 std::optional<ProgramVersion> firstVersionIn(std::string_view text);
 
 } // namespace vexmoor

@@ -22,7 +22,7 @@ std::string_view searchPath() {
     return variable != nullptr ? variable : "";
 }
 
-/// `program` by its name on the search path where that is the same file.
+/// Returns the program's path on the search path if that is the same file, otherwise `program`.
 Path asOnSearchPath(const Path& program) {
     std::error_code code;
     const auto found = programOnSearchPath(program.filename().native(), searchPath());

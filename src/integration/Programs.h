@@ -7,17 +7,18 @@
 
 namespace vexmoor {
 
-/// An executable file of that name in an absolute folder of the search path (PATH).
+/// Returns the executable of that name in the first absolute folder of the search path (PATH) that
+/// has it.
 std::optional<Path> programOnSearchPath(std::string_view name, std::string_view searchPath);
 
-/// The path by which this program is best called from elsewhere: that of the search path where it
-/// leads here, since it outlives an update; else its own.
+/// Returns the best path to start this program again: its path on the search path if that is the
+/// same file, because it survives updates, otherwise its own.
 Path ownProgram();
 
-/// The command line: this program itself, or the one installed beside the desktop application.
+/// Returns the command line program: this one, or the one installed beside the desktop program.
 Path commandLineProgram();
 
-/// The desktop application: the one installed beside this program, else that of the search path.
+/// Returns the desktop program: the one beside this program, otherwise the one on the search path.
 std::optional<Path> desktopProgram();
 
 } // namespace vexmoor

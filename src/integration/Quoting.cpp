@@ -14,7 +14,7 @@ bool isPlain(std::string_view word) {
     });
 }
 
-/// Puts `escape` before each of the characters.
+/// Inserts `escape` before each of the characters.
 std::string escaped(std::string_view text, std::string_view characters, char escape) {
     std::string result;
     for (const char c : text) {

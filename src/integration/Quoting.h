@@ -5,23 +5,22 @@
 
 namespace vexmoor {
 
-// One word of a command, written so that it comes out as it is. A word of plain characters stays
-// itself.
+// These functions quote one word of a command. A word of plain characters stays unchanged.
 
-/// For a POSIX shell, and for GLib's splitting of command lines.
+/// Quotes for a POSIX shell and for GLib's command line parser.
 std::string shellQuoted(std::string_view word);
 
-/// For the `Exec` of a desktop entry: its own quotes, doubled "%", and the escapes that any text of
-/// such a file needs.
+/// Quotes for a desktop entry's `Exec`: its own quotes, doubled "%", and the escapes of key file
+/// values.
 std::string desktopExecQuoted(std::string_view word);
 
-/// A text as the value of a key in a desktop entry or key file.
+/// Escapes a value in a desktop entry or key file.
 std::string keyFileEscaped(std::string_view text);
 
-/// A text as the content of an XML element.
+/// Escapes the content of an XML element.
 std::string xmlEscaped(std::string_view text);
 
-/// Every "%" doubled, for commands in which it begins a field.
+/// Doubles each "%", for commands in which it starts a field code.
 std::string percentDoubled(std::string_view text);
 
 } // namespace vexmoor

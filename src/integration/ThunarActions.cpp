@@ -28,7 +28,7 @@ std::string_view between(std::string_view text, std::string_view opening,
 
 } // namespace
 
-/// Looks for our action and for the end of the root.
+/// Finds our action and the end of the root element.
 std::optional<ThunarActions> ThunarActions::parse(std::string text) {
     ThunarActions actions;
     actions.m_text = std::move(text);

@@ -6,29 +6,29 @@
 
 namespace vexmoor {
 
-/// The identifier of our action among Thunar's custom actions.
+/// The identifier of our action in Thunar's custom actions.
 inline constexpr const char* kThunarActionId = "vexmoor-feed";
 
-/// A file with no action.
+/// A file without actions.
 inline constexpr const char* kNoThunarActions =
     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<actions>\n</actions>\n";
 
-/// The text of a uca.xml, in which one action may be ours. All else keeps every byte.
+/// The text of a uca.xml file, which may contain our action. Keeps all other bytes.
 class ThunarActions {
   public:
-    /// nullopt if the text is not the XML of such a file.
+    /// Returns nullopt if the text is not such an XML file.
     static std::optional<ThunarActions> parse(std::string text);
 
-    /// The command of our action as it stands there, escapes and all; nullopt if there is none.
+    /// Returns our action's command as written, with escapes; nullopt if there is none.
     [[nodiscard]] std::optional<std::string_view> command() const;
 
-    /// The text with our action replaced by the element, or with the element as the last action.
+    /// Returns the text with our action replaced by the element, or with the element appended.
     [[nodiscard]] std::string with(std::string_view element) const;
 
-    /// The text without our action.
+    /// Returns the text without our action.
     [[nodiscard]] std::string without() const;
 
-    /// The command in an <action> element, as `command()` has it.
+    /// Returns the command in an <action> element, as written.
     static std::string_view commandOf(std::string_view element);
 
   private:
@@ -38,7 +38,7 @@ class ThunarActions {
     };
 
     std::string m_text;
-    Span m_closing; ///< the tag that ends the root, or the whole of an empty one
+    Span m_closing; ///< the root's closing tag, or the whole empty root element
     std::optional<Span> m_ours;
 };
 

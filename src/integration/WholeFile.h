@@ -11,16 +11,16 @@
 
 namespace vexmoor {
 
-/// No configuration file that we share is longer.
+/// The maximum size of a shared configuration file.
 inline constexpr std::size_t kLongestSharedFile = 4U << 20U;
 
-/// Fails with `invalid_argument` for anything but a regular file (links are followed), and with
-/// `file_too_large` for one that is longer than `limit`. Never waits for a writer.
+/// Reads a regular file; follows links and never blocks. Fails with `invalid_argument` for any
+/// other kind of file, and with `file_too_large` if it is longer than `limit`.
 Result<std::string> readWholeFile(const Path& file, std::size_t limit = kLongestSharedFile);
 
-/// Writes the file beside its place and moves it there, so that at any time the old or the new one
-/// lies there whole. Links are followed. A file that is replaced hands on its permissions; a new
-/// one gets `mode` less the umask, and a program is made one.
+/// Writes a temporary file beside the target and renames it over the target, so that the target is
+/// always complete. Follows links. Keeps the permissions of a replaced file; a new file gets `mode`
+/// minus the umask.
 Result<void> replaceWholeFile(const Path& file, std::string_view bytes, mode_t mode);
 
 } // namespace vexmoor

@@ -12,7 +12,8 @@ namespace {
 constexpr std::string_view kSpace = " \t\r\n";
 constexpr auto kNone = std::string_view::npos;
 
-/// What holds no tags: its end, or nullopt if a tag begins there; kNone if it does not end.
+/// Returns the end of a construct without tags at `at`, nullopt if a tag begins there, or kNone if
+/// the construct is not closed.
 std::optional<std::size_t> endOfOther(std::string_view text, std::size_t at) {
     const auto rest = text.substr(at);
     const auto behind = [&](std::string_view ending) {
@@ -30,7 +31,7 @@ std::optional<std::size_t> endOfOther(std::string_view text, std::size_t at) {
     return std::nullopt;
 }
 
-/// One behind the ">" that ends the tag, which may stand in a quoted value too.
+/// Returns the position after the tag's closing ">". Skips ">" in quoted values.
 std::size_t endOfTag(std::string_view text, std::size_t at) {
     char quote = '\0';
     for (; at < text.size(); ++at) {

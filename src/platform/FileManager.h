@@ -13,7 +13,7 @@
 
 namespace vexmoor {
 
-/// Which file it is, whatever its names.
+/// Identifies a file independently of its names.
 struct FileIdentity {
     std::uint64_t device = 0;
     std::uint64_t inode = 0;
@@ -21,7 +21,7 @@ struct FileIdentity {
     auto operator<=>(const FileIdentity&) const = default;
 };
 
-/// What is known of a file without following a final link.
+/// The status of a file. A final symbolic link is not followed.
 struct FileStatus {
     FileIdentity identity;
     std::uint64_t mountId = 0;
@@ -31,52 +31,51 @@ struct FileStatus {
     std::int64_t size = 0; ///< logical bytes
     std::int64_t allocatedBytes = 0;
     std::int64_t modifiedSeconds = 0;   ///< since 1970
-    std::uint32_t modifiedFraction = 0; ///< nanoseconds beyond them
-    std::int64_t birthNanoseconds = 0;  ///< since 1970; 0 where the file system does not know it
+    std::uint32_t modifiedFraction = 0; ///< nanosecond part
+    std::int64_t birthNanoseconds = 0;  ///< since 1970; 0 if the file system does not record it
 
     [[nodiscard]] bool isFolder() const;
     [[nodiscard]] bool isLink() const;
     [[nodiscard]] bool isRegularFile() const;
 };
 
-// All of these act on (directory descriptor, name), never follow a final link, may be called from
-// any thread and return the system's error. An empty name means the descriptor itself.
+// These functions take a directory descriptor and a name, never follow a final link, are
+// thread-safe and return the system's error. An empty name stands for the descriptor itself.
 
 Result<FileStatus> fileStatus(int directory, const char* name);
 Result<FileStatus> fileStatus(const Path& path);
 
-/// Which file is there now; FileIdentity() where none can be seen.
+/// Returns the identity of the file at the path, or FileIdentity() if it cannot be read.
 FileIdentity identityAt(const Path& path);
 
-/// A descriptor that only names the folder: good for the calls here, needs no right to read it.
+/// Opens a folder with O_PATH: enough for the functions here, without read permission.
 Result<FileDescriptor> openFolder(int directory, const char* name);
 Result<FileDescriptor> openFolder(const Path& path);
 
 /// Like openFolder, but refuses a symbolic link.
 Result<FileDescriptor> openFolderItself(int directory, const char* name);
 
-/// Moves within a file system and never onto something: EEXIST where the name is taken. Where the
-/// file system cannot do that in one step, a folder is renamed, which succeeds only on nothing or
-/// an empty folder, and anything else gets its new name by a hard link before it loses the old one;
-/// where there are no hard links either, that fails. `scratch`, where given, opens a folder of the
-/// same file system that only we use, or answers -1: with it a file that takes the old name in the
-/// meantime is moved instead, without it that file may be removed. It may be the folder that the
-/// item goes to.
+/// Moves an item within a file system without replacing anything; fails with EEXIST if the name is
+/// taken. If the file system cannot do this atomically, folders are renamed (which fails on a
+/// non-empty folder), and other items are hard-linked to the new name before the old one is
+/// removed; without hard links this fails. `scratch` (optional) opens a private folder on the same
+/// file system, or returns -1. With it, a file that takes the old name in the meantime is moved;
+/// without it, that file may be removed. The private folder may be the destination.
 Result<void> moveWithoutReplacing(int fromDirectory, const char* fromName, int toDirectory,
                                   const char* toName, const std::function<int()>& scratch = {});
 
-/// The path by which the kernel knows an open folder now.
+/// Returns the kernel's current path of an open folder.
 Result<Path> currentPath(int directory);
 
-/// Makes the folder and those above it that are missing, with the given rights less the umask, but
-/// always all rights for us.
+/// Creates the folder and its missing parents with the given mode minus the umask, but always with
+/// all permissions for the user.
 Result<void> makeFolders(const Path& path, mode_t mode);
 
-/// Makes one folder with exactly the given rights, whatever the umask.
+/// Creates one folder with exactly the given mode, ignoring the umask.
 Result<void> makeFolder(int directory, const char* name, mode_t mode);
 
-/// The text of a regular file: EINVAL where it is anything else, EFBIG where it is longer than
-/// that. Nothing is waited for. `status` (optional) is how the file was before it was read.
+/// Reads a regular file. Fails with EINVAL for any other kind of file, and with EFBIG if it is
+/// longer than `mostBytes`. Never blocks. `status` (optional) receives the status before reading.
 Result<std::string> readRegularFile(int directory, const char* name, std::size_t mostBytes,
                                     FileStatus* status = nullptr);
 

@@ -13,44 +13,43 @@
 
 namespace vexmoor {
 
-/// One entry of a folder, valid until the reader reads again.
+/// One folder entry, valid until the next call of the reader.
 struct FolderEntry {
     const char* name = nullptr;
-    bool isFolder = false; ///< false too where the file system does not tell
+    bool isFolder = false; ///< also false if the file system does not report types
 };
 
-/// Reads the entries of open folders in bulk, "." and ".." left out. A batch comes in the order of
-/// the entries' inodes: where folders are hashed, theirs is random, and going by it would have a
-/// file system fetch the same blocks of inodes over and over. One reader serves any number of
-/// folders, one batch at a time. Two readers may read on from the same descriptor at once: each
-/// entry comes to one of them. One thread a reader.
+/// Reads entries of open folders in batches, without "." and "..". Sorts each batch by inode:
+/// hashed folders return entries in random inode order, which makes file systems read the same
+/// inode blocks repeatedly. One reader serves any number of folders, one batch at a time. Two
+/// readers may share a descriptor; each entry then goes to one of them. Not thread-safe.
 class FolderReader {
   public:
     static constexpr std::size_t kUsualBytes = std::size_t{64} * 1024;
 
-    /// Fetches a batch at the descriptor's position, of at most `bytes` (more where not a single
-    /// entry would fit); takes up to twice as much memory, and keeps it. The number of bytes
-    /// fetched: 0 at the end.
+    /// Reads a batch at the descriptor's position, of at most `bytes` (more if a single entry needs
+    /// it). Uses up to twice that memory and keeps it. Returns the number of bytes read, 0 at the
+    /// end.
     Result<std::size_t> read(int folder, std::size_t bytes = kUsualBytes);
 
-    /// The batch's next entry, null behind its last.
+    /// Returns the batch's next entry, or null at its end.
     const FolderEntry* next();
 
-    /// Entries of the batch that are still to come.
+    /// Returns the number of unread entries in the batch.
     [[nodiscard]] std::size_t left() const { return m_order.size() - m_next; }
 
-    /// Takes the names of the second half of what is still to come, each with a NUL behind it;
-    /// folders stay in the batch.
+    /// Removes the names in the second half of the unread entries and returns them, each terminated
+    /// by NUL. Folders stay in the batch.
     std::string takeSecondHalf();
 
-    /// Where the descriptor must be set (lseek) to read on behind this batch.
+    /// The lseek position at which reading continues after this batch.
     [[nodiscard]] off_t position() const { return m_position; }
 
   private:
     void takeOrder(std::size_t size);
     [[nodiscard]] FolderEntry entryAt(std::size_t place) const;
 
-    using Place = std::pair<std::uint64_t, std::size_t>; ///< an inode, where its entry stands
+    using Place = std::pair<std::uint64_t, std::size_t>; ///< inode and entry offset
 
     std::unique_ptr<char[]> m_buffer;
     std::size_t m_capacity = 0;

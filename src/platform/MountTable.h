@@ -10,30 +10,30 @@
 
 namespace vexmoor {
 
-/// The mounts that this process sees; read again only when the kernel says that they changed.
-/// Where they cannot be read the table is empty. One thread.
+/// The mounts visible to this process. Reads the table again only if the kernel reports a change.
+/// Empty if it cannot be read. Not thread-safe.
 class MountTable {
   public:
-    /// The top folder of the mount.
+    /// Returns the root folder of the mount.
     std::optional<Path> mountPoint(std::uint64_t mountId);
 
-    /// A mount point strictly below the folder (a canonical path), if there is one.
+    /// Returns a mount point strictly below the folder (a canonical path), if any.
     std::optional<Path> mountBelow(const Path& folder);
 
     struct Mount {
         std::uint64_t id = 0;
         std::string device; ///< "major:minor"
-        StoredPath root;    ///< what of the file system is mounted, as a path within it
+        StoredPath root;    ///< the mounted part of the file system, as a path within it
         StoredPath point;
         std::string type;
     };
 
     std::optional<Mount> mount(std::uint64_t mountId);
 
-    /// The mounts of the same file system, that one among them.
+    /// Returns all mounts of the same file system, including this one.
     std::vector<Mount> mountsOfSame(const Mount& mount);
 
-    /// Whether nothing is known of any mount.
+    /// True if the mount table could not be read.
     bool isUnknown();
 
   private:

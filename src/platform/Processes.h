@@ -14,29 +14,29 @@
 
 namespace vexmoor {
 
-/// A process as it was when it was asked about.
+/// A snapshot of a process.
 struct RunningProcess {
     pid_t id = 0;
     std::string program; ///< the name of its executable
-    /// To a hundredth of a second, rounded down.
+    /// Rounded down to a hundredth of a second.
     std::chrono::system_clock::time_point started;
 };
 
-// Any thread.
+// These functions are thread-safe.
 
-/// nullopt if there is no such process, or nothing can be learned of it.
+/// Returns nullopt if the process does not exist or cannot be inspected.
 std::optional<RunningProcess> runningProcess(pid_t id);
 
-/// This user's processes that run one of the programs.
+/// Returns this user's processes that run one of the programs.
 std::vector<RunningProcess> processesOf(std::span<const std::string_view> programs);
 
-/// Whether the process asked the system to report changes in that folder, as a file manager does
-/// for every folder that it shows.
+/// True if the process has an inotify watch on the folder. A file manager watches each folder that
+/// it shows.
 bool watchesFolder(pid_t process, const Path& folder);
 
-/// What the program prints on its standard output, at most 64 KB of it. It has an empty standard
-/// input, and `environment` ("NAME=value") on top of ours. Fails if it cannot be started, ends with
-/// another status than 0, or runs longer than `limit`; it is killed then.
+/// Runs a program and returns its standard output, at most 64 KB. Its standard input is empty;
+/// `environment` ("NAME=value") is added to ours. Fails if it cannot be started, exits with a
+/// status other than 0, or exceeds `limit`, in which case it is killed.
 Result<std::string> outputOf(const Path& program, const std::vector<std::string>& arguments,
                              const std::vector<std::string>& environment,
                              std::chrono::milliseconds limit);

@@ -2,7 +2,7 @@
 
 namespace vexmoor {
 
-/// Whether a processor that this process may use has nothing to do at the moment. Any thread.
+/// True if a processor available to this process is idle. Thread-safe.
 bool hasIdleProcessor();
 
 } // namespace vexmoor

@@ -6,19 +6,19 @@
 
 namespace vexmoor {
 
-/// Where the user's things lie.
+/// The user's folders.
 struct UserDirectories {
     Path home;
-    Path dataHome; ///< for the user's own data, shared by programs
+    Path dataHome; ///< user data (XDG_DATA_HOME)
     uid_t user = 0;
-    Path configHome{}; ///< for the user's configuration, shared by programs
-    /// The home folder that the system has for the user, whatever the environment says.
+    Path configHome{}; ///< configuration (XDG_CONFIG_HOME)
+    /// The home folder in the system's account database, independent of the environment.
     Path accountHome{};
 
-    /// Of the running process.
+    /// Returns the folders of the current process.
     static UserDirectories ofProcess();
 
-    /// Where this program keeps its own.
+    /// Returns the program's own data folder.
     [[nodiscard]] Path ownData() const { return dataHome / "vexmoor"; }
 };
 

@@ -4,23 +4,22 @@
 
 namespace vexmoor {
 
-/// What a kind of file system keeps of a file.
+/// Properties of a type of file system.
 struct VolumeKind {
-    bool isPseudo = false;        ///< its files are views of the kernel, not stored by anybody
-    bool keepsRights = true;      ///< false where all folders show the same rights
-    bool hasStableInodes = false; ///< whether a file has the same inode number at the next mount
+    bool isPseudo = false;        ///< its files are views of the kernel, not stored data
+    bool keepsRights = true;      ///< false if all folders report the same permissions
+    bool hasStableInodes = false; ///< whether a file keeps its inode number across mounts
 
-    /// Of the file system's type as statfs(2) has it.
+    /// Takes the file system type of statfs(2).
     static VolumeKind ofType(unsigned long type);
 };
 
-// Both act on an open folder, which may be one that only names it. Any thread.
+// These functions take an open folder (O_PATH suffices) and are thread-safe.
 
 VolumeKind volumeKind(int folder);
 
-/// A text that is the same for a file system whenever it is mounted, and another for another one:
-/// its UUID where it can be had, else what tells volumes apart mostly. Empty where nothing is
-/// known.
+/// Returns a string that identifies a file system across mounts: its UUID if available, otherwise
+/// properties that usually differ between volumes. Empty if nothing is known.
 std::string volumeName(int folder);
 
 } // namespace vexmoor

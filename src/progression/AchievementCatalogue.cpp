@@ -23,7 +23,7 @@ std::int64_t valueOf(const Progress& progress) {
     return progress.*field;
 }
 
-/// A run of days once reached keeps counting after it broke.
+/// Uses the best streak too, so that a streak counts after it ends.
 template <Field field>
 std::int64_t bestOf(const Progress& progress) {
     return std::max(progress.*field, progress.bestStreak);

@@ -5,11 +5,11 @@
 
 namespace vexmoor {
 
-/// What the desktop's notification centre is asked for (port).
+/// Shows desktop notifications (port).
 class NotificationPort {
   public:
     struct Notification {
-        std::string identifier; ///< a later one with the same replaces it
+        std::string identifier; ///< a later notification with the same identifier replaces it
         std::string title;
         std::string body;
         bool operator==(const Notification&) const = default;
@@ -17,12 +17,12 @@ class NotificationPort {
 
     virtual ~NotificationPort() = default;
 
-    /// Asks for leave to show notifications with sound and calls `completion` once, now or later,
-    /// on whatever thread; not after the port is gone.
+    /// Requests permission for notifications with sound. Calls `completion` once, now or later, on
+    /// any thread, but not after the port's destruction.
     virtual void requestAuthorization(std::function<void(bool granted)> completion) = 0;
 
-    /// Shows it at once, with the default sound. May be called in the completion, on its thread.
-    /// What becomes of it is not told.
+    /// Shows a notification immediately, with the default sound. The completion may call this on
+    /// its own thread. Errors are not reported.
     virtual void post(const Notification& notification) = 0;
 };
 

@@ -30,7 +30,7 @@ void add(Progress& progress, const Progression::Offering& offering, DisposeMode 
         progress.folders = saturatedSum(progress.folders, 1);
     if (mode == DisposeMode::dissolve)
         progress.dissolved = saturatedSum(progress.dissolved, 1);
-    // Bytes that are not text are no type that anybody could tell from another.
+    // Invalid UTF-8 becomes U+FFFD, so that all such extensions count as one type.
     if (const auto extension = pathExtension(offering.url.native()); !extension.empty())
         progress.extensions.insert(lowercased(displayText(extension)));
 }

@@ -16,22 +16,22 @@ namespace vexmoor {
 
 class Ledger;
 
-/// Turns what is offered into totals, streaks, achievements and skins. Every change is one
-/// assignment to the defaults, so that a transaction around a call makes it part of a batch. Totals
-/// stay at the greatest number. Main thread only.
+/// Turns offerings into totals, streaks, achievements and skins. Each change is one assignment to
+/// the defaults, so that a surrounding transaction makes it part of a batch. Totals saturate
+/// instead of overflowing. Main thread only.
 class Progression {
   public:
     /// One disposed item.
     struct Offering {
-        StoredPath url; ///< where it was
+        StoredPath url; ///< its path before disposal
         std::int64_t bytes = 0;
         bool isFolder = false;
     };
     using SkinHandler = std::function<void(const Skin&)>;
 
-    /// Loads the record. Where there is none that can be read, the totals of the ledger, if given,
-    /// are taken over: so make this before the ledger records a batch that this records too.
-    /// `onSkinChosen` is called at once and at every choice of a skin.
+    /// Loads the record. If there is no readable record, takes over the ledger's totals, so
+    /// construct this before the ledger records a batch that is also recorded here. Calls
+    /// `onSkinChosen` immediately and after each selection of a skin.
     Progression(UserDefaults& defaults, const Ledger* ledger, Clock clock,
                 NotificationPort& notifications, SkinHandler onSkinChosen);
 
@@ -40,25 +40,25 @@ class Progression {
         return m_progress.subscribe(std::move(subscriber));
     }
 
-    /// Counts a disposed batch; answers the achievements that it earned, in catalogue order.
-    /// The streak counts the day of the moment, today without one; an earlier day than the streak's
-    /// last one changes nothing there.
+    /// Counts a disposed batch and returns the newly unlocked achievements in catalogue order. The
+    /// streak counts the day of `moment` (default: today); a day before the streak's last day does
+    /// not change it.
     std::vector<Achievement> record(std::span<const Offering> offerings, DisposeMode mode,
                                     std::optional<Date> moment = std::nullopt);
 
-    /// Announces achievements where notifications are allowed; asks for that first.
+    /// Requests permission for notifications and announces the achievements if it is granted.
     void notify(const std::vector<Achievement>& achievements);
 
-    /// The skins that may be chosen, in their order.
+    /// Returns the skins that the user may select, in catalogue order.
     [[nodiscard]] std::vector<Skin> unlockedSkins() const;
 
-    /// Chooses a skin; one that is not unlocked is ignored.
+    /// Selects a skin; ignores a locked one.
     void select(const Skin& skin);
 
-    /// Earns everything without announcing it (for debugging).
+    /// Unlocks everything without notifications (for debugging).
     void unlockAll();
 
-    /// Starts afresh, whatever the ledger holds (for debugging).
+    /// Resets the record without reading the ledger (for debugging).
     void reset();
 
   private:

@@ -15,7 +15,7 @@ constexpr std::string_view kSkullRows[] = {
 static_assert(isSized(kSkullRows, 5, 4));
 // clang-format on
 
-/// Grinning in the acid.
+/// A grinning skull in the acid.
 constexpr Skin::Detail kDetails[] = {{.rows = kSkullRows, .x = 18, .y = 3}};
 
 } // namespace

@@ -7,7 +7,7 @@
 
 namespace vexmoor {
 
-/// What colour a letter stands for. Letters are ASCII; one without a colour is transparent.
+/// Maps ASCII letters to colours. A letter without a colour is transparent.
 class Palette {
   public:
     struct Entry {
@@ -15,7 +15,7 @@ class Palette {
         Pixel colour;
     };
 
-    /// The letter's colour, or null.
+    /// Returns the letter's colour, or null.
     [[nodiscard]] constexpr const Pixel* find(char letter) const {
         const Pixel& colour = m_colours[index(letter)];
         return colour.a == 0 ? nullptr : &colour;

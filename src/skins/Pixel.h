@@ -4,15 +4,15 @@
 
 namespace vexmoor {
 
-/// One pixel: four channels of 0 to 255, colours straight (not multiplied by alpha). The default
-/// is the clear pixel.
+/// One pixel with 8-bit channels and straight (not premultiplied) alpha. The default is
+/// transparent.
 struct Pixel {
     std::uint8_t r = 0;
     std::uint8_t g = 0;
     std::uint8_t b = 0;
     std::uint8_t a = 0;
 
-    /// From 0xRRGGBB, opaque.
+    /// Returns an opaque pixel from 0xRRGGBB.
     static constexpr Pixel fromHex(std::uint32_t rgb) {
         return {static_cast<std::uint8_t>(rgb >> 16 & 0xFF),
                 static_cast<std::uint8_t>(rgb >> 8 & 0xFF), static_cast<std::uint8_t>(rgb & 0xFF),
@@ -24,8 +24,8 @@ struct Pixel {
     constexpr bool operator==(const Pixel&) const = default;
 };
 
-/// `top` composited over `bottom` (source over, straight alpha), every channel rounded to nearest,
-/// halves up. Exact: the fractions are kept as integers over 255².
+/// Composites `top` over `bottom` (source over, straight alpha) and rounds each channel to nearest,
+/// halves up. Exact, because it computes with integer fractions of 255².
 constexpr Pixel composited(Pixel top, Pixel bottom) {
     if (top.a == 255)
         return top;

@@ -8,18 +8,18 @@
 
 namespace vexmoor {
 
-/// One look of the cauldron: the pot as letter rows and the colours of pot and acid. Its identity
-/// is `id`. A cheap value: texts and rows are views of constants.
+/// One look of the cauldron: the pot as letter rows, and the colours of pot and acid. `id`
+/// identifies it. Cheap to copy: texts and rows are views of constants.
 struct Skin {
-    /// A letter picture stamped over the pot, relative to the standard body's top-left corner.
+    /// A letter picture drawn over the pot, relative to the standard body's top-left corner.
     struct Detail {
         LetterRows rows;
         int x = 0;
         int y = 0;
     };
 
-    /// The pot. `dx` and `dy` shift it from the standard place; its first `hoverRows` rows float
-    /// and bob, the rest stays on the ground.
+    /// The pot. `dx` and `dy` offset it from the standard position; the first `hoverRows` rows
+    /// float and bob, the others stay on the ground.
     struct Body {
         LetterRows rows;
         int dx = 0;
@@ -27,7 +27,7 @@ struct Skin {
         int hoverRows = 0;
     };
 
-    /// Text stored in the progression record, name and sentence shown to the user.
+    /// The id is stored in the progression record; name and blurb are shown to the user.
     std::string_view id;
     std::string_view name;
     std::string_view blurb;
@@ -46,13 +46,13 @@ struct Skin {
     Body body;
     std::span<const Palette::Entry> extraColours;
 
-    /// The letters of the rows: K D B H W G g L are the colours above from outline to acidLight,
-    /// S the cast shadow, X and x bone; then the extra colours.
+    /// Returns the colours of the row letters: K D B H W G g L are the colours above from outline
+    /// to acidLight, S is the cast shadow, X and x are bone; extraColours are added.
     [[nodiscard]] Palette palette() const;
 
-    /// The fifteen skins in the order of display and of unlocking.
+    /// Returns the fifteen skins in the order of display and unlocking.
     static std::span<const Skin> all();
-    /// The skin of that id (case-sensitive), iron for any other text.
+    /// Returns the skin with that id (case-sensitive), or iron for any other text.
     static const Skin& named(std::string_view id);
 
     static const Skin& iron();
@@ -67,7 +67,7 @@ struct Skin {
     static const Skin& obsidian();
     static const Skin& abyss();
     static const Skin& mahogany();
-    static const Skin& voidSkin(); ///< "void", which C++ keeps for itself
+    static const Skin& voidSkin(); ///< the id is "void", a C++ keyword
     static const Skin& starlight();
     static const Skin& gold();
 };

@@ -6,25 +6,25 @@
 
 namespace vexmoor {
 
-/// A WAV image that several may hold.
+/// A WAV image with shared ownership.
 using WavPointer = std::shared_ptr<const std::vector<std::uint8_t>>;
 
-/// One sound on its way to the user's ears; destroying it ends it.
+/// A playing sound. Destroying it stops the sound.
 class AudioPlayer {
   public:
     virtual ~AudioPlayer() = default;
 
-    /// Whether it still sounds, or is about to. False at once where nothing can be heard.
+    /// True while the sound plays or is about to. Becomes false immediately if it cannot be played.
     [[nodiscard]] virtual bool isPlaying() const = 0;
 };
 
-/// Where sounds are played (port).
+/// Plays sounds (port).
 class AudioOutput {
   public:
     virtual ~AudioOutput() = default;
 
-    /// Begins to play at a volume of 0 to 1 and returns at once, whatever the state of the sound
-    /// server. Null where no player can be made; that nothing can be heard is not told otherwise.
+    /// Starts playing at a volume of 0 to 1 without waiting for the sound server. Returns null if
+    /// no player can be created; other failures are not reported.
     virtual std::unique_ptr<AudioPlayer> play(WavPointer wav, double volume) = 0;
 };
 

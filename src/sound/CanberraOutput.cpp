@@ -19,8 +19,8 @@
 namespace vexmoor {
 namespace {
 
-/// How long the end of a player waits for its thread, which a server that hangs may hold for ever.
-constexpr std::chrono::milliseconds kPatience{500};
+/// How long a player's destructor waits for its thread, which a hanging sound server can block.
+constexpr std::chrono::milliseconds kEndTimeout{500};
 
 bool writeWhole(FileDescriptor& file, const std::vector<std::uint8_t>& bytes) {
     std::size_t written = 0;
@@ -35,7 +35,7 @@ bool writeWhole(FileDescriptor& file, const std::vector<std::uint8_t>& bytes) {
     return file.close();
 }
 
-/// A file that only we may read, gone with its owner.
+/// A temporary file with mode 0600, deleted on destruction.
 class PrivateFile {
   public:
     static std::optional<PrivateFile> holding(const std::vector<std::uint8_t>& bytes,
@@ -67,13 +67,13 @@ class PrivateFile {
     std::string m_name;
 };
 
-/// What a player, its thread and libcanberra's thread share.
+/// State shared by a player, its thread and libcanberra's thread.
 class Sound {
   public:
     Sound(WavPointer wav, double volume, std::vector<Path> folders)
         : m_wav(std::move(wav)), m_volume(volume), m_folders(std::move(folders)) {}
 
-    /// The life of its thread.
+    /// The body of the player's thread.
     void run() {
         ca_context* context = nullptr;
         if (ca_context_create(&context) == CA_SUCCESS) {
@@ -84,11 +84,11 @@ class Sound {
         set(&Sound::m_ended);
     }
 
-    /// Asks it to end, and waits a little for that; whether it did.
+    /// Requests the thread to end and waits for it until a timeout. Returns true if it ended.
     bool end() {
         set(&Sound::m_heard);
         std::unique_lock lock(m_mutex);
-        return m_changed.wait_for(lock, kPatience, [this] { return m_ended; });
+        return m_changed.wait_for(lock, kEndTimeout, [this] { return m_ended; });
     }
 
     [[nodiscard]] bool hasEnded() const {
@@ -101,7 +101,7 @@ class Sound {
         const auto file = PrivateFile::holding(*m_wav, m_folders);
         if (!file)
             return false;
-        char decibels[32]; // read back by strtod, so written in the same locale
+        char decibels[32]; // libcanberra parses it with strtod in the same locale
         std::snprintf(decibels, sizeof decibels, "%.6f", 20 * std::log10(m_volume));
         ca_context_change_props(context, CA_PROP_APPLICATION_NAME, "Vexmoor",
                                 CA_PROP_APPLICATION_ID, "org.vexmoor.Vexmoor", nullptr);
@@ -112,13 +112,13 @@ class Sound {
         ca_proplist_sets(properties, CA_PROP_MEDIA_NAME, "Sizzle");
         ca_proplist_sets(properties, CA_PROP_MEDIA_ROLE, "event");
         ca_proplist_sets(properties, CA_PROP_CANBERRA_VOLUME, decibels);
-        // It reads the file as it plays, but has opened it when the call returns.
+        // libcanberra reads the file while playing but opens it before returning.
         const int code = ca_context_play_full(context, 0, properties, &Sound::finished, this);
         ca_proplist_destroy(properties);
         return code == CA_SUCCESS;
     }
 
-    /// Called on a thread of libcanberra's, also when the server goes.
+    /// Called on libcanberra's thread, also if the server disconnects.
     static void finished(ca_context*, std::uint32_t, int, void* self) {
         static_cast<Sound*>(self)->set(&Sound::m_heard);
     }
@@ -139,8 +139,8 @@ class Sound {
     std::vector<Path> m_folders;
     mutable std::mutex m_mutex;
     std::condition_variable m_changed;
-    bool m_heard = false; ///< to its end, or there is no more need to
-    bool m_ended = false; ///< its thread has nothing left to do
+    bool m_heard = false; ///< played completely, or cancelled
+    bool m_ended = false; ///< the thread has finished
 };
 
 class CanberraPlayer : public AudioPlayer {
@@ -151,7 +151,7 @@ class CanberraPlayer : public AudioPlayer {
         if (m_sound->end())
             m_thread.join();
         else
-            m_thread.detach(); // it holds all that it uses
+            m_thread.detach(); // safe, because the thread shares ownership of its state
     }
     CanberraPlayer(const CanberraPlayer&) = delete;
     CanberraPlayer& operator=(const CanberraPlayer&) = delete;
@@ -171,7 +171,7 @@ std::unique_ptr<AudioPlayer> CanberraOutput::play(WavPointer wav, double volume)
     try {
         return std::make_unique<CanberraPlayer>(
             std::make_shared<Sound>(std::move(wav), volume, m_folders));
-    } catch (const std::system_error&) { // no thread to be had
+    } catch (const std::system_error&) { // no thread could be created
         return nullptr;
     }
 }

@@ -6,18 +6,18 @@
 
 namespace vexmoor {
 
-/// Plays through libcanberra, so on whatever the desktop's sounds are played. A sound has a thread
-/// and a connection of its own while it sounds, because connecting waits for the server for as long
-/// as that likes; between sounds nothing is kept. Any one thread at a time.
+/// Plays through libcanberra, which uses the desktop's sound server. Each sound has its own thread
+/// and connection while it plays, because connecting can block indefinitely; nothing is kept
+/// between sounds. Not thread-safe.
 class CanberraOutput : public AudioOutput {
   public:
-    /// Sounds pass through a short-lived private file in one of these folders, the first that
-    /// takes it.
+    /// Sounds pass through a temporary private file in the first of these folders where one can be
+    /// created.
     explicit CanberraOutput(std::vector<Path> folders = defaultFolders());
 
     std::unique_ptr<AudioPlayer> play(WavPointer wav, double volume) override;
 
-    /// The session's runtime folder, where there is one, and the one for temporary files.
+    /// Returns the session's runtime folder, if there is one, and the folder for temporary files.
     static std::vector<Path> defaultFolders();
 
   private:

@@ -9,19 +9,19 @@
 
 namespace vexmoor {
 
-/// The sound of a batch that is taken in. It never overlaps itself: asked for while one still
-/// sounds, it stays silent. Main thread only.
+/// The sound played when a batch is accepted. play() has no effect while the sound is still
+/// playing. Main thread only.
 class Sizzle : public SizzlePlayer {
   public:
     explicit Sizzle(AudioOutput& output) : m_output(output) {}
 
-    /// Silent where there is no way to play it; the next call tries again.
+    /// Plays the sound if possible. After a failure the next call tries again.
     void play() override;
 
   private:
     AudioOutput& m_output;
     std::vector<std::unique_ptr<AudioPlayer>> m_players;
-    WavPointer m_wav; ///< rendered at the first need
+    WavPointer m_wav; ///< rendered on first use
 };
 
 } // namespace vexmoor

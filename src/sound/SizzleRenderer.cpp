@@ -18,7 +18,7 @@ struct Pop {
 constexpr double kPopLength = 0.09;
 constexpr std::array<Pop, 3> kPops{{{0.12, 0.21, 520}, {0.38, 0.47, 410}, {0.66, 0.75, 640}}};
 
-/// White noise from -1 to 1 (a 64-bit xorshift), the same on every run.
+/// White noise from -1 to 1 from a 64-bit xorshift generator; the same sequence on each run.
 class Noise {
   public:
     float next() {
@@ -37,7 +37,8 @@ double envelope(double t) {
     return std::min(t / 0.04, 1.0) * std::exp(-3.2 * t);
 }
 
-/// Its phase is the time in it times the frequency of that moment; the sound depends on that.
+/// The phase is the time since the pop's start times its current frequency, not an integral; the
+/// sound depends on it.
 float popSample(const Pop& pop, double t) {
     if (t < pop.start || t >= pop.end)
         return 0;
@@ -47,7 +48,7 @@ float popSample(const Pop& pop, double t) {
         (1 - p) * std::sin(d * (1 - 0.6 * p) * pop.frequency * 2 * std::numbers::pi) * 0.35);
 }
 
-/// The header's integers, little-endian.
+/// Writes the header's integers, little-endian.
 class ByteWriter {
   public:
     explicit ByteWriter(std::size_t size) { m_bytes.reserve(size); }
@@ -83,7 +84,8 @@ std::vector<std::uint8_t> SizzleRenderer::render() {
 std::vector<std::uint8_t> SizzleRenderer::wavData(std::span<const float> samples,
                                                   std::uint32_t rate) {
     constexpr std::uint32_t kSampleSize = 2;
-    constexpr std::uint32_t kAfterSize = kHeaderSize - 8; // what the first size does not count
+    constexpr std::uint32_t kAfterSize =
+        kHeaderSize - 8; // the part of the header that the RIFF size includes
     if (samples.size() > (UINT32_MAX - kAfterSize) / kSampleSize || rate > UINT32_MAX / kSampleSize)
         std::abort();
     const auto dataSize = static_cast<std::uint32_t>(samples.size()) * kSampleSize;
@@ -91,8 +93,8 @@ std::vector<std::uint8_t> SizzleRenderer::wavData(std::span<const float> samples
     wav.tag("RIFF");
     wav.number(kAfterSize + dataSize, 4);
     wav.tag("WAVEfmt ");
-    wav.number(16, 4); // the format's size
-    wav.number(1, 2);  // integers
+    wav.number(16, 4); // size of the format chunk
+    wav.number(1, 2);  // integer PCM
     wav.number(1, 2);  // channels
     wav.number(rate, 4);
     wav.number(rate * kSampleSize, 4);

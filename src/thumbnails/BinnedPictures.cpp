@@ -3,7 +3,7 @@
 namespace vexmoor {
 namespace {
 
-/// What the worker finds out.
+/// The worker's result.
 struct Seen {
     std::optional<QImage> preview;
     QString type;
@@ -18,13 +18,13 @@ Seen look(const ThumbnailCache& cache, const Sacrifice& item) {
         place = *item.original;
     if (!place)
         return {{}, MimeIcons::typeOfFileNamed(name)};
-    // The preview was mostly made before the item was moved.
+    // The preview was usually made before the item moved to the Bin.
     auto preview = cache.find(*place, *item.original);
     if (!preview)
         preview = cache.find(*place);
     const QString type = MimeIcons::typeOf(*place);
     const bool isFolder = type == QStringLiteral("inode/directory");
-    // In the Bin the name may have been changed.
+    // The name in the Bin may differ from the original.
     return {std::move(preview), isFolder ? type : MimeIcons::typeOfFileNamed(name)};
 }
 

@@ -12,15 +12,15 @@
 
 namespace vexmoor {
 
-/// A picture for a list; null where there is none.
+/// A picture for a list; null if there is none.
 struct ItemPicture {
     QImage image;
-    bool isPreview = false; ///< of the contents; else the icon of the item's kind
+    bool isPreview = false; ///< whether it shows the contents instead of the icon of the file type
 };
 
-/// Pictures of what was fed, wherever it is now: the preview that the desktop's cache has of it,
-/// else the icon of its kind. No preview is made. Main thread; files are looked at on a thread of
-/// its own, so that a volume that does not answer holds nothing up but the pictures.
+/// Loads pictures of recorded items, wherever they are now: the preview in the desktop's cache,
+/// otherwise the icon of the file type. Makes no previews. Main thread only; a worker thread
+/// accesses the files, so that an unresponsive volume delays only pictures.
 class BinnedPictures : public QObject {
     Q_OBJECT
 
@@ -30,13 +30,13 @@ class BinnedPictures : public QObject {
     explicit BinnedPictures(ThumbnailCache cache = ThumbnailCache());
     ~BinnedPictures() override;
 
-    /// The completion is called once, later; not after this is gone.
+    /// Calls the completion once, later, unless this object is destroyed first.
     void load(const Sacrifice& item, Completion completion);
 
   private:
     ThumbnailCache m_cache;
     MimeIcons m_icons;
-    QThreadPool m_worker; ///< last, so that it ends first
+    QThreadPool m_worker; ///< last member, so that it is destroyed first
 };
 
 } // namespace vexmoor

@@ -8,7 +8,7 @@
 
 namespace vexmoor {
 
-/// An item's picture as the desktop has it.
+/// A picture that holds a QImage.
 class ImagePicture : public Picture {
   public:
     explicit ImagePicture(QImage image) : m_image(std::move(image)) {}
@@ -18,7 +18,7 @@ class ImagePicture : public Picture {
     QImage m_image;
 };
 
-/// The image of a picture; nothing where there is none.
+/// Returns the picture's image, or nullopt if it has none.
 inline std::optional<QImage> imageOf(const PicturePointer& picture) {
     const auto* const image = dynamic_cast<const ImagePicture*>(picture.get());
     return image ? std::optional(image->image()) : std::nullopt;

@@ -69,7 +69,8 @@ QImage MimeIcons::knownIconOf(const Path& item) const {
 }
 
 QImage MimeIcons::remembered(const QString& type) {
-    if (const auto found = m_icons.constFind(type); found != m_icons.cend()) // ours alone to change
+    if (const auto found = m_icons.constFind(type);
+        found != m_icons.cend()) // only this thread changes the map
         return *found;
     const QImage image = pictureOf(themeIcon(type));
     const std::lock_guard lock(m_mutex);

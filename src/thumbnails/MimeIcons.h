@@ -10,23 +10,23 @@
 
 namespace vexmoor {
 
-/// The icon theme's pictures of kinds of files. A kind is told from the name alone (and whether
-/// there is a folder): nothing of the user's is opened.
+/// The icon theme's images of file types. The type is derived from the name and from whether the
+/// item is a folder; no file is opened.
 class MimeIcons {
   public:
-    /// The kind of an item by its MIME type; "inode/directory" for a folder. Any thread.
+    /// Returns an item's MIME type, "inode/directory" for a folder. Thread-safe.
     static QString typeOf(const Path& item);
 
-    /// The kind of a file of that name, which may no longer exist. Any thread.
+    /// Returns the MIME type for a file name; the file need not exist. Thread-safe.
     static QString typeOfFileNamed(const std::string& name);
 
-    /// The icon of an item, at most 128 pixels wide and high; null where the theme has none. The
-    /// main thread only.
+    /// Returns the item's icon, at most 128 × 128 pixels, or null if the theme has none. Main
+    /// thread only.
     QImage iconOf(const Path& item);
     QImage iconOfType(const QString& type);
 
-    /// The same without asking the theme: the icon that was shown for such an item before, or else
-    /// for any folder or file. Null where there was none. Any thread.
+    /// Same without loading from the theme: returns the icon already loaded for this type,
+    /// otherwise that of any folder or file, otherwise null. Thread-safe.
     [[nodiscard]] QImage knownIconOf(const Path& item) const;
 
   private:
@@ -34,7 +34,7 @@ class MimeIcons {
 
     mutable std::mutex m_mutex;
     QString m_theme;
-    QHash<QString, QImage> m_icons; ///< by type, of that theme
+    QHash<QString, QImage> m_icons; ///< by MIME type, for the theme m_theme
 };
 
 } // namespace vexmoor

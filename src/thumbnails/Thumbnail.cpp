@@ -15,7 +15,7 @@ PicturePointer pictureOf(QImage image) {
     return image.isNull() ? nullptr : std::make_shared<const ImagePicture>(std::move(image));
 }
 
-/// What the work thread waits for.
+/// Holds the result that the work thread waits for.
 struct Slot {
     std::mutex mutex;
     std::condition_variable filled;
@@ -28,7 +28,7 @@ Thumbnail::Thumbnail(const QDBusConnection& bus, ThumbnailCache cache, Deadlines
                      Timer timer)
     : m_cache(std::move(cache)), m_thumbnailer(bus), m_deadlines(deadlines),
       m_timer(std::move(timer)) {
-    m_icons.iconOf({}); // so that there are some, whatever comes
+    m_icons.iconOf({}); // loads the generic icons for knownIconOf()
     m_thumbnailer.warmUp();
 }
 
@@ -53,7 +53,7 @@ void Thumbnail::load(const Path& item, std::function<void(PicturePointer)> compl
 
 PicturePointer Thumbnail::loadNow(const Path& item) {
     if (QThread::currentThread() == thread())
-        qFatal("A thumbnail must not be waited for on the main thread.");
+        qFatal("loadNow() must not be called on the main thread.");
     const auto slot = std::make_shared<Slot>();
     const auto fill = [slot](PicturePointer picture) {
         const std::lock_guard lock(slot->mutex);

@@ -12,34 +12,35 @@
 
 namespace vexmoor {
 
-/// Pictures of what is about to be fed: its preview where the desktop has one or makes one in time,
-/// else the icon of its kind. All pictures are ImagePicture of at most 128 pixels a side. An image
-/// of the user's own is never decoded here.
+/// Pictures of items about to be disposed of: the desktop's preview if there is one or one is made
+/// in time, otherwise the icon of the file type. All pictures are ImagePicture of at most 128 × 128
+/// pixels. The user's images are never decoded here.
 class Thumbnail : public QObject, public Thumbnails {
     Q_OBJECT
 
   public:
     using Milliseconds = std::chrono::milliseconds;
 
-    /// How long each form waits for a preview before it settles for the icon.
+    /// Timeouts after which the two forms use the icon instead of a preview.
     struct Deadlines {
         Milliseconds load{600};
         Milliseconds loadNow{2000};
     };
 
-    /// Runs a job on the main thread when a time has passed, unless the context is gone by then.
+    /// Runs a job on the main thread after a delay, unless the context is destroyed first.
     using Timer = std::function<void(Milliseconds, QObject* context, std::function<void()>)>;
 
     Thumbnail(const QDBusConnection& bus, ThumbnailCache cache, Deadlines deadlines,
               Timer timer = startTimer);
 
-    /// Previews of this user's session; the service is started ahead of the first need.
+    /// Creates an instance for the session bus and starts the thumbnail service in advance.
     static std::unique_ptr<Thumbnail> forSession();
 
-    /// Main thread only. A preview that comes too late is dropped.
+    /// Main thread only. Drops a preview that arrives after the timeout.
     void load(const Path& item, std::function<void(PicturePointer)> completion) override;
 
-    /// Not on the main thread, which it needs: there it ends the program.
+    /// Blocks while the main thread loads the picture. Calling it on the main thread aborts the
+    /// program.
     PicturePointer loadNow(const Path& item) override;
 
   private:

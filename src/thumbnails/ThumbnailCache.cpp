@@ -18,21 +18,21 @@
 namespace vexmoor {
 namespace {
 
-// What a thumbnail says of the file that it shows.
+// Metadata keys in a thumbnail that identify its file.
 const auto kUri = QStringLiteral("Thumb::URI");
 const auto kTime = QStringLiteral("Thumb::MTime");
 
-/// A folder of previews, and the longest side of those in it.
+/// A cache folder and the longest side of its previews.
 struct Flavour {
     const char* folder;
     int side;
 };
 constexpr std::array<Flavour, 2> kFlavours{{{"normal", 128}, {"large", 256}}};
 
-/// Many times what the largest preview takes without any compression.
+/// Many times the size of the largest uncompressed preview.
 constexpr off_t kLargestFile = 1 << 20;
 
-/// A regular file's bytes. Opening neither follows a link nor waits for the other end of a pipe.
+/// Reads a regular file. Does not follow links or block on pipes.
 std::optional<QByteArray> smallFile(const Path& path) {
     const FileDescriptor file(
         ::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
@@ -54,14 +54,15 @@ std::optional<QByteArray> smallFile(const Path& path) {
     return bytes;
 }
 
-/// Whether a preview's time is the file's; some programs write whole seconds, some a fraction too.
+/// True if a preview's time equals the file's. Some programs write whole seconds, others a fraction
+/// too.
 bool isTime(const QString& text, const timespec& changed) {
     const QString fraction = QString::number(changed.tv_nsec).rightJustified(9, '0');
     return text.section('.', 0, 0) == QString::number(changed.tv_sec) &&
            fraction.startsWith(text.section('.', 1));
 }
 
-/// Decodes a preview of that very file at that time of change.
+/// Decodes a preview if it was made of that file with that modification time.
 std::optional<QImage> preview(QByteArray png, const Flavour& flavour, const std::string& uri,
                               const timespec& changed) {
     QBuffer buffer(&png);
@@ -102,7 +103,7 @@ std::optional<QImage> ThumbnailCache::find(const Path& item, const Path& made) c
 }
 
 std::string ThumbnailCache::uriOf(const Path& item) {
-    // fileUri() escapes a few more; the name of a preview depends on the exact text.
+    // fileUri() escapes more characters, but a preview's file name depends on the exact URI text.
     constexpr std::string_view kPlain = "&=:@+$,";
     std::string uri = "file://";
     const std::string& bytes = item.native();

@@ -9,27 +9,27 @@
 
 namespace vexmoor {
 
-/// The previews of the user's files that the desktop's programs share (freedesktop.org's thumbnail
-/// specification). Whatever lies there may be anybody's making: nothing is decoded before its kind
-/// and sizes were looked at. Any thread.
+/// The cache of previews that desktop programs share (freedesktop.org's thumbnail specification).
+/// Any program can write there, so the format and sizes are checked before decoding. Thread-safe.
 class ThumbnailCache {
   public:
-    /// A picture's longest side is at most this, in pixels.
+    /// The longest side of a picture, in pixels.
     static constexpr int kSide = 128;
 
-    /// `cacheHome` is where the user's programs keep what they can make again.
+    /// `cacheHome` is the user's cache folder (XDG_CACHE_HOME).
     explicit ThumbnailCache(Path cacheHome = defaultCacheHome()) : m_home(std::move(cacheHome)) {}
 
-    /// The preview of an item as it is now; nothing where there is none, or none to be trusted.
+    /// Returns the preview of an item's current contents, or nullopt if there is none or it is
+    /// invalid.
     [[nodiscard]] std::optional<QImage> find(const Path& item) const { return find(item, item); }
 
-    /// The same for an item that was moved: the preview that was made of it at `made`.
+    /// Same for a moved item whose preview was made at the path `made`.
     [[nodiscard]] std::optional<QImage> find(const Path& item, const Path& made) const;
 
-    /// The item's address as it names previews: escaped as the desktop's programs do.
+    /// Returns the item's URI with the escapes that desktop programs use for preview names.
     static std::string uriOf(const Path& item);
 
-    /// $XDG_CACHE_HOME, or what stands for it.
+    /// Returns $XDG_CACHE_HOME or its default.
     static Path defaultCacheHome();
 
   private:

@@ -34,7 +34,7 @@ void Thumbnailer::warmUp() {
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
         const QDBusPendingReply<QStringList, QStringList> reply = *watcher;
-        if (reply.isError()) // no service: each request will be told
+        if (reply.isError()) // without a service, each request fails
             return;
         const QStringList types = reply.argumentAt<1>();
         m_supported = QSet<QString>(types.begin(), types.end());

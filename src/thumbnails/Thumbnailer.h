@@ -11,26 +11,26 @@
 
 namespace vexmoor {
 
-/// The desktop's service that makes previews (org.freedesktop.thumbnails.Thumbnailer1), in a
-/// process of its own. Main thread only; nothing waits for the service.
+/// A client of the desktop's thumbnail service (org.freedesktop.thumbnails.Thumbnailer1). Main
+/// thread only; never blocks.
 class Thumbnailer : public QObject {
     Q_OBJECT
 
   public:
-    /// Told whether there is now a preview in the cache.
+    /// `made` is true if the cache now contains a preview.
     using Completion = std::function<void(bool made)>;
 
     explicit Thumbnailer(const QDBusConnection& bus);
 
-    /// Has the service started, which takes longest the first time, and learns what it can do.
+    /// Starts the service, which is slow the first time, and reads its supported types.
     void warmUp();
 
-    /// Asks for a preview. The completion is called once, later, on an answer or when the service
-    /// goes; at once where the service cannot do that type, or there is no bus. A service that does
-    /// not answer is waited for until it is given up.
+    /// Requests a preview. Calls the completion once: later, after an answer or if the service
+    /// exits; immediately if the type is not supported or there is no bus. There is no timeout; the
+    /// caller uses giveUp().
     void request(const QString& uri, const QString& mimeType, Completion completion);
 
-    /// Waits no longer for that address: a completion that is still to come is told there is none.
+    /// Stops waiting for that URI: a pending completion is called with false.
     void giveUp(const QString& uri) { complete(uri, false); }
 
   private slots:
@@ -44,9 +44,9 @@ class Thumbnailer : public QObject {
     void giveUpAll();
 
     QDBusConnection m_bus;
-    QHash<QString, std::vector<Completion>> m_waiting; ///< by address
-    QHash<uint, QString> m_handles;                    ///< of what was asked, to its address
-    QSet<QString> m_supported;                         ///< MIME types; empty until known
+    QHash<QString, std::vector<Completion>> m_waiting; ///< by URI
+    QHash<uint, QString> m_handles;                    ///< service handle to URI
+    QSet<QString> m_supported; ///< MIME types; empty until the service answered
 };
 
 } // namespace vexmoor

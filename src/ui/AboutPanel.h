@@ -4,8 +4,8 @@ class QWidget;
 
 namespace vexmoor {
 
-/// Shows what this program is, and goes on. One panel at a time: a second call brings it to the
-/// front. \return the panel. Main thread.
+/// Shows the about panel without blocking. There is at most one; a second call raises it. Returns
+/// the panel. Main thread.
 QWidget& showAbout(QWidget* parent);
 
 } // namespace vexmoor

@@ -57,7 +57,7 @@ QColor Shades::readableOn(const QColor& ground) const {
 
 Accent Accent::of(const Skin& skin, const QColor& ground) {
     const Shades acid{colourOf(skin.acidDark), colourOf(skin.acid), colourOf(skin.acidLight)};
-    // What lies beyond the ground, seen from the accent, contrasts with it even more.
+    // Colours beyond the ground, as seen from the accent, contrast with the accent even more.
     const QColor away = isDark(ground) ? Qt::black : Qt::white;
     const QColor further = isDark(ground) ? Qt::white : Qt::black;
     const QColor colour = acid.readableOn(ground);

@@ -9,7 +9,7 @@ namespace {
 
 constexpr const char* kProperty = "vexmoorAccessibleRole";
 
-/// Factories are asked for each class of an object, the most derived first.
+/// Qt calls factories for each class of an object, the most derived class first.
 QAccessibleInterface* make(const QString&, QObject* object) {
     const QVariant role = object != nullptr ? object->property(kProperty) : QVariant();
     return role.isValid() && object->isWidgetType()
@@ -21,7 +21,7 @@ QAccessibleInterface* make(const QString&, QObject* object) {
 } // namespace
 
 void setAccessibleRole(QWidget& widget, QAccessible::Role role) {
-    QAccessible::installFactory(&make); // a second time it is the same one
+    QAccessible::installFactory(&make); // installing it twice has no effect
     widget.setProperty(kProperty, static_cast<int>(role));
 }
 

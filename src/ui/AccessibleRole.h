@@ -6,8 +6,8 @@ class QWidget;
 
 namespace vexmoor {
 
-/// What screen readers take a plain widget for. Call it before a screen reader asks for the widget,
-/// so in a constructor.
+/// Sets the role of a plain widget for screen readers. Must be called before its accessible
+/// interface is created, that is, in the constructor.
 void setAccessibleRole(QWidget& widget, QAccessible::Role role);
 
 } // namespace vexmoor

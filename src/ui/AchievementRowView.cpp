@@ -59,7 +59,7 @@ void AchievementRowView::setAccent(const Accent& accent) {
     update();
 }
 
-/// What is locked stands back, but can be read.
+/// Fades the colour of a locked row, but keeps it readable.
 QColor AchievementRowView::faded(const QColor& colour) const {
     const QColor ground = groundOf(palette());
     if (m_row.isUnlocked)

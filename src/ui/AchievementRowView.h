@@ -13,13 +13,13 @@ namespace vexmoor {
 
 class FocusRing;
 
-/// Paints one achievement: icon, texts, a thin bar of what is reached. A screen reader reads its
-/// title, whether it is unlocked, and the progress.
+/// Shows an achievement: icon, texts and a thin progress bar. Screen readers read its title, state
+/// and progress.
 class AchievementRowView : public QWidget {
     Q_OBJECT
 
   public:
-    /// How far the row reaches beyond its texts, for the ring around it.
+    /// The margin around the texts, in which the focus ring is drawn.
     static constexpr int kInset = 8;
 
     explicit AchievementRowView(AchievementRow row, QWidget* parent = nullptr);
@@ -50,7 +50,7 @@ class AchievementRowView : public QWidget {
     AchievementRow m_row;
     Accent m_accent;
     FocusRing* m_ring;
-    QImage m_icon; ///< null until it is painted
+    QImage m_icon; ///< null until first painted
 };
 
 } // namespace vexmoor

@@ -14,16 +14,16 @@ namespace vexmoor {
 class AchievementRowView;
 class Progression;
 
-/// What can be earned, what is, and how far the rest is. Follows the progression while it can be
-/// seen. Arrow keys move between the rows. Main thread.
+/// Lists all achievements and their progress. Follows the progression while visible. Arrow keys
+/// move between rows. Main thread.
 class AchievementsTab : public ScrollColumn {
     Q_OBJECT
 
   public:
-    /// The progression outlives it.
+    /// The progression must outlive it.
     explicit AchievementsTab(Progression& progression, QWidget* parent = nullptr);
 
-    /// For its accent.
+    /// Sets the skin whose accent is used.
     void setSkin(const Skin& skin);
 
   protected:

@@ -8,9 +8,9 @@
 namespace vexmoor {
 namespace {
 
-constexpr int kGap = 4; ///< the cards bring the room for their rings
+constexpr int kGap = 4; ///< the cards include the room for their rings
 constexpr int kLeastColumns = 3;
-constexpr int kCardWidth = 150; ///< where there is room for more columns
+constexpr int kCardWidth = 150; ///< preferred width with more than the minimum number of columns
 
 } // namespace
 
@@ -46,7 +46,7 @@ void CardGrid::place() {
     const int columns = this->columns();
     const int height = cardHeight();
     for (int index = 0; index < static_cast<int>(m_cards.size()); ++index) {
-        // The widths differ by a point so that the row is filled.
+        // Widths differ by a point, so that the row is filled.
         const int column = index % columns;
         const int left = column * (width() + kGap) / columns;
         const int right = (column + 1) * (width() + kGap) / columns - kGap;

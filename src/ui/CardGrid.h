@@ -6,14 +6,14 @@
 
 namespace vexmoor {
 
-/// Cards of one size in rows: at least three side by side, more where there is room.
+/// A grid of cards of one size, with at least three columns and more if there is room.
 class CardGrid : public QWidget {
     Q_OBJECT
 
   public:
     explicit CardGrid(QWidget* parent = nullptr);
 
-    /// The cards become its children.
+    /// Takes ownership of the cards.
     void setCards(std::vector<QWidget*> cards);
 
     [[nodiscard]] int columns() const { return columnsIn(width()); }

@@ -8,8 +8,7 @@
 
 namespace vexmoor {
 
-/// The translation of a text that a catalogue of ours holds as a constant: a skin's name, an
-/// achievement's title.
+/// Translates a constant of one of our catalogues, such as a skin's name or an achievement's title.
 inline QString catalogueText(std::string_view constant) {
     return QString::fromStdString(text(constant));
 }

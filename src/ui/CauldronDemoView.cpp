@@ -13,11 +13,12 @@
 namespace vexmoor {
 namespace {
 
-constexpr int kFramesPerTick = 3; ///< the idle animation's 8 frames a second in 24
+constexpr int kFramesPerTick = 3; ///< the idle animation has 8 frames per second, this view 24
 constexpr std::uint64_t kSeed = 1;
-constexpr int kStillFrame = CauldronDemoView::kIdleFrames + 14; ///< the flame with the document
+constexpr int kStillFrame =
+    CauldronDemoView::kIdleFrames + 14; ///< a frame with the flame and the document
 
-/// Hovering pots bob slowly here.
+/// Hovering pots bob more slowly here.
 double idleMoment(int tick) {
     return tick / 3.0;
 }

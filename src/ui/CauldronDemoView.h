@@ -9,9 +9,8 @@
 
 namespace vexmoor {
 
-/// A demonstration without end: the pot idles, receives a document and burns it. It moves only
-/// while it can be seen; where the user wants less motion it shows one moment of the burn. Main
-/// thread.
+/// A looping demonstration: the pot idles, receives a document and burns it. Runs only while
+/// visible; with reduced motion it shows one frame of the burn. Main thread.
 class CauldronDemoView : public QWidget {
     Q_OBJECT
 
@@ -19,15 +18,15 @@ class CauldronDemoView : public QWidget {
     static constexpr double kFps = 24;
     static constexpr int kIdleFrames = 30;
     static constexpr int kBurnFrames = 36;
-    /// The burn, between the idle frames before and half as many after it.
+    /// The length of the loop: idle frames, the burn, and half as many idle frames.
     static constexpr int kFrames = kIdleFrames + kBurnFrames + kIdleFrames / 2;
 
-    /// `scale` is in points a canvas pixel. Where that is no whole number of physical pixels, the
-    /// picture is drawn smaller, so that its edges stay hard.
+    /// `scale` is in points per canvas pixel. If that is not a whole number of physical pixels, the
+    /// picture is drawn smaller, so that its edges stay sharp.
     CauldronDemoView(const Skin& skin, int scale, QWidget* parent = nullptr,
                      const MakeFrameTimer& makeTimer = std::make_unique<QtFrameTimer>);
 
-    /// The picture of a frame, counted from 0 on; a null `sample` burns without a document.
+    /// Returns the picture of a frame. A null `sample` burns without a document.
     static PixelCanvas scene(int frame, const Skin& skin, const QImage& sample);
 
     void setSkin(const Skin& skin);

@@ -9,18 +9,19 @@
 
 namespace vexmoor {
 
-/// The idling pot of one skin, in a square. It moves only while it can be seen and the user wants
-/// motion. Main thread.
+/// The idling pot of a skin in a square. Animated only while visible and without reduced motion.
+/// Main thread.
 class CauldronView : public QWidget {
     Q_OBJECT
 
   public:
-    /// `size` is the square's side in points.
+    /// `size` is the side in points.
     explicit CauldronView(const Skin& skin, int size, QWidget* parent = nullptr,
                           const MakeFrameTimer& makeTimer = std::make_unique<QtFrameTimer>);
 
-    /// The largest side up to `most` points at which a canvas pixel is a whole number of physical
-    /// pixels; `most` where there is none. `ratio` is that of physical pixels to points.
+    /// Returns the largest side of at most `most` points at which a canvas pixel is a whole number
+    /// of physical pixels, or `most` if there is none. `ratio` is the number of physical pixels per
+    /// point.
     static int crispSide(int most, double ratio);
 
     void setSkin(const Skin& skin);

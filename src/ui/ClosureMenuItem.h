@@ -6,7 +6,7 @@
 
 namespace vexmoor {
 
-/// An item of a menu that runs a closure when it is chosen. It has no key.
+/// A menu item that calls a function when triggered. It has no shortcut.
 class ClosureMenuItem : public QAction {
     Q_OBJECT
 

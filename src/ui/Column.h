@@ -4,11 +4,11 @@
 
 namespace vexmoor {
 
-/// The stats window's contents are one column in its middle, with this many points at its sides.
+/// The contents of the stats window form a centred column with margins of this many points.
 inline constexpr int kColumnMargin = 20;
 inline constexpr int kWidestColumn = 560;
 
-/// Points on either side of the column in a widget of that width.
+/// Returns the margin on each side of the column in a widget of that width.
 inline int columnInset(int width) {
     return std::max(kColumnMargin, (width - kWidestColumn) / 2);
 }

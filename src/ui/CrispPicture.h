@@ -6,11 +6,11 @@
 
 namespace vexmoor {
 
-/// The canvas as large as fits in `side` points at that many physical pixels a point, each of its
-/// pixels a block of whole physical pixels. The image carries the ratio.
+/// Scales the canvas to fit `side` points at `ratio` physical pixels per point, with each canvas
+/// pixel a block of whole physical pixels. The image has that device pixel ratio.
 QImage crispPicture(const PixelCanvas& canvas, int side, double ratio);
 
-/// Centred in the rectangle, on a physical pixel of the widget that is painted.
+/// Draws the picture centred in the rectangle and aligned to physical pixels.
 void drawCentred(QPainter& painter, const QRectF& rect, const QImage& picture);
 
 } // namespace vexmoor

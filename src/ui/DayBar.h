@@ -7,26 +7,26 @@ namespace vexmoor {
 
 class Transition;
 
-/// One day of the week chart: a bar that grows to its height, and the text that describes it.
+/// A bar of the week chart with an animated height, and the text that describes its day.
 class DayBar : public QLabel {
     Q_OBJECT
 
   public:
-    /// Points around the bar for the ring of the described day.
+    /// The margin in points in which the ring of the described day is drawn.
     static constexpr int kRingRoom = 4;
 
     struct Colours {
         QColor top;
         QColor bottom;
-        QColor empty; ///< of a day on which nothing was fed
+        QColor empty; ///< for a day without items
         QColor ring;
         bool operator==(const Colours&) const = default;
     };
 
     explicit DayBar(QWidget* parent);
 
-    /// `share` of the full height, from 0 (an empty day) to 1. If it `grows` and is visible, the
-    /// bar moves there.
+    /// `share` is the fraction of the full height, from 0 (an empty day) to 1. If `grows` and the
+    /// bar is visible, the change is animated.
     void setDay(const QString& description, double share, bool grows);
     void setDescribed(bool isDescribed);
     void setColours(const Colours& colours);
@@ -52,7 +52,7 @@ class DayBar : public QLabel {
     Colours m_colours;
     double m_share = 0;
     bool m_isDescribed = false;
-    Transition* m_shown; ///< the share of the full height that the bar has
+    Transition* m_shown; ///< the animated share
 };
 
 } // namespace vexmoor

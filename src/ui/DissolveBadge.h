@@ -4,8 +4,8 @@
 
 namespace vexmoor {
 
-/// The sign that what is fed is gone for good, and the button that leads to where that is changed.
-/// Its flame is a picture of our own, whatever fonts there are.
+/// The badge that marks dissolve mode. Clicking it opens the settings. Its flame is drawn, so that
+/// it does not depend on fonts.
 class DissolveBadge : public QAbstractButton {
     Q_OBJECT
 

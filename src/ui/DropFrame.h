@@ -6,7 +6,7 @@
 
 namespace vexmoor {
 
-/// A frame over a window while something that it takes is dragged above it. It takes no events.
+/// A frame drawn over a window during a drag that the window accepts. Transparent for events.
 class DropFrame : public QWidget {
     Q_OBJECT
 

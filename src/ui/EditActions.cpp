@@ -34,10 +34,10 @@ bool hasSlot(const QWidget& widget, const char* name) {
     return widget.metaObject()->indexOfSlot(QByteArray(name) + "()") >= 0;
 }
 
-/// What a field of text allows.
+/// The state of a text field.
 struct Field {
     bool isSelected = false;
-    bool isReadable = true; ///< false for passwords
+    bool isReadable = true; ///< false for password fields
     bool isWritable = false;
     bool isEmpty = true;
 };
@@ -74,7 +74,7 @@ void EditActions::set(Command command, QAction& item) {
     follow(QApplication::focusWidget());
 }
 
-/// A menu that opens has the focus for a while; its items act on what had it before.
+/// An open menu has the focus temporarily; its items apply to the widget that had it before.
 void EditActions::follow(QWidget* focused) {
     const bool isMenu = qobject_cast<QMenu*>(focused) != nullptr ||
                         qobject_cast<QMenuBar*>(focused) != nullptr ||

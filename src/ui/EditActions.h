@@ -9,9 +9,9 @@
 
 namespace vexmoor {
 
-/// Cutting, copying, pasting and selecting all in what has the focus: fields of text, and any
-/// widget that has a slot selectAll(). Items that it could not take are disabled, so that their
-/// keys stay with it. Main thread.
+/// The cut, copy, paste and select all commands for the focused text field, or for any widget with
+/// a selectAll() slot. Commands that do not apply are disabled, so that their shortcuts reach the
+/// widget. Main thread.
 class EditActions : public QObject {
     Q_OBJECT
 
@@ -20,7 +20,7 @@ class EditActions : public QObject {
 
     EditActions();
 
-    /// The item carries out that command from now on. It must outlive this.
+    /// Assigns a menu item to a command. The item must outlive this object.
     void set(Command command, QAction& item);
 
   private slots:

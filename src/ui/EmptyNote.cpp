@@ -17,7 +17,7 @@
 namespace vexmoor {
 namespace {
 
-/// A canvas of 16 by 16 pixels in blocks of whole physical pixels.
+/// Draws a canvas of 16 × 16 pixels in blocks of whole physical pixels.
 class Picture : public QWidget {
   public:
     Picture(const char* icon, QWidget* parent)

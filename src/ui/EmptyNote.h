@@ -6,13 +6,12 @@ class QLabel;
 
 namespace vexmoor {
 
-/// What stands in the middle of a place where there is nothing to list: a picture in pixels, a
-/// sentence and a line under it.
+/// The placeholder of an empty list: a pixel picture, a sentence and a second line.
 class EmptyNote : public QWidget {
     Q_OBJECT
 
   public:
-    /// `icon` is an achievement's id; no picture if it is empty.
+    /// `icon` is an achievement's id; empty for no picture.
     EmptyNote(const char* icon, const QString& sentence, const QString& line, QWidget* parent);
 
     void setSentence(const QString& sentence);

@@ -4,8 +4,8 @@
 
 namespace vexmoor {
 
-/// A value with its caption beside it; a screen reader reads both as one text. A value too wide for
-/// its place is written smaller.
+/// A value with a caption beside it. Screen readers read both as one text. A value that is too wide
+/// is drawn smaller.
 class Figure : public QLabel {
     Q_OBJECT
 

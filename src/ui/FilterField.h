@@ -8,7 +8,7 @@ class QLineEdit;
 
 namespace vexmoor {
 
-/// A field to filter a list by name. Escape closes it.
+/// A field that filters a list by name. Escape closes it.
 class FilterField : public QWidget {
     Q_OBJECT
 
@@ -17,16 +17,16 @@ class FilterField : public QWidget {
 
     void setSkin(const Skin& skin);
 
-    /// Shows it and takes the focus, with what was typed selected.
+    /// Shows the field, focuses it and selects its text.
     void open();
-    /// Empties and hides it.
+    /// Clears and hides the field.
     void close();
-    /// Empty while it is closed.
+    /// Returns the text; empty while closed.
     [[nodiscard]] QString text() const;
 
   signals:
     void changed();
-    /// Escape or an arrow key hands the focus back.
+    /// Escape or an arrow key was pressed; the owner takes the focus back.
     void left();
 
   protected:

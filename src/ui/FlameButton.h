@@ -4,7 +4,7 @@
 
 namespace vexmoor {
 
-/// A link that shrinks to a flame where there is no room for its text.
+/// A link that shows only a flame if there is no room for its text.
 class FlameButton : public AccentButton {
     Q_OBJECT
 

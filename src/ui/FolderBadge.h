@@ -6,7 +6,7 @@
 
 namespace vexmoor {
 
-/// A folder with a badge that shows whether it can be read, and its name.
+/// A folder's name and icon with a badge that shows whether it is readable.
 class FolderBadge : public QLabel {
     Q_OBJECT
 
@@ -27,7 +27,7 @@ class FolderBadge : public QLabel {
     Accent m_accent;
 };
 
-/// The colour of what is allowed, and of what is not; readable on the ground.
+/// Return the colours of granted and refused permissions, readable on the ground.
 QColor allowedColour(const QColor& ground);
 QColor refusedColour(const QColor& ground);
 

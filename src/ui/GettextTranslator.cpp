@@ -9,7 +9,7 @@
 namespace vexmoor {
 namespace {
 
-/// What Qt's dialogs say, for where its catalogue is missing.
+/// Texts of Qt's dialogs, for systems without Qt's catalogue.
 [[maybe_unused]] constexpr const char* kTextsOfQt[] = {
     marked("OK"), marked("Cancel"), marked("&Yes"), marked("&No"), marked("Close"),
 };
@@ -27,7 +27,8 @@ void installTranslators() {
     if (qt->load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
                  QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(qt);
-    QCoreApplication::installTranslator(new GettextTranslator(application)); // asked first
+    QCoreApplication::installTranslator(
+        new GettextTranslator(application)); // consulted before translators installed earlier
 }
 
 } // namespace vexmoor

@@ -4,8 +4,7 @@
 
 namespace vexmoor {
 
-/// Has tr() ask the catalogue that text() asks. Contexts are not looked at: a text means the same
-/// everywhere.
+/// Makes tr() use the catalogue of text(). Ignores contexts: a text has one translation everywhere.
 class GettextTranslator : public QTranslator {
     Q_OBJECT
 
@@ -19,8 +18,8 @@ class GettextTranslator : public QTranslator {
                                     int count = -1) const override;
 };
 
-/// Installs it for as long as the application lives, and Qt's own catalogue below it, where that is
-/// on this system. Before the first window.
+/// Installs the translator for the application's lifetime, and Qt's own catalogue behind it if it
+/// is installed. Call before creating the first window.
 void installTranslators();
 
 } // namespace vexmoor

@@ -5,8 +5,8 @@
 
 namespace vexmoor {
 
-/// Paints the light that a pot of that side stands in: strongest in the middle, nothing left where
-/// the pot is as far away again.
+/// Paints a radial glow behind a pot: strongest in the centre, fading out at 0.85 pot widths from
+/// it.
 void paintGlow(QPainter& painter, const QRectF& pot, const QColor& colour, const QColor& ground);
 
 } // namespace vexmoor

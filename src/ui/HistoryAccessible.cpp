@@ -10,7 +10,7 @@
 
 namespace vexmoor {
 
-/// One row; invalid once its item has left the list.
+/// A row; invalid after its item has left the list.
 class HistoryAccessible::Row : public QAccessibleInterface, public QAccessibleActionInterface {
   public:
     Row(HistoryList& list, const Uuid& item) : m_list(&list), m_item(item) {}
@@ -77,7 +77,7 @@ class HistoryAccessible::Row : public QAccessibleInterface, public QAccessibleAc
             return {};
         QStringList names{toggleAction(), setFocusAction()};
         if (m_list->history().at(index()).canRestore())
-            names.prepend(pressAction()); // puts it back
+            names.prepend(pressAction()); // the action that puts the item back
         return names;
     }
     [[nodiscard]] QString localizedActionName(const QString& name) const override {
@@ -104,7 +104,7 @@ class HistoryAccessible::Row : public QAccessibleInterface, public QAccessibleAc
 };
 
 void HistoryAccessible::install() {
-    QAccessible::installFactory(&HistoryAccessible::make); // a second time it is the same one
+    QAccessible::installFactory(&HistoryAccessible::make); // installing it twice has no effect
 }
 
 QAccessibleInterface* HistoryAccessible::make(const QString&, QObject* object) {

@@ -8,11 +8,11 @@ namespace vexmoor {
 
 class HistoryList;
 
-/// The history as a screen reader meets it: a list of items, each with its status, that can be
-/// picked and put back.
+/// The accessible interface of the history: a list of items with their status that can be selected
+/// and put back.
 class HistoryAccessible : public QAccessibleWidget {
   public:
-    /// Has every HistoryList met that way.
+    /// Installs the factory for all HistoryList instances.
     static void install();
     ~HistoryAccessible() override;
 

@@ -15,8 +15,8 @@
 namespace vexmoor {
 namespace {
 
-constexpr double kLift = 7;     ///< points by which a row that is put back lifts
-constexpr double kAway = 0.5;   ///< opacity of the thumbnail of what is not in the Bin
+constexpr double kLift = 7;     ///< points by which a restored row rises
+constexpr double kAway = 0.5;   ///< thumbnail opacity of items that are not in the Bin
 constexpr double kCorner = 7;   ///< of the button
 constexpr int kSymbolSide = 12; ///< in the button
 
@@ -50,7 +50,7 @@ void HistoryDelegate::paintGround(QPainter& painter, const QStyleOptionViewItem&
     painter.fillRect(option.rect, groundOfRow(option, accent));
     const QRect line(option.rect.left(), option.rect.bottom(), option.rect.width(), 1);
     painter.fillRect(line, hairline(option.palette));
-    if (option.state & QStyle::State_Selected) // not by colour alone
+    if (option.state & QStyle::State_Selected) // marked by more than colour
         painter.fillRect(
             QStyle::visualRect(option.direction, option.rect,
                                QRect(option.rect.topLeft(), QSize(3, option.rect.height() - 1))),

@@ -12,8 +12,8 @@
 
 namespace vexmoor {
 
-/// Paints the rows of a HistoryModel. What the pointer does to the Put Back buttons, and which rows
-/// lift out, is set by the list.
+/// Paints the rows of a HistoryModel. The list sets the state of the Put Back buttons and the rows
+/// being lifted.
 class HistoryDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
@@ -21,7 +21,7 @@ class HistoryDelegate : public QStyledItemDelegate {
     explicit HistoryDelegate(QObject* parent);
 
     struct Pointer {
-        QPersistentModelIndex button; ///< whose button is under the pointer
+        QPersistentModelIndex button; ///< the row whose button is hovered
         bool isPressed = false;
     };
 
@@ -29,7 +29,7 @@ class HistoryDelegate : public QStyledItemDelegate {
     void setPointer(const Pointer& pointer) { m_pointer = pointer; }
     [[nodiscard]] const Pointer& pointer() const { return m_pointer; }
 
-    /// From 0 to 1, at which the row stands as the others.
+    /// Sets a row's animation progress, from 0 to 1 (the normal state).
     void setLifting(const Uuid& item, double progress);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,

@@ -12,12 +12,11 @@
 
 namespace vexmoor {
 
-/// The items in the Bin as files for other programs, those that can be put back alone; null if
-/// there are none. To be offered for copying only: a program that moved them out of the Bin would
-/// leave their records behind.
+/// Returns the items that are in the Bin as files for other programs, or null if there are none.
+/// Offer them for copying only: a program that moved them would leave stale records.
 std::unique_ptr<QMimeData> filesInBin(const std::vector<Sacrifice>& items);
 
-/// What hangs on the pointer: the name, or the count, and that copies will be made.
+/// Returns the drag image: the name or the count, and a note that files are copied.
 QPixmap dragPicture(const std::vector<Sacrifice>& items, const QFont& platform,
                     const QPalette& palette, const Accent& accent, double ratio);
 

@@ -14,7 +14,7 @@
 namespace vexmoor {
 namespace {
 
-constexpr int kRing = 4; ///< around a button's surface
+constexpr int kRing = 4; ///< margin around a button's surface
 constexpr int kPadding = 8;
 
 } // namespace
@@ -52,7 +52,8 @@ QSize HistoryFooter::minimumSizeHint() const {
     return {320, sizeHint().height()};
 }
 
-/// From the leading side what acts on the picked items; at the other end the test, if it fits.
+/// Places the buttons for selected items at the leading side and the test button at the other side,
+/// if it fits.
 void HistoryFooter::layOut() {
     const int inset = columnInset(width()) - kRing;
     const QRect room(inset, 1, width() - 2 * inset, height() - 1);
@@ -71,7 +72,8 @@ void HistoryFooter::layOut() {
     }
     m_test->setCompact(false);
     m_test->setCompact(left + m_test->sizeHint().width() > room.right() + 1);
-    m_test->setVisible(left + m_test->sizeHint().width() <= room.right() + 1); // menus have it too
+    m_test->setVisible(left + m_test->sizeHint().width() <=
+                       room.right() + 1); // the menus also contain it
     place(m_test, room.right() + 1 - m_test->sizeHint().width(), m_test->sizeHint());
 }
 

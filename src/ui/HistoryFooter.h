@@ -9,8 +9,8 @@ namespace vexmoor {
 class AccentButton;
 class FlameButton;
 
-/// The buttons under the history: two that act on what is picked, shown while they can, and one
-/// that tries the flames. Its height is always the same.
+/// The buttons below the history: two for the selected items, shown while they apply, and one that
+/// tests the flames. Its height is constant.
 class HistoryFooter : public QWidget {
     Q_OBJECT
 
@@ -18,7 +18,7 @@ class HistoryFooter : public QWidget {
     explicit HistoryFooter(QWidget* parent = nullptr);
 
     void setSkin(const Skin& skin);
-    /// How many of the picked items can be put back, and deleted from the Bin.
+    /// Sets the number of selected items that can be put back or deleted from the Bin.
     void setCounts(std::size_t restorable, std::size_t deletable);
 
     [[nodiscard]] QSize sizeHint() const override;

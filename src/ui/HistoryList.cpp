@@ -133,7 +133,7 @@ void HistoryList::mouseReleaseEvent(QMouseEvent* event) {
         putBack(button);
 }
 
-/// The second click on a button is another press of it.
+/// A double click on a button counts as a second press.
 void HistoryList::mouseDoubleClickEvent(QMouseEvent* event) {
     if (buttonAt(event->pos()).isValid())
         mousePressEvent(event);

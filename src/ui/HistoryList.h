@@ -12,8 +12,8 @@ namespace vexmoor {
 
 class HistoryDelegate;
 
-/// The rows of the history: several can be picked; what is in the Bin has a Put Back button and can
-/// be dragged out as a copy. Main thread.
+/// The rows of the history, with multiple selection. Items in the Bin have a Put Back button and
+/// can be dragged out as copies. Main thread.
 class HistoryList : public QListView {
     Q_OBJECT
 
@@ -26,7 +26,7 @@ class HistoryList : public QListView {
     [[nodiscard]] const HistoryModel& history() const { return m_model; }
     [[nodiscard]] std::set<Uuid> picked() const;
 
-    /// Reports that the Put Back of that row was pressed, if it has one.
+    /// Requests putting the row's item back, if it has the button.
     void putBack(const QModelIndex& index);
 
   signals:

@@ -37,7 +37,7 @@ void HistoryModel::setItems(std::vector<Sacrifice> items, Date now) {
             update(row, item);
             continue;
         }
-        int end = count; // of those that are new here
+        int end = count; // end of the items to insert at this row
         if (at < m_items.size())
             end = static_cast<int>(
                 std::find_if(items.begin() + row, items.end(),
@@ -48,7 +48,7 @@ void HistoryModel::setItems(std::vector<Sacrifice> items, Date now) {
         endInsertRows();
         row = end - 1;
     }
-    if (rowCount() > count) { // those that stood in another order
+    if (rowCount() > count) { // rows that had another order
         beginRemoveRows({}, count, rowCount() - 1);
         m_items.resize(items.size());
         endRemoveRows();

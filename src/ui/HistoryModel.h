@@ -12,7 +12,7 @@
 
 namespace vexmoor {
 
-/// What was fed, as rows. Changes are signalled for the rows that changed only. Main thread.
+/// The history items as rows. Emits changes only for rows that changed. Main thread.
 class HistoryModel : public QAbstractListModel {
     Q_OBJECT
 
@@ -20,12 +20,12 @@ class HistoryModel : public QAbstractListModel {
     enum Role {
         statusRole = Qt::UserRole, ///< "In the Bin · 2.1 MB · 14:02"
         shortStatusRole,           ///< "In the Bin · 14:02"
-        previewRole,               ///< whether the decoration is a preview, not an icon
+        previewRole,               ///< whether the decoration is a preview instead of an icon
     };
 
     HistoryModel(LoadPicture load, QObject* parent);
 
-    /// Newest first. Their times are written as seen at `now`.
+    /// Sets the items, newest first. Times are formatted relative to `now`.
     void setItems(std::vector<Sacrifice> items, Date now);
     [[nodiscard]] const std::vector<Sacrifice>& items() const { return m_items; }
     [[nodiscard]] const Sacrifice& at(const QModelIndex& index) const;

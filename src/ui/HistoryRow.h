@@ -6,13 +6,13 @@
 
 namespace vexmoor {
 
-/// Where the parts of a row of the history are, in points, for either direction of reading.
+/// The layout of a history row in points, for both reading directions.
 struct HistoryRow {
     QRect thumbnail;
     QRect name;
     QRect symbol; ///< before the status
     QRect status;
-    QRect button; ///< empty without one
+    QRect button; ///< empty if there is no button
 
     static HistoryRow of(const QRect& row, const QFont& platform, Qt::LayoutDirection direction,
                          bool hasButton);

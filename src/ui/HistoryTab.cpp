@@ -110,12 +110,12 @@ void HistoryTab::showItems() {
 }
 
 void HistoryTab::countPicked() {
-    // What can be put back can be deleted too.
+    // An item that can be put back can also be deleted.
     const std::size_t count = pickedInBin(shown(), picked()).size();
     const bool hadFocus = m_footer->isAncestorOf(focusWidget());
     m_footer->setCounts(count, count);
     if (hadFocus && count == 0)
-        takeFocus(); // which the hidden button has lost
+        takeFocus(); // the hidden button lost the focus
 }
 
 void HistoryTab::setSkin(const Skin& skin) {

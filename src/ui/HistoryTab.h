@@ -24,43 +24,43 @@ class HistoryFooter;
 class HistoryList;
 class HistoryModel;
 
-/// Finds the newest `most` items in the Bin, however old, whose names match.
+/// Finds the newest `most` items in the Bin, of any age, whose names match.
 using FindBinned = std::function<std::vector<Sacrifice>(
     const std::function<bool(const std::string& name)>& matches, std::size_t most)>;
 
-/// What was fed, newest first, and what can be done with it. Main thread.
+/// The list of fed items, newest first, with its filter and actions. Main thread.
 class HistoryTab : public QWidget {
     Q_OBJECT
 
   public:
     struct Parts {
         LoadPicture loadPicture;
-        FindBinned findBinned; ///< for the filter, beyond the recent ones
+        FindBinned findBinned; ///< for the filter, to include older items
         Clock clock;
     };
 
-    static constexpr std::size_t kMostFound = 200; ///< items that the filter lists
+    static constexpr std::size_t kMostFound = 200; ///< maximum number of filtered items
 
     explicit HistoryTab(Parts parts, QWidget* parent = nullptr);
 
     void setRecent(const std::vector<Sacrifice>& recent);
-    /// Writes the rows' times again.
+    /// Formats the rows' times again.
     void refresh();
     void setSkin(const Skin& skin);
 
-    /// The listed items, newest first.
+    /// Returns the listed items, newest first.
     [[nodiscard]] const std::vector<Sacrifice>& shown() const;
     [[nodiscard]] std::set<Uuid> picked() const;
 
     void openFilter();
-    /// As when it was first shown: nothing is picked, there is no filter, the newest is in sight.
+    /// Resets to the initial state: no selection, no filter, scrolled to the newest item.
     void startAgain();
     void takeFocus();
 
   signals:
     void restoreRequested(const std::vector<vexmoor::Sacrifice>& items);
     void deleteRequested(const std::vector<vexmoor::Sacrifice>& items);
-    /// Of the buttons, for what is picked.
+    /// The buttons for the selected items were pressed.
     void restorePickedRequested();
     void deletePickedRequested();
     void testFlamesRequested();
@@ -80,10 +80,10 @@ class HistoryTab : public QWidget {
     FilterField* m_filter;
     HistoryList* m_list;
     HistoryFooter* m_footer;
-    EmptyNote* m_nothing; ///< nothing was ever fed
-    EmptyNote* m_noMatch; ///< nothing passes the filter
+    EmptyNote* m_nothing; ///< shown if nothing was ever fed
+    EmptyNote* m_noMatch; ///< shown if no item matches the filter
     QStackedLayout* m_pages;
-    QTimer m_typed; ///< until the filter is applied
+    QTimer m_typed; ///< delays applying the filter
 };
 
 } // namespace vexmoor

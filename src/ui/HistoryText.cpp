@@ -17,7 +17,7 @@ bool isDeleted(const Sacrifice& item) {
     return item.mode == DisposeMode::dissolve || item.deleted.has_value();
 }
 
-/// In the C locale the short form has seconds too.
+/// Removes the seconds that the C locale's short format includes.
 QString shortTime(const QLocale& locale) {
     return locale.timeFormat(QLocale::ShortFormat).remove(QStringLiteral(":ss"));
 }
@@ -71,7 +71,7 @@ QString HistoryText::shortStatus(const Sacrifice& item, Date now, const QLocale&
 
 QString HistoryText::restoreHelp(const Sacrifice& item) {
     if (!item.original)
-        return tr("Restore to where it came from");
+        return tr("Restore to its original folder");
     const std::string folder = lastComponent(Path(*item.original).parent_path());
     return tr("Restore to %1").arg(QString::fromStdString(printable(displayText(folder))));
 }

@@ -18,23 +18,23 @@ namespace vexmoor {
 
 class UndoStack;
 
-/// The main menu: one set of items for all windows, which have its keys, and a bar of it where
-/// they want one. Most items are signals; those of the Edit and the Window menu act by themselves,
-/// on what has the focus and on the active window. Main thread.
+/// The main menu: one set of actions shared by all windows for their shortcuts, and menu bars for
+/// windows that want one. Most actions emit signals; those of the Edit and Window menus act
+/// directly on the focused widget or active window. Main thread.
 class MainMenu : public QObject {
     Q_OBJECT
 
   public:
-    /// The undo stack must outlive it; "Undo" is titled after its newest action.
+    /// The undo stack must outlive it; "Undo" shows the name of its newest action.
     MainMenu(UndoStack& undoStack, bool hasDebugMenu);
 
-    /// Gives a window the keys. "Hide Vexmoor" hides it.
+    /// Adds the shortcuts to a window. "Hide Vexmoor" hides the window.
     void addTo(QWidget& window);
 
-    /// A bar with all menus, which its caller owns.
+    /// Returns a menu bar with all menus, owned by the caller.
     [[nodiscard]] QMenuBar* makeBar() const;
 
-    /// While a check runs there is no second one.
+    /// Disables "Check for Updates…" during a check.
     void setCheckingForUpdates(bool isChecking);
 
   signals:

@@ -20,7 +20,7 @@
 namespace vexmoor {
 namespace {
 
-/// Seen on light and on dark menus: what the tray's menus look like is not known.
+/// Visible on light and dark menus, since the tray menu's colours are unknown.
 constexpr QColor kSymbolColour{0x80, 0x80, 0x80};
 
 QIcon tintedIcon() {
@@ -49,13 +49,14 @@ void MenuBar::setVisible(bool visible) {
     updateItem();
 }
 
-/// Without a tray there is no item: the kind of tray is looked for when an item is made.
+/// The status item is created only if there is a tray, because Qt detects the kind of tray on
+/// creation.
 void MenuBar::updateItem() {
     const bool shows = m_visible && m_host.isAvailable();
     if (shows == (m_item != nullptr))
         return;
     if (!shows) {
-        // Not at once: the item's own menu may be what hides it.
+        // Deferred, because the item's own menu may have triggered this.
         m_item->hide();
         m_item.release()->deleteLater();
         m_trayMenu.release()->deleteLater();
@@ -77,7 +78,7 @@ void MenuBar::updateItem() {
     m_item->show();
 }
 
-/// The desktop's colours changed.
+/// Updates the icon when the desktop's colours change.
 bool MenuBar::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::ApplicationPaletteChange && watched == qApp && m_item)
         m_item->setIcon(tintedIcon());

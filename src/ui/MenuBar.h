@@ -19,34 +19,33 @@ namespace vexmoor {
 class Compositor;
 class PopupMenu;
 
-/// The cauldron's menu, and the status item that opens it. A left click on the item opens a popup
-/// of our own; the right button's menu is drawn by the tray, which gets the same entries, the
-/// header as lines of text. Both are made again at each opening. Main thread.
+/// The cauldron's menu and the status item that opens it. A left click opens our own popup; a right
+/// click opens the tray's menu with the same entries and the header as text. Both are rebuilt on
+/// each opening. Main thread.
 class MenuBar : public QObject {
     Q_OBJECT
 
   public:
-    /// The compositor outlives it; `session` is where trays are found.
+    /// The compositor must outlive it; trays are searched on `session`.
     MenuBar(MenuContents::Parts parts, const Compositor& compositor,
             const QDBusConnection& session);
     ~MenuBar() override;
 
-    /// Whether the status item is wanted. It shows as soon as there is a tray, and again after a
-    /// tray went and came back.
+    /// Whether the status item is enabled. It is shown whenever there is a tray.
     [[nodiscard]] bool isVisible() const { return m_visible; }
     void setVisible(bool visible);
 
-    /// Opens the menu as a popup there, and closes the one that is open.
+    /// Opens the popup menu at that position and closes an open one.
     void popUp(QPoint globalPosition);
 
-    /// What the menu asks for: its signals.
+    /// Returns the contents, whose signals report the chosen entries.
     [[nodiscard]] const MenuContents& contents() const { return m_contents; }
 
-    /// Fills the tray's menu with what holds at the moment; one that holds it already is left as it
-    /// is, so that nothing jumps under the pointer.
+    /// Updates the tray's menu. Leaves it unchanged if it is up to date, so that entries do not
+    /// move under the pointer.
     void menuNeedsUpdate(QMenu& menu);
 
-    /// The status item's image as a template, before it is tinted.
+    /// Returns the status item's template image before tinting.
     static const QImage& icon();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -59,9 +58,9 @@ class MenuBar : public QObject {
     TrayHost m_host;
     bool m_visible = false;
     std::unique_ptr<QMenu> m_trayMenu;
-    std::vector<MenuEntry> m_trayEntries; ///< what the tray's menu holds
+    std::vector<MenuEntry> m_trayEntries; ///< current entries of the tray's menu
     QString m_trayHeader;
-    std::unique_ptr<QSystemTrayIcon> m_item; ///< while it is shown
+    std::unique_ptr<QSystemTrayIcon> m_item; ///< exists while shown
     QPointer<PopupMenu> m_popup;
 };
 

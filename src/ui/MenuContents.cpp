@@ -27,7 +27,7 @@ MenuEntry submenu(const QString& title, std::vector<MenuEntry> children) {
     return {.kind = Kind::submenu, .title = title, .children = std::move(children)};
 }
 
-/// Writes the negation of what the setting is when it is chosen.
+/// Returns an entry that toggles the setting's current value.
 MenuEntry onOff(const QString& title, Setting<bool>& setting) {
     return {.title = title,
             .run = [&setting] { setting.set(!setting.get()); },

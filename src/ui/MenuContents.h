@@ -17,27 +17,27 @@ class Progression;
 class Settings;
 class UndoStack;
 
-/// What the cauldron's menu holds, read from the stores each time it is asked for. Switches and
-/// skins act on the stores themselves; everything else is a signal. Main thread.
+/// The entries of the cauldron's menu, read from the stores on each call. Switches and skins change
+/// the stores directly; all other entries emit signals. Main thread.
 class MenuContents : public QObject {
     Q_OBJECT
 
   public:
-    /// What it reads; all of it outlives it.
+    /// The menu's data sources; all must outlive it.
     struct Parts {
         Ledger& ledger;
         Settings& settings;
         Progression& progression;
         UndoStack& undoStack;
         Clock clock;
-        std::function<bool()> canPutBack;       ///< whether a batch has something left in the Bin
-        std::function<bool()> canFeedSelection; ///< whether file managers can be asked
+        std::function<bool()> canPutBack;       ///< whether a batch has items left in the Bin
+        std::function<bool()> canFeedSelection; ///< whether file managers' selection is available
         std::function<bool()> isCheckingForUpdates;
     };
 
     explicit MenuContents(Parts parts) : m_parts(std::move(parts)) {}
 
-    /// The whole menu at this moment. The entries' `run` may be called as long as this lives.
+    /// Returns the whole current menu. The entries' `run` is valid as long as this object.
     [[nodiscard]] std::vector<MenuEntry> entries();
 
     [[nodiscard]] const Parts& parts() const { return m_parts; }

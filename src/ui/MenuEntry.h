@@ -11,29 +11,29 @@
 
 namespace vexmoor {
 
-/// One line of a menu as a value, whoever draws it.
+/// A menu entry as a value, independent of how it is drawn.
 struct MenuEntry {
     enum class Kind {
         header,    ///< the totals
-        separator, ///< a line
-        section,   ///< a title above the items that follow
+        separator, ///< a separating line
+        section,   ///< a title above the following items
         item,
         submenu, ///< opens `children`
     };
 
     Kind kind = Kind::item;
-    QString title{}; ///< plain text; names of files among it
+    QString title{}; ///< plain text; may contain file names
     std::function<void()> run{};
-    std::optional<bool> checked{}; ///< of items that are switched on and off
-    bool isChoice = false;         ///< exactly one of its menu is checked
+    std::optional<bool> checked{}; ///< for items that can be toggled
+    bool isChoice = false;         ///< one of a group with exactly one checked item
     bool isEnabled = true;
     int indentation = 0; ///< levels
     std::optional<Symbol> symbol{};
     QString toolTip{};
-    std::string subject{}; ///< what `run` works on, where titles do not tell
+    std::string subject{}; ///< what `run` acts on, if titles are ambiguous
     std::vector<MenuEntry> children{};
 
-    /// Whether both look the same and do the same.
+    /// True if both look and act the same.
     friend bool operator==(const MenuEntry& a, const MenuEntry& b) {
         return a.kind == b.kind && a.title == b.title && a.checked == b.checked &&
                a.isChoice == b.isChoice && a.isEnabled == b.isEnabled &&

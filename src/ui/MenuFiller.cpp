@@ -12,7 +12,7 @@ namespace {
 
 constexpr qsizetype kLongest = 60; ///< characters
 
-/// Without a character cut in two.
+/// Truncates without splitting a character.
 QString shortened(const QString& text) {
     if (text.size() <= kLongest)
         return text;

@@ -10,7 +10,7 @@
 
 namespace vexmoor {
 
-/// What differs between the menus that show the same entries.
+/// The differences between menus that show the same entries.
 struct MenuFiller {
     std::function<void(QMenu&)> addHeader;
     std::function<void(QMenu&, const QString& title)> addSection;
@@ -24,7 +24,7 @@ struct MenuFiller {
     void addItem(QMenu& menu, const MenuEntry& entry) const;
 };
 
-/// A title as menus take it: in one line, not too long, nothing in it stands for a key.
+/// Returns a title for QMenu: one line, truncated, with "&" escaped.
 QString menuTitle(const MenuEntry& entry);
 
 } // namespace vexmoor

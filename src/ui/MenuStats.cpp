@@ -17,12 +17,12 @@ namespace vexmoor {
 namespace {
 
 constexpr int kWidth = 280;
-constexpr int kWidest = 340; ///< before the caption is broken
+constexpr int kWidest = 340; ///< maximum width before the caption wraps
 constexpr QMargins kPadding{14, 6, 14, 6};
 constexpr int kBetweenRows = 8;
 constexpr int kBetweenStatistics = 18;
 
-/// Also where the widget is disabled, as in a menu that it must not be chosen in.
+/// Sets the colour for all states, since the widget is disabled in a menu.
 void colour(QLabel& label, const QColor& colour) {
     QPalette palette = label.palette();
     palette.setColor(QPalette::WindowText, colour);
@@ -73,7 +73,7 @@ void MenuStats::refresh() {
     m_caption->setText(text.caption);
     setAccessibleName(text.line());
     setAccessibleDescription(text.caption);
-    // A menu asks for the size alone, not for the height of a width.
+    // A menu uses only the size hint, not height for width.
     const int width = neededWidth();
     layout()->invalidate();
     setFixedSize(width, layout()->totalHeightForWidth(width));
@@ -86,7 +86,7 @@ int MenuStats::neededWidth() const {
     return std::max({kWidth, statistics, std::min(caption, kWidest)});
 }
 
-/// By the direction of the menu, whatever that of the text is.
+/// Aligns by the menu's direction, not by the text's.
 void MenuStats::restyle() {
     const auto leading = isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft;
     for (QLabel* const line : findChildren<QLabel*>())

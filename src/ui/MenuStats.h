@@ -16,8 +16,8 @@ namespace vexmoor {
 class Ledger;
 class Progression;
 
-/// The menu's header: three statistics and a caption. It follows the stores as long as it is there.
-/// Main thread.
+/// The menu's header: three statistics and a caption. Follows the stores during its lifetime. Main
+/// thread.
 class MenuStats : public QWidget {
     Q_OBJECT
 
@@ -44,7 +44,7 @@ class MenuStats : public QWidget {
     Clock m_clock;
     std::array<Statistic, 3> m_statistics{};
     QLabel* m_caption;
-    std::vector<Subscription> m_subscriptions; ///< last, so that they end first
+    std::vector<Subscription> m_subscriptions; ///< last member, so that they end first
 };
 
 } // namespace vexmoor

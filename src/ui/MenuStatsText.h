@@ -11,12 +11,12 @@ namespace vexmoor {
 class Ledger;
 struct Progress;
 
-/// What the menu's header says.
+/// The texts of the menu's header.
 struct MenuStatsText {
     struct Statistic {
         QString value;
         QString label;
-        QString whole; ///< both as one text: "1,284 sacrifices"
+        QString whole; ///< value and label as one text, for example "1,284 sacrifices"
 
         bool operator==(const Statistic&) const = default;
     };
@@ -24,10 +24,10 @@ struct MenuStatsText {
     std::array<Statistic, 3> statistics;
     QString caption; ///< "Today: 46 items, 1.2 GB · 6 of 19 achievements"
 
-    /// Today is the day that holds `now`.
+    /// "Today" is the day that contains `now`.
     static MenuStatsText of(const Ledger& ledger, const Progress& progress, Date now);
 
-    /// The statistics as one line of text.
+    /// Returns the statistics in one line.
     [[nodiscard]] QString line() const;
 
     bool operator==(const MenuStatsText&) const = default;

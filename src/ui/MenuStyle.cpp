@@ -16,13 +16,13 @@ using Item = QStyleOptionMenuItem;
 // In points.
 constexpr int kText = 14;          ///< from the menu's edge to the text
 constexpr int kHighlightInset = 5; ///< from the menu's edge to the highlight
-constexpr int kAboveText = 5;      ///< and below it
+constexpr int kAboveText = 5;      ///< and below
 constexpr int kBox = 14;           ///< side of a check box
 constexpr int kIcon = 16;
 constexpr int kGap = 8; ///< between check box, icon and text
 constexpr int kLevel = 20;
 constexpr int kArrow = 16;
-constexpr int kLine = 11; ///< height of a separating line with its space
+constexpr int kLine = 11; ///< height of a separator including its margins
 constexpr int kWidest = 420;
 constexpr int kMargin = 6; ///< above the first item and below the last
 constexpr double kCorner = 10;
@@ -38,7 +38,7 @@ int levelsOf(const QString& text) {
     return static_cast<int>(end - text.begin());
 }
 
-/// From the menu's leading edge to the text.
+/// Returns the distance from the menu's leading edge to the text.
 int textStart(const Item& item) {
     return kText + kLevel * levelsOf(item.text) + (isCheckable(item) ? kBox + kGap : 0) +
            (item.icon.isNull() ? 0 : kIcon + kGap);
@@ -52,7 +52,7 @@ QFont sectionFont(const Item& item) {
     return textFont(item.font, 11, QFont::DemiBold);
 }
 
-/// The palette as it is where nothing is disabled.
+/// Returns the palette with the active group, because disabled items use it too.
 QPalette activeOf(const QStyleOption& option) {
     QPalette palette = option.palette;
     palette.setCurrentColorGroup(QPalette::Active);
@@ -63,7 +63,7 @@ QColor disabledText(const QPalette& palette) {
     return mixed(palette.color(QPalette::Text), groundOf(palette), 0.5);
 }
 
-/// A part of the item, counted from the leading edge.
+/// Returns a part of the item, measured from the leading edge.
 QRect part(const Item& item, int start, int width, int height) {
     const QRect& all = item.rect;
     return QStyle::visualRect(
@@ -81,7 +81,7 @@ void drawTick(QPainter& painter, const QRectF& box, const QColor& colour) {
     painter.drawPath(tick);
 }
 
-/// A choice among several has a tick alone; a switch has a box around it.
+/// Draws a tick for a choice among several, and a tick in a box for a switch.
 void drawCheck(QPainter& painter, const Item& item, const QColor& surface, const QColor& tick,
                const QColor& outline) {
     const QRectF box = QRectF(part(item, kText + kLevel * levelsOf(item.text), kBox, kBox))

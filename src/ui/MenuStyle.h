@@ -10,17 +10,17 @@ class QStyleOptionMenuItem;
 
 namespace vexmoor {
 
-/// Draws menus in the skin's colours: rounded, with a rounded highlight in the accent, section
-/// titles, and check boxes that stand before the text of the items that have one. Main thread.
+/// Draws menus in the skin's colours: round corners, a round highlight in the accent, section
+/// titles, and check boxes before the text. Main thread.
 class MenuStyle : public QProxyStyle {
     Q_OBJECT
 
   public:
-    /// `translucent`: the menus have translucent windows, so that their corners can be smooth; else
-    /// the corners are cut off.
+    /// If `translucent`, menus have translucent windows and smooth corners; otherwise the corners
+    /// are masked.
     MenuStyle(const Skin& skin, bool translucent) : m_skin(skin), m_translucent(translucent) {}
 
-    /// What a title begins with for each level of indentation.
+    /// The prefix of a title for each level of indentation.
     static constexpr QChar kIndentation{0x2003};
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

@@ -21,7 +21,7 @@ constexpr double kCardCorner = 10;
 constexpr double kRowCorner = 7;
 constexpr double kPadding = 10;
 
-/// How much larger than usual the user's font is.
+/// Returns the ratio of the user's font size to the default.
 double growth(const QFont& font) {
     return textFont(font, 13).pixelSize() / 13.0;
 }
@@ -44,7 +44,7 @@ void paintCard(QPainter& painter, const QRectF& card, const QPalette& palette) {
     painter.drawRoundedRect(card.adjusted(0.5, 0.5, -0.5, -0.5), kCardCorner, kCardCorner);
 }
 
-/// The pot at whole physical pixels, its side at most that of the square.
+/// Paints the pot at a whole number of physical pixels per canvas pixel, within the square.
 void paintPot(QPainter& painter, const QRectF& square, const Skin& skin) {
     const double ratio = painter.device()->devicePixelRatioF();
     const int cell =

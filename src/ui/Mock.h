@@ -6,25 +6,24 @@
 #include <QPainter>
 #include <QPalette>
 
-// Small pictures of the system's windows that the user is about to meet, drawn, not photographed.
+// These functions draw small pictures of the system windows that the walkthrough mentions.
 
 namespace vexmoor::Mock {
 
-/// What the pictures take from the window that they are painted in.
+/// The colours and font of the window that contains the picture.
 struct Style {
     QPalette palette;
-    QFont font; ///< the platform's
+    QFont font; ///< the platform's font
     const Skin& skin;
 };
 
-/// The size of the pictures in points, for a font of that size.
+/// Returns the pictures' size in points for a font.
 QSizeF sizeFor(const QFont& font);
 
-/// A list of programs under the heading of a section of the system's settings. Vexmoor's row is
-/// lit.
+/// Draws a list of programs under a heading of the system settings, with Vexmoor's row highlighted.
 void settingsRow(QPainter& painter, const QRectF& area, const QString& section, const Style& style);
 
-/// The question for a permission, with its "Allow" button.
+/// Draws a permission dialog with its "Allow" button.
 void dialog(QPainter& painter, const QRectF& area, const QString& detail, const Style& style);
 
 } // namespace vexmoor::Mock

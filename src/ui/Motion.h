@@ -4,13 +4,13 @@
 
 namespace vexmoor {
 
-/// Whether the user asked the desktop for less motion: then pictures stand still and changes are
-/// made without a transition. False until setReducedMotion() is called. Main thread.
+/// True if the user prefers reduced motion; then animations stand still and changes have no
+/// transition. False until setReducedMotion() is called. Main thread.
 bool reducedMotion();
 
 void setReducedMotion(bool isReduced);
 
-/// Calls the subscriber at once and after every change.
+/// Calls the subscriber immediately and after each change.
 Subscription subscribeToReducedMotion(const std::function<void(bool)>& subscriber);
 
 } // namespace vexmoor

@@ -18,7 +18,7 @@ constexpr int kPadding = 12;
 constexpr int kSymbol = 16;
 constexpr int kGap = 8;
 constexpr int kTextLeft = kPadding + kSymbol + kGap;
-constexpr int kButtonRing = 4; ///< which the button brings around its surface
+constexpr int kButtonRing = 4; ///< margin of the button around its surface
 constexpr double kCorner = 9;
 
 const QColor kAmber(0xE0, 0x93, 0x0A);
@@ -53,7 +53,7 @@ QColor Notice::textColour() const {
     return (isDark(ground) ? kOnDark : kOnLight).readableOn(ground);
 }
 
-/// The button stands on amber.
+/// The button is drawn on amber.
 void Notice::recolour() {
     if (m_button == nullptr)
         return;

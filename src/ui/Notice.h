@@ -9,7 +9,7 @@ namespace vexmoor {
 
 class AccentButton;
 
-/// An amber card that says what is missing, with the button that mends it, if one does.
+/// An amber card that describes a problem, with a button that fixes it, if there is one.
 class Notice : public QWidget {
     Q_OBJECT
 

@@ -101,11 +101,11 @@ std::string Onboarding::pictureText() const {
                : text("“Vexmoor” would like to access files in your Desktop folder.");
 }
 
-/// The key has the user's consent and a way to get here.
+/// True if the user consented to the key and file managers can pass it to us.
 bool Onboarding::keyIsAllowed() const {
     if (m_facts.automation != AutomationStatus::granted)
         return false;
-    // A key that is turned off is in no file manager.
+    // A disabled key is not installed in any file manager.
     return !m_facts.keyIsOn || m_facts.key == KeyWay::captured || m_facts.key == KeyWay::bound;
 }
 
@@ -166,7 +166,7 @@ Onboarding::Status Onboarding::status() const {
 
 Onboarding::Status Onboarding::automationStatus() const {
     if (hasNoKey())
-        return {.line = text("No file manager installed here can take Ctrl+Backspace.")};
+        return {.line = text("No installed file manager supports Ctrl+Backspace.")};
     if (m_facts.automation == AutomationStatus::denied)
         return {.line = text("Declined. Turn on Finder under Vexmoor in Automation.")};
     std::optional<std::string> note;

@@ -11,8 +11,8 @@
 
 namespace vexmoor {
 
-/// The walkthrough without its window: which page is shown, what it says, what its buttons do. It
-/// only moves forward. Main thread.
+/// The logic of the walkthrough without its window: current page, texts and button actions. Pages
+/// only advance. Main thread.
 class Onboarding {
   public:
     enum class Page { welcome, accessibility, automation, folders, ready };
@@ -20,15 +20,15 @@ class Onboarding {
 
     enum class Picture { demo, settingsRow, dialog };
 
-    /// How the key of the file manager is had in this session.
+    /// How the file manager's key works in this session.
     enum class KeyWay {
-        captured,  ///< from the keyboard, in every file manager; takes the accessibility bus
-        available, ///< a file manager can be given it, or that is not known yet
-        bound,     ///< a file manager has it
-        none,      ///< no file manager installed can have it
+        captured,  ///< captured from the keyboard in all file managers; needs the accessibility bus
+        available, ///< a file manager can bind it, or this is unknown yet
+        bound,     ///< a file manager binds it
+        none,      ///< no installed file manager can bind it
     };
 
-    /// What the session says at the moment; cheap to ask.
+    /// The session's current state; cheap to query.
     struct Facts {
         bool accessible = false;
         AutomationStatus automation = AutomationStatus::notAsked;
@@ -38,7 +38,8 @@ class Onboarding {
         bool operator==(const Facts&) const = default;
     };
 
-    /// What it works with; outlives it. Completions are called on the main thread, at most once.
+    /// The walkthrough's dependencies, which must outlive it. Completions are called on the main
+    /// thread, at most once.
     struct Ports {
         std::function<Facts()> facts;
         std::function<void(std::function<void()> answered)> askForAutomation;
@@ -47,10 +48,10 @@ class Onboarding {
         std::function<void()> openAccessibilitySettings;
         std::function<void()> openAutomationSettings;
         std::function<void(FolderAccess::Folder)> openFolderSettings;
-        std::function<void()> finish; ///< may end the object
+        std::function<void()> finish; ///< may destroy the walkthrough
     };
 
-    /// The row that says whether something is allowed.
+    /// A row that shows whether a permission is granted.
     struct Tick {
         bool ok = false;
         std::string text;
@@ -62,7 +63,7 @@ class Onboarding {
         std::string name;
         bool operator==(const Badge&) const = default;
     };
-    /// What stands below the sentence of a page; a part that is empty is not shown.
+    /// The content below a page's text. Empty parts are not shown.
     struct Status {
         std::optional<Tick> tick = {};
         std::string line = {};
@@ -72,7 +73,7 @@ class Onboarding {
         bool operator==(const Status&) const = default;
     };
 
-    /// Looks at the folders at once if that was done before, as it raises no question then.
+    /// Probes the folders immediately if that was done before, because it asks no questions then.
     explicit Onboarding(Ports ports);
 
     [[nodiscard]] Page page() const { return m_page; }
@@ -83,7 +84,7 @@ class Onboarding {
     [[nodiscard]] std::string pictureText() const; ///< empty for the demonstration
     [[nodiscard]] Status status() const;
 
-    /// Whether the page has nothing left to be done.
+    /// True if nothing is left to do on the page.
     [[nodiscard]] bool granted() const;
 
     [[nodiscard]] std::string primaryTitle() const;
@@ -92,13 +93,13 @@ class Onboarding {
     void primaryAction();
     void next();
 
-    /// Shows the properties of the first folder that cannot be read.
+    /// Shows the properties of the first unreadable folder.
     void openFolderSettings();
 
-    /// Asks the session again; to be called every second while the page is seen.
+    /// Queries the session again. Call every second while the page is visible.
     void poll();
 
-    /// Called after everything that may have changed what the accessors return.
+    /// Called after each change of what the accessors return.
     std::function<void()> onChange;
 
   private:
@@ -113,8 +114,9 @@ class Onboarding {
     Ports m_ports;
     Page m_page = Page::welcome;
     Facts m_facts;
-    FolderAccess::Readable m_folders; ///< empty until a probe has answered
-    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); ///< for completions
+    FolderAccess::Readable m_folders; ///< empty until a probe has completed
+    std::shared_ptr<bool> m_alive =
+        std::make_shared<bool>(true); ///< lets completions detect destruction
 };
 
 } // namespace vexmoor

@@ -22,7 +22,7 @@ constexpr int kFadeMilliseconds = 160;
 
 } // namespace
 
-/// Shows the picture before, which fades.
+/// Shows the previous picture while it fades out.
 class OnboardingPicture::Veil : public QWidget {
   public:
     explicit Veil(QWidget* parent) : QWidget(parent) {
@@ -89,11 +89,12 @@ void OnboardingPicture::resizeEvent(QResizeEvent*) {
 void OnboardingPicture::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QColor ground = groundOf(palette());
-    painter.fillRect(rect(), ground); // for the picture that fades
+    painter.fillRect(rect(), ground); // covers the picture that fades out
     if (m_picture == Onboarding::Picture::demo) {
         QRect pot = m_demo->geometry();
         pot.setTop(pot.bottom() - pot.width());
-        pot.translate(0, -pot.height() / 3); // the acid shines, and the light ends in the picture
+        pot.translate(0, -pot.height() /
+                             3); // centres the glow on the acid and keeps it inside the picture
         paintGlow(painter, pot, Accent::of(m_skin, ground).glow, ground);
         return;
     }

@@ -11,7 +11,7 @@ namespace vexmoor {
 
 class CauldronDemoView;
 
-/// The picture of the walkthrough's page. A new one fades in, unless the user wants no motion. Main
+/// The picture of a walkthrough page. A new picture fades in, except with reduced motion. Main
 /// thread.
 class OnboardingPicture : public QWidget {
     Q_OBJECT
@@ -21,7 +21,7 @@ class OnboardingPicture : public QWidget {
 
     void setSkin(const Skin& skin);
 
-    /// `text` is what the drawn window says.
+    /// `text` is shown in the drawn window.
     void show(Onboarding::Picture picture, const QString& text);
 
     [[nodiscard]] QSize sizeHint() const override;

@@ -76,7 +76,7 @@ void OnboardingStatus::showBadges(const std::vector<Onboarding::Badge>& badges) 
     for (const auto& badge : badges) {
         auto* const label = new FolderBadge(fromText(badge.name), badge.ok, m_accent, m_badges);
         m_badges->layout()->addWidget(label);
-        label->show(); // at once, although the row is shown already
+        label->show(); // a child added to a visible widget starts hidden
     }
 }
 

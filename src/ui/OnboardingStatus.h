@@ -13,8 +13,8 @@ namespace vexmoor {
 class AccentButton;
 class SymbolText;
 
-/// What a page of the walkthrough says about the permission: a ticked row, folders with their
-/// badges, a link, a caption. Main thread.
+/// The permission status on a walkthrough page: a row with a tick, folders with badges, a link and
+/// a caption. Main thread.
 class OnboardingStatus : public QWidget {
     Q_OBJECT
 
@@ -24,7 +24,7 @@ class OnboardingStatus : public QWidget {
     void setStatus(const Onboarding::Status& status);
     void setAccent(const Accent& accent);
 
-    /// The whole as one text, for screen readers.
+    /// Returns all texts as one, for screen readers.
     [[nodiscard]] QString spokenText() const;
 
   signals:

@@ -17,7 +17,7 @@
 namespace vexmoor {
 namespace {
 
-constexpr QSize kSize(420, 440); ///< with the usual font
+constexpr QSize kSize(420, 440); ///< with the default font size
 constexpr int kMargin = 28;
 constexpr int kStatusHeight = 100;
 
@@ -43,8 +43,8 @@ OnboardingView::OnboardingView(Onboarding::Ports ports, const Skin& skin,
       m_primary(new AccentButton({}, this)) {
     setWindowTitle(tr("Welcome to Vexmoor"));
     layOut();
-    m_title->setFocusPolicy(Qt::ClickFocus); // else the dialog passes the focus on when shown
-    m_secondary->setAutoDefault(false);      // Return is the primary's, wherever the focus is
+    m_title->setFocusPolicy(Qt::ClickFocus); // otherwise the dialog moves the focus away when shown
+    m_secondary->setAutoDefault(false);      // Return always triggers the primary button
     m_primary->setDefault(true);
     connect(m_primary, &QPushButton::clicked, this, [this] { m_onboarding.primaryAction(); });
     connect(m_secondary, &QPushButton::clicked, this, [this] { m_onboarding.next(); });
@@ -71,7 +71,7 @@ void OnboardingView::layOut() {
     column->addWidget(m_dots, 0, Qt::AlignHCenter);
     column->addSpacing(10);
     auto* const buttons = new QHBoxLayout;
-    buttons->setSpacing(2); // besides the room for the rings
+    buttons->setSpacing(2); // in addition to the margins for the focus rings
     buttons->addStretch();
     buttons->addWidget(m_secondary);
     buttons->addWidget(m_primary);
@@ -100,13 +100,13 @@ void OnboardingView::refresh() {
         announce();
 }
 
-/// Screen readers read what receives the focus: the title with the page's texts.
+/// Focuses the title, because screen readers read the focused widget with the page's texts.
 void OnboardingView::announce() {
     m_announced = page();
     m_title->setFocus(Qt::OtherFocusReason);
 }
 
-/// The height of the title that takes the most lines.
+/// Returns the height of the title with the most lines.
 int OnboardingView::highestTitle(int width) const {
     const QFontMetrics metrics(m_title->font());
     int height = 0;
@@ -118,8 +118,8 @@ int OnboardingView::highestTitle(int width) const {
     return height;
 }
 
-/// Grows beyond the usual size where the user's font or a language needs it; never shrinks, so that
-/// nothing moves between pages.
+/// Enlarges the window if the user's font or language needs it. Never shrinks it, so that nothing
+/// moves between pages.
 void OnboardingView::fit() {
     m_blurb->setMinimumHeight(2 * QFontMetrics(m_blurb->font()).lineSpacing());
     const double growth = std::max(1.0, textFont(font(), 13).pixelSize() / 13.0);

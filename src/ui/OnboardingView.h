@@ -16,8 +16,8 @@ class OnboardingPicture;
 class OnboardingStatus;
 class PageDots;
 
-/// The walkthrough's window, from the welcome on: made for each showing. It asks the session every
-/// second while it is seen. Main thread.
+/// The walkthrough's window, created for each showing. Queries the session every second while
+/// visible. Main thread.
 class OnboardingView : public QDialog {
     Q_OBJECT
 
@@ -47,7 +47,7 @@ class OnboardingView : public QDialog {
     Skin m_skin;
     Onboarding m_onboarding;
     Page m_announced = Page::welcome;
-    QSize m_size; ///< the largest that was needed
+    QSize m_size; ///< the largest size needed so far
     std::unique_ptr<FrameTimer> m_second;
     OnboardingPicture* m_picture;
     QLabel* m_title;

@@ -8,8 +8,8 @@ class QAbstractScrollArea;
 
 namespace vexmoor {
 
-/// A thin scroll bar that lies over the contents of an area and takes no width from them. It stands
-/// in for the area's own vertical one and follows it. Owned by the area.
+/// A thin scroll bar drawn over an area's contents without using width. Replaces and follows the
+/// area's vertical scroll bar. Owned by the area.
 class OverlayScrollBar : public QScrollBar {
     Q_OBJECT
 
@@ -30,7 +30,7 @@ class OverlayScrollBar : public QScrollBar {
     [[nodiscard]] QRect thumb() const;
 
     QAbstractScrollArea& m_area;
-    std::optional<int> m_held; ///< where in the thumb it was taken, in points
+    std::optional<int> m_held; ///< where the thumb was grabbed, in points
 };
 
 } // namespace vexmoor

@@ -4,14 +4,14 @@
 
 namespace vexmoor {
 
-/// One dot a page, the current one dark; read aloud as "Page 2 of 5".
+/// One dot per page, the current one dark. Screen readers read "Page 2 of 5".
 class PageDots : public QLabel {
     Q_OBJECT
 
   public:
     explicit PageDots(int pages, QWidget* parent = nullptr);
 
-    /// `page` counts from 0.
+    /// `page` is zero-based.
     void setPage(int page);
 
     [[nodiscard]] QSize sizeHint() const override;

@@ -16,7 +16,7 @@ Qt::LayoutDirection directionOf(const QString& text) {
 
 using UseLine = std::function<void(const QTextLine& line, bool isElided)>;
 
-/// Breaks the text into lines as wide as that and hands over each; answers their height.
+/// Breaks the text into lines of `width`, passes each line to `use` and returns their height.
 int breakLines(QTextLayout& layout, const Paragraph& paragraph, int width, const UseLine& use) {
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -55,7 +55,7 @@ void Paragraph::paint(QPainter& painter, const QRect& rect, Qt::Alignment alignm
     const Qt::Alignment side =
         QStyle::visualAlignment(painter.layoutDirection(), alignment) | Qt::AlignAbsolute;
     const Qt::LayoutDirection before = painter.layoutDirection();
-    painter.setLayoutDirection(directionOf(text)); // where its full stop goes
+    painter.setLayoutDirection(directionOf(text)); // determines the side of the full stop
     painter.setFont(font);
     painter.setPen(colour);
     QTextLayout layout(text, font);

@@ -9,10 +9,9 @@ using Remedy = PermissionNotice::Remedy;
 QString hintText(const Permissions::KeyHint& hint) {
     switch (hint.kind) {
     case Permissions::KeyHint::Kind::needsRestart:
-        return Notice::tr("Start %1 again, and Ctrl+Backspace works there too.")
-            .arg(hint.fileManager);
+        return Notice::tr("Restart %1 to use Ctrl+Backspace there.").arg(hint.fileManager);
     case Permissions::KeyHint::Kind::taken:
-        return Notice::tr("In %1, Ctrl+Backspace does something else that you chose.")
+        return Notice::tr("In %1, you assigned Ctrl+Backspace to another action.")
             .arg(hint.fileManager);
     case Permissions::KeyHint::Kind::menuOnly:
         return Notice::tr("In %1, Ctrl+Backspace can't work in this session. Right-click files "
@@ -28,10 +27,11 @@ void addKeyNotices(std::vector<Notice>& notices, const Permissions& permissions)
                                       "started without accessibility support."),
                            Notice::tr("Turn On Support"), Remedy::focusReports});
     else if (permissions.focusReports == Permissions::FocusReports::afterRestart)
-        notices.push_back({Notice::tr("Accessibility support is on. Start the file manager again, "
-                                      "and Ctrl+Backspace works there."),
-                           {},
-                           Remedy::none});
+        notices.push_back(
+            {Notice::tr("Accessibility support is on. Restart the file manager to use "
+                        "Ctrl+Backspace there."),
+             {},
+             Remedy::none});
     for (const auto& hint : permissions.keyHints)
         notices.push_back({hintText(hint), {}, Remedy::none});
 }
@@ -45,7 +45,7 @@ std::vector<PermissionNotice> PermissionNotice::of(const Permissions& permission
         notices.push_back({tr("Needs Accessibility access for the Dock tile and the ⌘⌫ shortcut."),
                            tr("Open Settings"), Remedy::accessibilitySettings});
     if (!permissions.keyIsPossible)
-        return notices; // the setting's row says so
+        return notices; // the setting's row shows this
     if (permissions.automation != AutomationStatus::granted)
         notices.push_back(
             {tr("⌘⌫ needs permission to ask Finder for the selection."),

@@ -9,15 +9,14 @@
 
 namespace vexmoor {
 
-/// What the user and the session let the program do. A plain value; what a fresh one says is that
-/// nothing is missing.
+/// What the user and the session allow. The default means that nothing is missing.
 struct Permissions {
-    /// Why the key does not work in one file manager.
+    /// Why the key does not work in a file manager.
     struct KeyHint {
         enum class Kind {
-            needsRestart, ///< it takes the key at its next start
-            taken,        ///< the user bound the key to something else there
-            menuOnly,     ///< it cannot bind the key, and nothing can capture it
+            needsRestart, ///< works after its next start
+            taken,        ///< the user bound the key to another action there
+            menuOnly,     ///< it cannot bind the key and the key cannot be captured
         };
         QString fileManager; ///< its title
         Kind kind = Kind::needsRestart;
@@ -25,20 +24,20 @@ struct Permissions {
         bool operator==(const KeyHint&) const = default;
     };
 
-    /// Whether file managers say where the focus is: those that were started without the session's
-    /// accessibility support do not, and keep the key.
+    /// Whether file managers report the focus. Those started without the session's accessibility
+    /// support do not, and so keep the key.
     enum class FocusReports { present, missing, afterRestart };
 
     bool accessible = true; ///< the accessibility bus answers
     AutomationStatus automation = AutomationStatus::granted;
-    bool keyIsPossible = true; ///< by capture, or in at least one file manager of its own
+    bool keyIsPossible = true; ///< by capture or by at least one file manager's binding
     FocusReports focusReports = FocusReports::present;
     std::vector<KeyHint> keyHints;
 
     bool operator==(const Permissions&) const = default;
 };
 
-/// What is missing, in words, and the button that mends it.
+/// A text about a missing permission, and the button that fixes it.
 struct PermissionNotice {
     Q_DECLARE_TR_FUNCTIONS(vexmoor::PermissionNotice)
 
@@ -46,10 +45,10 @@ struct PermissionNotice {
     enum class Remedy { none, accessibilitySettings, automation, focusReports };
 
     QString text;
-    QString button; ///< empty without a remedy
+    QString button; ///< empty if there is no remedy
     Remedy remedy = Remedy::none;
 
-    /// The most important first. `capturesKey` is the setting of the key.
+    /// Returns the notices, the most important first. `capturesKey` is the user's setting.
     static std::vector<PermissionNotice> of(const Permissions& permissions, bool capturesKey);
 
     bool operator==(const PermissionNotice&) const = default;

@@ -7,8 +7,7 @@
 
 namespace vexmoor {
 
-/// Those of the items that are picked and can still be put back or deleted from the Bin, in their
-/// order.
+/// Returns the picked items that can still be put back or deleted from the Bin, in order.
 inline std::vector<Sacrifice> pickedInBin(const std::vector<Sacrifice>& items,
                                           const std::set<Uuid>& picked) {
     std::vector<Sacrifice> found;

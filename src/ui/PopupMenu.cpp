@@ -34,12 +34,12 @@ PopupMenu::PopupMenu(const std::vector<MenuEntry>& entries,
                 makeRoom(*menu, translucent);
                 return menu;
             },
-        .symbolColour = Qt::black, // the style takes the text's
+        .symbolColour = Qt::black, // the style replaces it by the text's colour
     };
     filler.fill(*this, entries);
 }
 
-/// Disabled, so that the keyboard passes it by.
+/// The header is disabled, so that the keyboard skips it.
 void PopupMenu::addHeader(QWidget* header) {
     auto* const action = new QWidgetAction(this);
     action->setDefaultWidget(header);

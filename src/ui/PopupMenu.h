@@ -11,13 +11,14 @@
 
 namespace vexmoor {
 
-/// The cauldron's menu as a popup of our own, in the skin's colours, with the rich header. It
-/// is deleted when it is closed. Main thread.
+/// The cauldron's menu as our own popup in the skin's colours, with the graphical header. Deletes
+/// itself when closed. Main thread.
 class PopupMenu : public QMenu {
     Q_OBJECT
 
   public:
-    /// `makeHeader` makes the header as a child of the menu. `translucent`: windows may be so.
+    /// `makeHeader` creates the header as a child of the menu. `translucent` is true if windows can
+    /// be translucent.
     PopupMenu(const std::vector<MenuEntry>& entries,
               const std::function<QWidget*(QWidget* parent)>& makeHeader, const Skin& skin,
               bool translucent);

@@ -32,7 +32,7 @@ QImage tinted(QImage image, const QColor& colour) {
     return image;
 }
 
-/// The silhouette in its outline, a pixel a canvas pixel.
+/// Draws the silhouette with its outline, one image pixel per canvas pixel.
 QImage outlined(QImage pot, const Tint& tint) {
     pot.setDevicePixelRatio(1);
     QImage around(pot.width() + 2 * kOutline, pot.height() + 2 * kOutline,
@@ -48,7 +48,7 @@ QImage outlined(QImage pot, const Tint& tint) {
     return icon;
 }
 
-/// Scaled up by whole pixels first, so that edges stay hard where they can.
+/// Scales up by an integer first, so that edges stay as sharp as possible.
 QPixmap scaled(const QImage& image, int side) {
     constexpr int kFine = 8;
     const QImage fine = image.scaled(image.size() * kFine);

@@ -5,12 +5,12 @@
 
 namespace vexmoor {
 
-/// The pot as a black silhouette in which the brew is a hole: a template that is tinted where it is
-/// shown. A canvas pixel is half a point.
+/// Returns the pot as a black silhouette with a hole for the brew: a template image to be tinted. A
+/// canvas pixel is half a point.
 QImage potSilhouette();
 
-/// A template tinted for panels: light on a dark desktop and dark on a light one, in an outline of
-/// the other, as panels may be of any colour.
+/// Tints a template for panels: light on a dark desktop, dark on a light one, with an outline of
+/// the opposite colour, since a panel may have any colour.
 QIcon panelIcon(const QImage& silhouette, bool isDesktopDark);
 
 } // namespace vexmoor

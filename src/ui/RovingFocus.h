@@ -9,24 +9,24 @@ class QWidget;
 
 namespace vexmoor {
 
-/// One stop of the Tab key for several widgets in rows and columns: arrows, Home and End move the
-/// focus among those that are enabled. Main thread.
+/// Makes widgets in rows and columns a single Tab stop: arrow keys, Home and End move the focus
+/// among the enabled ones. Main thread.
 class RovingFocus : public QObject {
     Q_OBJECT
 
   public:
-    /// The widgets in reading order; they outlive this. `columns` answers how many stand side by
-    /// side at the moment.
+    /// `widgets` are in reading order and must outlive this object. `columns` returns the current
+    /// number of columns.
     RovingFocus(std::vector<QWidget*> widgets, std::function<int()> columns,
                 QObject* parent = nullptr);
 
-    /// The one that the Tab key reaches from now on.
+    /// Sets the widget that the Tab key focuses.
     void setStop(QWidget* widget);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   signals:
-    /// A widget has the focus now.
+    /// A widget received the focus.
     void moved(QWidget* widget);
 
   private:

@@ -10,7 +10,7 @@ RowPictures::RowPictures(LoadPicture load, QObject* parent)
 ItemPicture RowPictures::find(const Sacrifice& item) {
     const auto [found, isNew] = m_pictures.try_emplace(item.id);
     if (isNew && m_load) {
-        const ItemPicture before = found->second; // the map may change in the call
+        const ItemPicture before = found->second; // a copy, since the call may change the map
         m_load(item, [self = QPointer(this), id = item.id](const ItemPicture& picture) {
             if (!self || picture.image.isNull() || !self->m_pictures.contains(id))
                 return;

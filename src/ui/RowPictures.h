@@ -11,20 +11,20 @@
 
 namespace vexmoor {
 
-/// Loads the picture of an item and calls the completion once, later or never.
+/// Loads an item's picture. Calls the completion at most once, later.
 using LoadPicture = std::function<void(const Sacrifice&, BinnedPictures::Completion)>;
 
-/// The pictures of a list's rows, each loaded when it is first needed. Main thread.
+/// The pictures of a list's rows, loaded on first use. Main thread.
 class RowPictures : public QObject {
     Q_OBJECT
 
   public:
     RowPictures(LoadPicture load, QObject* parent);
 
-    /// The picture, null until it was loaded; the first call starts that.
+    /// Returns the picture, or null until it is loaded. The first call starts loading.
     [[nodiscard]] ItemPicture find(const Sacrifice& item);
 
-    /// Forgets those of other items.
+    /// Drops the pictures of all other items.
     void retain(const std::set<Uuid>& items);
 
   signals:

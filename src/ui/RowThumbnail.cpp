@@ -14,7 +14,7 @@ namespace {
 constexpr double kCorner = 6;
 constexpr int kLongestExtension = 4;
 
-/// Of the same mark the same colour.
+/// Returns a colour that depends only on the mark.
 QColor colourOf(const QString& mark) {
     uint sum = 7;
     for (const QChar letter : mark)
@@ -45,7 +45,7 @@ void paintSheet(QPainter& painter, const QRectF& square, const QString& name,
     painter.drawText(square, Qt::AlignCenter, mark);
 }
 
-/// A whole square for a preview; else as much of it as the icon takes.
+/// Scales a preview to fill the square, and an icon to fit into it.
 QPixmap scaled(const QImage& image, int side, bool isPreview) {
     const QString key =
         QStringLiteral("thumbnail-%1-%2-%3").arg(image.cacheKey()).arg(side).arg(isPreview ? 1 : 0);

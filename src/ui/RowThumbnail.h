@@ -5,10 +5,9 @@
 
 namespace vexmoor {
 
-/// Paints the picture of an item into a square with round corners: a preview fills it, an icon
-/// stands in it. Without an image it paints a sheet that bears the name's extension or first
-/// letter. The image is
-/// scaled once for each size.
+/// Paints an item's picture in a square with round corners: a preview fills it, an icon is centred.
+/// Without an image, draws a sheet with the name's extension or first letter. Scaled images are
+/// cached by size.
 void paintThumbnail(QPainter& painter, const QRect& square, const QImage& image, bool isPreview,
                     const QString& name, const QPalette& palette);
 

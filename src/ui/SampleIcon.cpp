@@ -5,7 +5,7 @@
 namespace vexmoor {
 
 QImage sampleIcon() {
-    constexpr int kSide = 128; ///< as the thumbnails have it
+    constexpr int kSide = 128; ///< same as thumbnails
     return QIcon::fromTheme(QStringLiteral("application-pdf"),
                             QIcon::fromTheme(QStringLiteral("x-office-document")))
         .pixmap(kSide)

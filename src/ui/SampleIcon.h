@@ -4,8 +4,8 @@
 
 namespace vexmoor {
 
-/// The icon theme's picture of a PDF document, for demonstrations; of any document if it has none;
-/// null without an icon theme. Main thread.
+/// Returns the icon theme's icon of PDF documents for demonstrations, otherwise that of any
+/// document; null without an icon theme. Main thread.
 QImage sampleIcon();
 
 } // namespace vexmoor

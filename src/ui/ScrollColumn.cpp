@@ -33,7 +33,7 @@ ScrollColumn::ScrollColumn(int widest, int inset, QWidget* parent)
     new OverlayScrollBar(*this);
 }
 
-/// The page gets its height before the first frame is painted, not one round of the loop later.
+/// Activates the layout, so that the page has its height before the first paint.
 void ScrollColumn::showEvent(QShowEvent* event) {
     QScrollArea::showEvent(event);
     widget()->layout()->activate();

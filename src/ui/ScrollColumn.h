@@ -6,17 +6,17 @@ class QVBoxLayout;
 
 namespace vexmoor {
 
-/// A page that scrolls: one column of limited width in the middle, without a frame. The Tab key
-/// goes to what is in it, and what has the focus is scrolled into sight.
+/// A scrollable page with one centred column of limited width and no frame. Tab moves the focus to
+/// its children and scrolls them into view.
 class ScrollColumn : public QScrollArea {
     Q_OBJECT
 
   public:
-    /// Points at the sides of the column.
+    /// The horizontal margin of the column in points.
     static constexpr int kMargin = 20;
 
-    /// `widest` is the column's, in points; `inset` how far its widgets reach into the margin, for
-    /// the rings around them.
+    /// `widest` is the column's maximum width in points; `inset` is how far its widgets extend into
+    /// the margin for their focus rings.
     explicit ScrollColumn(int widest, int inset = 0, QWidget* parent = nullptr);
 
     QVBoxLayout& column() { return *m_column; }

@@ -12,7 +12,7 @@
 namespace vexmoor {
 namespace {
 
-constexpr int kTrack = 3; ///< around the chosen segment
+constexpr int kTrack = 3; ///< margin around the selected segment
 constexpr double kCorner = 9;
 
 } // namespace
@@ -21,7 +21,7 @@ SegmentedBar::SegmentedBar(QWidget* parent)
     : QTabBar(parent), m_skin(Skin::iron()), m_focus(new FocusRing(*this)) {
     setDrawBase(false);
     setUsesScrollButtons(false);
-    setExpanding(false); // the segments fill the bar by their own size hints
+    setExpanding(false); // tabSizeHint() already fills the bar
     setElideMode(Qt::ElideNone);
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
@@ -45,7 +45,7 @@ int SegmentedBar::textWidth(int index) const {
     return QFontMetrics(textFont(font(), 12.5, QFont::DemiBold)).horizontalAdvance(tabText(index));
 }
 
-/// Each as wide as its text, and an equal part of what is left of the bar's width.
+/// Each segment gets its text's width and an equal share of the remaining width.
 QSize SegmentedBar::tabSizeHint(int index) const {
     int all = 0;
     for (int i = 0; i < count(); ++i)
@@ -56,7 +56,7 @@ QSize SegmentedBar::tabSizeHint(int index) const {
 }
 
 void SegmentedBar::resizeEvent(QResizeEvent* event) {
-    QEvent changed(QEvent::FontChange); // lays the segments out by the new width
+    QEvent changed(QEvent::FontChange); // triggers a new layout
     QTabBar::changeEvent(&changed);
     QTabBar::resizeEvent(event);
 }

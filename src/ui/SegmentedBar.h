@@ -8,7 +8,7 @@ namespace vexmoor {
 
 class FocusRing;
 
-/// A tab bar in the form of one row of segments that share its width. Arrow keys choose.
+/// A tab bar drawn as a row of segments that share its width. Arrow keys select.
 class SegmentedBar : public QTabBar {
     Q_OBJECT
 

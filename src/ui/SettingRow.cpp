@@ -43,7 +43,7 @@ void SettingRow::setPossible(bool isPossible) {
     if (isPossible != m_switch->isHidden())
         return;
     m_switch->setVisible(isPossible);
-    // Screen readers find the texts at the switch, where there is one.
+    // With a switch, screen readers read the texts from the switch.
     setAccessibleName(isPossible ? QString() : m_label);
     setAccessibleDescription(isPossible ? QString() : m_caption);
     updateGeometry();

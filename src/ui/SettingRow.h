@@ -10,13 +10,13 @@
 
 namespace vexmoor {
 
-/// A setting with its switch: the label, a caption under it, a line below. A click anywhere on the
-/// row is one on the switch. A setting that cannot work here has no switch: its caption says why.
+/// A setting with label, caption and switch, and a line below. Clicking the row toggles the switch.
+/// A setting that is impossible here has no switch, and its caption gives the reason.
 class SettingRow : public QWidget {
     Q_OBJECT
 
   public:
-    /// How far the row reaches beyond its texts, for the ring around the switch.
+    /// The margin around the texts, in which the switch's focus ring is drawn.
     static constexpr int kInset = FocusRing::kRoom;
 
     explicit SettingRow(QWidget* parent = nullptr);
@@ -32,7 +32,7 @@ class SettingRow : public QWidget {
     [[nodiscard]] QSize minimumSizeHint() const override { return {160, 44}; }
 
   signals:
-    /// By the user.
+    /// The user toggled the switch.
     void switched(bool isOn);
 
   protected:

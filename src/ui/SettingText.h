@@ -9,20 +9,20 @@
 
 namespace vexmoor {
 
-/// One setting as it is shown. A plain value.
+/// The display texts and state of a setting.
 struct SettingText {
     Q_DECLARE_TR_FUNCTIONS(vexmoor::SettingText)
 
   public:
-    /// The switch it is bound to; null for the dispose mode, where on is dissolve.
+    /// The setting; null for the dispose mode, where on means dissolve.
     Setting<bool> Settings::*setting = nullptr;
     QString label;
-    QString caption; ///< empty without one
+    QString caption; ///< may be empty
     bool isOn = false;
     bool isPossible = true;
 
-    /// All, in the order of showing. Without `keyIsPossible` nothing can take the key in this
-    /// session.
+    /// Returns all settings in display order. `keyIsPossible` is false if nothing can capture or
+    /// bind the key in this session.
     static std::vector<SettingText> all(const Settings& settings, bool keyIsPossible);
 
     bool operator==(const SettingText&) const = default;

@@ -17,7 +17,7 @@ namespace vexmoor {
 namespace {
 
 constexpr int kWidest = 560;
-constexpr int kInset = 8; ///< of a link's text in its button
+constexpr int kInset = 8; ///< margin of a link's text in its button
 
 } // namespace
 
@@ -94,20 +94,20 @@ void SettingsTab::refreshNotices() {
 void SettingsTab::replaceNotices(std::vector<PermissionNotice> notices) {
     for (Notice* const old : std::exchange(m_notices, {})) {
         old->hide();
-        old->deleteLater(); // it may be the one whose button was pressed
+        old->deleteLater(); // deferred, because its button may have triggered this
     }
     m_texts = std::move(notices);
     for (const PermissionNotice& text : m_texts) {
         auto* const notice = new Notice(text.text, text.button, m_rows.front()->parentWidget());
         connect(notice, &Notice::buttonPressed, this,
-                [this, remedy = text.remedy] { mend(remedy); });
+                [this, remedy = text.remedy] { applyRemedy(remedy); });
         m_noticeColumn->addWidget(notice);
         m_notices.push_back(notice);
         notice->show();
     }
 }
 
-void SettingsTab::mend(PermissionNotice::Remedy remedy) {
+void SettingsTab::applyRemedy(PermissionNotice::Remedy remedy) {
     switch (remedy) {
     case PermissionNotice::Remedy::accessibilitySettings:
         emit accessibilitySettingsRequested();

@@ -15,27 +15,28 @@ class Notice;
 class SettingRow;
 class Settings;
 
-/// The user's six choices, live both ways, and what is missing for them. Main thread.
+/// The user's six settings, updated in both directions, and notices about missing permissions. Main
+/// thread.
 class SettingsTab : public ScrollColumn {
     Q_OBJECT
 
   public:
-    /// The settings outlive it.
+    /// The settings must outlive it.
     explicit SettingsTab(Settings& settings, QWidget* parent = nullptr);
 
-    /// For its accent.
+    /// Sets the skin whose accent is used.
     void setSkin(const Skin& skin);
 
-    /// What the program may do now. Cheap if nothing changed.
+    /// Sets the current permissions. Cheap if nothing changed.
     void setPermissions(const Permissions& permissions);
 
   signals:
     void accessibilitySettingsRequested();
-    /// The user wants to be asked for the consent or, if it was denied, gives it.
+    /// The user wants to be asked for consent, or to grant it after denying it.
     void automationRequested();
-    /// The user takes the consent back.
+    /// The user revoked the consent.
     void automationWithdrawn();
-    /// File managers are to report the focus.
+    /// The user wants file managers to report the focus.
     void focusReportsRequested();
 
   protected:
@@ -46,14 +47,14 @@ class SettingsTab : public ScrollColumn {
     void refresh();
     void refreshNotices();
     void replaceNotices(std::vector<PermissionNotice> notices);
-    void mend(PermissionNotice::Remedy remedy);
+    void applyRemedy(PermissionNotice::Remedy remedy);
     void recolour();
 
     Settings& m_settings;
     Skin m_skin;
     Permissions m_permissions;
     std::vector<SettingRow*> m_rows;
-    std::vector<PermissionNotice> m_texts; ///< of the notices
+    std::vector<PermissionNotice> m_texts; ///< current notices
     std::vector<Notice*> m_notices;
     QVBoxLayout* m_rowColumn;
     QVBoxLayout* m_noticeColumn;

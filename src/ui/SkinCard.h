@@ -11,11 +11,11 @@ namespace vexmoor {
 class Progression;
 struct Skin;
 
-/// How a skin is earned: the title of the first achievement that rewards it, or as much as is said
-/// of a secret one; nullopt if none does.
+/// Returns how to unlock a skin: the title of the first achievement with this reward, or a general
+/// text for a secret one; nullopt if there is none.
 std::optional<QString> unlockHint(const Skin& skin);
 
-/// One skin as it is offered. A plain value.
+/// The display texts and state of a skin.
 struct SkinCard {
     Q_DECLARE_TR_FUNCTIONS(vexmoor::SkinCard)
 
@@ -23,11 +23,11 @@ struct SkinCard {
     const Skin* skin = nullptr; ///< never null
     QString name;
     QString blurb;
-    QString help; ///< how it is earned while it is locked, else the blurb
+    QString help; ///< how to unlock it, or the blurb once unlocked
     bool isLocked = false;
     bool isChosen = false;
 
-    /// All, in the order of Skin::all().
+    /// Returns all skins in the order of Skin::all().
     static std::vector<SkinCard> all(const Progression& progression);
 
     bool operator==(const SkinCard&) const = default;

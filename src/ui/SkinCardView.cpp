@@ -21,17 +21,17 @@ namespace vexmoor {
 namespace {
 
 constexpr int kPot = 68;
-constexpr int kAbove = 12;  ///< the pot
-constexpr int kBetween = 6; ///< pot and name
+constexpr int kAbove = 12;  ///< above the pot
+constexpr int kBetween = 6; ///< between pot and name
 constexpr int kBelow = 12;
 constexpr int kSide = 8;
-constexpr int kMark = 16; ///< of the chosen one
+constexpr int kMark = 16; ///< side of the mark of the selected skin
 constexpr int kLock = 12;
 constexpr double kCorner = 10;
 constexpr int kWakeMilliseconds = 180;
-constexpr double kRise = 4; ///< how far the pot comes up when it wakes, in points
+constexpr double kRise = 4; ///< points by which the pot rises when it is unlocked
 
-/// The pot in grey, nearly without its inner forms.
+/// Returns a grey silhouette of the pot with little inner detail.
 QImage silhouetteOf(const QImage& pot, const QColor& colour) {
     QImage silhouette = pot.convertToFormat(QImage::Format_ARGB32);
     for (int y = 0; y < silhouette.height(); ++y) {
@@ -83,7 +83,7 @@ void SkinCardView::setAccent(const Accent& accent) {
     update();
 }
 
-/// Which one is chosen is the progression's decision.
+/// Reports the choice; the progression decides which skin is selected.
 void SkinCardView::nextCheckState() {
     emit chosen(*m_card.skin);
 }
@@ -95,7 +95,7 @@ void SkinCardView::keyPressEvent(QKeyEvent* event) {
         QRadioButton::keyPressEvent(event);
 }
 
-/// A locked card takes no clicks, but can be read like the others.
+/// A locked card is disabled but uses the active colours, so that it stays readable.
 QPalette SkinCardView::colours() const {
     QPalette colours = palette();
     colours.setCurrentColorGroup(QPalette::Active);

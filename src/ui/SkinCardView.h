@@ -12,8 +12,8 @@ namespace vexmoor {
 class FocusRing;
 class Transition;
 
-/// One skin to choose: its pot, its name, two lines about it. A locked one shows the pot's
-/// silhouette; when it is unlocked before the user's eyes, the pot wakes up.
+/// A selectable skin: its pot, name and two lines of text. A locked one shows a silhouette; if it
+/// is unlocked while visible, the pot fades in.
 class SkinCardView : public QRadioButton {
     Q_OBJECT
 
@@ -23,12 +23,12 @@ class SkinCardView : public QRadioButton {
     void setCard(const SkinCard& card);
     void setAccent(const Accent& accent);
 
-    /// The height that shows two lines of every blurb.
+    /// The height fits two lines of blurb.
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return {64, sizeHint().height()}; }
 
   signals:
-    /// The user chose this skin.
+    /// The user selected this skin.
     void chosen(const vexmoor::Skin& skin);
 
   protected:
@@ -51,8 +51,8 @@ class SkinCardView : public QRadioButton {
     SkinCard m_card;
     Accent m_accent;
     FocusRing* m_ring;
-    Transition* m_awake; ///< 0: the silhouette, 1: the pot
-    QImage m_pot;        ///< null until it is painted
+    Transition* m_awake; ///< 0: silhouette, 1: pot
+    QImage m_pot;        ///< null until first painted
     QImage m_silhouette;
 };
 

@@ -13,16 +13,16 @@ class Progression;
 class SkinCardView;
 class RovingFocus;
 
-/// The chooser of the cauldron's look. Follows the progression while it can be seen: a skin that
-/// was unlocked in the meantime wakes up when the tab is shown. Main thread.
+/// The skin chooser. Follows the progression while visible: newly unlocked skins are animated when
+/// the tab is shown. Main thread.
 class SkinsTab : public ScrollColumn {
     Q_OBJECT
 
   public:
-    /// The progression outlives it.
+    /// The progression must outlive it.
     explicit SkinsTab(Progression& progression, QWidget* parent = nullptr);
 
-    /// For its accent; the chosen skin is the progression's.
+    /// Sets the skin whose accent is used. The progression decides which card is selected.
     void setSkin(const Skin& skin);
 
   protected:

@@ -9,7 +9,7 @@
 namespace vexmoor {
 namespace {
 
-constexpr int kStage = 114; ///< at every usual scale a crisp pot fits well
+constexpr int kStage = 114; ///< the pot is sharp at all common scales
 
 } // namespace
 

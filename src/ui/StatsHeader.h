@@ -10,8 +10,8 @@ namespace vexmoor {
 class DissolveBadge;
 class Figure;
 
-/// The pot in the glow of its acid, the three totals beside it, and the badge of a cauldron that
-/// dissolves. Its height is the same with and without the badge. Main thread.
+/// The pot with its glow, the three totals, and the dissolve badge. Its height is the same with and
+/// without the badge. Main thread.
 class StatsHeader : public QWidget {
     Q_OBJECT
 
@@ -22,7 +22,7 @@ class StatsHeader : public QWidget {
     void setSkin(const Skin& skin);
     void setDissolving(bool isDissolving);
 
-    /// Where the pot is in the header.
+    /// Returns the pot's rectangle in the header.
     [[nodiscard]] QRect pot() const;
 
   signals:
@@ -35,7 +35,7 @@ class StatsHeader : public QWidget {
   private:
     void layOut();
 
-    QWidget* m_stage; ///< the room for the pot, of the same size at every scale
+    QWidget* m_stage; ///< the pot's area, of constant size at every scale
     CauldronView* m_pot;
     Figure* m_count;
     Figure* m_bytes;

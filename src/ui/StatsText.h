@@ -8,12 +8,12 @@ namespace vexmoor {
 class Ledger;
 struct Progress;
 
-/// The totals as they are shown: values with their captions.
+/// The display texts of the totals.
 struct StatsText {
     Q_DECLARE_TR_FUNCTIONS(vexmoor::StatsText)
 
   public:
-    QString count; ///< with its thousands set apart
+    QString count; ///< with thousands separators
     QString countCaption;
     QString bytes;
     QString bytesCaption;

@@ -67,7 +67,7 @@ void StatsView::layOut() {
         top->addLayout(row);
     };
     addInset(m_header);
-    top->addWidget(m_chart); // the rings of its bars reach into the margins
+    top->addWidget(m_chart); // the rings of its bars extend into the margins
     addInset(m_tabs);
     auto* const row = new QHBoxLayout;
     constexpr int kSide = kColumnMargin - DayBar::kRingRoom;
@@ -119,10 +119,10 @@ void StatsView::subscribe() {
     m_subscriptions.push_back(m_parts.progression.subscribe(refreshed));
 }
 
-/// What did not change is not painted again.
+/// Repaints only what changed.
 void StatsView::refresh(bool grows) {
     if (!isVisible())
-        return; // all of it when it is shown
+        return; // showEvent() refreshes everything
     const Progress& progress = m_parts.progression.progress();
     if (const Skin skin = Skin::named(progress.skin); skin.id != m_skin.id)
         setSkin(skin);
@@ -172,14 +172,14 @@ QSize StatsView::minimumSizeHint() const {
 void StatsView::startAgain() {
     setTab(Tab::history);
     m_history->startAgain();
-    m_tabs->setFocus(Qt::OtherFocusReason); // if there is nothing listed
+    m_tabs->setFocus(Qt::OtherFocusReason); // in case the list is empty
     m_history->takeFocus();
 }
 
 void StatsView::showEvent(QShowEvent* event) {
     setSkin(Skin::named(m_parts.progression.progress().skin));
     refresh(false);
-    if (!event->spontaneous()) // not when it comes back from being minimised
+    if (!event->spontaneous()) // not after being minimised
         startAgain();
     readPermissions();
     m_minute->start(std::chrono::minutes(1), [this] {

@@ -26,23 +26,23 @@ class StatsHeader;
 class WeekChart;
 struct Progress;
 
-/// The contents of the main window: totals, the week, and four tabs. It follows the stores at once
-/// while it is shown, the calendar within a minute and the permissions within a second; hidden it
-/// does nothing. Shown again it starts on the history with nothing picked. Main thread.
+/// The contents of the main window: totals, week chart and four tabs. While visible, follows the
+/// stores immediately, the calendar within a minute and the permissions within a second; hidden, it
+/// is idle. When shown again it starts at the history without selection. Main thread.
 class StatsView : public QWidget {
     Q_OBJECT
 
   public:
     enum class Tab { history, achievements, skins, settings };
 
-    /// What it works on and calls; all outlive it.
+    /// The view's dependencies; all must outlive it.
     struct Parts {
         Ledger& ledger;
         Settings& settings;
         Progression& progression;
         Clock clock;
         MakeFrameTimer makeTimer = std::make_unique<QtFrameTimer>;
-        std::function<Permissions()> permissions{}; ///< as they are at the moment
+        std::function<Permissions()> permissions{}; ///< returns the current permissions
         LoadPicture loadPicture{};
         FindBinned findBinned{};
     };
@@ -51,15 +51,15 @@ class StatsView : public QWidget {
 
     [[nodiscard]] const Skin& skin() const { return m_skin; }
 
-    /// For what it asks of its owner.
+    /// Returns the settings tab, for the owner to connect its signals.
     [[nodiscard]] SettingsTab& settingsTab() const { return *m_settings; }
 
     [[nodiscard]] Tab tab() const;
     void setTab(Tab tab);
 
-    /// Of the listed items those that are picked and can be put back, newest first.
+    /// Returns the listed items that are picked and can be put back, newest first.
     [[nodiscard]] std::vector<Sacrifice> restorable(const std::set<Uuid>& picked) const;
-    /// Those that are picked and can be deleted from the Bin, in the same order.
+    /// Returns those that are picked and can be deleted from the Bin, newest first.
     [[nodiscard]] std::vector<Sacrifice> deleteNow(const std::set<Uuid>& picked) const;
 
     [[nodiscard]] QSize sizeHint() const override { return {360, 760}; }
@@ -97,7 +97,7 @@ class StatsView : public QWidget {
     AchievementsTab* m_achievements;
     SkinsTab* m_skins;
     SettingsTab* m_settings;
-    std::vector<Subscription> m_subscriptions; ///< last, so that they end first
+    std::vector<Subscription> m_subscriptions; ///< last member, so that they end first
 };
 
 } // namespace vexmoor

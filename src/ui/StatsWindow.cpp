@@ -23,7 +23,7 @@ StatsWindow::StatsWindow(StatsView::Parts parts)
     resize(sizeHint());
 }
 
-/// What was dragged out of the window itself is in the Bin already.
+/// Ignores drags from the window itself; their items are already in the Bin.
 void StatsWindow::dragEnterEvent(QDragEnterEvent* event) {
     if (event->source() != nullptr || !event->mimeData()->hasFormat(kUriList))
         return;

@@ -10,8 +10,8 @@ namespace vexmoor {
 
 class DropFrame;
 
-/// The program's main window. What is dropped onto it is reported as on the tile. The owner gives
-/// it a menu bar and keeps its place. Main thread.
+/// The main window. Reports drops like the tile. The owner adds a menu bar and stores its geometry.
+/// Main thread.
 class StatsWindow : public QMainWindow {
     Q_OBJECT
 
@@ -21,7 +21,7 @@ class StatsWindow : public QMainWindow {
     [[nodiscard]] StatsView& view() const { return *m_view; }
 
   signals:
-    /// Items were dropped, and `others` things that are not on this computer.
+    /// Items were dropped; `others` is the number of items that are not on this computer.
     void dropped(const std::vector<vexmoor::Path>& items, int others);
 
   protected:

@@ -12,9 +12,9 @@ namespace {
 constexpr QSize kTrack(40, 22);
 constexpr double kKnobGap = 2;
 constexpr int kMilliseconds = 140;
-constexpr double kVisible = 3; ///< WCAG 2's contrast for parts of controls
+constexpr double kVisible = 3; ///< minimum WCAG 2 contrast for control elements
 
-/// As bright as it may be under a white knob.
+/// Darkens the colour until it contrasts with a white knob.
 QColor underWhite(const QColor& colour) {
     constexpr int kSteps = 32;
     for (int step = 0; step < kSteps; ++step) {

@@ -9,8 +9,7 @@ namespace vexmoor {
 class FocusRing;
 class Transition;
 
-/// A check box as a sliding switch: the knob's side says what it is. For screen readers it is a
-/// check box; its owner gives it a name.
+/// A check box drawn as a sliding switch. Screen readers see a check box; the owner sets its name.
 class Switch : public QCheckBox {
     Q_OBJECT
 
@@ -31,7 +30,7 @@ class Switch : public QCheckBox {
 
     Accent m_accent;
     FocusRing* m_ring;
-    Transition* m_knob; ///< 0: off
+    Transition* m_knob; ///< 0: off, 1: on
 };
 
 } // namespace vexmoor

@@ -9,16 +9,16 @@
 namespace vexmoor {
 namespace {
 
-// All glyphs are drawn on a square of 16 units.
+// All glyphs use a square of 16 units.
 
 constexpr double kUnits = 16;
 constexpr double kLine = 1.4;
 
-/// What a glyph consists of: areas, lines, and what is cut out of the areas.
+/// The parts of a glyph: areas, lines, and lines cut out of the areas.
 struct Glyph {
     QPainterPath areas;
     QPainterPath lines;
-    QPainterPath cuts; ///< lines that are left out of the areas
+    QPainterPath cuts; ///< lines removed from the areas
 };
 
 QPainterPath polyline(std::initializer_list<QPointF> points) {

@@ -6,7 +6,7 @@
 
 namespace vexmoor {
 
-/// Small glyphs of our own, so that they look the same under every icon theme.
+/// Our own glyphs, which do not depend on the icon theme.
 enum class Symbol {
     flame,       ///< dissolved
     trash,       ///< in the Bin
@@ -23,10 +23,10 @@ enum class Symbol {
     search,
 };
 
-/// Paints it with one colour, centred in the square. The lines grow with the square.
+/// Paints the symbol in one colour, centred in the square. Line widths scale with the square.
 void paintSymbol(QPainter& painter, const QRectF& square, Symbol symbol, const QColor& colour);
 
-/// The same as an icon that is drawn for each size and pixel ratio.
+/// Returns the symbol as an icon, rendered for each size and pixel ratio.
 QIcon symbolIcon(Symbol symbol, const QColor& colour);
 
 } // namespace vexmoor

@@ -6,7 +6,7 @@
 
 namespace vexmoor {
 
-/// A line of text with a symbol before it, centred.
+/// A centred line of text with a leading symbol.
 class SymbolText : public QLabel {
     Q_OBJECT
 

@@ -13,7 +13,8 @@ double digitWidth(const QFontMetricsF& metrics) {
     return widest;
 }
 
-/// Passes single digits and what is between them, each with its place. \return the whole width.
+/// Calls the visitor with each digit and each text between digits and their positions. Returns the
+/// total width.
 double layOut(const QFont& font, const QString& text,
               const std::function<void(double x, const QString& part)>& visitor) {
     const QFontMetricsF metrics(font);

@@ -5,12 +5,12 @@
 
 namespace vexmoor {
 
-// Text whose digits are all as wide as the widest one, whatever the font, so that a figure that
-// counts up does not shake.
+// Text in which all digits have the width of the widest one, so that a changing number does not
+// shift.
 
 double tabularWidth(const QFont& font, const QString& text);
 
-/// Paints it from left to right in the painter's pen, its baseline beginning at the point.
+/// Paints the text from left to right with the painter's pen, starting at the baseline point.
 void drawTabular(QPainter& painter, QPointF baseline, const QFont& font, const QString& text);
 
 } // namespace vexmoor

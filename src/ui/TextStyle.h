@@ -6,17 +6,17 @@
 
 namespace vexmoor {
 
-/// The platform's font at a size that is given for a platform whose plain text has 13 points, so
-/// that it grows with what the user has chosen.
+/// Returns the platform's font scaled to `size`, which is relative to a default text size of 13
+/// points, so that it respects the user's font size.
 QFont textFont(const QFont& platform, double size, QFont::Weight weight = QFont::Normal);
 
-/// What windows are written on.
+/// Returns the background colour of windows.
 QColor groundOf(const QPalette& palette);
 
-/// For captions: fainter than the text, readable on the ground.
+/// Returns the colour of captions: fainter than normal text but readable.
 QColor secondaryText(const QPalette& palette);
 
-/// For lines between parts.
+/// Returns the colour of separating lines.
 QColor hairline(const QPalette& palette);
 
 } // namespace vexmoor

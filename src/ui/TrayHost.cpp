@@ -27,7 +27,7 @@ TrayHost::TrayHost(const QDBusConnection& session)
     askWatcher();
 }
 
-/// Never starts it: a watcher that the bus would have to start shows nothing.
+/// Does not activate the watcher: an activated watcher would have no host.
 void TrayHost::askWatcher() {
     QDBusMessage question = QDBusMessage::createMethodCall(
         kWatcher, kPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));

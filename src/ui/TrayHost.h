@@ -8,13 +8,13 @@
 
 namespace vexmoor {
 
-/// Whether something on the desktop shows status icons: a host of StatusNotifierItems, or a tray of
-/// the older X11 kind. It may come late, go, and come back. Main thread.
+/// Whether the desktop shows status icons: through a StatusNotifierItem host or an X11 system tray.
+/// Both can start and exit at any time. Main thread.
 class TrayHost : public QObject {
     Q_OBJECT
 
   public:
-    /// The answer of a host that is there already comes a little later, by the signal.
+    /// A host that already runs is reported later, by the signal.
     explicit TrayHost(const QDBusConnection& session);
 
     [[nodiscard]] bool isAvailable() const { return m_available; }
@@ -32,7 +32,7 @@ class TrayHost : public QObject {
 
     QDBusConnection m_session;
     SelectionOwner m_tray;
-    bool m_hasHost = false; ///< one of StatusNotifierItems
+    bool m_hasHost = false; ///< a StatusNotifierItem host exists
     bool m_available = false;
 };
 

@@ -39,7 +39,7 @@ UpdatePanel::UpdatePanel(const Skin& skin, const MakeFrameTimer& makeTimer) {
     column->addStretch();
     column->addWidget(makeLine(title, textFont(font(), 13.5, QFont::DemiBold),
                                palette().color(QPalette::Text), this));
-    column->addWidget(makeLine(tr("The system's package service is asked."), textFont(font(), 12),
+    column->addWidget(makeLine(tr("Asking the system's package service."), textFont(font(), 12),
                                secondaryText(palette()), this));
     column->addSpacing(12);
     auto* const cancel = new AccentButton(tr("Cancel"), this, AccentButton::Kind::plain);

@@ -7,8 +7,8 @@
 
 namespace vexmoor {
 
-/// Shows that updates are being looked for, and offers to cancel: the cauldron simmers in the
-/// meantime. Closing it rejects it. Main thread.
+/// The progress dialog of an update check, with a simmering cauldron and a cancel button. Closing
+/// it rejects the dialog. Main thread.
 class UpdatePanel : public QDialog {
     Q_OBJECT
 

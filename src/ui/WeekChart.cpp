@@ -17,7 +17,7 @@ namespace vexmoor {
 namespace {
 
 constexpr int kBarsHeight = 58;
-constexpr double kSeen = 1.5; ///< contrast at which a bar stands out from the ground
+constexpr double kSeen = 1.5; ///< minimum contrast of a bar with the ground
 
 QColor colourOf(Pixel pixel, const QColor& ground, const QColor& otherwise) {
     const QColor colour(pixel.r, pixel.g, pixel.b);
@@ -50,7 +50,7 @@ void WeekChart::layOut() {
     column->setContentsMargins({});
     column->setSpacing(2);
     auto* const row = new QHBoxLayout;
-    row->setSpacing(0); // the room for the rings is the gap
+    row->setSpacing(0); // the margins for the focus rings separate the bars
     for (DayBar* const bar : m_bars) {
         bar->setFixedHeight(kBarsHeight);
         row->addWidget(bar, 1);

@@ -15,9 +15,8 @@ namespace vexmoor {
 class DayBar;
 class FocusRing;
 
-/// Seven bars, one a day, oldest first, and a caption that describes today, or the day under the
-/// pointer or chosen with the arrow keys. To a screen reader each bar is a text of its own. Main
-/// thread.
+/// Seven bars, one per day, oldest first, and a caption for today, the hovered day, or the day
+/// selected with the arrow keys. For screen readers each bar is a text. Main thread.
 class WeekChart : public QWidget {
     Q_OBJECT
 
@@ -26,14 +25,14 @@ class WeekChart : public QWidget {
 
     explicit WeekChart(QWidget* parent = nullptr);
 
-    /// `week` as Ledger::week() has it. If `grows`, visible bars move to their new heights.
+    /// `week` comes from Ledger::week(). If `grows`, visible bars animate to their new heights.
     void setWeek(const std::vector<Ledger::DayOfWeek>& week, bool grows = true);
     void setSkin(const Skin& skin);
 
-    /// The largest count of the week, never less than 1.
+    /// Returns the largest count of the week, at least 1.
     [[nodiscard]] std::int64_t peak() const;
 
-    /// The bar under the pointer or chosen by key, from 0; nullopt if there is none.
+    /// Returns the zero-based index of the hovered or selected bar, or nullopt.
     [[nodiscard]] std::optional<int> hovered() const { return m_hovered; }
 
     [[nodiscard]] QString caption() const;

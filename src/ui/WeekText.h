@@ -9,15 +9,15 @@
 
 namespace vexmoor {
 
-/// What the week chart says of a day.
+/// The caption texts of the week chart.
 class WeekText {
     Q_DECLARE_TR_FUNCTIONS(vexmoor::WeekText)
 
   public:
-    /// "Today · 46 items · 1.2 GB", "Friday, 20 November · nothing fed".
+    /// Returns, for example, "Today · 46 items · 1.2 GB" or "Friday, 20 November · nothing fed".
     static QString caption(const Ledger::DayOfWeek& day, bool isToday, const QLocale& locale);
 
-    /// A date without its year, where the locale writes the year last; else with it.
+    /// Returns a date without its year if the locale writes the year last, otherwise with it.
     static QString dayName(QDate date, const QLocale& locale);
 };
 

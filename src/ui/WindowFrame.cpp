@@ -14,9 +14,10 @@
 namespace vexmoor {
 namespace {
 
-constexpr int kFurthest = 32767; ///< where the windows of an X server end
+constexpr int kFurthest = 32767; ///< the largest coordinate of an X11 window
 
-/// None before the window was shown. QWidget::frameGeometry() may not know them yet.
+/// Returns no margins before the window is shown. QWidget::frameGeometry() may not include them
+/// yet.
 QMargins frameMargins(const QWidget& window) {
     return window.windowHandle() ? window.windowHandle()->frameMargins() : QMargins();
 }
@@ -38,12 +39,12 @@ const QScreen* screenOf(const QRect& frame) {
     return best;
 }
 
-/// The frame's corner and the size inside it.
+/// Returns the frame's corner and the client size.
 QRect placeOf(const QWidget& window) {
     return {frameOf(window).topLeft(), window.size()};
 }
 
-/// The stored form of a place: "x y width height".
+/// Returns the stored form: "x y width height".
 std::string textOf(const QRect& place) {
     std::ostringstream out;
     out.imbue(std::locale::classic());
@@ -70,7 +71,7 @@ QRect fitted(QRect window, const QRect& visible) {
     if (visible.isEmpty())
         return window;
     window.setSize(window.size().boundedTo(visible.size()));
-    // Where its corner may be.
+    // The rectangle of allowed corner positions.
     const QRect corners(visible.topLeft(), visible.size() - window.size() + QSize(1, 1));
     window.moveLeft(std::clamp(window.left(), corners.left(), corners.right()));
     window.moveTop(std::clamp(window.top(), corners.top(), corners.bottom()));
@@ -91,7 +92,7 @@ void fitOnScreen(QWidget& window) {
         window.setGeometry(inside.marginsRemoved(margins));
     } else {
         window.resize(inside.size());
-        window.move(inside.topLeft()); // of the frame that it will have
+        window.move(inside.topLeft()); // position of the frame that the window manager will add
     }
 }
 
@@ -99,8 +100,8 @@ WindowFrame::WindowFrame(QWidget& window, UserDefaults& defaults, std::string ke
     : m_window(window), m_defaults(defaults), m_key(std::move(key)) {
     m_soon.setSingleShot(true);
     m_soon.setInterval(500);
-    connect(&m_soon, &QTimer::timeout, this, &WindowFrame::settle);
-    m_next.setSingleShot(true); // with no interval: when Qt has told of a change
+    connect(&m_soon, &QTimer::timeout, this, &WindowFrame::fitAndSave);
+    m_next.setSingleShot(true); // interval 0: runs after Qt has processed the change
     connect(&m_next, &QTimer::timeout, this, &WindowFrame::fitOnce);
     restore();
     window.installEventFilter(this);
@@ -135,7 +136,7 @@ void WindowFrame::save() {
         m_defaults.assign(m_key, text);
 }
 
-void WindowFrame::settle() {
+void WindowFrame::fitAndSave() {
     fitOnce();
     save();
 }
@@ -147,7 +148,7 @@ void WindowFrame::fitOnce() {
 
 void WindowFrame::changed() {
     m_soon.start();
-    // While the window manager frames the window, Qt may have it elsewhere.
+    // During reparenting by the window manager, Qt may report a different position.
     if (!frameMargins(m_window).isNull() && frameOf(m_window).topLeft() == m_corner)
         m_next.start();
 }

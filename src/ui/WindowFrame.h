@@ -11,25 +11,25 @@
 
 namespace vexmoor {
 
-/// A window's frame kept inside what can be seen of a screen: no larger than that, and moved only
-/// as far as is needed. Without a screen it stays.
+/// Fits a window's frame into the visible part of a screen: limits its size and moves it only as
+/// far as needed. Without a screen returns it unchanged.
 QRect fitted(QRect window, const QRect& visible);
 
-/// Brings a window, with the frame that the window manager gave it, inside the screen on which most
-/// of it lies (the primary screen where it lies on none). A window that fills a screen stays.
+/// Moves and resizes a window, including its frame, to fit on the screen that contains most of it
+/// (the primary screen if none does). Leaves maximised and fullscreen windows unchanged.
 void fitOnScreen(QWidget& window);
 
-/// Remembers where a window is and how large. Main thread.
+/// Stores and restores a window's position and size. Main thread.
 class WindowFrame : public QObject {
     Q_OBJECT
 
   public:
-    /// Gives the window the frame that is stored, or else the size that it would like, in the
-    /// middle of the screen. From then on it is stored soon after it was moved or resized, and when
-    /// the window is hidden; and it is fitted on the screen when the window manager, which knows
-    /// how wide its frames are, has shown the window. Defaults and window must outlive this.
+    /// Restores the stored geometry, or centres the window at its preferred size. Stores the
+    /// geometry shortly after changes and when the window is hidden. Fits the window on the screen
+    /// once the window manager has shown it, since only then its frame margins are known. Defaults
+    /// and window must outlive this object.
     WindowFrame(QWidget& window, UserDefaults& defaults, std::string key = "window.Vexmoor");
-    /// Stores a change that was not stored yet.
+    /// Stores pending changes.
     ~WindowFrame() override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -38,7 +38,7 @@ class WindowFrame : public QObject {
     void restore();
     void save();
     void changed();
-    void settle();
+    void fitAndSave();
     void fitOnce();
 
     QWidget& m_window;
@@ -46,8 +46,8 @@ class WindowFrame : public QObject {
     std::string m_key;
     QTimer m_soon;
     QTimer m_next;
-    std::optional<QPoint> m_corner; ///< of the frame when the window was last seen
-    bool m_fitted = false;          ///< since it was last shown
+    std::optional<QPoint> m_corner; ///< the frame's corner when last visible
+    bool m_fitted = false;          ///< since the last show
 };
 
 } // namespace vexmoor

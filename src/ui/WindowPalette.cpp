@@ -9,7 +9,7 @@ namespace vexmoor {
 namespace {
 
 struct Colours {
-    QRgb window; ///< around the ground, and of buttons
+    QRgb window; ///< window background around the ground, and buttons
     QRgb base;
     QRgb alternate;
     QRgb text;
@@ -19,7 +19,7 @@ struct Colours {
     QRgb highlighted;
     QRgb link;
     QRgb visited;
-    QRgb light; ///< from here on the edges of surfaces
+    QRgb light; ///< this and the following roles are edges of surfaces
     QRgb midlight;
     QRgb mid;
     QRgb dark;
@@ -105,7 +105,7 @@ QPalette windowPalette(bool dark) {
 }
 
 void useWindowPalette(std::optional<bool> dark) {
-    QApplication::setPalette(QPalette()); // the platform's
+    QApplication::setPalette(QPalette()); // resets to the platform's palette
     if (dark && isDark(groundOf(QApplication::palette())) != *dark)
         QApplication::setPalette(windowPalette(*dark));
 }

@@ -6,11 +6,11 @@
 
 namespace vexmoor {
 
-/// Calm light or dark colours for all windows, for a desktop whose theme Qt does not follow.
+/// Returns a light or dark palette for all windows, for desktops whose theme Qt does not follow.
 QPalette windowPalette(bool dark);
 
-/// Makes all windows dark or light. Where the platform's own palette is so already, it is left; so
-/// it is with nullopt, that is, without a choice of the user's. Main thread.
+/// Makes all windows dark or light. Keeps the platform's palette if it already matches or if `dark`
+/// is nullopt (no preference). Main thread.
 void useWindowPalette(std::optional<bool> dark);
 
 } // namespace vexmoor

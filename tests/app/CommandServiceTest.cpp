@@ -215,7 +215,7 @@ TEST_F(CommandServiceTest, TellsWhatIsOnItsWayAlready) {
     EXPECT_THAT(namesOf(reportIn(end(first))), ElementsAre("a"));
     const auto report = reportIn(end(second));
     EXPECT_THAT(namesOf(report), ElementsAre("b"));
-    EXPECT_THAT(told(report), ElementsAre("a: It is on its way into the cauldron already."));
+    EXPECT_THAT(told(report), ElementsAre("a: It is already being fed to the cauldron."));
 }
 
 TEST_F(CommandServiceTest, StopsTheCallersOwnBatchesOnly) {

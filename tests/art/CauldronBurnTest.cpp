@@ -15,7 +15,7 @@ QImage redSquare() {
     return image;
 }
 
-/// Pixels of an overlay's bitmap that its mask keeps.
+/// Counts the pixels of an overlay's bitmap that its mask keeps.
 int keptCells(const PixelCanvas::Overlay& overlay) {
     int count = 0;
     for (int row = 0; row < overlay.h * overlay.detail; ++row) {
@@ -25,7 +25,7 @@ int keptCells(const PixelCanvas::Overlay& overlay) {
     return count;
 }
 
-TEST(CauldronBurnTest, LooksAsKept) {
+TEST(CauldronBurnTest, MatchesGoldenPictures) {
     const Skin& skin = Skin::copper();
     const CauldronArt::Frame frame =
         CauldronArt::burn({.t = 0.5, .height = 12, .seed = 99, .splitAtPool = true, .skin = skin});
@@ -35,7 +35,7 @@ TEST(CauldronBurnTest, LooksAsKept) {
     EXPECT_EQ(flame, goldenRows("burn-copper-flame", flame));
 }
 
-TEST(CauldronBurnTest, GivesTheSamePixelsForTheSameSeed) {
+TEST(CauldronBurnTest, SameSeedGivesSamePixels) {
     const CauldronArt::Burn moment{.t = 0.7,
                                    .height = 23.4,
                                    .simmer = true,
@@ -49,7 +49,7 @@ TEST(CauldronBurnTest, GivesTheSamePixelsForTheSameSeed) {
     EXPECT_NE(CauldronArt::burn(other).scene.nsImage(6), image);
 }
 
-TEST(CauldronBurnTest, LaysTheItemIntoTheMiddleOfTheFlame) {
+TEST(CauldronBurnTest, CentresTheItemInTheFlame) {
     struct Case {
         double height;
         int x, y, side;
@@ -68,7 +68,7 @@ TEST(CauldronBurnTest, LaysTheItemIntoTheMiddleOfTheFlame) {
     }
 }
 
-TEST(CauldronBurnTest, EatsTheItemGrainByGrainUntilNothingIsLeft) {
+TEST(CauldronBurnTest, DissolvesTheItemCompletely) {
     int before = 1600;
     for (const double t : {0.5, 0.6, 0.65, 0.75, 0.85}) {
         const CauldronArt::Frame frame = CauldronArt::burn(
@@ -81,7 +81,7 @@ TEST(CauldronBurnTest, EatsTheItemGrainByGrainUntilNothingIsLeft) {
     EXPECT_EQ(before, 0);
 }
 
-TEST(CauldronBurnTest, SinksAFloatingPotBackToItsPlace) {
+TEST(CauldronBurnTest, LowersAFloatingPotToItsStandardPosition) {
     const Skin& skin = Skin::voidSkin();
     const auto rimAt = [&skin](double t, double lift) {
         const PixelCanvas scene = CauldronArt::burn({.t = t, .lift = lift, .skin = skin}).scene;
@@ -96,7 +96,7 @@ TEST(CauldronBurnTest, SinksAFloatingPotBackToItsPlace) {
     EXPECT_EQ(rimAt(1, 1.5), 23);
 }
 
-TEST(CauldronBurnTest, ShowsTheWholeFlameInFrontOfThePotWithOrWithoutSplitting) {
+TEST(CauldronBurnTest, ShowsTheWholeFlameInFrontOfThePotSplitOrNot) {
     CauldronArt::Burn moment{.t = 0.5, .height = 8, .seed = 3, .skin = Skin::iron()};
     for (const bool split : {false, true}) {
         moment.splitAtPool = split;

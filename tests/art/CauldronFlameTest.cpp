@@ -8,7 +8,7 @@
 namespace vexmoor {
 namespace {
 
-TEST(CauldronFlameTest, LooksAsKept) {
+TEST(CauldronFlameTest, MatchesGoldenPictures) {
     for (const double height : {3.0, 9.5, 24.0}) {
         PixelCanvas canvas(34, 54);
         SeededRNG rng{42};
@@ -19,7 +19,7 @@ TEST(CauldronFlameTest, LooksAsKept) {
     }
 }
 
-TEST(CauldronFlameTest, TakesOneDrawARowWhetherItIsVisibleOrNot) {
+TEST(CauldronFlameTest, TakesOneRandomNumberPerRow) {
     for (const double height : {0.0, 0.4, 1.0, 23.6, 80.0}) {
         PixelCanvas canvas(34, 54);
         SeededRNG used{7};
@@ -32,7 +32,7 @@ TEST(CauldronFlameTest, TakesOneDrawARowWhetherItIsVisibleOrNot) {
     }
 }
 
-TEST(CauldronFlameTest, NeverGrowsWiderThanItsLimitNorBelowThePool) {
+TEST(CauldronFlameTest, StaysWithinItsWidthLimitAndAboveThePool) {
     for (std::uint64_t seed = 1; seed < 40; ++seed) {
         PixelCanvas canvas(34, 54);
         SeededRNG rng{seed};

@@ -16,7 +16,7 @@ int differingPixels(const PixelCanvas& one, const PixelCanvas& other) {
     return count;
 }
 
-TEST(CauldronIdleTest, LooksAsKept) {
+TEST(CauldronIdleTest, MatchesGoldenPictures) {
     struct Case {
         const char* name;
         const Skin& skin;
@@ -33,11 +33,11 @@ TEST(CauldronIdleTest, LooksAsKept) {
     }
 }
 
-TEST(CauldronIdleTest, SwellsAndBurstsItsBubblesByTheirPhases) {
+TEST(CauldronIdleTest, DrawsBubblesByTheirPhases) {
     const Skin& skin = Skin::iron();
     struct Case {
         const char* what;
-        int tick; ///< of the bubble at column 9, period 23, outside the glint's ticks
+        int tick; ///< for the bubble at column 9, period 23, outside the glint's ticks
         int x, y;
         Pixel expected;
     };
@@ -56,17 +56,17 @@ TEST(CauldronIdleTest, SwellsAndBurstsItsBubblesByTheirPhases) {
         EXPECT_EQ(CauldronArt::idle(c.tick, false, 0, skin).at(c.x, c.y), c.expected) << c.what;
 }
 
-TEST(CauldronIdleTest, StaysTheSameWhenStillAndWhereNothingMoves) {
+TEST(CauldronIdleTest, DoesNotChangeWhenStill) {
     const Skin& skin = Skin::iron();
     const PixelCanvas still = CauldronArt::idle(0, true, 0, skin);
     for (const int tick : {1, 11, 90, 4711})
         EXPECT_EQ(CauldronArt::idle(tick, true, 0, skin), still) << tick;
     EXPECT_EQ(CauldronArt::idle(64, false, 0, skin), CauldronArt::idle(65, false, 0, skin))
-        << "an unchanged picture is seen without rendering it";
+        << "unchanged canvases compare equal without rendering";
     EXPECT_NE(CauldronArt::idle(5, false, 0, skin), CauldronArt::idle(6, false, 0, skin));
 }
 
-TEST(CauldronIdleTest, SendsAGlintUpOnceEveryNinetyTicks) {
+TEST(CauldronIdleTest, ShowsAGlintEveryNinetyTicks) {
     const Skin& skin = Skin::iron();
     const PixelCanvas still = CauldronArt::idle(0, true, 0, skin);
     for (const int tick : {91, 93, 96, 101}) {
@@ -80,7 +80,7 @@ TEST(CauldronIdleTest, SendsAGlintUpOnceEveryNinetyTicks) {
     EXPECT_EQ(CauldronArt::idle(102, false, 0, skin).at(17, 20), Pixel{});
 }
 
-TEST(CauldronIdleTest, FloatsOnlyThePotsThatHover) {
+TEST(CauldronIdleTest, OnlyHoveringPotsFloat) {
     for (const Skin& skin : Skin::all()) {
         const PixelCanvas frame = CauldronArt::idle(10, false, 0, skin);
         ASSERT_EQ(frame.overlays().size(), skin.id == "void" ? 1U : 0U) << skin.id;
@@ -90,7 +90,7 @@ TEST(CauldronIdleTest, FloatsOnlyThePotsThatHover) {
     EXPECT_TRUE(pot.crisp);
     EXPECT_DOUBLE_EQ(pot.yOffset, -1.5);
     EXPECT_EQ(CauldronArt::idle(10, true, 0, Skin::voidSkin()).overlays().front().yOffset, 0);
-    // At scale 12 the pot is drawn 18 output pixels higher, while the ring stays on the ground.
+    // At scale 12 the pot is 18 output pixels higher, while the ring stays on the ground.
     const QImage high = raised.nsImage(12);
     const QImage low = CauldronArt::idle(10, true, 0, Skin::voidSkin()).nsImage(12);
     EXPECT_EQ(high.pixel(200, 23 * 12 - 18), low.pixel(200, 23 * 12));
@@ -98,7 +98,7 @@ TEST(CauldronIdleTest, FloatsOnlyThePotsThatHover) {
     EXPECT_EQ(high.pixel(200, 51 * 12), low.pixel(200, 51 * 12));
 }
 
-TEST(CauldronIdleTest, RaisesThePotAndLeavesTheGroundToItsOwnCanvas) {
+TEST(CauldronIdleTest, LiftsThePotAndDrawsTheGroundOnItsOwnCanvas) {
     PixelCanvas pot(34, 54);
     PixelCanvas ground(34, 54);
     CauldronArt::drawPot(pot, &ground, Skin::voidSkin(), 2);

@@ -16,14 +16,14 @@ std::vector<QImage> icons(std::size_t count) {
     return std::vector<QImage>(count, image);
 }
 
-TEST(CauldronSwarmTest, LooksAsKept) {
+TEST(CauldronSwarmTest, MatchesGoldenPictures) {
     const Skin& skin = Skin::frost();
     const CauldronArt::SwarmFrame frame = CauldronArt::swarm(1.0, icons(1), 8, 0, skin);
     const std::string flame = lettersOf(frame.flame, skin);
     EXPECT_EQ(flame, goldenRows("swarm-frost-flame", flame));
 }
 
-TEST(CauldronSwarmTest, GivesTheSamePixelsForTheSameSeed) {
+TEST(CauldronSwarmTest, SameSeedGivesSamePixels) {
     const auto picture = [](std::uint64_t seed) {
         return CauldronArt::swarm(1.4, icons(10), seed, 0, Skin::iron()).flame.nsImage(3);
     };
@@ -43,7 +43,7 @@ TEST(CauldronSwarmTest, StartsItemsOneAfterAnotherAndEndsEmpty) {
     EXPECT_EQ(CauldronArt::swarm(0, {}, 8, 0, Skin::iron()).flame.overlays().size(), 0U);
 }
 
-TEST(CauldronSwarmTest, ShowsOnTheSceneWhatTheFlameCanvasShowsAroundIt) {
+TEST(CauldronSwarmTest, SceneAndFlameCanvasAgree) {
     const CauldronArt::SwarmFrame frame = CauldronArt::swarm(1.3, icons(6), 8, 0, Skin::iron());
     ASSERT_EQ(frame.flame.width(), 66);
     ASSERT_EQ(frame.flame.height(), 54);
@@ -59,7 +59,7 @@ TEST(CauldronSwarmTest, ShowsOnTheSceneWhatTheFlameCanvasShowsAroundIt) {
     }
 }
 
-TEST(CauldronSwarmTest, HidesWhatPassesBehindThePotAndWhatSinks) {
+TEST(CauldronSwarmTest, HidesItemsBehindThePotAndSunkItems) {
     const PixelCanvas pot = CauldronArt::idle(0, true, 0, Skin::iron());
     int passes = 0;
     for (std::uint64_t seed = 1; seed <= 12; ++seed) {
@@ -87,10 +87,10 @@ TEST(CauldronSwarmTest, HidesWhatPassesBehindThePotAndWhatSinks) {
             }
         }
     }
-    EXPECT_GT(passes, 1000) << "some items must be seen to pass behind";
+    EXPECT_GT(passes, 1000) << "too few items pass behind the pot";
 }
 
-TEST(CauldronSwarmTest, BringsEveryItemIntoThePoolWithItsFlame) {
+TEST(CauldronSwarmTest, EachItemReachesThePoolAndFlaresUp) {
     for (std::uint64_t seed = 1; seed < 50; ++seed) {
         const SwarmItem item(seed, seed % 10);
         const SwarmItem::Pose splash = item.pose(SwarmItem::kSplash);
@@ -105,7 +105,7 @@ TEST(CauldronSwarmTest, BringsEveryItemIntoThePoolWithItsFlame) {
     }
 }
 
-TEST(CauldronSwarmTest, FliesABallOfFireForAnItemWithoutAPicture) {
+TEST(CauldronSwarmTest, DrawsABallOfFireForAnItemWithoutPicture) {
     const std::vector<QImage> none(1);
     const QImage picture = CauldronArt::swarm(0.6, none, 8, 0, Skin::iron()).flame.nsImage(3);
     int light = 0;

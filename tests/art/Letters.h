@@ -7,12 +7,12 @@
 
 namespace vexmoor {
 
-/// A canvas as letter rows: the skin's letters, * for its spark, ? for any other colour, % for any
-/// other translucent one. Rows end in a newline.
+/// Returns a canvas as letter rows: the skin's letters, * for its spark, ? for any other colour, %
+/// for any other translucent one. Each row ends in a newline.
 std::string lettersOf(const PixelCanvas& canvas, const Skin& skin);
 
-/// The rows kept in golden/<name>.txt. With VEXMOOR_UPDATE_GOLDEN set in the environment, `actual`
-/// is written there first.
+/// Returns the rows in golden/<name>.txt. If the environment has VEXMOOR_UPDATE_GOLDEN, first
+/// writes `actual` to that file.
 std::string goldenRows(const std::string& name, const std::string& actual);
 
 } // namespace vexmoor

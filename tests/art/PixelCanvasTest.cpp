@@ -22,7 +22,8 @@ PixelCanvas::Overlay overlayAt(int x, int y, int w, int h) {
     return {.image = image, .x = x, .y = y, .w = w, .h = h};
 }
 
-/// Four quarters: red, green above blue, yellow; so every wrong turn or flip shows.
+/// An image of four colours (red, green above blue, yellow), so that every wrong rotation or flip
+/// shows.
 QImage quarters(int side) {
     QImage image(side, side, QImage::Format_ARGB32);
     for (int y = 0; y < side; ++y) {
@@ -37,7 +38,8 @@ QImage quarters(int side) {
     return image;
 }
 
-/// The quarters' initials at the four corners and the middles of an 8 by 8 rectangle's quarters.
+/// Returns the initials of the colours at the corners and at the quarters' centres of an 8 × 8
+/// rectangle.
 std::string quarterLetters(const QImage& image, int left, int top) {
     std::string letters;
     for (int row = 0; row < 2; ++row) {
@@ -50,7 +52,7 @@ std::string quarterLetters(const QImage& image, int left, int top) {
     return letters;
 }
 
-TEST(PixelCanvasTest, ReadsClearAndIgnoresWritesOutside) {
+TEST(PixelCanvasTest, IsTransparentOutsideAndIgnoresWritesThere) {
     PixelCanvas canvas(2, 2);
     const PixelCanvas untouched = canvas;
     const int outside[][2] = {{-1, 0}, {2, 0}, {0, -1}, {0, 2}};
@@ -88,7 +90,7 @@ TEST(PixelCanvasTest, MergesPixelsAndOverlaysAtAnOffset) {
     EXPECT_EQ(corner.at(0, 0), kGreen);
 }
 
-TEST(PixelCanvasTest, CropsWithClearOutsideAndKeepsOverlaysThatTouch) {
+TEST(PixelCanvasTest, CropKeepsOverlaysThatTouch) {
     PixelCanvas canvas(4, 4);
     canvas.set(0, 0, kRed);
     canvas.set(3, 3, kGreen);
@@ -195,10 +197,10 @@ TEST(PixelCanvasTest, MasksFadesAndShiftsOverlays) {
     canvas.drawOverlays(painter, 4);
     EXPECT_EQ(painted, image);
 
-    EXPECT_NE(canvas, PixelCanvas(canvas)) << "a mask cannot be compared";
+    EXPECT_NE(canvas, PixelCanvas(canvas)) << "masks cannot be compared";
 }
 
-TEST(PixelCanvasTest, KeepsTheProportionsOfPicturesPutIntoSquares) {
+TEST(PixelCanvasTest, KeepsThePictureProportionsInSquares) {
     QImage wide(4, 2, QImage::Format_RGB32);
     wide.fill(Qt::red);
     const QImage square = squared(wide);

@@ -5,7 +5,7 @@
 namespace vexmoor {
 namespace {
 
-TEST(SeededRNGTest, GivesTheSameNumbersEverywhere) {
+TEST(SeededRNGTest, SameSeedGivesSameNumbers) {
     SeededRNG rng{1};
     EXPECT_EQ(rng.next(), 0x40822041U);
     EXPECT_EQ(rng.next(), 0x100041060c011441U);

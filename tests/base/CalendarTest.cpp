@@ -11,7 +11,7 @@
 namespace vexmoor::test {
 namespace {
 
-TEST(Calendar, ADayStartsAtTheFirstMomentOfItsLocalDate) {
+TEST(Calendar, DayStartsAtTheFirstMomentOfItsLocalDate) {
     const struct {
         const char* what;
         const char* zone;
@@ -60,9 +60,9 @@ TEST(Calendar, CountsLocalDatesNotHours) {
         int days;
     } cases[] = {
         {"Europe/Berlin", "2024-03-30 23:00:00", "2024-03-31 21:59:59", 0},  // 23 hours
-        {"Europe/Berlin", "2024-03-30 23:00:00", "2024-03-31 22:00:00", 1},  // one second on
+        {"Europe/Berlin", "2024-03-30 23:00:00", "2024-03-31 22:00:00", 1},  // one second later
         {"Europe/Berlin", "2024-10-26 22:00:00", "2024-10-27 22:59:59", 0},  // 25 hours
-        {"Europe/Berlin", "2024-10-27 22:59:59", "2024-10-27 23:00:00", 1},  // one second
+        {"Europe/Berlin", "2024-10-27 22:59:59", "2024-10-27 23:00:00", 1},  // one second later
         {"Europe/Berlin", "2024-10-28 12:00:00", "2024-10-26 12:00:00", -2}, // clock set back
         {"UTC", "2023-03-01 00:00:00", "2024-03-01 00:00:00", 366},
         {"America/Havana", "2023-11-05 04:10:00", "2023-11-05 05:10:00", 0}, // both midnights
@@ -74,7 +74,7 @@ TEST(Calendar, CountsLocalDatesNotHours) {
     }
 }
 
-TEST(Calendar, AnswersNothingBeyondWhatItCanTell) {
+TEST(Calendar, ReturnsNulloptOutOfRange) {
     const Date now = utc("2024-01-01 00:00:00");
     for (const double seconds : {1e12, 1e14, -1e18, std::numeric_limits<double>::infinity(),
                                  std::numeric_limits<double>::quiet_NaN()}) {
@@ -84,7 +84,7 @@ TEST(Calendar, AnswersNothingBeyondWhatItCanTell) {
     EXPECT_EQ(Calendar().startOfDay(Date{1e18}), Date{1e18});
 }
 
-TEST(Calendar, FollowsAZoneThatChangesWhileTheProgramRuns) {
+TEST(Calendar, FollowsTimeZoneChangesAtRunTime) {
     const ScopedTimeZone zone("Asia/Tokyo");
     const Date moment = utc("2024-05-01 20:00:00");
     EXPECT_EQ(Calendar().startOfDay(moment), utc("2024-05-01 15:00:00"));

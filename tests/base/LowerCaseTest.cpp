@@ -5,7 +5,7 @@
 namespace vexmoor::test {
 namespace {
 
-TEST(LowerCase, KnowsAllLettersInAnyLocale) {
+TEST(LowerCase, ConvertsAllLettersInAnyLocale) {
     const struct {
         const char* text;
         const char* lower;

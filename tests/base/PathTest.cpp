@@ -9,7 +9,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(Path, IsStandardizedAsTheKernelWouldResolveIt) {
+TEST(Path, StandardizesAsTheKernelResolves) {
     const TemporaryDirectory root;
     fs::create_directories(root / "far/deep");
     fs::create_directories(root / "near");
@@ -23,13 +23,13 @@ TEST(Path, IsStandardizedAsTheKernelWouldResolveIt) {
         {"near//./file", "near/file"},
         {"near/", "near"},
         {"near/link", "near/link"},
-        {"near/link///", "near/link"}, // the link, not what it points to
+        {"near/link///", "near/link"}, // the link, not its target
         {"near/link/.", "near/link"},
-        {"near/link/..", "far"}, // not near, as removing letters would give
+        {"near/link/..", "far"}, // not near, as plain text removal would return
         {"near/link/../x", "far/x"},
         {"near/../far/./deep/..", "far"},
         {"near/link/../../near/link", "near/link"},
-        {"missing/../near", "missing/../near"}, // fails when it is used
+        {"missing/../near", "missing/../near"}, // fails later, on use
         {"near/file/../link", "near/file/../link"},
     };
     for (const auto& test : cases)
@@ -39,7 +39,7 @@ TEST(Path, IsStandardizedAsTheKernelWouldResolveIt) {
     EXPECT_EQ(standardized("/../../.."), "/");
 }
 
-TEST(Path, IsStandardizedFromTheCurrentFolder) {
+TEST(Path, StandardizesRelativeToTheCurrentFolder) {
     const TemporaryDirectory root;
     fs::create_directory(root / "gone");
     const Path before = fs::current_path();
@@ -53,7 +53,7 @@ TEST(Path, IsStandardizedFromTheCurrentFolder) {
     EXPECT_EQ(inNoFolder, "home") << "must not become a file of the root folder";
 }
 
-TEST(Path, KnowsItsLastComponent) {
+TEST(Path, ReturnsTheLastComponent) {
     const struct {
         const char* path;
         const char* last;
@@ -69,7 +69,7 @@ TEST(Path, KnowsItsLastComponent) {
     }
 }
 
-TEST(Path, HasTheExtensionThatAUserWouldName) {
+TEST(Path, ReturnsTheExtension) {
     const struct {
         const char* path;
         const char* extension;
@@ -85,7 +85,7 @@ TEST(Path, HasTheExtensionThatAUserWouldName) {
         EXPECT_EQ(pathExtension(test.path), test.extension) << test.path;
 }
 
-TEST(Path, SurvivesTheWayThroughAnUri) {
+TEST(Path, RoundTripsThroughAnUri) {
     std::string everyByte = "/";
     for (int byte = 1; byte < 256; ++byte)
         everyByte += static_cast<char>(byte);
@@ -102,7 +102,7 @@ TEST(Path, SurvivesTheWayThroughAnUri) {
     EXPECT_EQ(pathToJsonText("/b\xff"), "file:///b%FF");
 }
 
-TEST(Path, ComesOnlyFromLocalFileUris) {
+TEST(Path, AcceptsOnlyLocalFileUris) {
     const struct {
         const char* uri;
         std::optional<Path> path;
@@ -130,7 +130,7 @@ TEST(Path, ComesOnlyFromLocalFileUris) {
     EXPECT_EQ(pathFromFileUri("file:///a\0b"sv), std::nullopt);
 }
 
-TEST(Path, IsShownWithBrokenBytesReplaced) {
+TEST(Path, DisplayTextReplacesInvalidBytes) {
     const struct {
         const char* bytes;
         const char* shown;
@@ -138,7 +138,7 @@ TEST(Path, IsShownWithBrokenBytesReplaced) {
         {"plain", "plain"},
         {"\xF0\x9F\x94\xA5 é", "\xF0\x9F\x94\xA5 é"},
         {"a\xFF", "a\xEF\xBF\xBD"},
-        {"\xC3", "\xEF\xBF\xBD"},                                 // cut off
+        {"\xC3", "\xEF\xBF\xBD"},                                 // truncated
         {"\xC0\xAF", "\xEF\xBF\xBD\xEF\xBF\xBD"},                 // overlong
         {"\xE0\x80\xAF", "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"}, // overlong
         {"\xED\xA0\x80", "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"}, // half a surrogate pair

@@ -6,7 +6,7 @@ namespace vexmoor::test {
 
 namespace {
 
-TEST(Printable, EscapesWhatCommandsATerminalAndNothingElse) {
+TEST(Printable, EscapesOnlyTerminalControls) {
     const struct {
         std::string_view text;
         std::string_view expected;

@@ -11,7 +11,7 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(Published, TellsTheCurrentValueAndThenEveryAssignment) {
+TEST(Published, NotifiesOfCurrentValueAndEachAssignment) {
     Published<int> field(1);
     std::vector<int> told;
     std::vector<int> readable;
@@ -26,13 +26,13 @@ TEST(Published, TellsTheCurrentValueAndThenEveryAssignment) {
     EXPECT_EQ(readable, told);
 }
 
-TEST(Published, TellsNobodyWhoHasLeft) {
+TEST(Published, DoesNotNotifyAfterUnsubscribing) {
     Published<int> field(0);
     std::vector<int> told;
     std::optional<Subscription> second;
     const auto first = field.subscribe([&](int value) {
         if (value == 2)
-            second.reset(); // leaves while the same assignment is being told
+            second.reset(); // unsubscribes during the notification
     });
     second = field.subscribe([&](int value) { told.push_back(value); });
     field.set(1);
@@ -41,7 +41,7 @@ TEST(Published, TellsNobodyWhoHasLeft) {
     EXPECT_THAT(told, ElementsAre(0, 1));
 }
 
-TEST(Published, MayBeSubscribedToWhileItTells) {
+TEST(Published, CanBeSubscribedToDuringNotification) {
     Published<int> field(0);
     std::vector<int> told;
     std::vector<Subscription> late;
@@ -54,7 +54,7 @@ TEST(Published, MayBeSubscribedToWhileItTells) {
     EXPECT_THAT(told, ElementsAre(1, 2));
 }
 
-TEST(Published, MayEndBeforeItsSubscriptions) {
+TEST(Published, CanBeDestroyedBeforeItsSubscriptions) {
     auto field = std::make_unique<Published<int>>(0);
     const auto held = std::make_shared<int>(0);
     auto subscription = field->subscribe([held](int) {});

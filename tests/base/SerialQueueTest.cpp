@@ -9,10 +9,10 @@
 namespace vexmoor::test {
 namespace {
 
-TEST(SerialQueue, RunsAllJobsInOrderOnItsOneThreadBeforeItEnds) {
+TEST(SerialQueue, RunsAllJobsInOrderOnOneThreadBeforeDestruction) {
     constexpr int kPosters = 4;
     constexpr int kJobs = 500;
-    std::vector<std::pair<int, int>> ran; // only the queue's thread touches these
+    std::vector<std::pair<int, int>> ran; // accessed on the queue's thread only
     std::set<std::thread::id> threads;
     {
         SerialQueue queue;
@@ -34,7 +34,7 @@ TEST(SerialQueue, RunsAllJobsInOrderOnItsOneThreadBeforeItEnds) {
         EXPECT_EQ(job, next[std::size_t(poster)]++);
 }
 
-TEST(SerialQueue, RunsWhatItsLastJobsPost) {
+TEST(SerialQueue, RunsJobsPostedByTheLastJobs) {
     int ran = 0;
     {
         SerialQueue queue;
@@ -43,7 +43,7 @@ TEST(SerialQueue, RunsWhatItsLastJobsPost) {
     EXPECT_EQ(ran, 1);
 }
 
-TEST(SerialQueue, LetsGoOfAJobBeforeItStartsTheNext) {
+TEST(SerialQueue, DestroysAJobBeforeItStartsTheNext) {
     std::weak_ptr<int> held;
     bool released = false;
     {

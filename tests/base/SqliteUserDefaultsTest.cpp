@@ -18,7 +18,7 @@ using Data = UserDefaults::Data;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// Opens files with nobody's rights where the tests run as root, whom nothing is forbidden.
+/// Drops file permissions during its lifetime if the tests run as root, who may access everything.
 class OrdinaryRights {
   public:
     OrdinaryRights() : m_user(::setfsuid(kNobody)), m_group(::setfsgid(kNobody)) {}
@@ -43,7 +43,7 @@ class SqliteUserDefaultsTest : public testing::Test {
             m_file, access, [this](const Error& error) { m_failures.push_back(error); });
     }
 
-    /// What a program that starts now reads under the key.
+    /// Returns the value that a newly started program reads.
     std::optional<UserDefaults::Value> stored(std::string_view key) {
         const auto reader = open(Access::readOnly);
         EXPECT_TRUE(reader) << (reader ? "" : reader.error().message());
@@ -64,7 +64,7 @@ class SqliteUserDefaultsTest : public testing::Test {
     std::vector<Error> m_failures;
 };
 
-TEST_F(SqliteUserDefaultsTest, ReadsAValueOnlyAsTheKindThatWasStored) {
+TEST_F(SqliteUserDefaultsTest, ReadsAValueOnlyAsItsStoredKind) {
     {
         const auto defaults = open();
         ASSERT_TRUE(defaults);
@@ -88,7 +88,7 @@ TEST_F(SqliteUserDefaultsTest, ReadsAValueOnlyAsTheKindThatWasStored) {
                             "text|string|text|1"));
 }
 
-TEST_F(SqliteUserDefaultsTest, GivesBackEveryByte) {
+TEST_F(SqliteUserDefaultsTest, RoundTripsEveryByte) {
     using namespace std::string_literals;
     const std::map<std::string, UserDefaults::Value> values = {
         {"broken text", "\xff\xc0 \0 end"s},
@@ -118,7 +118,7 @@ TEST_F(SqliteUserDefaultsTest, GivesBackEveryByte) {
     EXPECT_THAT(m_failures, IsEmpty());
 }
 
-TEST_F(SqliteUserDefaultsTest, CommitsEveryAssignmentAtOnceAndABatchAsOne) {
+TEST_F(SqliteUserDefaultsTest, CommitsEachAssignmentAndABatchAsOne) {
     const auto defaults = open();
     ASSERT_TRUE(defaults);
     (*defaults)->assign("a", std::int64_t{1});
@@ -135,7 +135,7 @@ TEST_F(SqliteUserDefaultsTest, CommitsEveryAssignmentAtOnceAndABatchAsOne) {
     EXPECT_EQ(stored("b"), UserDefaults::Value(true));
 }
 
-TEST_F(SqliteUserDefaultsTest, StoresWhatFailedTogetherWithWhatIsAssignedNext) {
+TEST_F(SqliteUserDefaultsTest, StoresFailedChangesWithTheNextAssignment) {
     const auto defaults = open();
     ASSERT_TRUE(defaults);
     RawDatabase(m_file).run("CREATE TRIGGER refuse BEFORE INSERT ON defaults WHEN NEW.key = 'bad' "
@@ -152,12 +152,12 @@ TEST_F(SqliteUserDefaultsTest, StoresWhatFailedTogetherWithWhatIsAssignedNext) {
         EXPECT_FALSE(stored(key)) << key;
         EXPECT_EQ((*defaults)->boolean(key), true) << key;
     }
-    EXPECT_THAT(m_failures, IsEmpty()) << "the caller was told";
+    EXPECT_THAT(m_failures, IsEmpty()) << "the caller received the error";
 
     (*defaults)->assign("bad", false);
     EXPECT_EQ(m_failures.size(), 1U);
     EXPECT_FALSE((*defaults)->transaction([&] { (*defaults)->assign("good", true); }))
-        << "nothing is stored without what came before it";
+        << "nothing is stored without earlier changes";
     EXPECT_FALSE(stored("good"));
 
     RawDatabase(m_file).run("DROP TRIGGER refuse");
@@ -169,7 +169,7 @@ TEST_F(SqliteUserDefaultsTest, StoresWhatFailedTogetherWithWhatIsAssignedNext) {
     EXPECT_EQ(m_failures.size(), 1U);
 }
 
-TEST_F(SqliteUserDefaultsTest, TellsThatAnotherProgramHoldsTheLockAndGoesOnAfterwards) {
+TEST_F(SqliteUserDefaultsTest, ReportsAForeignLockAndRecovers) {
     const auto defaults = open();
     ASSERT_TRUE(defaults);
     {
@@ -185,7 +185,7 @@ TEST_F(SqliteUserDefaultsTest, TellsThatAnotherProgramHoldsTheLockAndGoesOnAfter
     EXPECT_EQ(stored("batch"), UserDefaults::Value(true));
 }
 
-TEST_F(SqliteUserDefaultsTest, SetsACorruptDatabaseAsideWithItsLogAndStartsAfresh) {
+TEST_F(SqliteUserDefaultsTest, RenamesACorruptDatabaseWithItsLogAndCreatesANewOne) {
     const std::string garbage(5000, 'x');
     const auto databaseAndLog = [](const std::string& file) {
         std::vector<std::string> bytes;
@@ -239,7 +239,7 @@ TEST_F(SqliteUserDefaultsTest, SetsACorruptDatabaseAsideWithItsLogAndStartsAfres
     EXPECT_THAT(m_failures, IsEmpty());
 }
 
-TEST_F(SqliteUserDefaultsTest, NeverTakesAnEarlierCorruptDatabasesName) {
+TEST_F(SqliteUserDefaultsTest, DoesNotReuseTheNameOfAnEarlierCorruptDatabase) {
     m_directory.write("data/defaults.db", "neither a database");
     m_directory.write("data/defaults.db-wal", "nor a log");
     m_directory.write("data/defaults.db.corrupt-1", "first");
@@ -255,7 +255,7 @@ TEST_F(SqliteUserDefaultsTest, NeverTakesAnEarlierCorruptDatabasesName) {
     EXPECT_EQ(contents(beside(".corrupt-3-wal")), "nor a log");
 }
 
-TEST_F(SqliteUserDefaultsTest, LeavesEverythingAsItIsWhenItOnlyReads) {
+TEST_F(SqliteUserDefaultsTest, ReadOnlyAccessChangesNothing) {
     const auto missing = open(Access::readOnly);
     ASSERT_TRUE(missing);
     EXPECT_FALSE((*missing)->value("a"));
@@ -281,7 +281,7 @@ TEST_F(SqliteUserDefaultsTest, LeavesEverythingAsItIsWhenItOnlyReads) {
     EXPECT_FALSE(stored("a"));
 }
 
-TEST_F(SqliteUserDefaultsTest, RefusesADatabaseOfANewerVersionAndDoesNotTouchIt) {
+TEST_F(SqliteUserDefaultsTest, RejectsANewerDatabaseWithoutChangingIt) {
     m_directory.write("data/defaults.db", "");
     RawDatabase(m_file).run("CREATE TABLE future (a); PRAGMA user_version = 3");
     const auto before = contents(m_file);
@@ -295,7 +295,7 @@ TEST_F(SqliteUserDefaultsTest, RefusesADatabaseOfANewerVersionAndDoesNotTouchIt)
     EXPECT_THAT(files(), ElementsAre("defaults.db"));
 }
 
-TEST_F(SqliteUserDefaultsTest, FailsWhereItCouldNotWrite) {
+TEST_F(SqliteUserDefaultsTest, FailsIfItCannotWrite) {
     const auto rights = [](const Path& path, mode_t mode) {
         EXPECT_EQ(::chmod(path.c_str(), mode), 0);
         if (::geteuid() == 0) {
@@ -339,7 +339,7 @@ TEST_F(SqliteUserDefaultsTest, FailsWhereItCouldNotWrite) {
     EXPECT_FALSE(open());
 }
 
-TEST_F(SqliteUserDefaultsTest, ReadsAFolderThatNobodyMayWriteIncludingTheLog) {
+TEST_F(SqliteUserDefaultsTest, ReadsAReadOnlyFolderIncludingTheLog) {
     const struct {
         const char* what;
         std::vector<const char*> removed;
@@ -375,7 +375,7 @@ TEST_F(SqliteUserDefaultsTest, ReadsAFolderThatNobodyMayWriteIncludingTheLog) {
     }
 }
 
-TEST_F(SqliteUserDefaultsTest, KeepsItsLogShortHoweverManyCommandsAddToIt) {
+TEST_F(SqliteUserDefaultsTest, KeepsItsLogShortAcrossCommands) {
     for (int command = 0; command < 100; ++command) {
         auto store = open();
         ASSERT_TRUE(store);
@@ -386,7 +386,7 @@ TEST_F(SqliteUserDefaultsTest, KeepsItsLogShortHoweverManyCommandsAddToIt) {
     EXPECT_LT(fs::file_size(log), 500'000U);
 }
 
-TEST_F(SqliteUserDefaultsTest, KeepsItsFolderFromOtherUsers) {
+TEST_F(SqliteUserDefaultsTest, RestrictsItsFolderToTheUser) {
     ASSERT_TRUE(open());
     EXPECT_EQ(fs::status(m_file.parent_path()).permissions(), fs::perms::owner_all);
 }

@@ -8,7 +8,7 @@
 namespace vexmoor {
 namespace {
 
-TEST(TextTest, FillsPlacesOnceAndLeavesOthersAlone) {
+TEST(TextTest, ReplacesPlaceholdersOnceAndKeepsUnknownOnes) {
     EXPECT_EQ(text("%2 of %1, %3, 100%", {"%2", "b"}), "b of %2, %3, 100%");
     EXPECT_EQ(plural("%1 item", "%1 items", 1), "1 item");
     EXPECT_EQ(plural("%1 item, %2", "%1 items, %2", 10'000, {"1 KB"}), "10,000 items, 1 KB");
@@ -22,7 +22,7 @@ TEST(TextTest, HasTheEnglishCatalogueWithoutAnyLocale) {
     EXPECT_EQ(text("Feed Finder Selectio"), "Feed Finder Selectio");
 }
 
-TEST(TextTest, WritesNumbersAndDatesInEnglishWithoutAnyLocale) {
+TEST(TextTest, FormatsNumbersAndDatesInEnglishWithoutAnyLocale) {
     EXPECT_EQ(countText(-1'234'567), "-1,234,567");
     EXPECT_EQ(countText(123), "123");
     EXPECT_EQ(byteCountText(38'620'000'000), "38.62 GB");

@@ -11,7 +11,7 @@
 
 namespace vexmoor::test {
 
-/// A service that the bus can start. It leaves a file behind and fails at once.
+/// A bus-activatable service that leaves a marker file and fails immediately.
 class ActivatableService {
   public:
     ActivatableService(const PrivateBus& bus, const QDBusConnection& connection,

@@ -2,8 +2,8 @@
 
 #include "FakeSettingsPortal.h"
 
+#include "support/ConnectedBus.h"
 #include "support/MainLoop.h"
-#include "support/PrivateBus.h"
 
 namespace vexmoor {
 namespace {
@@ -13,16 +13,6 @@ using test::FakeSettingsPortal;
 using Values = DesktopPreferences::Values;
 
 struct DesktopPreferencesTest : testing::Test {
-    DesktopPreferencesTest() {
-        for (const char* name : {"server", "client"})
-            QDBusConnection::connectToBus(QString::fromStdString(bus.address()), name);
-    }
-    ~DesktopPreferencesTest() override {
-        preferences.reset();
-        portal.reset();
-        for (const char* name : {"server", "client"})
-            QDBusConnection::disconnectFromBus(name);
-    }
     void startPortal(const FakeSettingsPortal::Groups& groups) {
         portal.emplace(QDBusConnection("server"), groups);
     }
@@ -30,13 +20,13 @@ struct DesktopPreferencesTest : testing::Test {
     [[nodiscard]] bool become(const Values& values) {
         return eventuallyInLoop([&] { return preferences->values() == values; });
     }
-    /// Lets a question and its answer pass.
-    void settleAll() const {
+    /// Waits until requests and replies have been delivered.
+    void deliverAll() const {
         for (int round = 0; round < 3; ++round)
-            test::settle({"server", "client"});
+            test::deliverMessages({"server", "client"});
     }
 
-    test::PrivateBus bus;
+    test::ConnectedBus bus{"server", "client"};
     std::optional<FakeSettingsPortal> portal;
     std::optional<DesktopPreferences> preferences;
 };
@@ -45,7 +35,7 @@ const QString kAppearance = "org.freedesktop.appearance";
 const QString kGnome = "org.gnome.desktop.interface";
 const QString kKde = "org.kde.kdeglobals.KDE";
 
-TEST_F(DesktopPreferencesTest, ReadsWhatEachDesktopOffers) {
+TEST_F(DesktopPreferencesTest, ReadsEachDesktopsSettings) {
     struct Case {
         FakeSettingsPortal::Groups groups;
         Values values;
@@ -71,16 +61,16 @@ TEST_F(DesktopPreferencesTest, ReadsWhatEachDesktopOffers) {
          }) {
         startPortal(groups);
         startPreferences();
-        settleAll();
+        deliverAll();
         EXPECT_EQ(preferences->values(), values);
         preferences.reset();
         portal.reset();
     }
 }
 
-TEST_F(DesktopPreferencesTest, FollowsChangesAndAPortalThatComesLate) {
+TEST_F(DesktopPreferencesTest, FollowsChangesAndALatePortal) {
     startPreferences();
-    settleAll();
+    deliverAll();
     EXPECT_EQ(preferences->values(), Values());
     startPortal({{kAppearance, {{"color-scheme", 1U}}}});
     ASSERT_TRUE(become({ColorScheme::dark, false}));
@@ -92,27 +82,27 @@ TEST_F(DesktopPreferencesTest, FollowsChangesAndAPortalThatComesLate) {
     portal->set(kGnome, "enable-animations", false);
     ASSERT_TRUE(become({ColorScheme::light, true}));
     portal->set(kGnome, "font-name", "Sans 11");
-    settleAll();
+    deliverAll();
     EXPECT_EQ(changes,
               (std::vector<Values>{{ColorScheme::light, false}, {ColorScheme::light, true}}));
     portal.reset();
-    settleAll();
-    EXPECT_EQ(preferences->values(), (Values{ColorScheme::light, true})) << "they stay";
+    deliverAll();
+    EXPECT_EQ(preferences->values(), (Values{ColorScheme::light, true})) << "they are kept";
 }
 
-TEST_F(DesktopPreferencesTest, BelievesOnlyThePortal) {
+TEST_F(DesktopPreferencesTest, IgnoresSignalsOfOtherPrograms) {
     startPortal({});
     startPreferences();
-    settleAll();
+    deliverAll();
     QDBusMessage forged = QDBusMessage::createSignal(
         "/org/freedesktop/portal/desktop", "org.freedesktop.portal.Settings", "SettingChanged");
     forged << kAppearance << "color-scheme" << QVariant::fromValue(QDBusVariant(1U));
     QDBusConnection("client").send(forged);
-    settleAll();
+    deliverAll();
     EXPECT_EQ(preferences->values(), Values());
     portal->answersNonsense = true;
     portal->set(kAppearance, "color-scheme", 1U);
-    settleAll();
+    deliverAll();
     EXPECT_EQ(preferences->values(), Values());
 }
 

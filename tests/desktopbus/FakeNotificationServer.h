@@ -12,7 +12,7 @@
 
 namespace vexmoor::test {
 
-/// A server that writes down what it is to show. Its numbers begin at 1.
+/// A notification server that records its calls. Its ids start at 1.
 class FakeNotificationServer : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
@@ -36,9 +36,9 @@ class FakeNotificationServer : public QObject, protected QDBusContext {
     ~FakeNotificationServer() override { m_bus.unregisterService(kName); }
 
     QStringList capabilities = {"body", "actions"};
-    bool hasTold = false; ///< its capabilities
+    bool reportedCapabilities = false; ///< the client has read the capabilities
     std::vector<Call> calls;
-    bool holdsAnswers = false; ///< until answer() is called
+    bool holdsAnswers = false; ///< replies are held back until answer() is called
 
     void answer() {
         for (const auto& [message, id] : std::exchange(m_held, {}))
@@ -47,7 +47,7 @@ class FakeNotificationServer : public QObject, protected QDBusContext {
 
   public slots:
     QStringList GetCapabilities() {
-        hasTold = true;
+        reportedCapabilities = true;
         return capabilities;
     }
     uint Notify(const QString&, uint replaces, const QString& icon, const QString& title,

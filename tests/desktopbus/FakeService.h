@@ -11,11 +11,11 @@
 
 namespace vexmoor::test {
 
-/// A service that answers as the test says, at every path from its root on, and writes down the
-/// members called.
+/// A service that answers at every path below its root as the test specifies, and records the
+/// called members.
 class FakeService : public QDBusVirtualObject {
   public:
-    /// What is sent back for a call; a default message for nothing.
+    /// Returns the reply to a call, or a default message for no reply.
     using Answering = std::function<QDBusMessage(const QDBusMessage& call)>;
 
     FakeService(QDBusConnection bus, QString name, Answering answering, QString root = "/")

@@ -10,7 +10,7 @@
 
 namespace vexmoor::test {
 
-/// The portal through which the desktop hands out its settings.
+/// A fake of the desktop's settings portal.
 class FakeSettingsPortal {
   public:
     using Groups = QMap<QString, QVariantMap>;

@@ -3,8 +3,8 @@
 #include "ActivatableService.h"
 #include "FakeService.h"
 
+#include "support/ConnectedBus.h"
 #include "support/MainLoop.h"
-#include "support/PrivateBus.h"
 
 #include <QDBusObjectPath>
 #include <QDBusVariant>
@@ -15,10 +15,7 @@ namespace {
 using test::eventuallyInLoop;
 using test::FakeService;
 
-const char* const kConnections[] = {"session server", "session client", "login server",
-                                    "login client"};
-
-/// A screen saver, whose signals come from a path that is not the one it is asked at.
+/// A screen saver that emits its signals from a different path than it is queried at.
 class FakeScreenSaver {
   public:
     FakeScreenSaver(const QDBusConnection& bus, const QString& name, bool active)
@@ -83,20 +80,6 @@ class FakeLogin {
 
 class SessionLockTest : public testing::Test {
   protected:
-    SessionLockTest() {
-        for (const char* name : kConnections)
-            QDBusConnection::connectToBus(
-                QString::fromStdString((name[0] == 's' ? *m_session : *m_system).address()), name);
-    }
-
-    ~SessionLockTest() override {
-        m_lock.reset();
-        m_login.reset();
-        m_screenSavers.clear();
-        for (const char* name : kConnections)
-            QDBusConnection::disconnectFromBus(name);
-    }
-
     FakeScreenSaver& startScreenSaver(const char* name, bool active = false) {
         m_screenSavers[name] =
             std::make_unique<FakeScreenSaver>(QDBusConnection("session server"), name, active);
@@ -113,14 +96,15 @@ class SessionLockTest : public testing::Test {
         return eventuallyInLoop([this, locked] { return m_lock->isLocked() == locked; });
     }
 
-    /// Lets come what may still come.
-    static void settleAll() {
-        for (int round = 0; round < 4; ++round) // what is asked in answer to an answer
-            test::settle({"session server", "session client", "login server", "login client"});
+    /// Waits until all messages have been delivered.
+    static void deliverAll() {
+        for (int round = 0; round < 4; ++round) // includes requests sent in response to replies
+            test::deliverMessages(
+                {"session server", "session client", "login server", "login client"});
     }
 
-    std::optional<test::PrivateBus> m_session{std::in_place};
-    std::optional<test::PrivateBus> m_system{std::in_place};
+    test::ConnectedBus m_session{"session server", "session client"};
+    test::ConnectedBus m_system{"login server", "login client"};
     std::map<std::string, std::unique_ptr<FakeScreenSaver>> m_screenSavers;
     std::optional<FakeLogin> m_login;
     std::optional<SessionLock> m_lock;
@@ -134,23 +118,23 @@ INSTANTIATE_TEST_SUITE_P(SessionLockTest, EveryScreenSaver,
                                          "org.mate.ScreenSaver", "org.cinnamon.ScreenSaver",
                                          "org.xfce.ScreenSaver"));
 
-TEST_P(EveryScreenSaver, IsFollowedFromItsStateAtTheStartToItsEnd) {
+TEST_P(EveryScreenSaver, IsTrackedFromItsInitialStateToItsExit) {
     FakeScreenSaver& screenSaver = startScreenSaver(GetParam(), true);
     startLock();
-    EXPECT_FALSE(m_lock->isLocked()) << "it waited";
+    EXPECT_FALSE(m_lock->isLocked()) << "the call blocked";
     ASSERT_TRUE(becomes(true));
     screenSaver.setActive(false);
     ASSERT_TRUE(becomes(false));
     screenSaver.setActive(true);
     ASSERT_TRUE(becomes(true));
     m_screenSavers.clear();
-    ASSERT_TRUE(becomes(false)) << "a dead one locks nothing";
+    ASSERT_TRUE(becomes(false)) << "an exited service counts as unlocked";
     startScreenSaver(GetParam(), true);
-    ASSERT_TRUE(becomes(true)) << "the next one was not asked";
+    ASSERT_TRUE(becomes(true)) << "its successor was not queried";
     EXPECT_EQ(m_changes, (std::vector{true, false, true, false, true}));
 }
 
-TEST_F(SessionLockTest, HoldsAsLongAsOneSaysSo) {
+TEST_F(SessionLockTest, IsLockedWhileAnyServiceReportsIt) {
     FakeScreenSaver& gnome = startScreenSaver("org.gnome.ScreenSaver");
     FakeScreenSaver& freedesktop = startScreenSaver("org.freedesktop.ScreenSaver");
     m_login.emplace(QDBusConnection("login server"));
@@ -159,26 +143,26 @@ TEST_F(SessionLockTest, HoldsAsLongAsOneSaysSo) {
     ASSERT_TRUE(becomes(true));
     freedesktop.setActive(true);
     m_login->setHint(true);
-    settleAll();
+    deliverAll();
     gnome.setActive(false);
-    settleAll();
+    deliverAll();
     freedesktop.setActive(false);
-    settleAll();
+    deliverAll();
     EXPECT_EQ(m_changes, std::vector{true});
     m_login->setHint(false);
     EXPECT_TRUE(becomes(false));
 }
 
-TEST_F(SessionLockTest, BelievesOnlyTheOwnerOfTheName) {
+TEST_F(SessionLockTest, IgnoresSignalsOfOtherPrograms) {
     FakeScreenSaver& screenSaver = startScreenSaver("org.gnome.ScreenSaver");
     m_login.emplace(QDBusConnection("login server"));
     startLock();
-    settleAll();
+    deliverAll();
     for (const char* interface : {"org.gnome.ScreenSaver", "org.mate.ScreenSaver"}) {
         QDBusMessage forged = QDBusMessage::createSignal("/", interface, "ActiveChanged");
         QDBusConnection("session client").send(forged << true);
     }
-    settleAll();
+    deliverAll();
     EXPECT_TRUE(m_changes.empty());
     screenSaver.setActive(true);
     EXPECT_TRUE(becomes(true));
@@ -188,30 +172,30 @@ TEST_F(SessionLockTest, FollowsTheHintOfTheLoginSession) {
     m_login.emplace(QDBusConnection("login server"));
     m_login->locked = true;
     startLock();
-    ASSERT_TRUE(becomes(true)) << "its present state was not asked";
+    ASSERT_TRUE(becomes(true)) << "its current state was not queried";
     m_login->setHint(false);
     ASSERT_TRUE(becomes(false));
     const QString session = "org.freedesktop.login1.Session";
     m_login->changed("/sessions/c2", session, {{"LockedHint", true}}, {});
     m_login->changed("/sessions/c1", "org.freedesktop.login1.User", {{"LockedHint", true}}, {});
     m_login->changed("/sessions/c1", session, {{"IdleHint", true}}, {});
-    settleAll();
+    deliverAll();
     EXPECT_EQ(m_changes, (std::vector{true, false}));
     m_login->locked = true;
     m_login->changed("/sessions/c1", session, {}, {"LockedHint"});
     EXPECT_TRUE(becomes(true));
 }
 
-TEST_F(SessionLockTest, FindsItsSessionAgainWhenTheLoginManagerRestarts) {
+TEST_F(SessionLockTest, FindsItsSessionAfterARestartOfTheLoginManager) {
     startLock();
-    settleAll();
+    deliverAll();
     m_login.emplace(QDBusConnection("login server"));
     m_login->setHint(true);
     ASSERT_TRUE(becomes(true));
     m_login.reset();
     ASSERT_TRUE(becomes(false));
     m_login.emplace(QDBusConnection("login server"), "/sessions/other");
-    settleAll();
+    deliverAll();
     m_login->setHint(true);
     ASSERT_TRUE(becomes(true));
     m_login->setHint(false);
@@ -219,15 +203,15 @@ TEST_F(SessionLockTest, FindsItsSessionAgainWhenTheLoginManagerRestarts) {
     EXPECT_EQ(m_changes, (std::vector{true, false, true, false}));
 }
 
-TEST_F(SessionLockTest, SurvivesTheDeathOfABus) {
+TEST_F(SessionLockTest, SurvivesALostBus) {
     startScreenSaver("org.mate.ScreenSaver", true);
     m_login.emplace(QDBusConnection("login server"));
     startLock();
     ASSERT_TRUE(becomes(true));
-    m_session.reset();
+    m_session.die();
     ASSERT_TRUE(becomes(false));
     m_login->setHint(true);
-    EXPECT_TRUE(becomes(true)) << "the other bus is no longer heard";
+    EXPECT_TRUE(becomes(true)) << "the other bus is no longer received";
 }
 
 TEST(SessionLockWithoutABus, IsNotLocked) {
@@ -236,21 +220,19 @@ TEST(SessionLockWithoutABus, IsNotLocked) {
     EXPECT_FALSE(lock.isLocked());
 }
 
-TEST(SessionLockOnABusThatStartsServices, StartsNone) {
-    const test::PrivateBus bus(test::PrivateBus::Services::installed);
-    const auto client =
-        QDBusConnection::connectToBus(QString::fromStdString(bus.address()), "starter");
+TEST(SessionLockOnABusThatStartsServices, DoesNotActivateServices) {
+    test::ConnectedBus bus(test::PrivateBus::Services::installed);
+    const auto client = bus.connect("starter");
     const test::ActivatableService screenSaver(bus, client, "org.gnome.ScreenSaver");
     const test::ActivatableService login(bus, client, "org.freedesktop.login1");
     const test::ActivatableService other(bus, client, "org.vexmoor.Other");
     const SessionLock lock(client, client);
     for (int round = 0; round < 4; ++round)
-        test::settle({"starter"});
+        test::deliverMessages({"starter"});
     client.call(QDBusMessage::createMethodCall("org.vexmoor.Other", "/", "", "Start"));
-    EXPECT_TRUE(other.wasStarted()) << "this bus starts nothing at all";
+    EXPECT_TRUE(other.wasStarted()) << "this bus cannot activate services";
     EXPECT_FALSE(screenSaver.wasStarted());
     EXPECT_FALSE(login.wasStarted());
-    QDBusConnection::disconnectFromBus("starter");
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 #include "desktopbus/ShutdownDelay.h"
 
 #include "FakeService.h"
+#include "support/ConnectedBus.h"
 #include "support/MainLoop.h"
-#include "support/PrivateBus.h"
 
 #include <QDBusUnixFileDescriptor>
 
@@ -13,28 +13,26 @@ namespace vexmoor::test {
 
 namespace {
 
-TEST(ShutdownDelay, HoldsAShutdownUpWhileThereIsWorkAndHearsOfIt) {
-    const PrivateBus bus;
+TEST(ShutdownDelay, DelaysAShutdownDuringWorkAndReportsIt) {
+    ConnectedBus bus;
     int ends[2] = {-1, -1};
     ASSERT_EQ(::pipe(ends), 0);
-    FakeService login(
-        QDBusConnection::connectToBus(QString::fromStdString(bus.address()), "shutdown login"),
-        QStringLiteral("org.freedesktop.login1"), [&](const QDBusMessage& call) {
-            auto answer = call.createReply();
-            if (call.member() == QStringLiteral("Inhibit")) {
-                answer << QVariant::fromValue(QDBusUnixFileDescriptor(ends[1]));
-                ::close(ends[1]); // what was sent is another descriptor
-            }
-            return answer;
-        });
+    FakeService login(bus.connect("login"), QStringLiteral("org.freedesktop.login1"),
+                      [&](const QDBusMessage& call) {
+                          auto answer = call.createReply();
+                          if (call.member() == QStringLiteral("Inhibit")) {
+                              answer << QVariant::fromValue(QDBusUnixFileDescriptor(ends[1]));
+                              ::close(ends[1]); // the message contains a duplicate
+                          }
+                          return answer;
+                      });
     const auto isReleased = [&] {
         char byte = 0;
-        return ::read(ends[0], &byte, 1) == 0; // no writer is left
+        return ::read(ends[0], &byte, 1) == 0; // end of file: no writer is left
     };
     ASSERT_EQ(::fcntl(ends[0], F_SETFL, O_NONBLOCK), 0);
 
-    ShutdownDelay delay(
-        QDBusConnection::connectToBus(QString::fromStdString(bus.address()), "shutdown desktop"));
+    ShutdownDelay delay(bus.connect("desktop"));
     int begun = 0;
     QObject::connect(&delay, &ShutdownDelay::shutdownBegun, [&] { ++begun; });
     delay.setWorking(true);

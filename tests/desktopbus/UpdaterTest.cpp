@@ -3,8 +3,8 @@
 #include "ActivatableService.h"
 #include "FakeService.h"
 
+#include "support/ConnectedBus.h"
 #include "support/MainLoop.h"
-#include "support/PrivateBus.h"
 
 #include <QDBusObjectPath>
 
@@ -20,8 +20,8 @@ using test::FakeService;
 const QString kNotManaged = "This copy of Vexmoor was not installed by the system's package "
                             "service, so it can't look for updates.";
 const QString kNoService = "This system has no package service that Vexmoor can ask for updates. "
-                           "Look for them where you got it from.";
-const QString kStopped = "The system's package service stopped before it had answered.";
+                           "Look for updates where you got Vexmoor.";
+const QString kStopped = "The system's package service stopped before it replied.";
 
 constexpr uint kInstalled = 1;
 constexpr uint kAvailable = 2;
@@ -35,9 +35,9 @@ struct Listed {
 };
 using Packages = std::vector<Listed>;
 
-enum class Mishap { refuses, reports, givesUp, isSilent };
+enum class Failure { refuses, reports, failsSilently, isSilent };
 
-/// A package service. Each of its transactions answers one question.
+/// A package service, each of whose transactions handles one request.
 class FakePackages {
   public:
     explicit FakePackages(const QDBusConnection& bus)
@@ -48,41 +48,42 @@ class FakePackages {
 
     Packages installed = {{kInstalled, "vexmoor;0.1.0-1;amd64;installed:debian"}};
     Packages updates;
-    QString failing; ///< the method that meets with the mishap
-    Mishap mishap = Mishap::isSilent;
-    std::size_t answersBeforeItIsGone = SIZE_MAX; ///< for good: the bus answers then
+    QString failing; ///< the method that triggers the failure
+    Failure failure = Failure::isSilent;
+    std::size_t repliesBeforeExit = SIZE_MAX; ///< permanently; then the bus replies
     std::vector<QVariantList> questions;
 
   private:
     QDBusMessage answer(const QDBusMessage& call) {
         const QString transaction = QStringLiteral("/%1_transaction").arg(questions.size());
-        if (questions.size() == answersBeforeItIsGone)
-            return call.createErrorReply(QDBusError::ServiceUnknown, "nobody has that name");
+        if (questions.size() == repliesBeforeExit)
+            return call.createErrorReply(QDBusError::ServiceUnknown, "no owner");
         if (call.member() == failing)
-            return suffer(call, transaction);
+            return fail(call, transaction);
         if (call.path() == "/org/freedesktop/PackageKit" && call.member() == "CreateTransaction")
             return call.createReply(QVariant::fromValue(QDBusObjectPath(transaction)));
         if (call.path() != transaction)
             return call.createErrorReply(QDBusError::UnknownObject, call.path());
         questions.push_back(call.arguments());
         for (const Listed& package : call.member() == "SearchFiles" ? installed : updates)
-            tell(transaction, "Package", {package.info, package.id, "a summary"});
-        tell(transaction, "Finished", {1U, 12U});
+            emitSignal(transaction, "Package", {package.info, package.id, "a summary"});
+        emitSignal(transaction, "Finished", {1U, 12U});
         return call.createReply();
     }
 
-    QDBusMessage suffer(const QDBusMessage& call, const QString& transaction) {
-        if (mishap == Mishap::isSilent) // after having taken the question
+    QDBusMessage fail(const QDBusMessage& call, const QString& transaction) {
+        if (failure == Failure::isSilent) // after accepting the request
             return call.member() == "CreateTransaction" ? QDBusMessage() : call.createReply();
-        if (mishap == Mishap::refuses)
+        if (failure == Failure::refuses)
             return call.createErrorReply("org.freedesktop.PackageKit.Denied", "not for you");
-        if (mishap == Mishap::reports)
-            tell(transaction, "ErrorCode", {4U, "the lists are broken\n"});
-        tell(transaction, "Finished", {2U, 12U});
+        if (failure == Failure::reports)
+            emitSignal(transaction, "ErrorCode", {4U, "the lists are broken\n"});
+        emitSignal(transaction, "Finished", {2U, 12U});
         return call.createReply();
     }
 
-    void tell(const QString& transaction, const QString& signal, const QVariantList& arguments) {
+    void emitSignal(const QString& transaction, const QString& signal,
+                    const QVariantList& arguments) {
         m_service.emitSignal(transaction, "org.freedesktop.PackageKit.Transaction", signal,
                              arguments);
     }
@@ -92,17 +93,7 @@ class FakePackages {
 
 class UpdaterTest : public testing::Test {
   protected:
-    ~UpdaterTest() override {
-        m_updater.reset();
-        killService();
-        QDBusConnection::disconnectFromBus("client");
-    }
-
-    QDBusConnection connection(const char* name) {
-        return QDBusConnection::connectToBus(QString::fromStdString(m_bus.address()), name);
-    }
-
-    void startService() { m_packages.emplace(connection("server")); }
+    void startService() { m_packages.emplace(m_bus.connect("server")); }
 
     void killService() {
         m_packages.reset();
@@ -110,42 +101,42 @@ class UpdaterTest : public testing::Test {
     }
 
     void startUpdater(std::chrono::milliseconds deadline = Updater::kDeadline) {
-        startUpdater(connection("client"), deadline);
+        startUpdater(m_bus.connect("client"), deadline);
     }
     void startUpdater(const QDBusConnection& bus,
                       std::chrono::milliseconds deadline = Updater::kDeadline) {
         m_updater.emplace(bus, "/usr/bin/vexmoor-desktop", deadline);
         QObject::connect(&*m_updater, &Updater::finished, &*m_updater,
-                         [this](const UpdateCheck& check) { m_told << sentenceFor(check); });
+                         [this](const UpdateCheck& check) { m_results << sentenceFor(check); });
     }
 
     [[nodiscard]] QString check() {
-        m_told.clear();
+        m_results.clear();
         m_updater->checkForUpdates();
-        EXPECT_TRUE(m_told.isEmpty()) << "it waited";
-        return told();
+        EXPECT_TRUE(m_results.isEmpty()) << "the call blocked";
+        return result();
     }
 
-    [[nodiscard]] QString told() {
-        EXPECT_TRUE(eventuallyInLoop([this] { return !m_told.isEmpty(); }));
-        return m_told.join(" | ");
+    [[nodiscard]] QString result() {
+        EXPECT_TRUE(eventuallyInLoop([this] { return !m_results.isEmpty(); }));
+        return m_results.join(" | ");
     }
 
     [[nodiscard]] bool serviceIsCalled(const QString& method) {
         return eventuallyInLoop([&] { return m_packages->calls().contains(method); });
     }
 
-    test::PrivateBus m_bus;
+    test::ConnectedBus m_bus;
     std::optional<FakePackages> m_packages;
     std::optional<Updater> m_updater;
-    QStringList m_told;
+    QStringList m_results;
 };
 
-TEST_F(UpdaterTest, TellsWhatTheServiceKnowsOfOurPackage) {
+TEST_F(UpdaterTest, ReportsTheStateOfOurPackage) {
     const struct {
         Packages installed;
         Packages updates;
-        QString told;
+        QString result;
     } kCases[] = {
         {{{kInstalled, "vexmoor;0.1.0-1;amd64;installed:debian"}},
          {},
@@ -170,14 +161,14 @@ TEST_F(UpdaterTest, TellsWhatTheServiceKnowsOfOurPackage) {
     };
     startService();
     startUpdater();
-    for (const auto& [installed, updates, told] : kCases) {
+    for (const auto& [installed, updates, expected] : kCases) {
         m_packages->installed = installed;
         m_packages->updates = updates;
-        EXPECT_EQ(check(), told);
+        EXPECT_EQ(check(), expected);
     }
 }
 
-TEST_F(UpdaterTest, AsksForTheInstalledOwnerOfTheProgramThenForAllUpdates) {
+TEST_F(UpdaterTest, RequestsTheInstalledOwnerThenAllUpdates) {
     startService();
     startUpdater();
     ASSERT_EQ(check(), "Vexmoor 0.1.0 is up to date.");
@@ -188,53 +179,56 @@ TEST_F(UpdaterTest, AsksForTheInstalledOwnerOfTheProgramThenForAllUpdates) {
     EXPECT_EQ(m_packages->questions, questions);
 }
 
-TEST_F(UpdaterTest, TellsWhyTheServiceFailed) {
+TEST_F(UpdaterTest, ReportsTheServicesErrors) {
     const QString refused = "The system's package service reports: not for you";
     const QString reported = "The system's package service reports: the lists are broken";
-    const QString gaveUp = "The system's package service gave up and did not say why.";
+    const QString failedSilently = "The system's package service failed without an error message.";
     const struct {
         QString method;
-        Mishap mishap;
-        QString told;
+        Failure failure;
+        QString result;
     } kCases[] = {
-        {"CreateTransaction", Mishap::refuses, refused}, {"SearchFiles", Mishap::refuses, refused},
-        {"SearchFiles", Mishap::reports, reported},      {"SearchFiles", Mishap::givesUp, gaveUp},
-        {"GetUpdates", Mishap::refuses, refused},        {"GetUpdates", Mishap::reports, reported},
-        {"GetUpdates", Mishap::givesUp, gaveUp},
+        {"CreateTransaction", Failure::refuses, refused},
+        {"SearchFiles", Failure::refuses, refused},
+        {"SearchFiles", Failure::reports, reported},
+        {"SearchFiles", Failure::failsSilently, failedSilently},
+        {"GetUpdates", Failure::refuses, refused},
+        {"GetUpdates", Failure::reports, reported},
+        {"GetUpdates", Failure::failsSilently, failedSilently},
     };
     startService();
     startUpdater();
-    for (const auto& [method, mishap, told] : kCases) {
+    for (const auto& [method, failure, expected] : kCases) {
         m_packages->failing = method;
-        m_packages->mishap = mishap;
+        m_packages->failure = failure;
         m_packages->questions.clear();
-        EXPECT_EQ(check(), told) << method.toStdString();
+        EXPECT_EQ(check(), expected) << method.toStdString();
     }
 }
 
-TEST_F(UpdaterTest, TellsWhenTheServiceDiesMidway) {
+TEST_F(UpdaterTest, ReportsAServiceThatExitsDuringARequest) {
     startUpdater();
     for (const char* method : {"CreateTransaction", "SearchFiles", "GetUpdates"}) {
         startService();
         m_packages->failing = method;
-        m_told.clear();
+        m_results.clear();
         m_updater->checkForUpdates();
         ASSERT_TRUE(serviceIsCalled(method));
         killService();
-        EXPECT_EQ(told(), kStopped) << method;
+        EXPECT_EQ(result(), kStopped) << method;
     }
 }
 
-TEST_F(UpdaterTest, TellsWhenTheServiceIsGoneBetweenItsTwoAnswers) {
+TEST_F(UpdaterTest, ReportsAServiceThatExitsBetweenItsReplies) {
     startService();
     startUpdater();
-    m_packages->answersBeforeItIsGone = 1;
+    m_packages->repliesBeforeExit = 1;
     EXPECT_EQ(check(), kStopped);
 }
 
-TEST_F(UpdaterTest, CallsTheQuestionOffAtItsDeadline) {
+TEST_F(UpdaterTest, CancelsTheRequestAtTheDeadline) {
     startService();
-    startUpdater(50ms);
+    startUpdater(1s); // long enough for the request to reach a busy service
     for (const char* method : {"SearchFiles", "GetUpdates"}) {
         m_packages->failing = method;
         m_packages->questions.clear();
@@ -243,21 +237,21 @@ TEST_F(UpdaterTest, CallsTheQuestionOffAtItsDeadline) {
     }
 }
 
-TEST_F(UpdaterTest, MakesOneCheckAtATime) {
+TEST_F(UpdaterTest, RunsOneCheckAtATime) {
     startService();
     startUpdater();
     m_updater->checkForUpdates();
     m_updater->checkForUpdates();
     ASSERT_TRUE(serviceIsCalled("SearchFiles"));
     m_updater->checkForUpdates();
-    EXPECT_EQ(told(), "Vexmoor 0.1.0 is up to date.");
-    test::settle({"client", "server", "client"});
-    EXPECT_EQ(m_told.size(), 1);
+    EXPECT_EQ(result(), "Vexmoor 0.1.0 is up to date.");
+    test::deliverMessages({"client", "server", "client"});
+    EXPECT_EQ(m_results.size(), 1);
     EXPECT_EQ(m_packages->calls().count("CreateTransaction"), 2);
     EXPECT_EQ(check(), "Vexmoor 0.1.0 is up to date.") << "the next check";
 }
 
-TEST_F(UpdaterTest, TellsNobodyWhenItIsGone) {
+TEST_F(UpdaterTest, EmitsNothingAfterDestruction) {
     startService();
     m_packages->failing = "SearchFiles";
     startUpdater();
@@ -265,17 +259,17 @@ TEST_F(UpdaterTest, TellsNobodyWhenItIsGone) {
     ASSERT_TRUE(serviceIsCalled("SearchFiles"));
     m_updater.reset();
     EXPECT_TRUE(serviceIsCalled("Cancel"));
-    EXPECT_TRUE(m_told.isEmpty());
+    EXPECT_TRUE(m_results.isEmpty());
 }
 
-TEST_F(UpdaterTest, KnowsThatThereIsNobodyToAsk) {
+TEST_F(UpdaterTest, ReportsAMissingService) {
     startUpdater();
     EXPECT_EQ(check(), kNoService) << "no service";
     startUpdater(QDBusConnection("there is none"));
     EXPECT_EQ(check(), kNoService) << "no bus";
 }
 
-TEST_F(UpdaterTest, CallsACheckOffAndMakesAnother) {
+TEST_F(UpdaterTest, CanCancelACheckAndStartAnother) {
     startService();
     startUpdater();
     QList<bool> states;
@@ -290,7 +284,7 @@ TEST_F(UpdaterTest, CallsACheckOffAndMakesAnother) {
     EXPECT_FALSE(m_updater->isChecking());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     ASSERT_TRUE(serviceIsCalled("Cancel"));
-    EXPECT_TRUE(m_told.isEmpty());
+    EXPECT_TRUE(m_results.isEmpty());
     m_packages->failing.clear();
     m_packages->questions.clear();
     EXPECT_EQ(check(), "Vexmoor 0.1.0 is up to date.");
@@ -300,19 +294,17 @@ TEST_F(UpdaterTest, CallsACheckOffAndMakesAnother) {
     m_updater->checkForUpdates();
     m_updater->cancel();
     QCoreApplication::processEvents();
-    EXPECT_EQ(m_told.size(), 1) << "the answer for no bus was called off too";
+    EXPECT_EQ(m_results.size(), 1) << "the result without a bus was not cancelled";
 }
 
-TEST_F(UpdaterTest, HasItsServiceStartedWhereTheBusCan) {
-    const test::PrivateBus bus(test::PrivateBus::Services::installed);
-    const auto starter =
-        QDBusConnection::connectToBus(QString::fromStdString(bus.address()), "starter");
+TEST_F(UpdaterTest, ActivatesTheService) {
+    test::ConnectedBus bus(test::PrivateBus::Services::installed);
+    const auto starter = bus.connect("starter");
     const test::ActivatableService service(bus, starter, "org.freedesktop.PackageKit");
     startUpdater(starter);
     EXPECT_THAT(check().toStdString(), testing::StartsWith("The system's package service reports"));
     EXPECT_TRUE(service.wasStarted());
     m_updater.reset();
-    QDBusConnection::disconnectFromBus("starter");
 }
 
 } // namespace

@@ -11,7 +11,7 @@
 
 namespace vexmoor::test {
 
-/// A scratch home with a Bin, in the test's own folder.
+/// A scratch home folder with a Bin.
 class BinTest : public TreeTest {
   protected:
     [[nodiscard]] UserDirectories directories() const {
@@ -19,7 +19,7 @@ class BinTest : public TreeTest {
     }
     [[nodiscard]] Path binPath() const { return path() / ".local/share/Trash"; }
 
-    /// Disposes of one item in a batch of its own.
+    /// Disposes of one item in its own batch.
     [[nodiscard]] Result<Disposer::Disposed>
     dispose(const Path& item, DisposeMode mode = DisposeMode::bin,
             const Disposer::PlaceObserver& willTake = kUnobserved) const {
@@ -29,7 +29,7 @@ class BinTest : public TreeTest {
             return std::move(held).error();
         return disposer.dispose(*held, mode, disposer.size(*held), Date::now(), willTake);
     }
-    /// The same, with the place in the Bin.
+    /// Same, but returns the path in the Bin.
     [[nodiscard]] Path bin(const Path& item) const {
         auto disposed = dispose(item);
         EXPECT_TRUE(disposed.ok()) << item << ": " << describe(disposed.error());
@@ -52,7 +52,7 @@ class BinTest : public TreeTest {
                                      std::optional<Date> binned = {}) const {
         return erase(place, BinRecord{original, binned});
     }
-    /// The facts that a record of the item in the Bin has.
+    /// Returns the facts that a record of the item in the Bin has.
     [[nodiscard]] static ItemFacts factsOf(const Path& place) {
         return ItemFacts::of(*fileStatus(place), true);
     }
@@ -69,7 +69,7 @@ class BinTest : public TreeTest {
         return place.parent_path().parent_path() / "info" /
                (place.filename().native() + ".trashinfo");
     }
-    /// As if it had been written so much earlier.
+    /// Sets the file's time back.
     static void age(const Path& file, std::chrono::hours by = std::chrono::hours(1)) {
         std::filesystem::last_write_time(file, std::filesystem::last_write_time(file) - by);
     }

@@ -6,7 +6,7 @@ namespace {
 
 using BinGuardTest = BinTest;
 
-TEST_F(BinGuardTest, RefusesWhatMustNeverGoAndTouchesNothing) {
+TEST_F(BinGuardTest, RejectsProtectedPathsWithoutChangingThem) {
     write("kept", "x");
     (void)bin(path() / "kept");
     write("documents/file", "x");
@@ -20,7 +20,7 @@ TEST_F(BinGuardTest, RefusesWhatMustNeverGoAndTouchesNothing) {
         {"/", DisposalError::isRoot},
         {path(), DisposalError::isHome},
         {path() / "documents/..", DisposalError::isHome},
-        {path().parent_path(), DisposalError::isMountPoint}, // or it holds the Bin
+        {path().parent_path(), DisposalError::isMountPoint}, // or it contains the Bin
         {path() / ".local", DisposalError::holdsBin},
         {path() / ".local/share", DisposalError::holdsBin},
         {binPath(), DisposalError::isBin},
@@ -35,7 +35,7 @@ TEST_F(BinGuardTest, RefusesWhatMustNeverGoAndTouchesNothing) {
     for (const auto& name : contents())
         giveToNobody(name);
     const auto before = contents();
-    // As nobody, so that a wrong answer could not delete anything that matters.
+    // Runs as an unprivileged user, so that a bug could not delete anything important.
     inProcess([&] {
         dropRights();
         for (const auto& [item, why] : cases)
@@ -54,7 +54,7 @@ TEST_F(BinGuardTest, RefusesWhatMustNeverGoAndTouchesNothing) {
     EXPECT_EQ(contents(), before);
 }
 
-TEST_F(BinGuardTest, RefusesWhatReallyHoldsTheBinWhereLinksLeadThere) {
+TEST_F(BinGuardTest, RejectsTheResolvedFolderOfALinkedBin) {
     write("disk/home/.local/share/unrelated", "x");
     write("big/Trash/files/kept", "x");
     write("records/own/defaults.db", "x");
@@ -88,7 +88,7 @@ TEST_F(BinGuardTest, RefusesWhatReallyHoldsTheBinWhereLinksLeadThere) {
     EXPECT_TRUE(disposer.hold(path() / "home/.local/share/unrelated").ok());
 }
 
-TEST_F(BinGuardTest, RefusesMountPointsAndVolumesWithoutABin) {
+TEST_F(BinGuardTest, RejectsMountPointsAndVolumesWithoutBin) {
     inProcess([&] {
         makeFolder("folder/volume");
         useOwnMounts();
@@ -116,7 +116,7 @@ TEST_F(BinGuardTest, RefusesMountPointsAndVolumesWithoutABin) {
     });
 }
 
-TEST_F(BinGuardTest, RefusesABinByAnyOtherNameOfItsVolume) {
+TEST_F(BinGuardTest, RejectsABinThroughOtherMountsOfItsVolume) {
     inProcess([&] {
         for (const char* folder : {"volume", "whole", "bin", "deep", "part"})
             makeFolder(folder);
@@ -157,7 +157,7 @@ TEST_F(BinGuardTest, RefusesABinByAnyOtherNameOfItsVolume) {
     });
 }
 
-TEST_F(BinGuardTest, RefusesTheBinAndTheHomeFolderOfTheAccount) {
+TEST_F(BinGuardTest, RejectsTheAccountsBinAndHomeFolder) {
     write("account/.local/share/Trash/files/kept", "x");
     write("account/file", "x");
     auto own = directories();
@@ -176,8 +176,8 @@ TEST_F(BinGuardTest, RefusesTheBinAndTheHomeFolderOfTheAccount) {
     EXPECT_TRUE(disposer.hold(path() / "account/file").ok());
 }
 
-/// Looked at only: nothing here is ever disposed of.
-TEST_F(BinGuardTest, RefusesPartsOfTheRunningSystem) {
+/// Only checks these paths; never disposes of them.
+TEST_F(BinGuardTest, RejectsPseudoFileSystems) {
     Disposer disposer(directories(), nullptr);
     for (const char* item : {"/proc/self/status", "/sys/kernel", "/dev/null", "/dev/fd"}) {
         const auto held = disposer.hold(item);
@@ -187,7 +187,7 @@ TEST_F(BinGuardTest, RefusesPartsOfTheRunningSystem) {
     }
 }
 
-TEST_F(BinGuardTest, FindsMountsInsideAFolderWithoutAListOfThem) {
+TEST_F(BinGuardTest, FindsMountsInsideAFolderWithoutTheMountTable) {
     inProcess([&] {
         makeFolder("folder/deep/volume");
         makeFolder("plain/deep");

@@ -7,10 +7,10 @@ namespace vexmoor::test {
 
 namespace {
 
-/// Other programs for the Bin must understand ours, and we theirs.
+/// Other Bin implementations must understand our Bin and vice versa.
 class BinPeersTest : public BinTest {
   protected:
-    /// Runs a program at home in the scratch home.
+    /// Runs a program with the scratch home folder.
     [[nodiscard]] Command::Result run(std::vector<std::string> words,
                                       const std::string& input = {}) const {
         return Command(std::move(words))
@@ -40,7 +40,7 @@ TEST_F(BinPeersTest, TrashCliListsAndRestoresWhatWeBin) {
     }
 }
 
-TEST_F(BinPeersTest, TheirItemsStandBesideOursAndAreEmptiedWithoutHarm) {
+TEST_F(BinPeersTest, ForeignItemsCoexistAndCanBeEmptied) {
     if (!Command::exists("trash-put"))
         GTEST_SKIP() << "trash-cli is not installed";
     write("a.txt", "theirs");

@@ -4,15 +4,15 @@ namespace vexmoor::test {
 
 namespace {
 
-/// Another program changes the Bin between the look at an item and what is done to it.
+/// Another program changes the Bin between a check and the operation.
 class BinRaceTest : public BinTest {
   protected:
     struct Swap {
         const char* what;
         std::function<void()> act;
-        std::optional<std::string> inBin; ///< what the Bin holds under the name afterwards
+        std::optional<std::string> inBin; ///< the Bin's content under the name afterwards
         DisposalError error;
-        bool isInFuture = false; ///< the time of its info file
+        bool isInFuture = false; ///< of the info file's time
     };
 
     BinRaceTest() { fresh("item"); }
@@ -26,7 +26,7 @@ class BinRaceTest : public BinTest {
         std::filesystem::remove(place);
         std::filesystem::remove(infoOf(place));
     }
-    /// By rename, as editors save.
+    /// Replaces by rename, as editors do.
     void replace(const Path& file, const std::string& bytes) const {
         write("new", bytes);
         std::filesystem::rename(path() / "new", file);
@@ -41,10 +41,10 @@ class BinRaceTest : public BinTest {
 
     Path place;
     const Path original = path() / "docs/a.txt";
-    std::filesystem::file_time_type written; ///< the info file
+    std::filesystem::file_time_type written; ///< time of the info file
 };
 
-TEST_F(BinRaceTest, LetsNothingLeaveTheBinThatWasSwappedIn) {
+TEST_F(BinRaceTest, DoesNotRemoveReplacedItemsFromTheBin) {
     const Swap swaps[] = {
         {"another item under the same info file", [&] { replace(place, "theirs, longer"); },
          "theirs, longer", DisposalError::replaced},
@@ -98,7 +98,7 @@ TEST_F(BinRaceTest, LetsNothingLeaveTheBinThatWasSwappedIn) {
         }
 }
 
-TEST_F(BinRaceTest, KeepsTheInfoFileOfAnItemThatTookTheNameInTheMeantime) {
+TEST_F(BinRaceTest, KeepsTheInfoFileOfAnItemThatTookTheName) {
     for (const bool erasing : {false, true}) {
         auto bin = openBin();
         const auto found = bin.find("a.txt", {original});
@@ -122,7 +122,7 @@ TEST_F(BinRaceTest, KeepsTheInfoFileOfAnItemThatTookTheNameInTheMeantime) {
     EXPECT_TRUE(isLeavingEmpty());
 }
 
-TEST_F(BinRaceTest, BringsBackWhatAKillLeftOnTheWayOut) {
+TEST_F(BinRaceTest, RestoresItemsLeftByAKill) {
     for (const bool isNameTaken : {false, true}) {
         {
             auto bin = openBin();
@@ -145,7 +145,7 @@ TEST_F(BinRaceTest, BringsBackWhatAKillLeftOnTheWayOut) {
     }
 }
 
-TEST_F(BinRaceTest, RecordsWhatTheRenameReallyMoved) {
+TEST_F(BinRaceTest, RecordsTheItemThatWasActuallyMoved) {
     struct Case {
         std::function<void()> act;
         std::int64_t size;

@@ -4,10 +4,10 @@ namespace vexmoor::test {
 
 namespace {
 
-/// What leaves the Bin is the item of the record.
+/// Only the record's item leaves the Bin.
 using BinRecordTest = BinTest;
 
-TEST_F(BinRecordTest, TouchesNothingButTheItemOfTheRecord) {
+TEST_F(BinRecordTest, ChangesOnlyTheRecordsItem) {
     const Date binned = Date::fromUnix(1711886400.75); // 2024-03-31 12:00:00 UTC
     write("docs/a b.txt", "x");
     const Path original = path() / "docs/a b.txt";
@@ -58,7 +58,7 @@ TEST_F(BinRecordTest, TouchesNothingButTheItemOfTheRecord) {
     EXPECT_TRUE(erase(odd, BinRecord{link, {}, factsOf(odd)}).ok());
 }
 
-TEST_F(BinRecordTest, KnowsItsItemByItsFactsWhereTheInfoFileDoesNotSay) {
+TEST_F(BinRecordTest, IdentifiesAnItemByItsFactsWithoutInfoFile) {
     constexpr std::int64_t kHour = 3600 * std::int64_t{1000000000};
     struct Case {
         const char* what;
@@ -106,7 +106,7 @@ TEST_F(BinRecordTest, KnowsItsItemByItsFactsWhereTheInfoFileDoesNotSay) {
         }
 }
 
-TEST_F(BinRecordTest, RepairsAnInfoFileThatIsMissingOrEmpty) {
+TEST_F(BinRecordTest, RepairsAMissingOrEmptyInfoFile) {
     write("a b", "x");
     const Path place = bin(path() / "a b");
     const BinRecord record{path() / "a b", Date::now(), factsOf(place)};
@@ -121,7 +121,7 @@ TEST_F(BinRecordTest, RepairsAnInfoFileThatIsMissingOrEmpty) {
     EXPECT_EQ(read(infoOf(place)), whole);
 }
 
-TEST_F(BinRecordTest, TakesAnItemForLostOnlyOnTheVolumeThatItWasOn) {
+TEST_F(BinRecordTest, ReportsAnItemAsLostOnlyOnItsOwnVolume) {
     inProcess([&] {
         makeFolder("stick");
         makeFolder("other");
@@ -140,7 +140,8 @@ TEST_F(BinRecordTest, TakesAnItemForLostOnlyOnTheVolumeThatItWasOn) {
         ASSERT_EQ(mount((path() / "other").c_str(), (path() / "stick").c_str(), nullptr, MS_MOVE,
                         nullptr),
                   0);
-        EXPECT_EQ(refusal(), make_error_code(DisposalError::volumeNotThere)) << "no Bin there";
+        EXPECT_EQ(refusal(), make_error_code(DisposalError::volumeNotThere))
+            << "no Bin on that volume";
         write("stick/b", "y");
         (void)bin(path() / "stick/b");
         EXPECT_EQ(refusal(), make_error_code(DisposalError::volumeNotThere)) << "not in that Bin";
@@ -157,7 +158,7 @@ TEST_F(BinRecordTest, TakesAnItemForLostOnlyOnTheVolumeThatItWasOn) {
     });
 }
 
-TEST_F(BinRecordTest, KnowsItsItemsAfterTheClockGotAnotherTimeZone) {
+TEST_F(BinRecordTest, IdentifiesItemsAfterATimeZoneChange) {
     const auto useZone = [](const char* zone) {
         setenv("TZ", zone, 1);
         tzset();
@@ -175,13 +176,13 @@ TEST_F(BinRecordTest, KnowsItsItemsAfterTheClockGotAnotherTimeZone) {
             useZone(zone);
             const auto late = Date::fromUnix(binned.unixSeconds() + 1800);
             EXPECT_FALSE(putBack(place->binned->place, path() / "a", late).ok())
-                << "a zone may lie so far away, but the file is not from then";
+                << "possible as a time zone, but the file's time differs";
             EXPECT_TRUE(putBack(place->binned->place, path() / "a", binned).ok()) << zone;
         }
     });
 }
 
-TEST_F(BinRecordTest, KnowsItsItemsOnAVolumeThroughALink) {
+TEST_F(BinRecordTest, IdentifiesItemsOnAVolumeThroughALink) {
     inProcess([&] {
         makeFolder("volume");
         useOwnMounts();

@@ -7,25 +7,25 @@ namespace vexmoor::test {
 
 namespace {
 
-/// Another program acts before each call of the system in turn while an item goes into the Bin or
-/// leaves it. What it wrote must be there afterwards.
+/// Another program acts before each system call in turn while an item is moved into or out of the
+/// Bin. Its data must survive.
 class BinSwapTest : public BinTest, public testing::WithParamInterface<Faults::NoReplace> {
   protected:
     const Path original = path() / "a.txt";
 
-    /// What lies in files/ with that content.
+    /// Returns the item in files/ with that content.
     [[nodiscard]] std::optional<Path> inBin(const std::string& bytes) const {
         for (const auto& entry : std::filesystem::directory_iterator(binPath() / "files"))
             if (read(entry.path()) == bytes)
                 return entry.path();
         return std::nullopt;
     }
-    /// By rename, as editors save.
+    /// Saves by rename, as editors do.
     void save(const Path& file, const std::string& bytes) const {
         write("new", bytes);
         std::filesystem::rename(path() / "new", file);
     }
-    /// Puts another item under the name in the Bin, as a program does that emptied it before.
+    /// Puts another item under the name in the Bin, as a program does after emptying it.
     void useBinAgain(const Path& place) const {
         std::filesystem::remove(place);
         std::filesystem::remove(infoOf(place));
@@ -33,8 +33,8 @@ class BinSwapTest : public BinTest, public testing::WithParamInterface<Faults::N
         write(place.lexically_relative(path()), "theirs");
     }
 
-    /// Runs the action with the other program before the first call, the second and so on; `check`
-    /// after each.
+    /// Runs the action with the other program before the first call, then before the second and so
+    /// on, and calls `check` after each run.
     void atEachCall(const std::function<Path()>& prepare,
                     const std::function<void(const Path&)>& other,
                     const std::function<void(const Path&)>& action,
@@ -61,7 +61,7 @@ class BinSwapTest : public BinTest, public testing::WithParamInterface<Faults::N
     }
 };
 
-TEST_P(BinSwapTest, NothingOfAnotherProgramLeavesTheBin) {
+TEST_P(BinSwapTest, NoForeignItemLeavesTheBin) {
     for (const bool erasing : {false, true})
         atEachCall(
             [&] {
@@ -86,7 +86,7 @@ TEST_P(BinSwapTest, NothingOfAnotherProgramLeavesTheBin) {
             });
 }
 
-TEST_P(BinSwapTest, NothingIsLeftOnTheWayOutWhicheverCallFails) {
+TEST_P(BinSwapTest, NoFailingCallStrandsAnItem) {
     for (const int error : {EIO, ENOSPC, EACCES})
         for (const bool erasing : {false, true}) {
             std::optional<std::string> failed = "first";
@@ -109,7 +109,7 @@ TEST_P(BinSwapTest, NothingIsLeftOnTheWayOutWhicheverCallFails) {
                     const auto back = putBack(place, record);
                     EXPECT_TRUE(back.ok()) << describe(back.error());
                 } else {
-                    EXPECT_TRUE(isDone || erasing) << "neither here nor there";
+                    EXPECT_TRUE(isDone || erasing) << "neither in the Bin nor at its original path";
                 }
                 if (HasFailure())
                     return;
@@ -119,7 +119,7 @@ TEST_P(BinSwapTest, NothingIsLeftOnTheWayOutWhicheverCallFails) {
         }
 }
 
-TEST_P(BinSwapTest, WhatIsSavedWhileAnItemIsFedIsThereOrRecorded) {
+TEST_P(BinSwapTest, AFileSavedDuringFeedingIsKeptOrRecorded) {
     std::optional<BinnedItem> binned;
     atEachCall(
         [&] {

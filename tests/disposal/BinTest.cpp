@@ -32,7 +32,7 @@ const std::vector<std::string> kHostileNames = {
         }(),
 };
 
-TEST_F(BinTest, KeepsHostileNamesAndBytesAndBringsThemBack) {
+TEST_F(BinTest, RoundTripsHostileNames) {
     for (const auto& name : kHostileNames) {
         SCOPED_TRACE(testing::PrintToString(name));
         const Path original = path() / "folder" / name;
@@ -58,7 +58,7 @@ TEST_F(BinTest, KeepsHostileNamesAndBytesAndBringsThemBack) {
         EXPECT_EQ(fileStatus(binPath() / part)->mode & 07777, 0700U) << part;
 }
 
-TEST_F(BinTest, MovesEveryKindOfItemItselfAndFollowsNoLink) {
+TEST_F(BinTest, MovesEveryKindOfItemWithoutFollowingLinks) {
     write("target/inside", "untouched");
     ASSERT_EQ(mkfifo((path() / "fifo").c_str(), 0600), 0);
     const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
@@ -88,7 +88,7 @@ TEST_F(BinTest, MovesEveryKindOfItemItselfAndFollowsNoLink) {
     EXPECT_EQ(read(path() / "target/inside"), "untouched");
 }
 
-TEST_F(BinTest, TakesTheNextNameAndNeverReplacesAnything) {
+TEST_F(BinTest, TakesTheNextFreeNameWithoutReplacing) {
     makeFolder(".local/share/Trash/files");
     makeFolder(".local/share/Trash/info");
     write(".local/share/Trash/files/f.txt", "an orphan");
@@ -110,14 +110,14 @@ TEST_F(BinTest, TakesTheNextNameAndNeverReplacesAnything) {
     EXPECT_FALSE(fileStatus(binPath() / "files/f.2.txt").ok());
 }
 
-TEST_F(BinTest, TellsWhyAnItemCannotGoAndLeavesItThere) {
+TEST_F(BinTest, ReportsWhyAnItemCannotBeMovedAndKeepsIt) {
     makeFolder("locked");
     write("locked/file", "x");
     giveToNobody();
     giveToNobody("locked/file");
-    inProcess([&] { // in a folder that only root may change
+    inProcess([&] { // in a folder that only root can change
         if (geteuid() != 0)
-            GTEST_SKIP() << "needs root to make a folder that it may not change";
+            GTEST_SKIP() << "needs root to create an unwritable folder";
         dropRights();
         const auto result = dispose(path() / "locked/file");
         ASSERT_FALSE(result.ok());
@@ -130,7 +130,7 @@ TEST_F(BinTest, TellsWhyAnItemCannotGoAndLeavesItThere) {
     EXPECT_EQ(describe(missing.error()), "No such file or directory.");
 }
 
-TEST_F(BinTest, UsesTheBinOfTheVolumeThatAnItemLiesOn) {
+TEST_F(BinTest, UsesTheBinOfTheItemsVolume) {
     inProcess([&] {
         makeFolder("volume");
         useOwnMounts();
@@ -145,7 +145,7 @@ TEST_F(BinTest, UsesTheBinOfTheVolumeThatAnItemLiesOn) {
         const auto landed = putBack(place, path() / "volume/deep/a b");
         EXPECT_TRUE(landed.ok());
 
-        // A link in place of the shared Bin is not used; a real one with the sticky bit is.
+        // A link is rejected as shared Bin; a real folder with the sticky bit is accepted.
         makeFolder("elsewhere");
         ASSERT_EQ(symlink("../elsewhere", (path() / "volume/.Trash").c_str()), 0);
         EXPECT_EQ(bin(path() / "volume/deep/a b").parent_path().parent_path(),
@@ -163,7 +163,7 @@ TEST_F(BinTest, UsesTheBinOfTheVolumeThatAnItemLiesOn) {
         EXPECT_EQ(dispose(path() / "volume/.Trash").error().code,
                   make_error_code(DisposalError::isBin));
 
-        // A bind mount has the same device number: the mount decides.
+        // A bind mount has the same device number, so the mount id decides.
         makeFolder("real");
         makeFolder("bound");
         write("real/file", "x");
@@ -172,7 +172,7 @@ TEST_F(BinTest, UsesTheBinOfTheVolumeThatAnItemLiesOn) {
     });
 }
 
-TEST_F(BinTest, LeavesTheItemWhereItIsOnAFullVolume) {
+TEST_F(BinTest, KeepsTheItemOnAFullVolume) {
     inProcess([&] {
         makeFolder("volume");
         useOwnMounts();
@@ -180,18 +180,18 @@ TEST_F(BinTest, LeavesTheItemWhereItIsOnAFullVolume) {
             return;
         ASSERT_EQ(mount("tmpfs", (path() / "volume").c_str(), "tmpfs", 0, "size=64k"), 0);
         write("volume/file", "x");
-        const Path place = bin(path() / "volume/file"); // makes the Bin while there is space
+        const Path place = bin(path() / "volume/file"); // creates the Bin while there is space
         ASSERT_TRUE(putBack(place, path() / "volume/file").ok());
         write("volume/filler", std::string(1 << 20, 'x'));
         const auto result = dispose(path() / "volume/file");
         ASSERT_FALSE(result.ok());
         EXPECT_EQ(result.error().code, std::errc::no_space_on_device);
         EXPECT_EQ(read(path() / "volume/file"), "x");
-        EXPECT_FALSE(fileStatus(infoOf(place)).ok()) << "the reservation was left behind";
+        EXPECT_FALSE(fileStatus(infoOf(place)).ok()) << "a reserved info file remains";
     });
 }
 
-TEST_F(BinTest, PutsBackUnderANumberedNameAndMakesMissingFolders) {
+TEST_F(BinTest, PutsBackUnderANumberedNameAndCreatesMissingFolders) {
     struct Case {
         const char* name;
         const char* second;
@@ -223,7 +223,7 @@ TEST_F(BinTest, PutsBackUnderANumberedNameAndMakesMissingFolders) {
     }
 }
 
-TEST_F(BinTest, RefusesToPutBackWhatIsGoneOrHasNoUsablePlace) {
+TEST_F(BinTest, DoesNotPutBackWithoutItemOrDestination) {
     write("file", "x");
     const Path place = bin(path() / "file");
     for (const Path& to : {Path("relative"), Path("/"), binPath() / "files/other",
@@ -245,14 +245,14 @@ TEST_F(BinTest, RefusesToPutBackWhatIsGoneOrHasNoUsablePlace) {
     }
 }
 
-TEST_F(BinTest, DeletesFromTheBinAndKeepsTheInfoOfWhatCannotGo) {
+TEST_F(BinTest, DeletesFromTheBinAndKeepsTheInfoFileOnFailure) {
     write("folder/a/b", "x");
     const Path place = bin(path() / "folder");
     EXPECT_TRUE(erase(place, path() / "folder").ok());
     EXPECT_FALSE(fileStatus(place).ok());
     EXPECT_FALSE(fileStatus(infoOf(place)).ok());
     if (geteuid() != 0)
-        GTEST_SKIP() << "needs root to make files of others";
+        GTEST_SKIP() << "needs root to create files of another user";
     makeFolder("shared");
     write("shared/theirs", "x");
     write("shared/ours", "x");
@@ -278,7 +278,7 @@ TEST_F(BinTest, DeletesFromTheBinAndKeepsTheInfoOfWhatCannotGo) {
     });
 }
 
-TEST_F(BinTest, KeepsTheSizesOfFoldersForOthersToRead) {
+TEST_F(BinTest, WritesTheSizesOfFolders) {
     makeFolder(".local/share/Trash/files");
     makeFolder(".local/share/Trash/info");
     write(".local/share/Trash/directorysizes",
@@ -295,7 +295,7 @@ TEST_F(BinTest, KeepsTheSizesOfFoldersForOthersToRead) {
     EXPECT_EQ(read(binPath() / "directorysizes"), "4096 17 other%20tool\n");
 }
 
-TEST(TrashInfo, ReadsWhatOthersWriteAndRefusesNonsense) {
+TEST(TrashInfo, ReadsForeignFilesAndRejectsInvalidOnes) {
     struct Case {
         std::string text;
         std::optional<Path> path;
@@ -315,7 +315,7 @@ TEST(TrashInfo, ReadsWhatOthersWriteAndRefusesNonsense) {
     }
 }
 
-TEST(NumberedName, CutsStoredNamesAtACharactersBorder) {
+TEST(NumberedName, TruncatesStoredNamesAtACharacterBoundary) {
     std::string accents = "x";
     for (int i = 0; i < 127; ++i)
         accents += "\xC3\xA9";

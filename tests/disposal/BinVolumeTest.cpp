@@ -10,14 +10,14 @@ namespace vexmoor::test {
 
 namespace {
 
-/// Bins that others, a full disk or an odd file system have made difficult.
+/// Bins with difficult conditions: other users, full disks and unusual file systems.
 class BinVolumeTest : public BinTest {
   protected:
     [[nodiscard]] static std::string userBin() { return ".Trash-" + std::to_string(geteuid()); }
     void mountWith(const char* options) const {
         ASSERT_EQ(mount("tmpfs", (path() / "volume").c_str(), "tmpfs", 0, options), 0);
     }
-    /// Takes all that is free on the volume.
+    /// Uses up all free space of the volume.
     void fill() const {
         const FileDescriptor filler(
             ::open((path() / "volume/filler").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
@@ -33,7 +33,7 @@ class BinVolumeTest : public BinTest {
     }
 };
 
-TEST_F(BinVolumeTest, SaysWhyAVolumeHasNoBinAndLeavesNoFolderThere) {
+TEST_F(BinVolumeTest, ReportsWhyAVolumeHasNoBinAndLeavesNoFolder) {
     struct Case {
         const char* options;
         std::function<void(const Path& bin)> prepare;
@@ -46,13 +46,13 @@ TEST_F(BinVolumeTest, SaysWhyAVolumeHasNoBinAndLeavesNoFolderThere) {
              std::filesystem::create_directory(bin);
              ASSERT_EQ(chmod(bin.c_str(), 0777), 0);
          },
-         "others may write to it"},
+         "other users can write to the folder for it"},
         {"",
          [](const Path& bin) {
              std::filesystem::create_directory(bin);
              ASSERT_EQ(chown(bin.c_str(), kNobody, kNobody), 0);
          },
-         "what lies there belongs to another user"},
+         "the folder for it belongs to another user"},
         {"",
          [](const Path& bin) {
              ASSERT_EQ(
@@ -74,15 +74,16 @@ TEST_F(BinVolumeTest, SaysWhyAVolumeHasNoBinAndLeavesNoFolderThere) {
             const auto disposed = dispose(path() / "volume/file");
             ASSERT_FALSE(disposed.ok());
             EXPECT_EQ(describe(disposed.error()),
-                      "There is no Bin on its volume, and none could be made: " + test.why + ".");
+                      "There is no Bin on its volume, and none could be created: " + test.why +
+                          ".");
             EXPECT_EQ(contents("volume"), before);
         });
 }
 
-TEST_F(BinVolumeTest, LeavesNoBinBehindForAnItemThatCouldNotGo) {
+TEST_F(BinVolumeTest, LeavesNoEmptyBinAfterAFailure) {
     inProcess([&] {
         if (geteuid() != 0)
-            GTEST_SKIP() << "needs root to make a folder that it may not change";
+            GTEST_SKIP() << "needs root to create an unwritable folder";
         makeFolder("volume");
         useOwnMounts();
         if (IsSkipped())
@@ -101,7 +102,7 @@ TEST_F(BinVolumeTest, LeavesNoBinBehindForAnItemThatCouldNotGo) {
         EXPECT_EQ(feed("volume/locked/file").error().code, std::errc::permission_denied);
         EXPECT_EQ(contents("volume"), before);
         const auto fed = feed("volume/free");
-        ASSERT_TRUE(fed.ok()) << "the Bin is made again: " << describe(fed.error());
+        ASSERT_TRUE(fed.ok()) << "the Bin is created again: " << describe(fed.error());
         EXPECT_EQ(read(fed->binned->place), "x");
     });
 }
@@ -121,7 +122,7 @@ TEST_F(BinVolumeTest, PutsBackAndDeletesOnAFullVolume) {
         fill();
         useAllInodes();
         EXPECT_TRUE(erase(folder, path() / "volume/folder").ok());
-        useAllInodes(); // those of the folder
+        useAllInodes(); // those that the folder freed
         EXPECT_TRUE(putBack(a, path() / "volume/a").ok());
         EXPECT_EQ(read(path() / "volume/a"), "volume/a");
         EXPECT_TRUE(erase(b, path() / "volume/b").ok());
@@ -151,7 +152,7 @@ TEST_F(BinVolumeTest, WorksUnderAnyUmask) {
     });
 }
 
-TEST_F(BinVolumeTest, ReplacesWhatIsNoFileInPlaceOfTheSizesAndWaitsForNothing) {
+TEST_F(BinVolumeTest, ReplacesANonFileNamedDirectorySizesWithoutBlocking) {
     const Path sizes = binPath() / "directorysizes";
     const std::function<void()> odd[] = {
         [&] { ASSERT_EQ(mkfifo(sizes.c_str(), 0600), 0); },
@@ -172,7 +173,7 @@ TEST_F(BinVolumeTest, ReplacesWhatIsNoFileInPlaceOfTheSizesAndWaitsForNothing) {
     }
 }
 
-TEST_F(BinVolumeTest, KnowsWhatFileSystemsKeep) {
+TEST_F(BinVolumeTest, KnowsTheFileSystemsProperties) {
     const auto kind = &VolumeKind::ofType;
     for (const unsigned long type : {PROC_SUPER_MAGIC, SYSFS_MAGIC, CGROUP2_SUPER_MAGIC})
         EXPECT_TRUE(kind(type).isPseudo) << type;

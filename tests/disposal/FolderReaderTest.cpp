@@ -11,7 +11,7 @@ namespace {
 
 using FolderReaderTest = TreeTest;
 
-TEST_F(FolderReaderTest, HandsOverTheSecondHalfOfABatchWithoutItsFolders) {
+TEST_F(FolderReaderTest, TakesTheSecondHalfOfABatchWithoutFolders) {
     makeEmptyFiles("all", 100);
     makeFolder("all/folder");
     const FileDescriptor folder(
@@ -28,14 +28,14 @@ TEST_F(FolderReaderTest, HandsOverTheSecondHalfOfABatchWithoutItsFolders) {
     const std::string half = reader.takeSecondHalf();
     const auto given = static_cast<std::size_t>(std::ranges::count(half, '\0'));
     EXPECT_EQ(given + reader.left(), 80U);
-    EXPECT_GE(given, 39U) << "all but a folder";
+    EXPECT_GE(given, 39U) << "all except a folder";
     for (std::size_t at = 0; at < half.size(); at = half.find('\0', at) + 1)
         EXPECT_TRUE(seen.insert(half.c_str() + at).second) << half.c_str() + at;
     take(100);
     EXPECT_EQ(seen.size(), 101U);
 }
 
-TEST_F(FolderReaderTest, IsHelpedOnlyWhereAnotherProcessorMayBeUsed) {
+TEST_F(FolderReaderTest, DetectsAnIdleProcessor) {
     inProcess([] {
         cpu_set_t one;
         CPU_ZERO(&one);

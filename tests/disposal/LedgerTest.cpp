@@ -20,7 +20,7 @@ class LedgerTest : public testing::Test {
   protected:
     Ledger ledger() { return {m_defaults, m_clock.clock()}; }
 
-    /// Items named "<first>", "<first + 1>"... of 10 bytes each.
+    /// Returns items named "<first>", "<first + 1>"... of 10 bytes each.
     [[nodiscard]] std::vector<Sacrifice> batch(int first, int count) const {
         std::vector<Sacrifice> items;
         for (int i = first; i < first + count; ++i)
@@ -44,7 +44,7 @@ class LedgerTest : public testing::Test {
         return result;
     }
 
-    /// "<from>", "<from - 1>"... down to "<to>".
+    /// Returns "<from>", "<from - 1>"... down to "<to>".
     static std::vector<std::string> numbersDown(int from, int to) {
         std::vector<std::string> result;
         for (int i = from; i >= to; --i)
@@ -57,7 +57,7 @@ class LedgerTest : public testing::Test {
     InMemoryDefaults m_defaults;
 };
 
-TEST_F(LedgerTest, KeepsTheNewestFortyNewestFirst) {
+TEST_F(LedgerTest, KeepsTheFortyNewestRecordsNewestFirst) {
     auto first = ledger();
     first.record(batch(0, 50));
     EXPECT_EQ(first.count.get(), 50);
@@ -77,7 +77,7 @@ TEST_F(LedgerTest, KeepsTheNewestFortyNewestFirst) {
     EXPECT_EQ(afterRestart.bytes.get(), 800);
 }
 
-TEST_F(LedgerTest, StoresABatchUnderItsFourKeysAndAsOneTransactionIfAsked) {
+TEST_F(LedgerTest, StoresABatchUnderFourKeysInOneTransaction) {
     auto subject = ledger();
     const auto items = batch(1, 1);
     EXPECT_TRUE(m_defaults.transaction([&] { subject.record(items); }));
@@ -93,7 +93,7 @@ TEST_F(LedgerTest, StoresABatchUnderItsFourKeysAndAsOneTransactionIfAsked) {
     EXPECT_EQ(m_defaults.commits(), 1);
 }
 
-TEST_F(LedgerTest, TalliesEachItemOnItsOwnLocalDay) {
+TEST_F(LedgerTest, CountsEachItemOnItsLocalDay) {
     auto subject = ledger();
     subject.record({item("last second", utc("2024-03-30 22:59:59"), 1),
                     item("midnight", utc("2024-03-30 23:00:00"), 2),
@@ -105,7 +105,7 @@ TEST_F(LedgerTest, TalliesEachItemOnItsOwnLocalDay) {
                             std::pair(utc("2024-03-31 22:00:00"), DayTally{1, 4})));
 }
 
-TEST_F(LedgerTest, ForgetsDaysSixtyBeforeTheBatchsNewestItem) {
+TEST_F(LedgerTest, DropsDaysMoreThanSixtyBeforeTheNewestItem) {
     auto subject = ledger();
     subject.record({item("61 before", utc("2024-02-08 22:59:59"), 1),
                     item("60 before", utc("2024-02-09 23:00:00"), 1),
@@ -113,13 +113,13 @@ TEST_F(LedgerTest, ForgetsDaysSixtyBeforeTheBatchsNewestItem) {
                     item("older than it", utc("2024-03-01 10:00:00"), 1)});
     EXPECT_EQ(subject.days.get().size(), 3U);
     EXPECT_EQ(subject.days.get().begin()->first, utc("2024-02-09 23:00:00"));
-    m_clock.now = utc("2030-01-01 00:00:00"); // the clock does not matter
+    m_clock.now = utc("2030-01-01 00:00:00"); // the clock is irrelevant
     subject.record({item("again", utc("2024-04-10 11:00:00"), 1)});
     EXPECT_EQ(subject.days.get().size(), 3U);
     EXPECT_EQ(subject.count.get(), 5);
 }
 
-TEST_F(LedgerTest, AnswersTheWeekOldestFirst) {
+TEST_F(LedgerTest, ReturnsTheWeekOldestFirst) {
     auto subject = ledger();
     std::vector<Ledger::DayOfWeek> empty;
     for (const char* start : {"2024-03-27 23", "2024-03-28 23", "2024-03-29 23", "2024-03-30 23",
@@ -134,11 +134,11 @@ TEST_F(LedgerTest, AnswersTheWeekOldestFirst) {
     EXPECT_EQ(subject.week(utc("2024-04-03 12:00:00")), expected);
 }
 
-TEST_F(LedgerTest, StampsTheFateOfRecentRecordsInOneChange) {
+TEST_F(LedgerTest, MarksRecentRecordsInOneChange) {
     auto subject = ledger();
     const auto items = batch(0, 4);
     subject.record(items);
-    int changes = -1; // the first call tells the current value
+    int changes = -1; // subscribing calls it once
     const auto subscription = subject.recent.subscribe([&](const auto&) { ++changes; });
     m_clock.now = utc("2024-04-11 10:00:00");
     const int commitsBefore = m_defaults.commits();
@@ -157,7 +157,7 @@ TEST_F(LedgerTest, StampsTheFateOfRecentRecordsInOneChange) {
     EXPECT_EQ(subject.count.get(), 4);
 }
 
-TEST_F(LedgerTest, StartsEmptyInThePartThatCannotBeRead) {
+TEST_F(LedgerTest, StartsEmptyForUnreadableValues) {
     const auto records = batch(0, 2);
     const std::map<Date, DayTally> days = {{utc("2024-04-09 22:00:00"), {2, 20}}};
     const std::map<Date, DayTally> stored = {{utc("2024-01-09 23:00:00"), {7, 70}}};
@@ -190,7 +190,7 @@ TEST_F(LedgerTest, StartsEmptyInThePartThatCannotBeRead) {
     }
 }
 
-TEST_F(LedgerTest, KeepsItsTotalsAtTheGreatestNumber) {
+TEST_F(LedgerTest, TotalsSaturate) {
     constexpr auto kMost = std::numeric_limits<std::int64_t>::max();
     auto subject = ledger();
     for (const std::int64_t bytes : {kMost, std::int64_t{1}, kMost}) {

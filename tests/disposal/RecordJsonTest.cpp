@@ -28,12 +28,12 @@ constexpr const char* kFullJson =
     R"("mode":"bin","date":726100000.125,"original":"/home/a/déjà vu.txt",)"
     R"("trashed":"file:///home/a/Bin/%FF","restored":726100001.0,"lost":false,"deleted":-0.1}])";
 
-TEST(RecordJson, WritesEveryFieldInOrderAndReadsItBack) {
+TEST(RecordJson, RoundTripsEveryFieldInOrder) {
     EXPECT_EQ(encode(std::vector{fullRecord()}), kFullJson);
     EXPECT_EQ(decodeSacrifices(kFullJson), std::vector{fullRecord()});
 }
 
-TEST(RecordJson, KeepsARecordWithItsFactsAsText) {
+TEST(RecordJson, RoundTripsARecordWithFacts) {
     Sacrifice record = fullRecord();
     record.name = "quote \" backslash \\ line\n\x01";
     record.facts = {.kind = 0100000, .size = 7, .birthNanoseconds = -5, .inode = 9, .volume = "v"};
@@ -59,7 +59,7 @@ TEST(RecordJson, HasIsoTimesInDocuments) {
     EXPECT_EQ(toDocument(record)["isoDate"], "9999-12-31T23:59:59Z");
 }
 
-TEST(RecordJson, LeavesOutWhatIsNotThere) {
+TEST(RecordJson, OmitsMissingFields) {
     Sacrifice dissolved;
     dissolved.id = kId;
     dissolved.name = "a";
@@ -72,10 +72,10 @@ TEST(RecordJson, LeavesOutWhatIsNotThere) {
     EXPECT_EQ(encode(std::vector<Sacrifice>{}), "[]");
 }
 
-TEST(RecordJson, ReadsWhatOtherWritersMayWrite) {
+TEST(RecordJson, AcceptsEquivalentForms) {
     Json json = Json::parse(kFullJson)[0];
     json["id"] = "0f8fad5b-d9cb-469f-a165-70867728950e";
-    json["date"] = 726100000; // an integer is a number too
+    json["date"] = 726100000; // integers are numbers too
     json["restored"] = nullptr;
     json.erase("lost");
     json["future"] = {1, 2};
@@ -86,7 +86,7 @@ TEST(RecordJson, ReadsWhatOtherWritersMayWrite) {
     EXPECT_EQ(sacrificeFromJson(json), expected);
 }
 
-TEST(RecordJson, RefusesTheWholeArrayForOneBadRecord) {
+TEST(RecordJson, RejectsAnArrayWithOneInvalidRecord) {
     for (const char* key : {"id", "name", "bytes", "mode", "date"})
         for (const Json& value : {Json(), Json(Json::value_t::discarded)}) {
             Json array = Json::parse(kFullJson);
@@ -105,7 +105,7 @@ TEST(RecordJson, RefusesTheWholeArrayForOneBadRecord) {
         {"name", 7},
         {"bytes", "4096"},
         {"bytes", 4096.5},
-        {"bytes", 9223372036854775808ULL}, // does not fit
+        {"bytes", 9223372036854775808ULL}, // out of range
         {"mode", "Bin"},
         {"mode", ""},
         {"mode", 0},
@@ -134,7 +134,7 @@ TEST(RecordJson, KeepsTheHistoryWhenANameIsNotUtf8) {
     EXPECT_EQ(read->at(0).name, "a\xEF\xBF\xBD");
 }
 
-TEST(RecordJson, HoldsTheDaysAsOneFlatArray) {
+TEST(RecordJson, WritesDaysAsOneFlatArray) {
     const std::map<Date, DayTally> days = {{{726105600}, {2, 8192}}, {{726192000.5}, {1, 0}}};
     constexpr const char* kJson =
         R"([726105600.0,{"count":2,"bytes":8192},726192000.5,{"count":1,"bytes":0}])";

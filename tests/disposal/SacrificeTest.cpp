@@ -5,7 +5,7 @@
 namespace vexmoor::test {
 namespace {
 
-TEST(DisposeMode, IsNamedExactly) {
+TEST(DisposeMode, RawValuesAreCaseSensitive) {
     for (const auto mode : kDisposeModes)
         EXPECT_EQ(disposeModeFromRawValue(toRawValue(mode)), mode);
     EXPECT_EQ(toRawValue(DisposeMode::bin), "bin");
@@ -14,7 +14,7 @@ TEST(DisposeMode, IsNamedExactly) {
         EXPECT_FALSE(disposeModeFromRawValue(text)) << text;
 }
 
-TEST(Sacrifice, CanBePutBackWhileItIsKnownToLieInTheBin) {
+TEST(Sacrifice, CanBePutBackWhileInTheBin) {
     Sacrifice binned;
     binned.original = "/a";
     binned.trashed = "/b";

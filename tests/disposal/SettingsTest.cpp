@@ -9,7 +9,7 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(Settings, AreAllOnAndToTheBinUntilSomethingElseIsStored) {
+TEST(Settings, DefaultToBinWithAllSwitchesOn) {
     using Value = UserDefaults::Value;
     const struct {
         const char* what;
@@ -37,17 +37,17 @@ TEST(Settings, AreAllOnAndToTheBinUntilSomethingElseIsStored) {
     }
 }
 
-TEST(Settings, AreStoredOneByOneBeforeAnybodyIsTold) {
+TEST(Settings, AreStoredBeforeSubscribersAreNotified) {
     InMemoryDefaults defaults;
     Settings settings(defaults);
-    std::vector<bool> told;
+    std::vector<bool> seen;
     const auto subscription = settings.sound.subscribe([&](bool on) {
-        told.push_back(on);
+        seen.push_back(on);
         EXPECT_EQ(defaults.boolean("settings.sound").value_or(true), on);
     });
     settings.sound.set(false);
     settings.mode.set(DisposeMode::dissolve);
-    EXPECT_THAT(told, ElementsAre(true, false));
+    EXPECT_THAT(seen, ElementsAre(true, false));
     EXPECT_EQ(defaults.stored(),
               (InMemoryDefaults::Values{{"settings.mode", "dissolve"}, {"settings.sound", false}}));
     EXPECT_EQ(defaults.commits(), 2);

@@ -29,7 +29,7 @@ inline void PrintTo(const Error& error, std::ostream* out) {
 
 namespace vexmoor::test {
 
-/// A folder of the test's own, open as directory(); all that a test makes or removes is inside.
+/// A test folder that is open as directory(). Tests create and remove only inside it.
 class TreeTest : public testing::Test {
   protected:
     TreeTest() {
@@ -40,7 +40,7 @@ class TreeTest : public testing::Test {
         openDirectory();
     }
     ~TreeTest() override {
-        std::error_code ignored; // what a failed test leaves may resist
+        std::error_code ignored; // a failed test may leave protected files
         std::filesystem::remove_all(m_path, ignored);
     }
 
@@ -61,7 +61,7 @@ class TreeTest : public testing::Test {
                 makeFile(inner / std::to_string(file));
         }
     }
-    /// Cheaper, for very many.
+    /// Faster, for large numbers.
     void makeEmptyFiles(const Path& name, int files) const {
         makeFolder(name);
         for (int file = 0; file < files; ++file) {
@@ -69,7 +69,7 @@ class TreeTest : public testing::Test {
             FileDescriptor(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
         }
     }
-    /// The deepest folder's descriptor.
+    /// Returns the deepest folder's descriptor.
     FileDescriptor makeChain(const std::string& name, int depth) const {
         FileDescriptor at(::openat(directory(), ".", O_PATH | O_CLOEXEC));
         for (int level = 0; level < depth; ++level) {
@@ -80,7 +80,7 @@ class TreeTest : public testing::Test {
         return at;
     }
     [[nodiscard]] bool exists(const Path& name) const { return fileStatus(m_path / name).ok(); }
-    /// All paths below, for comparisons.
+    /// Returns all paths below, for comparison.
     [[nodiscard]] std::set<Path> contents(const Path& name = {}) const {
         std::set<Path> paths;
         for (const auto& entry : std::filesystem::recursive_directory_iterator(m_path / name))
@@ -88,8 +88,8 @@ class TreeTest : public testing::Test {
         return paths;
     }
 
-    /// Runs the body in a process of its own, whose rights, limits and mounts it may change. Its
-    /// failures are this test's, and so is its skipping.
+    /// Runs the body in a child process, which may change its rights, limits and mounts. Failures
+    /// and skips of the child apply to this test.
     template <typename Body>
     static void inProcess(Body body) {
         std::fflush(nullptr);
@@ -109,19 +109,19 @@ class TreeTest : public testing::Test {
     }
 
     static constexpr uid_t kNobody = 65534;
-    /// Within inProcess: without the rights of root, if these are ours.
+    /// Drops root privileges, if any. Only within inProcess().
     static void dropRights() {
         if (geteuid() == 0) {
             ASSERT_EQ(setresgid(kNobody, kNobody, kNobody), 0);
             ASSERT_EQ(setresuid(kNobody, kNobody, kNobody), 0);
         }
     }
-    /// Within inProcess: with mounts that nobody else sees.
+    /// Makes mounts private. Only within inProcess().
     void useOwnMounts() {
         if (unshare(CLONE_NEWNS) != 0)
             GTEST_SKIP() << "mounting is not allowed here";
         ASSERT_EQ(mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr), 0);
-        openDirectory(); // the one from before leads to the mounts from before
+        openDirectory(); // the previous descriptor refers to the previous mounts
     }
     void mountMemory(const Path& at) const {
         ASSERT_EQ(mount("tmpfs", (m_path / at).c_str(), "tmpfs", 0, ""), 0);
@@ -130,7 +130,7 @@ class TreeTest : public testing::Test {
         ASSERT_EQ(mount((m_path / what).c_str(), (m_path / at).c_str(), nullptr, MS_BIND, nullptr),
                   0);
     }
-    /// Gives the test's folder to whom dropRights makes us.
+    /// Changes the owner to the user that dropRights() switches to.
     void giveToNobody(const Path& name = {}) const {
         if (geteuid() == 0) {
             ASSERT_EQ(lchown((m_path / name).c_str(), kNobody, kNobody), 0);
@@ -140,7 +140,7 @@ class TreeTest : public testing::Test {
   private:
     static constexpr int kSkipped = 77;
 
-    /// In memory where there is such a place: much is removed here.
+    /// Returns a folder in memory if available, because tests remove many files.
     static Path parentFolder() {
         const bool isMemoryWritable = access("/dev/shm", R_OK | W_OK | X_OK) == 0;
         return getenv("TEST_TMPDIR") || !isMemoryWritable ? testing::TempDir() : "/dev/shm";

@@ -38,7 +38,7 @@ class TreeRemovalTest : public TreeTest {
 
 } // namespace
 
-TEST_F(TreeRemovalTest, RemovesWhateverItIs) {
+TEST_F(TreeRemovalTest, RemovesEveryKindOfEntry) {
     makeFolders("outside", 2, 2);
     makeFile("outside file");
     const auto outside = contents("outside");
@@ -66,7 +66,7 @@ TEST_F(TreeRemovalTest, RemovesWhateverItIs) {
     EXPECT_TRUE(exists("outside file"));
 }
 
-TEST_F(TreeRemovalTest, RefusesWhatIsNotThereOrNoName) {
+TEST_F(TreeRemovalTest, RejectsMissingEntriesAndInvalidNames) {
     makeFolder("folder");
     makeFile("folder/file");
     const auto missing = remove("missing");
@@ -80,7 +80,7 @@ TEST_F(TreeRemovalTest, RefusesWhatIsNotThereOrNoName) {
     EXPECT_TRUE(exists("folder/file"));
 }
 
-TEST_F(TreeRemovalTest, RepairsPermissionsOfOurFolders) {
+TEST_F(TreeRemovalTest, AddsPermissionsToOwnFolders) {
     giveToNobody();
     inProcess([&] {
         dropRights();
@@ -96,9 +96,9 @@ TEST_F(TreeRemovalTest, RepairsPermissionsOfOurFolders) {
     });
 }
 
-TEST_F(TreeRemovalTest, NamesWhatOthersOwnAndGoesOn) {
+TEST_F(TreeRemovalTest, ReportsForeignEntriesAndContinues) {
     if (geteuid() != 0)
-        GTEST_SKIP() << "needs root to make files of somebody else";
+        GTEST_SKIP() << "needs root to create files of another user";
     giveToNobody();
     makeFolders("tree/ours", 3, 3);
     makeFolder("tree/sticky/deep");
@@ -129,7 +129,7 @@ TEST_F(TreeRemovalTest, NamesWhatOthersOwnAndGoesOn) {
     EXPECT_FALSE(exists("tree/ours"));
 }
 
-TEST_F(TreeRemovalTest, TouchesNothingInAFolderThatMayNotBeRemovedItself) {
+TEST_F(TreeRemovalTest, KeepsTheContentsOfAnUnremovableFolder) {
     makeFolders("parent/tree", 2, 2);
     giveToNobody("parent");
     giveToNobody("parent/tree");
@@ -147,7 +147,7 @@ TEST_F(TreeRemovalTest, TouchesNothingInAFolderThatMayNotBeRemovedItself) {
     chmod((path() / "parent").c_str(), 0755);
 }
 
-TEST_F(TreeRemovalTest, LeavesAndNamesWhatIsMountedInside) {
+TEST_F(TreeRemovalTest, ReportsAndKeepsMountsInside) {
     makeFolders("elsewhere", 1, 3);
     makeFolder("tree/mounted");
     makeFolder("tree/deep/bound");
@@ -160,7 +160,7 @@ TEST_F(TreeRemovalTest, LeavesAndNamesWhatIsMountedInside) {
             return;
         mountMemory("tree/mounted");
         makeFile("tree/mounted/file");
-        bind("elsewhere", "tree/deep/bound"); // the same device, another mount
+        bind("elsewhere", "tree/deep/bound"); // same device, different mount
         bind("elsewhere", "top");
         const auto report = remove("tree");
         EXPECT_THAT(report.failures, UnorderedElementsAre(failure(EXDEV, "tree/mounted"),
@@ -173,7 +173,7 @@ TEST_F(TreeRemovalTest, LeavesAndNamesWhatIsMountedInside) {
     EXPECT_EQ(contents("elsewhere"), elsewhere);
 }
 
-TEST_F(TreeRemovalTest, IsNotLedAstrayByLinksSwappedIn) {
+TEST_F(TreeRemovalTest, DoesNotFollowSwappedInLinks) {
     makeFolders("victim", 3, 5);
     const auto victim = contents("victim");
     for (int round = 0; round < 10; ++round) {
@@ -181,7 +181,7 @@ TEST_F(TreeRemovalTest, IsNotLedAstrayByLinksSwappedIn) {
         std::filesystem::create_directory_symlink(path() / "victim", path() / "link");
         std::atomic<bool> isSwapping{false};
         std::atomic<bool> isRemoved{false};
-        std::thread swapper([&] { // a folder and a link change places all the time
+        std::thread swapper([&] { // a folder and a link swap names continuously
             const Path folder = path() / "tree/folder 7";
             const Path link = path() / "link";
             for (int i = 0; i < 200'000 && !isRemoved; ++i) {
@@ -218,7 +218,7 @@ TEST_F(TreeRemovalTest, MeasuresAndRemovesAVeryDeepChainWithFewDescriptors) {
     });
 }
 
-TEST_F(TreeRemovalTest, NeverTouchesWhatTookTheTreesPlaceMeanwhile) {
+TEST_F(TreeRemovalTest, DoesNotRemoveTheTreesReplacement) {
     for (const bool isFolder : {false, true}) {
         makeFolders("tree", 100, 50);
         if (isFolder)
@@ -234,7 +234,7 @@ TEST_F(TreeRemovalTest, NeverTouchesWhatTookTheTreesPlaceMeanwhile) {
         });
         const auto report = remove("tree", &meter);
         exchanging.join();
-        if (isReplaced) { // else all was over before
+        if (isReplaced) { // otherwise the removal ended before
             EXPECT_THAT(report.failures,
                         ElementsAre(disposalError(DisposalError::replaced, "tree")));
             EXPECT_TRUE(exists("tree"));
@@ -244,7 +244,7 @@ TEST_F(TreeRemovalTest, NeverTouchesWhatTookTheTreesPlaceMeanwhile) {
     }
 }
 
-TEST_F(TreeRemovalTest, StopsWhenTheMeterSaysSo) {
+TEST_F(TreeRemovalTest, StopsOnTheMetersRequest) {
     WorkMeter meter;
     meter.stop = true;
     makeFile("file");

@@ -15,7 +15,7 @@ class TreeSizeTest : public TreeTest {
     [[nodiscard]] std::int64_t sizeOf(const char* name) const {
         return treeSize(directory(), name);
     }
-    /// The same by another way.
+    /// Computes the same sum independently.
     [[nodiscard]] std::int64_t blocksOfAllButFolders(const Path& name) const {
         static std::int64_t s_sum;
         s_sum = 0;
@@ -31,7 +31,7 @@ class TreeSizeTest : public TreeTest {
 
 } // namespace
 
-TEST_F(TreeSizeTest, SumsTheBlocksOfAllEntriesButFolders) {
+TEST_F(TreeSizeTest, SumsTheBlocksOfAllEntriesExceptFolders) {
     makeFile("tree", 0);
     EXPECT_EQ(sizeOf("tree"), 0);
     std::filesystem::remove(path() / "tree");
@@ -55,7 +55,7 @@ TEST_F(TreeSizeTest, SumsTheBlocksOfAllEntriesButFolders) {
     EXPECT_EQ(sizeOf("outside"), blocksOfAllButFolders("outside"));
 }
 
-TEST_F(TreeSizeTest, IsZeroForFoldersAloneAndForWhatIsNotThere) {
+TEST_F(TreeSizeTest, IsZeroForEmptyFoldersAndMissingEntries) {
     makeFolder("empty");
     makeFolders("folders", 20, 0);
     std::filesystem::create_directory_symlink("folders", path() / "link");
@@ -63,7 +63,7 @@ TEST_F(TreeSizeTest, IsZeroForFoldersAloneAndForWhatIsNotThere) {
         EXPECT_EQ(sizeOf(name), 0) << name;
 }
 
-TEST_F(TreeSizeTest, CountsAHardLinkAtEveryPlace) {
+TEST_F(TreeSizeTest, CountsEachOccurrenceOfAHardLink) {
     makeFolder("tree/a");
     makeFolder("tree/b");
     makeFile("tree/a/file", 8192);
@@ -74,7 +74,7 @@ TEST_F(TreeSizeTest, CountsAHardLinkAtEveryPlace) {
     EXPECT_EQ(sizeOf("tree"), 3 * once);
 }
 
-TEST_F(TreeSizeTest, CountsWhatCannotBeReadAsNothing) {
+TEST_F(TreeSizeTest, CountsUnreadableEntriesAsZero) {
     makeFolder("tree/locked");
     makeFile("tree/locked/file", 8192);
     makeFile("tree/unreadable", 4096);
@@ -85,7 +85,7 @@ TEST_F(TreeSizeTest, CountsWhatCannotBeReadAsNothing) {
     ASSERT_EQ(chmod((path() / "tree/locked").c_str(), 0), 0);
     inProcess([&] {
         dropRights();
-        EXPECT_EQ(sizeOf("tree"), readable); // a file's size needs no right to read it
+        EXPECT_EQ(sizeOf("tree"), readable); // a file's size needs no read permission
         chmod((path() / "tree").c_str(), 0);
         EXPECT_EQ(sizeOf("tree"), 0);
         chmod((path() / "tree").c_str(), 0755);
@@ -93,7 +93,7 @@ TEST_F(TreeSizeTest, CountsWhatCannotBeReadAsNothing) {
     chmod((path() / "tree/locked").c_str(), 0755);
 }
 
-TEST_F(TreeSizeTest, LeavesOutWhatIsMountedInside) {
+TEST_F(TreeSizeTest, SkipsMountsInside) {
     makeFolder("tree/mounted");
     makeFolder("elsewhere");
     makeFolder("tree/bound");
@@ -111,11 +111,11 @@ TEST_F(TreeSizeTest, LeavesOutWhatIsMountedInside) {
         bind("elsewhere", "tree/bound");
         bind("elsewhere/file", "tree/bound file");
         EXPECT_EQ(sizeOf("tree"), own);
-        EXPECT_EQ(treeSize(AT_FDCWD, (path() / "tree/mounted").c_str()), 4096); // asked for itself
+        EXPECT_EQ(treeSize(AT_FDCWD, (path() / "tree/mounted").c_str()), 4096); // measured directly
     });
 }
 
-TEST_F(TreeSizeTest, CountsOnTheMeterAndStopsWhenItSaysSo) {
+TEST_F(TreeSizeTest, CountsOnTheMeterAndStopsOnRequest) {
     makeFolders("tree", 10, 10);
     makeFile("file", 4096);
     WorkMeter meter;

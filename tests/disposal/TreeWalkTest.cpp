@@ -12,7 +12,7 @@ namespace {
 
 using test::TreeTest;
 
-/// Writes down what it is shown.
+/// Records what it visits.
 class RecordingVisitor : public TreeVisitor {
   public:
     std::map<Path, int> entries;
@@ -63,7 +63,7 @@ class TreeWalkTest : public TreeTest {
         EXPECT_TRUE(outcome.ok());
         return *outcome;
     }
-    /// Each entry once, each folder after all that is in it.
+    /// Expects each entry once, and each folder after its contents.
     void expectWholeTree(const RecordingVisitor& visitor) const {
         std::set<Path> seen{"tree"};
         for (const auto& [path, times] : visitor.entries) {
@@ -89,9 +89,9 @@ std::size_t openDescriptors() {
 
 } // namespace
 
-// The shapes that are shared between the workers in different ways: many folders, one folder of
-// many batches, folders of many batches in each other, and a deep comb that climbs by "..".
-TEST_F(TreeWalkTest, ShowsEveryEntryOnceAndFoldersAfterTheirContents) {
+// Shapes that the workers share in different ways: many folders, one folder with many batches,
+// nested folders with many batches, and a deep comb that ascends by "..".
+TEST_F(TreeWalkTest, VisitsEachEntryOnceAndFoldersAfterTheirContents) {
     const std::map<std::string, std::function<void()>> shapes = {
         {"wide", [&] { makeFolders("tree", 300, 4); }},
         {"flat", [&] { makeEmptyFiles("tree", 9000); }},
@@ -135,7 +135,7 @@ TEST_F(TreeWalkTest, ShowsEveryEntryOnceAndFoldersAfterTheirContents) {
     }
 }
 
-// Too few for the second worker, whose entries would come in between.
+// Too few entries for the second worker, which would change the order.
 TEST_F(TreeWalkTest, VisitsFilesInTheOrderOfTheirInodes) {
     makeEmptyFiles("tree", 300);
     std::vector<std::uint64_t> inodes;
@@ -148,7 +148,7 @@ TEST_F(TreeWalkTest, VisitsFilesInTheOrderOfTheirInodes) {
     EXPECT_TRUE(std::ranges::is_sorted(inodes));
 }
 
-TEST_F(TreeWalkTest, HoldsFewDescriptorsAtAnyDepth) {
+TEST_F(TreeWalkTest, UsesFewDescriptorsAtAnyDepth) {
     Path at = "tree";
     for (int level = 0; level < 150; ++level, at /= "d")
         makeFolders(at, 2, 2);
@@ -162,14 +162,14 @@ TEST_F(TreeWalkTest, HoldsFewDescriptorsAtAnyDepth) {
     EXPECT_LT(most, 64U);
 }
 
-TEST_F(TreeWalkTest, FindsItsWayBackWhenAFolderIsMovedAway) {
+TEST_F(TreeWalkTest, ContinuesAfterAFolderIsMovedAway) {
     const auto makeSides = [&](const Path& at, const Path& inner, const char* file) {
         for (const Path& folder : {Path("older"), inner, Path("newer")})
-            makeFolder(at / folder); // whatever the order of reading, one comes after the inner one
+            makeFolder(at / folder); // in any reading order, one of them follows the inner one
         makeFile(at / "older" / file);
         makeFile(at / "newer" / file);
     };
-    makeSides("", "", "decoy"); // where ".." of the folder moved away leads to
+    makeSides("", "", "decoy"); // the target of ".." in the moved folder
     Path at = "tree";
     for (int level = 0; level < 60; ++level, at /= "d")
         makeSides(at, "d", "file");
@@ -191,8 +191,8 @@ TEST_F(TreeWalkTest, FindsItsWayBackWhenAFolderIsMovedAway) {
     }
 }
 
-// Files are visited as they are read, folders entered when all of the batch is read.
-TEST_F(TreeWalkTest, DoesNotFollowALinkThatTookAFoldersPlaceSinceItWasRead) {
+// Files are visited while reading, folders are entered after their batch.
+TEST_F(TreeWalkTest, DoesNotFollowALinkThatReplacedAFolder) {
     makeFolders("outside", 2, 2);
     makeFolders("tree/folder", 2, 2);
     makeFile("tree/file");
@@ -209,7 +209,7 @@ TEST_F(TreeWalkTest, DoesNotFollowALinkThatTookAFoldersPlaceSinceItWasRead) {
     EXPECT_EQ(visitor.folders, (std::map<Path, int>{{"tree", 1}}));
 }
 
-TEST_F(TreeWalkTest, ReadsAFolderAgainWhenTheVisitorWantsIt) {
+TEST_F(TreeWalkTest, ReadsAFolderAgainOnTheVisitorsRequest) {
     makeFolders("tree", 2, 3);
     RecordingVisitor visitor;
     visitor.onLeave = [&](const Path& folder) {
@@ -223,7 +223,7 @@ TEST_F(TreeWalkTest, ReadsAFolderAgainWhenTheVisitorWantsIt) {
     EXPECT_EQ(visitor.folders["tree"], 1);
 }
 
-TEST_F(TreeWalkTest, StopsBetweenEntriesAndLeavesNoFolder) {
+TEST_F(TreeWalkTest, StopsBetweenEntriesWithoutLeavingFolders) {
     makeFolders("tree", 5, 50);
     WorkMeter meter;
     RecordingVisitor visitor;

@@ -57,7 +57,7 @@ struct DockIconAnimatorTest : testing::Test {
     bool frame() { return step(*timers.at(0)); }
     bool idleFrame() { return step(*timers.at(1)); }
 
-    /// Frames until nothing plays.
+    /// Advances frames until nothing plays.
     int framesToTheEnd() {
         int frames = 0;
         while (animator.isPlaying() && frame())
@@ -93,7 +93,7 @@ struct DockIconAnimatorTest : testing::Test {
     }};
 };
 
-TEST_F(DockIconAnimatorTest, PlaysABatchForItsFramesAtItsRate) {
+TEST_F(DockIconAnimatorTest, PlaysABatchAtTheFrameRate) {
     struct Case {
         std::size_t items;
         int frames;
@@ -127,10 +127,10 @@ TEST_F(DockIconAnimatorTest, BurnsTheFirstItemOfASwarmThatCannotLeaveTheTile) {
         animator.play(images(7));
         EXPECT_EQ(framesToTheEnd(), 36) << c.why;
     }
-    EXPECT_EQ(flames.windows, 0) << "the flame window was never needed";
+    EXPECT_EQ(flames.windows, 0) << "no flame window was needed";
 }
 
-TEST_F(DockIconAnimatorTest, PlaysBatchesInTheOrderOfArrivalWithoutPause) {
+TEST_F(DockIconAnimatorTest, PlaysBatchesInOrderWithoutPause) {
     QImage red(8, 8, QImage::Format_ARGB32_Premultiplied);
     red.fill(Qt::red);
     animator.play({std::optional<QImage>()});
@@ -151,7 +151,7 @@ TEST_F(DockIconAnimatorTest, PlaysBatchesInTheOrderOfArrivalWithoutPause) {
     EXPECT_FALSE(hasItem(36 + 66 + 36 + 10));
 }
 
-TEST_F(DockIconAnimatorTest, PaintsWhatTheArtPaintsForTheFrame) {
+TEST_F(DockIconAnimatorTest, PaintsTheArtOfEachFrame) {
     random = 1000;
     animator.play(images(1));
     for (int i = 0; i <= 20; ++i)
@@ -184,7 +184,7 @@ TEST_F(DockIconAnimatorTest, KeepsTheFlameSmallInsideTheTile) {
     EXPECT_EQ(icon.icons.back(), expected.scene.crop(0, 20, 34, 34));
 }
 
-TEST_F(DockIconAnimatorTest, SeedsEverySwarmAnew) {
+TEST_F(DockIconAnimatorTest, SeedsEachSwarmDifferently) {
     std::vector<QImage> seen;
     for (int swarm = 0; swarm < 2; ++swarm) {
         animator.play(images(3));
@@ -198,7 +198,7 @@ TEST_F(DockIconAnimatorTest, SeedsEverySwarmAnew) {
     EXPECT_EQ(seen[0], CauldronArt::swarm(11 / 24.0, icons, 42, 0, Skin::iron()).flame.nsImage(2));
 }
 
-TEST_F(DockIconAnimatorTest, PutsTheFlameWindowOnTheTilesGrid) {
+TEST_F(DockIconAnimatorTest, AlignsTheFlameWindowWithTheTilesGrid) {
     struct Case {
         std::size_t items;
         double side;
@@ -224,23 +224,23 @@ TEST_F(DockIconAnimatorTest, PutsTheFlameWindowOnTheTilesGrid) {
     }
 }
 
-TEST_F(DockIconAnimatorTest, HidesTheFlamesWhileTheTileIsAway) {
+TEST_F(DockIconAnimatorTest, HidesTheFlamesWhileTheTileIsMissing) {
     animator.play(images(1));
     frame();
     EXPECT_TRUE(flames.visible);
     item->m_position = QPointF(600, 5000);
     frame();
-    EXPECT_FALSE(flames.visible) << "off all screens";
+    EXPECT_FALSE(flames.visible) << "outside all screens";
     item->m_position = QPointF(600, 100);
     frame();
     EXPECT_TRUE(flames.visible);
     accessibility.setItems({});
     frame();
-    EXPECT_FALSE(flames.visible) << "no tile any more";
-    EXPECT_EQ(framesToTheEnd(), 32) << "the burn goes on inside the icon";
+    EXPECT_FALSE(flames.visible) << "the tile is gone";
+    EXPECT_EQ(framesToTheEnd(), 32) << "the burn continues inside the icon";
 }
 
-TEST_F(DockIconAnimatorTest, DecidesAnewForEachDropWhetherFlamesMayLeave) {
+TEST_F(DockIconAnimatorTest, DecidesForEachDropWhetherFlamesMayLeave) {
     animator.play(images(2));
     frame();
     EXPECT_TRUE(flames.visible);
@@ -251,7 +251,7 @@ TEST_F(DockIconAnimatorTest, DecidesAnewForEachDropWhetherFlamesMayLeave) {
     EXPECT_EQ(flames.shown.size(), 36U) << "the first one was not cut short";
 }
 
-TEST_F(DockIconAnimatorTest, IdlesAtOnceAndAgainFromTheStartAfterABurn) {
+TEST_F(DockIconAnimatorTest, RestartsTheIdleAnimationAfterABurn) {
     const auto idle = [](int tick) {
         return CauldronArt::idle(tick, false, 0, Skin::iron()).crop(0, 20, 34, 34);
     };
@@ -264,14 +264,14 @@ TEST_F(DockIconAnimatorTest, IdlesAtOnceAndAgainFromTheStartAfterABurn) {
 
     animator.play(images(1));
     const std::size_t before = icon.icons.size();
-    EXPECT_TRUE(idleFrame()) << "the idle timer runs on";
+    EXPECT_TRUE(idleFrame()) << "the idle timer keeps running";
     EXPECT_EQ(icon.icons.size(), before) << "but draws nothing";
     framesToTheEnd();
     idleFrame();
     EXPECT_EQ(icon.icons.back(), idle(1));
 }
 
-TEST_F(DockIconAnimatorTest, SetsNoIconThatIsShownAlready) {
+TEST_F(DockIconAnimatorTest, SkipsUnchangedIcons) {
     animator.startIdle();
     for (int tick = 2; tick <= 400; ++tick)
         idleFrame();
@@ -280,7 +280,7 @@ TEST_F(DockIconAnimatorTest, SetsNoIconThatIsShownAlready) {
         ASSERT_NE(icon.icons[i - 1], icon.icons[i]);
 }
 
-TEST_F(DockIconAnimatorTest, TakesAFloatingPotUpWhereItHovers) {
+TEST_F(DockIconAnimatorTest, StartsABurnAtTheFloatingPotsHeight) {
     CauldronArt::setCurrent(Skin::voidSkin());
     ASSERT_GE(Skin::voidSkin().body.hoverRows, 1);
     animator.startIdle();
@@ -304,10 +304,10 @@ TEST_F(DockIconAnimatorTest, TakesAFloatingPotUpWhereItHovers) {
     EXPECT_EQ(icon.icons.back(), expected(3, 42, 1.5));
     for (int i = 4; i < 36 + 4; ++i)
         frame();
-    EXPECT_EQ(icon.icons.back(), expected(3, 43, 0)) << "the next burn starts from its place";
+    EXPECT_EQ(icon.icons.back(), expected(3, 43, 0)) << "the next burn starts at its position";
 }
 
-TEST_F(DockIconAnimatorTest, ShowsTheIdlePotWithoutMotionForUsersWhoWantLess) {
+TEST_F(DockIconAnimatorTest, ShowsAStillPotWithReducedMotion) {
     animator.startIdle();
     animator.play(images(2));
     frame();
@@ -321,7 +321,7 @@ TEST_F(DockIconAnimatorTest, ShowsTheIdlePotWithoutMotionForUsersWhoWantLess) {
     EXPECT_TRUE(idleFrame());
 }
 
-TEST_F(DockIconAnimatorTest, StandsStillWhileSuspendedAndGoesOn) {
+TEST_F(DockIconAnimatorTest, PausesWhileSuspended) {
     animator.startIdle();
     animator.play(images(1));
     for (int i = 0; i < 10; ++i)
@@ -333,20 +333,20 @@ TEST_F(DockIconAnimatorTest, StandsStillWhileSuspendedAndGoesOn) {
     for (int batch = 0; batch < 100; ++batch)
         animator.play(images(1));
     EXPECT_FALSE(frame());
-    animator.setSuspended(false); // of what nobody saw, the newest batch is kept
+    animator.setSuspended(false); // only the newest missed batch is kept
     EXPECT_EQ(framesToTheEnd(), 26 + 36);
     EXPECT_TRUE(idleFrame());
 
     animator.setSuspended(true);
     animator.play(images(1));
-    EXPECT_FALSE(frame()) << "a batch that comes meanwhile waits";
+    EXPECT_FALSE(frame()) << "a batch added while suspended waits";
     animator.startIdle();
     EXPECT_FALSE(idleFrame());
     animator.setSuspended(false);
     EXPECT_EQ(framesToTheEnd(), 36);
 }
 
-TEST_F(DockIconAnimatorTest, MayPlayAgainFromItsLastFrame) {
+TEST_F(DockIconAnimatorTest, CanPlayAgainFromItsLastFrame) {
     for (int batch = 0; batch < 200; ++batch)
         animator.play(images(1));
     EXPECT_EQ(framesToTheEnd(), 200 * 36);

@@ -21,7 +21,7 @@ struct DockTileTest : testing::Test {
     DockTile dockTile{accessibility, screens};
 };
 
-TEST_F(DockTileTest, IsFlippedAtThePrimaryScreensHeight) {
+TEST_F(DockTileTest, FlipsYWithThePrimaryScreensHeight) {
     struct Case {
         std::vector<DeskRect> screens;
         QPointF position;
@@ -32,7 +32,7 @@ TEST_F(DockTileTest, IsFlippedAtThePrimaryScreensHeight) {
         {{{0, 0, 1280, 800}}, {0, 0}, {0, 698, 102, 102}},
         // A taller screen to the right, listed before the primary one.
         {{{1280, -280, 1920, 1080}, {0, 0, 1280, 800}}, {2000, 978}, {2000, -280, 102, 102}},
-        // One above: negative from the top is high from the bottom.
+        // A screen above: a negative y from the top is a large y from the bottom.
         {{{0, 0, 1280, 800}, {0, 800, 1280, 1024}}, {5, -500}, {5, 1198, 102, 102}},
     };
     for (const Case& c : cases) {
@@ -42,7 +42,7 @@ TEST_F(DockTileTest, IsFlippedAtThePrimaryScreensHeight) {
     }
 }
 
-TEST_F(DockTileTest, IsTheFirstItemOfThatVeryNameInTheFirstList) {
+TEST_F(DockTileTest, FindsTheFirstItemWithTheExactName) {
     const auto list = [](std::vector<AccessibilityElement::Pointer> items) {
         return element(QStringLiteral("AXList"), {}, std::move(items));
     };
@@ -56,7 +56,7 @@ TEST_F(DockTileTest, IsTheFirstItemOfThatVeryNameInTheFirstList) {
     EXPECT_EQ(DockTile(accessibility, screens, "VEXMOOR").frame(), (DeskRect{20, 790, 10, 10}));
 }
 
-TEST_F(DockTileTest, IsNothingWhereAnyPartIsMissing) {
+TEST_F(DockTileTest, ReturnsNulloptIfAnyPartIsMissing) {
     EXPECT_EQ(dockTile.frame(), std::nullopt) << "no dock runs";
 
     accessibility.root = element({});
@@ -81,14 +81,14 @@ TEST_F(DockTileTest, IsNothingWhereAnyPartIsMissing) {
     EXPECT_EQ(dockTile.frame(), std::nullopt) << "no primary screen";
 }
 
-TEST_F(DockTileTest, IsNothingWithoutTrustAndTheDockIsNotTouched) {
+TEST_F(DockTileTest, ReturnsNulloptWithoutTrustAndDoesNotQueryTheDock) {
     accessibility.setItems({tile("Vexmoor", {0, 0}, 10)});
     accessibility.trusted = false;
     EXPECT_EQ(dockTile.frame(), std::nullopt);
     EXPECT_EQ(accessibility.looks, 0);
 }
 
-TEST_F(DockTileTest, FollowsATileThatMoves) {
+TEST_F(DockTileTest, FollowsAMovingTile) {
     const auto item = tile("Vexmoor", {0, 0}, 10);
     accessibility.setItems({item});
     EXPECT_EQ(dockTile.frame()->x, 0);

@@ -8,7 +8,7 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(DroppedUrisTest, KeepTheOrderAndTheBytesOfLocalItems) {
+TEST(DroppedUrisTest, KeepsOrderAndBytesOfLocalItems) {
     const DroppedUris uris = DroppedUris::fromList("# from a file manager\r\n"
                                                    "file:///tmp/a%20b\r\n"
                                                    "file:///tmp/%FF%23\r\n"
@@ -23,7 +23,7 @@ TEST(DroppedUrisTest, KeepTheOrderAndTheBytesOfLocalItems) {
     EXPECT_EQ(uris.others, 4);
 }
 
-TEST(DroppedUrisTest, AreReadWhateverTheLineEnds) {
+TEST(DroppedUrisTest, AcceptsAnyLineEndings) {
     using namespace std::string_view_literals;
     for (const auto list : {"file:///a\nfile:///b\n"sv, "file:///a\rfile:///b"sv,
                             "file:///a\r\nfile:///b\r\n\0"sv, "\n\nfile:///a\r\n\r\nfile:///b"sv}) {
@@ -34,7 +34,7 @@ TEST(DroppedUrisTest, AreReadWhateverTheLineEnds) {
     EXPECT_TRUE(DroppedUris::fromList("").items.empty());
 }
 
-TEST(DroppedUrisTest, AreManyAtOnce) {
+TEST(DroppedUrisTest, ReadsManyUris) {
     std::string list;
     for (int i = 0; i < 10000; ++i)
         list += "file:///many/" + std::to_string(i) + "\r\n";

@@ -5,7 +5,7 @@
 
 namespace vexmoor::test {
 
-/// A node of a made-up accessibility tree.
+/// A node of a fake accessibility tree.
 struct FakeElement : AccessibilityElement {
     std::vector<Pointer> m_children;
     std::optional<QString> m_role;
@@ -30,7 +30,7 @@ inline std::shared_ptr<FakeElement> element(std::optional<QString> role,
     return made;
 }
 
-/// A tile as a dock has it, from the top-left of the primary screen.
+/// Returns a tile as a dock provides it; `position` is relative to the primary screen's top-left.
 inline std::shared_ptr<FakeElement> tile(const QString& title, QPointF position, double side) {
     auto made = element(QStringLiteral("AXDockItem"), title);
     made->m_position = position;
@@ -38,7 +38,7 @@ inline std::shared_ptr<FakeElement> tile(const QString& title, QPointF position,
     return made;
 }
 
-/// A dock that can be changed, and counts how often it was looked at.
+/// A fake dock that counts its queries.
 struct FakeAccessibility : Accessibility {
     bool trusted = true;
     AccessibilityElement::Pointer root;
@@ -50,7 +50,7 @@ struct FakeAccessibility : Accessibility {
         return root;
     }
 
-    /// A dock with one list of these.
+    /// Sets a dock with one list of these items.
     void setItems(std::vector<AccessibilityElement::Pointer> items) {
         root = element({}, {}, {element(QStringLiteral("AXList"), {}, std::move(items))});
     }

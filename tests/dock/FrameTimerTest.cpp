@@ -7,7 +7,7 @@
 namespace vexmoor {
 namespace {
 
-TEST(FrameTimerTest, FiresUntilItIsStoppedAndMayBeStartedAnewWhileFiring) {
+TEST(FrameTimerTest, FiresUntilStoppedAndCanBeRestartedWhileFiring) {
     int count = 1;
     char name[] = "timer";
     char* arguments[] = {name, nullptr};
@@ -32,7 +32,7 @@ TEST(FrameTimerTest, FiresUntilItIsStoppedAndMayBeStartedAnewWhileFiring) {
     });
     QCoreApplication::exec();
     EXPECT_EQ(slow, 3);
-    EXPECT_EQ(fast, 20) << "nothing fires after the stop";
+    EXPECT_EQ(fast, 20) << "nothing fires after stop()";
     EXPECT_EQ(after, 2);
 }
 

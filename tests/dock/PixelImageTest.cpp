@@ -34,7 +34,7 @@ TEST(PixelImageTest, FillsTheSizeWithHardEdges) {
     EXPECT_EQ(enlarged(canvas(), {9, 6}), canvas().nsImage(3));
 }
 
-TEST(PixelImageTest, ShapesAWindowToWhatIsMoreOpaqueThanNot) {
+TEST(PixelImageTest, ShapesAWindowByOpacity) {
     const std::vector<QRect> expected{{0, 0, 3, 6}, {6, 0, 3, 6}};
     EXPECT_EQ(opaqueShape(canvas().nsImage(3)), expected);
 
@@ -47,7 +47,7 @@ TEST(PixelImageTest, ShapesAWindowToWhatIsMoreOpaqueThanNot) {
     EXPECT_TRUE(opaqueShape(PixelCanvas(3, 3).nsImage(2)).empty());
 }
 
-TEST(PixelImageTest, DrawsARingAroundThePictureAndNotOverIt) {
+TEST(PixelImageTest, DrawsARingAroundThePicture) {
     PixelCanvas dot(5, 5);
     dot.set(2, 2, kRed);
     PixelCanvas expected = dot;

@@ -11,7 +11,7 @@ namespace {
 
 using test::ManualTimer;
 
-TEST(RestingTimersTest, RestTogetherAndGoOnWhereTheyWere) {
+TEST(RestingTimersTest, PauseAndResumeTogether) {
     std::vector<ManualTimer*> made;
     RestingTimers timers([&made] {
         auto timer = std::make_unique<ManualTimer>();

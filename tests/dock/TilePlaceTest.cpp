@@ -12,7 +12,8 @@ namespace {
 
 using Edge = TilePlace::Edge;
 
-/// Two screens side by side, the second lower and dense; the first has a panel at its bottom.
+/// Two screens side by side, the second lower and with high density; the first has a panel at its
+/// bottom.
 std::vector<PhysicalScreen> screens() {
     return {
         {.name = "DP-1", .geometry = {0, 0, 1280, 800}, .available = {0, 0, 1280, 760}, .ratio = 1},
@@ -35,7 +36,7 @@ TEST(TilePlaceTest, IsAtTheEdgeNearestToTheTile) {
         {{1100, 300, 100, 100}, Edge::right, "DP-1", {1180, 300, 100, 100}},
         {{600, 20, 100, 100}, Edge::top, "DP-1", {600, 0, 100, 100}},
         {{1300, 900, 100, 100}, Edge::left, "HDMI 2", {1280, 900, 100, 100}},
-        // Dragged past the edge, and off every screen: inside it comes to stand.
+        // Dragged past the edge, or outside all screens: moves back inside.
         {{700, 900, 100, 100}, Edge::bottom, "DP-1", {700, 660, 100, 100}},
         {{-900, 5000, 100, 100}, Edge::bottom, "DP-1", {0, 660, 100, 100}},
     };
@@ -56,13 +57,14 @@ TEST(TilePlaceTest, StaysOnTheScreenWhenScreensChange) {
     std::vector<PhysicalScreen> fewer = screens();
     fewer.pop_back();
     EXPECT_EQ(place.rect(place.screenOf(fewer), 102), QRect(1178, 658, 102, 102))
-        << "the same place of the screen that is left";
+        << "the same position on the remaining screen";
 
     fewer.front().available = {10, 10, 50, 50};
-    EXPECT_EQ(place.rect(fewer.front(), 102).top(), 10) << "too small a screen: from its corner";
+    EXPECT_EQ(place.rect(fewer.front(), 102).top(), 10)
+        << "a screen that is too small: aligned to its corner";
 }
 
-TEST(TilePlaceTest, IsReadAsItWasStored) {
+TEST(TilePlaceTest, RoundTripsThroughText) {
     const TilePlace places[] = {
         {.edge = Edge::bottom, .fraction = 0, .screen = ""},
         {.edge = Edge::left, .fraction = 0.25, .screen = "eDP-1"},

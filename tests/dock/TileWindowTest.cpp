@@ -22,7 +22,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-/// Everything that needs no window system: Qt's offscreen one will do.
+/// Tests that run without a window system, on Qt's offscreen platform.
 struct TileWindowTest : testing::Test {
     int count = 1;
     char name[5] = "tile";
@@ -33,7 +33,7 @@ struct TileWindowTest : testing::Test {
     TileWindow tile{defaults, compositor};
     WindowTile target{defaults, {.readsDragsEarly = true}};
     std::vector<std::vector<Path>> drops;
-    std::vector<bool> refusals; ///< whether anything was taken beside
+    std::vector<bool> refusals; ///< whether local items were accepted too
     int withheld = 0;
 
     TileWindowTest() {
@@ -47,7 +47,7 @@ struct TileWindowTest : testing::Test {
     Qt::DropAction drop(const char* type, const QByteArray& bytes) {
         return drop(type, bytes, bytes);
     }
-    /// A compositor that hands over these bytes while hovering and those at the drop.
+    /// Simulates a compositor that delivers `bytes` while hovering and `atDrop` at the drop.
     Qt::DropAction drop(const char* type, const QByteArray& bytes, const QByteArray& atDrop) {
         QMimeData data;
         data.setData(type, bytes);
@@ -62,9 +62,9 @@ struct TileWindowTest : testing::Test {
     }
 };
 
-TEST_F(TileWindowTest, TakesWhatIsLocalAndSaysWhatIsNot) {
+TEST_F(TileWindowTest, AcceptsLocalItemsAndReportsOthers) {
     EXPECT_EQ(drop("text/uri-list", "file:///tmp/a%20b\r\nfile:///tmp/%FE\r\n"), Qt::CopyAction)
-        << "the sender must not delete what it gave";
+        << "the sender must not delete the files";
     ASSERT_THAT(drops, SizeIs(1));
     EXPECT_THAT(drops[0], ElementsAre("/tmp/a b", "/tmp/\xFE"));
     EXPECT_THAT(refusals, IsEmpty());
@@ -79,16 +79,16 @@ TEST_F(TileWindowTest, TakesWhatIsLocalAndSaysWhatIsNot) {
     EXPECT_THAT(refusals, ElementsAre(true, false));
 }
 
-TEST_F(TileWindowTest, KeepsWhatItReadBeforeTheDropAndReportsDataThatIsWithheld) {
+TEST_F(TileWindowTest, KeepsDataReadBeforeTheDropAndReportsMissingData) {
     drop("text/uri-list", "file:///tmp/a\r\n", "");
     EXPECT_THAT(drops, ElementsAre(ElementsAre("/tmp/a")));
     drop("text/uri-list", "", "");
-    EXPECT_EQ(withheld, 1) << "and nothing of the drag before";
+    EXPECT_EQ(withheld, 1) << "without data of the previous drag";
     EXPECT_THAT(drops, SizeIs(1));
-    EXPECT_THAT(refusals, IsEmpty()) << "nobody knows that it was foreign";
+    EXPECT_THAT(refusals, IsEmpty()) << "an unknown list is not remote";
 }
 
-TEST_F(TileWindowTest, IsFoundThroughItsOwnDockWhileItIsShown) {
+TEST_F(TileWindowTest, IsFoundThroughItsOwnDockWhileVisible) {
     const SessionScreens screens;
     bool trusted = true;
     const OwnDock dock([&] { return trusted; }, [&] { return tile.frame(); });
@@ -98,14 +98,14 @@ TEST_F(TileWindowTest, IsFoundThroughItsOwnDockWhileItIsShown) {
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
     const auto frame = dockTile.frame();
     ASSERT_TRUE(frame);
-    EXPECT_EQ(frame->y, 0) << "it stands on the bottom edge";
+    EXPECT_EQ(frame->y, 0) << "it is at the bottom edge";
     EXPECT_EQ(frame->width, 102);
     EXPECT_NEAR(frame->x, (screen.width() - 102) * 0.96, 1);
     trusted = false;
     EXPECT_EQ(dockTile.frame(), std::nullopt);
 }
 
-TEST_F(TileWindowTest, StandsWhereItStoodLastAndIgnoresAPlaceThatIsNone) {
+TEST_F(TileWindowTest, RestoresItsPositionAndIgnoresInvalidOnes) {
     const auto topLeftFor = [&](const char* stored) {
         InMemoryDefaults other({{"tile.place", std::string(stored)}});
         TileWindow again(other, compositor);

@@ -7,7 +7,7 @@ namespace {
 
 using Manager = TileHandling::Manager;
 
-TEST(XwaylandTileTest, IsShownAsTheCompositorCanKeepIt) {
+TEST(XwaylandTileTest, IsShownAsTheCompositorRequires) {
     struct Case {
         DisplayFacts facts;
         TileHandling expected;
@@ -19,9 +19,9 @@ TEST(XwaylandTileTest, IsShownAsTheCompositorCanKeepIt) {
              Case{{true, "Mutter (Gala)", "Pantheon"}, {Manager::windowManager, true}},
              Case{{true, "KWin", ""}, {Manager::windowManagerWithFocus, true}},
              Case{{true, "", "KDE"}, {Manager::windowManagerWithFocus, true}},
-             Case{{true, "wlroots wm", "GNOME"}, {Manager::nobody, true}},
-             Case{{true, "Something", "NOT-GNOME:Else"}, {Manager::nobody, true}},
-             Case{{true, "", ""}, {Manager::nobody, true}},
+             Case{{true, "wlroots wm", "GNOME"}, {Manager::none, true}},
+             Case{{true, "Something", "NOT-GNOME:Else"}, {Manager::none, true}},
+             Case{{true, "", ""}, {Manager::none, true}},
          }) {
         EXPECT_EQ(tileHandling(facts), expected)
             << facts.windowManager.toStdString() << ", " << facts.currentDesktop.toStdString();

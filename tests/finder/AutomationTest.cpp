@@ -30,7 +30,7 @@ struct AutomationTest : testing::Test {
     std::vector<Status> answers;
 };
 
-TEST_F(AutomationTest, AsksOnceForAllWhoWaitAndKeepsTheAnswer) {
+TEST_F(AutomationTest, AsksOnceForAllRequestsAndStoresTheAnswer) {
     for (const bool allows : {true, false}) {
         defaults.assign(Automation::kKey, std::nullopt);
         Automation automation(defaults, dialogs);
@@ -47,7 +47,7 @@ TEST_F(AutomationTest, AsksOnceForAllWhoWaitAndKeepsTheAnswer) {
     }
 }
 
-TEST_F(AutomationTest, StaysUndecidedWhereTheQuestionWasWithdrawn) {
+TEST_F(AutomationTest, StaysUndecidedIfTheDialogIsCancelled) {
     Automation automation(defaults, dialogs);
     request(automation);
     std::exchange(dialogs.open, {}).front()({});

@@ -48,7 +48,7 @@ struct FinderHotkeyTest : testing::Test {
         hotkey.onUndo = [this] { happened.push_back("undo"); };
         hotkey.start();
     }
-    /// Whether the event is swallowed; what it causes on the main thread has happened then.
+    /// Returns whether the event is swallowed, and runs the tasks that it posted.
     bool swallows(const InputEvent& event) {
         const bool swallowed = system.handler(event) == Verdict::swallow;
         main.runUntilEmpty();
@@ -93,7 +93,7 @@ InputEvent mouse(Type type) {
     return event;
 }
 
-TEST_F(FinderHotkeyTest, TakesTheKeyOnlyWhereFilesAreSelectedWithExactlyCommandHeld) {
+TEST_F(FinderHotkeyTest, CapturesTheKeyOnlyInFileViewsWithExactlyCommand) {
     constexpr std::uint64_t kCapsLock = 0x10000;
     struct Case {
         const char* what;
@@ -130,7 +130,7 @@ TEST_F(FinderHotkeyTest, TakesTheKeyOnlyWhereFilesAreSelectedWithExactlyCommandH
     }
 }
 
-TEST_F(FinderHotkeyTest, FeedsTheSelectionOnceHoweverLongOrOftenTheKeyIsPressedMeanwhile) {
+TEST_F(FinderHotkeyTest, FeedsTheSelectionOncePerQuery) {
     EXPECT_TRUE(swallows(kFeed));
     EXPECT_TRUE(swallows(repeated(kFeed)));
     EXPECT_TRUE(swallows(kFeed));
@@ -142,7 +142,7 @@ TEST_F(FinderHotkeyTest, FeedsTheSelectionOnceHoweverLongOrOftenTheKeyIsPressedM
     EXPECT_THAT(happened, ElementsAre("fed 2", "fed 0"));
 }
 
-TEST_F(FinderHotkeyTest, TakesTheUndoKeyOnlyRightAfterTheKey) {
+TEST_F(FinderHotkeyTest, CapturesTheUndoKeyOnlyDirectlyAfterTheKey) {
     struct Case {
         const char* what;
         std::vector<InputEvent> between;
@@ -175,14 +175,14 @@ TEST_F(FinderHotkeyTest, TakesTheUndoKeyOnlyRightAfterTheKey) {
     }
     EXPECT_TRUE(swallows(kFeed));
     system.focusIsText = true;
-    EXPECT_FALSE(swallows(kUndo)) << "in a text field";
+    EXPECT_FALSE(swallows(kUndo)) << "focus in a text field";
     system.focusIsText = false;
     swallows(kFeed);
     hotkey.disarm();
-    EXPECT_FALSE(swallows(kUndo)) << "when a batch can't be undone";
+    EXPECT_FALSE(swallows(kUndo)) << "the batch cannot be undone";
 }
 
-TEST_F(FinderHotkeyTest, TakesTheUndoKeyAfterTheFileManagersOwnCommandIfTheKeyCausedIt) {
+TEST_F(FinderHotkeyTest, CapturesTheUndoKeyAfterAMenuCommandTriggeredByTheKey) {
     EXPECT_FALSE(hotkey.fedByMenuCommand());
     swallows(passing(kFeed));
     EXPECT_TRUE(hotkey.fedByMenuCommand());
@@ -195,7 +195,7 @@ TEST_F(FinderHotkeyTest, TakesTheUndoKeyAfterTheFileManagersOwnCommandIfTheKeyCa
     }
 }
 
-TEST_F(FinderHotkeyTest, ReportsARefusalOnceAndBeepsForAllOtherFailures) {
+TEST_F(FinderHotkeyTest, ReportsADenialOnceAndBeepsForOtherFailures) {
     for (const auto error : {SelectionError::failed, SelectionError::notPermitted,
                              SelectionError::notPermitted, SelectionError::failed}) {
         EXPECT_TRUE(swallows(kFeed));
@@ -205,7 +205,7 @@ TEST_F(FinderHotkeyTest, ReportsARefusalOnceAndBeepsForAllOtherFailures) {
     EXPECT_THAT(happened, ElementsAre("beep", "denied", "beep", "beep"));
 }
 
-TEST_F(FinderHotkeyTest, GoesLiveAsSoonAsItCanAndEndsWhenItIsStopped) {
+TEST_F(FinderHotkeyTest, BecomesLiveWhenPossibleAndStops) {
     EXPECT_TRUE(hotkey.isLive());
     swallows(kFeed);
     hotkey.stop();
@@ -213,7 +213,7 @@ TEST_F(FinderHotkeyTest, GoesLiveAsSoonAsItCanAndEndsWhenItIsStopped) {
     EXPECT_FALSE(hotkey.undoArmed());
     isTrusted = false;
     hotkey.start();
-    EXPECT_EQ(system.attempts, 1) << "no attempt without the right to look at focused elements";
+    EXPECT_EQ(system.attempts, 1) << "no attempt without accessibility permission";
     EXPECT_EQ(timer->seconds, 2.0);
     isTrusted = true;
     system.canInstall = false;

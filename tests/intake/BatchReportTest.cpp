@@ -63,7 +63,7 @@ TEST(BatchReport, NamesTheCodeAndThePathOfEachFailure) {
     EXPECT_EQ(failures[1]["code"], "ENOENT");
     EXPECT_EQ(failures[1]["message"], "No such file or directory (open /c).");
     EXPECT_EQ(failures[2]["code"], "databaseFull");
-    EXPECT_EQ(failures[3]["message"], "Not all of it could be removed: 3 items remain, among them "
+    EXPECT_EQ(failures[3]["message"], "Not all of it could be removed: 3 items remain, including "
                                       "tree/broken\uFFFD (Permission denied).");
     EXPECT_EQ(json["storeError"], "No space left on device (write /db).");
     EXPECT_EQ(json["storeFailure"]["code"], "ENOSPC");

@@ -242,7 +242,7 @@ TEST_F(IntakeTest, GivesNothingUpWhoseVolumeIsNotThere) {
                 program->intake.deleteImmediately(recent());
             settle();
             EXPECT_EQ(around.reports.back().informative,
-                      "a is in the Bin of a volume that is not there now.");
+                      "a is in the Bin of a volume that is not available.");
             EXPECT_TRUE(recent()[0].canRestore());
         }
     }

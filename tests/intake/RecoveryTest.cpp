@@ -133,7 +133,7 @@ TEST_F(RecoveryTest, DecidesNothingOfAVolumeThatIsNotThere) {
             start();
             ASSERT_EQ(program->recovery.problems.size(), 1U);
             EXPECT_EQ(describe(program->recovery.problems[0]),
-                      "a is in the Bin of a volume that is not there now.");
+                      "a is in the Bin of a volume that is not available.");
             feed(make({"another batch"}));
             start();
             EXPECT_TRUE(program->recovery.problems.empty()) << "told once";
@@ -297,7 +297,7 @@ TEST_F(RecoveryTest, SetsAJournalAsideThatMakesNoSenseAndTellsOfItOnce) {
         start();
         ASSERT_EQ(program->recovery.problems.size(), 1U);
         EXPECT_EQ(describe(program->recovery.problems[0]),
-                  "It can't be understood and was set aside as " + aside.native() + ".");
+                  "It can't be read and was renamed to " + aside.native() + ".");
         EXPECT_TRUE(exists(aside));
         EXPECT_FALSE(exists(open));
         start();
@@ -459,11 +459,11 @@ TEST_F(RecoveryTest, ReportsWhatFailedAndWhatIsHalfDissolvedAndWaitsForVolumes) 
         told.push_back(name + ": " + describe(error));
     EXPECT_EQ(told, (std::vector<std::string>{
                         "folder: Not all of it could be removed: " + (home / "folder").native() +
-                            " is what remains.",
-                        "failed: It failed before the batch was cut off: Permission denied."}));
+                            " remains.",
+                        "failed: It failed before the batch was interrupted: Permission denied."}));
     ASSERT_EQ(program->recovery.problems.size(), 1U);
     EXPECT_EQ(describe(program->recovery.problems[0]),
-              "away was being dissolved on a volume that is not there now.");
+              "away was being dissolved on a volume that is not available.");
     EXPECT_FALSE(program->recovery.unlocked.empty()) << "the first offering";
     EXPECT_EQ(*program->progression.progress().lastDay,
               Calendar().startOfDay(entries[2].sacrifice.date));

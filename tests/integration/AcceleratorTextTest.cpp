@@ -27,7 +27,7 @@ const std::string kProperties =
     " <ActionProperties scheme=\"Default\">\n  " + kOwnAction + "\n </ActionProperties>\n";
 const std::string kMark = "# Written by \"vexmoor integrate\", which removes it.\n";
 
-TEST(AcceleratorText, PutsOneBindingInAndTakesOnlyItOutAgain) {
+TEST(AcceleratorText, AddsAndRemovesOnlyItsBinding) {
     const struct {
         const AcceleratorText& text;
         std::string before;
@@ -73,7 +73,7 @@ TEST(AcceleratorText, PutsOneBindingInAndTakesOnlyItOutAgain) {
     }
 }
 
-TEST(AcceleratorText, SeesWhatTheUserChose) {
+TEST(AcceleratorText, RecognisesTheUsersKeys) {
     const auto tree = [](const std::string& item) { return "{\"toplevel\":[" + item + "]}"; };
     const auto gui = [](const std::string& action) {
         return "<gui name=\"dolphin\"><ActionProperties>" + action + "</ActionProperties></gui>";
@@ -115,7 +115,7 @@ TEST(AcceleratorText, SeesWhatTheUserChose) {
         EXPECT_EQ(text.status(content), status) << content.substr(0, 200);
 }
 
-TEST(AcceleratorText, TakesItsBindingOutOfWhatAFileManagerRewrote) {
+TEST(AcceleratorText, RemovesItsBindingFromARewrittenFile) {
     const std::string rewritten = "{\"toplevel\":[{\"uuid\":\"vexmoor-feed.nemo_action\","
                                   "\"accelerator\":\"<Primary>BackSpace\",\"b\":1,\"a\":2}]}";
     EXPECT_EQ(kTree.without(rewritten), R"({
@@ -137,7 +137,7 @@ TEST(AcceleratorText, TakesItsBindingOutOfWhatAFileManagerRewrote) {
                                  "feedToVexmoor\" />\n</ActionProperties></gui>"),
               "<gui name=\"dolphin\"><ActionProperties>\n</ActionProperties></gui>");
     EXPECT_EQ(kProfile.without("[General]\nVersion=202\nX=1\n"), "[General]\nVersion=202\nX=1\n")
-        << "it is Dolphin's own by now";
+        << "Dolphin has adopted it";
 }
 
 TEST(AcceleratorMap, EscapesThePathOfANemoScriptAsNemoDoes) {

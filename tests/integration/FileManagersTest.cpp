@@ -8,7 +8,7 @@
 namespace vexmoor {
 namespace {
 
-TEST(FileManagers, AreFoundByTheExactClassOfTheirWindows) {
+TEST(FileManagers, AreFoundByTheirExactWindowClass) {
     for (const auto& [windowClass, id] :
          {std::pair("Thunar", "thunar"), std::pair("Nemo", "nemo"), std::pair("Caja", "caja"),
           std::pair("Pcmanfm", "pcmanfm"), std::pair("pcmanfm-qt", "pcmanfm-qt"),
@@ -23,7 +23,7 @@ TEST(FileManagers, AreFoundByTheExactClassOfTheirWindows) {
         EXPECT_EQ(fileManagerOfWindowClass(other), nullptr) << other;
 }
 
-TEST(FileManagers, ShareNoClassNorProgram) {
+TEST(FileManagers, ShareNoWindowClassOrProgram) {
     std::multiset<std::string_view> classes;
     std::multiset<std::string_view> programs;
     for (const auto& manager : kFileManagers) {
@@ -34,7 +34,7 @@ TEST(FileManagers, ShareNoClassNorProgram) {
     EXPECT_EQ(programs.size(), std::set(programs.begin(), programs.end()).size());
 }
 
-TEST(ProgramVersion, IsTheFirstOneInTheOutput) {
+TEST(ProgramVersion, IsTheFirstVersionInTheOutput) {
     using Version = std::optional<ProgramVersion>;
     EXPECT_EQ(firstVersionIn("nemo 5.6.4\n"), Version({5, 6}));
     EXPECT_EQ(firstVersionIn("Qt5 dolphin 26.04.1"), Version({26, 4}));

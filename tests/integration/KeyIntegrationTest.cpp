@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 using Status = AcceleratorStatus;
 using test::contents;
 
-/// A home with file managers that only report their version.
+/// A home folder with fake file managers that only report their version.
 class KeyIntegrationTest : public testing::Test {
   protected:
     KeyIntegrationTest() {
@@ -40,7 +40,7 @@ class KeyIntegrationTest : public testing::Test {
 
     [[nodiscard]] KeyIntegration keys() const { return KeyIntegration(m_context); }
 
-    /// All files and folders of the home with the files' bytes, but for the record.
+    /// Returns all files with their content and all folders, except the record of created paths.
     [[nodiscard]] std::map<std::string, std::string> tree() const {
         std::map<std::string, std::string> all;
         for (const auto& entry : fs::recursive_directory_iterator(m_home))
@@ -63,7 +63,7 @@ class KeyIntegrationTest : public testing::Test {
     IntegrationContext m_context;
 };
 
-TEST_F(KeyIntegrationTest, InstallsInEachManagerThereIsAndRemovesWithoutATrace) {
+TEST_F(KeyIntegrationTest, InstallsInEachFileManagerAndRemovesCompletely) {
     for (const char* const name : {"thunar", "nautilus", "caja", "pcmanfm-qt"})
         installManager(name);
     installManager("nemo", "echo nemo 6.4.0");
@@ -78,17 +78,17 @@ TEST_F(KeyIntegrationTest, InstallsInEachManagerThereIsAndRemovesWithoutATrace) 
     const auto installed = tree();
     EXPECT_EQ(statuses(keys().install()), expected);
     EXPECT_EQ(tree(), installed) << "a second time changes nothing";
-    EXPECT_TRUE(installed.contains("config/Thunar/uca.xml")) << "the key calls the menu's action";
+    EXPECT_TRUE(installed.contains("config/Thunar/uca.xml")) << "the key uses the menu's action";
 
     EXPECT_EQ(statuses(keys().remove())["thunar"], Status::notInstalled);
-    EXPECT_TRUE(tree().contains("config/Thunar/uca.xml")) << "the menu stays";
+    EXPECT_TRUE(tree().contains("config/Thunar/uca.xml")) << "the menu entry remains";
     CreatedPaths created(m_context.directories);
     for (const auto& manager : kFileManagers)
         EXPECT_TRUE(ManagerIntegration(manager, m_context).removeMenu(created));
     EXPECT_EQ(tree(), before);
 }
 
-TEST_F(KeyIntegrationTest, KeepsFilesAndFoldersThatWereThereThoughEmpty) {
+TEST_F(KeyIntegrationTest, KeepsPreexistingEmptyFilesAndFolders) {
     installManager("nautilus");
     write("config/nautilus/scripts-accels", "");
     fs::create_directories(m_home / "data/nautilus/scripts");
@@ -100,7 +100,7 @@ TEST_F(KeyIntegrationTest, KeepsFilesAndFoldersThatWereThereThoughEmpty) {
     EXPECT_EQ(tree(), before);
 }
 
-TEST_F(KeyIntegrationTest, LeavesTheUsersOwnKeysAlone) {
+TEST_F(KeyIntegrationTest, KeepsTheUsersKeys) {
     installManager("thunar");
     installManager("nautilus");
     write("config/nautilus/scripts-accels", "F4 Feed to Vexmoor");
@@ -113,7 +113,7 @@ TEST_F(KeyIntegrationTest, LeavesTheUsersOwnKeysAlone) {
     EXPECT_EQ(tree(), before);
 }
 
-TEST_F(KeyIntegrationTest, HasOneEntryInNemosMenuInEveryVersion) {
+TEST_F(KeyIntegrationTest, AddsOneNemoMenuEntryInEveryVersion) {
     const Path action = m_home / "data/nemo/actions/vexmoor-feed.nemo_action";
     const Path script = m_home / "data/nemo/scripts/Feed to Vexmoor";
     const auto entries = [&] { return std::pair(fs::exists(action), fs::exists(script)); };
@@ -138,13 +138,13 @@ TEST_F(KeyIntegrationTest, HasOneEntryInNemosMenuInEveryVersion) {
     EXPECT_FALSE(fs::exists(m_home / ".gnome2"));
 }
 
-TEST_F(KeyIntegrationTest, SupportsNoDolphinWhoseMenusHaveNoKeys) {
+TEST_F(KeyIntegrationTest, DoesNotSupportDolphinWithoutMenuAccelerators) {
     installManager("dolphin", "echo dolphin 25.12.3");
     EXPECT_EQ(statuses(keys().install())["dolphin"], Status::unsupported);
     EXPECT_EQ(tree().size(), 1U);
 }
 
-TEST_F(KeyIntegrationTest, ReportsHostileFilesAndLeavesThem) {
+TEST_F(KeyIntegrationTest, ReportsHostileFilesAndKeepsThem) {
     const Path file = m_home / "config/nautilus/scripts-accels";
     const struct {
         const char* what;
@@ -180,7 +180,7 @@ TEST_F(KeyIntegrationTest, ReportsHostileFilesAndLeavesThem) {
     }
 }
 
-TEST_F(KeyIntegrationTest, AManagerThatDoesNotReportItsVersionIsAnError) {
+TEST_F(KeyIntegrationTest, FailsIfAFileManagerDoesNotReportItsVersion) {
     installManager("nemo", "exit 1");
     const auto states = keys().install();
     ASSERT_TRUE(states.front().error);
@@ -188,7 +188,7 @@ TEST_F(KeyIntegrationTest, AManagerThatDoesNotReportItsVersionIsAnError) {
     EXPECT_FALSE(keys().remove().front().status == Status::installed);
 }
 
-TEST_F(KeyIntegrationTest, WaitsForTheNextStartWhereTheManagerIsOlderThanTheKey) {
+TEST_F(KeyIntegrationTest, ReportsFileManagersThatNeedARestart) {
     fs::create_directories(m_scratch / "bin");
     fs::copy_file("/bin/sleep", m_scratch / "bin/nautilus");
     const Path file = m_home / "config/nautilus/scripts-accels";

@@ -5,7 +5,7 @@
 namespace vexmoor {
 namespace {
 
-TEST(Quoting, WritesAWordForEachLanguage) {
+TEST(Quoting, QuotesForEachSyntax) {
     const struct {
         const char* word;
         const char* shell;
@@ -17,7 +17,7 @@ TEST(Quoting, WritesAWordForEachLanguage) {
         {"a b", "'a b'", "\"a b\"", "a b"},
         {"it's", "'it'\\''s'", "\"it's\"", "it&apos;s"},
         {"50%<&>", "'50%<&>'", "\"50%%<&>\"", "50%&lt;&amp;&gt;"},
-        // The escapes of the quotes, and these escaped again as any value of the file.
+        // The quoting's escapes, escaped again as a value of the file.
         {"$`\"\\", "'$`\"\\'", R"("\\$\\`\\"\\\\")", "$`&quot;\\"},
     };
     for (const auto& [word, shell, desktopExec, xml] : cases) {

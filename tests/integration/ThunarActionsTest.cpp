@@ -8,7 +8,7 @@ namespace {
 constexpr const char* kOurs = "<action>\n\t<unique-id>vexmoor-feed</unique-id>\n"
                               "\t<command>vexmoor feed -- %F</command>\n</action>";
 
-TEST(ThunarActions, PutsOurActionInAndTakesOnlyItOutAgain) {
+TEST(ThunarActions, AddsAndRemovesOnlyOurAction) {
     const struct {
         std::string before;
         std::string after;
@@ -39,7 +39,7 @@ TEST(ThunarActions, PutsOurActionInAndTakesOnlyItOutAgain) {
               "<actions>\n" + std::string(kOurs) + "\n</actions>");
 }
 
-TEST(ThunarActions, FindsOurActionAsThunarOrTheUserRewroteIt) {
+TEST(ThunarActions, FindsOurActionInARewrittenFile) {
     const std::string before = "<actions><action><command>a</command><unique-id>1</unique-id>"
                                "</action>";
     const std::string ours = "<action><command>\n other %F</command><name>Mine</name><unique-id>\n"
@@ -52,7 +52,7 @@ TEST(ThunarActions, FindsOurActionAsThunarOrTheUserRewroteIt) {
     EXPECT_EQ(actions->without(), before + after);
 }
 
-TEST(ThunarActions, RefusesWhatIsNotSuchAFile) {
+TEST(ThunarActions, RejectsOtherFiles) {
     for (const char* const text :
          {"", "no markup", "<actions>", "<actions><action></actions>", "<other></other>",
           "<actions></actions><actions></actions>", "<actions></action></actions>",

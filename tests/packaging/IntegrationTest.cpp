@@ -15,7 +15,7 @@ using test::Command;
 
 const std::string kId = "org.vexmoor.Vexmoor";
 
-/// What a package would hold, under a folder of the test's own.
+/// The contents of a package, installed below a test folder.
 class IntegrationTest : public testing::Test {
   protected:
     void SetUp() override {
@@ -31,7 +31,7 @@ class IntegrationTest : public testing::Test {
     [[nodiscard]] Path prefix() const { return m_folder / "opt/pot"; }
     [[nodiscard]] Path share(const Path& file) const { return prefix() / "share" / file; }
 
-    /// Runs a validator, which must find nothing; skips where it is missing.
+    /// Runs a validator, which must report nothing. Skips the test if it is not installed.
     static void validate(const std::vector<std::string>& words) {
         if (!Command::exists(words.front()))
             GTEST_SKIP() << words.front() << " is not installed";
@@ -42,7 +42,7 @@ class IntegrationTest : public testing::Test {
     test::TemporaryDirectory m_folder;
 };
 
-/// The values of a key, in the file's order.
+/// Returns the values of a key in file order.
 std::vector<std::string> valuesOf(const std::string& key, const Path& file) {
     std::vector<std::string> values;
     std::istringstream lines(test::contents(file));
@@ -52,7 +52,7 @@ std::vector<std::string> valuesOf(const std::string& key, const Path& file) {
     return values;
 }
 
-TEST_F(IntegrationTest, InstallsAllUnderOneName) {
+TEST_F(IntegrationTest, InstallsEverythingUnderOneName) {
     std::set<std::string> installed;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(prefix()))
         if (entry.is_regular_file())
@@ -74,7 +74,7 @@ TEST_F(IntegrationTest, InstallsAllUnderOneName) {
     EXPECT_EQ(installed, expected);
 }
 
-TEST_F(IntegrationTest, HasAnEntryThatDesktopsUnderstand) {
+TEST_F(IntegrationTest, DesktopEntryIsValid) {
     const Path entry = share("applications/" + kId + ".desktop");
     validate({"desktop-file-validate", "--no-hints", entry});
     EXPECT_EQ(valuesOf("GenericName[de]", entry), std::vector<std::string>{"Kessel für Dateien"});
@@ -82,10 +82,10 @@ TEST_F(IntegrationTest, HasAnEntryThatDesktopsUnderstand) {
     EXPECT_EQ(valuesOf("Icon", entry), std::vector{kId});
     EXPECT_EQ(valuesOf("Exec", entry).front(), "vexmoor-desktop %U");
     EXPECT_EQ(valuesOf("MimeType", entry), std::vector<std::string>{})
-        << "what deletes files must never become the program that opens them";
+        << "a program that deletes files must not open them";
 }
 
-TEST_F(IntegrationTest, CallsTheProgramsWhereTheyAreInstalled) {
+TEST_F(IntegrationTest, CallsTheInstalledPrograms) {
     const std::string program = "/opt/pot/bin/vexmoor";
     const std::string background = program + "-desktop --background";
     const auto service = share("dbus-1/services/" + kId + ".service");
@@ -101,11 +101,12 @@ TEST_F(IntegrationTest, CallsTheProgramsWhereTheyAreInstalled) {
         const auto commands = valuesOf("Exec", share(menu));
         ASSERT_EQ(commands.size(), 1U) << menu;
         EXPECT_TRUE(commands.front().starts_with(program + " feed --from-menu -- %")) << menu;
-        EXPECT_TRUE(test::contents(share(menu)).starts_with("[")) << menu << " is no user's own";
+        EXPECT_TRUE(test::contents(share(menu)).starts_with("["))
+            << menu << " must not be a user's file";
     }
 }
 
-TEST_F(IntegrationTest, HasAPageForSoftwareCentres) {
+TEST_F(IntegrationTest, MetainfoIsValid) {
     const Path page = share("metainfo/org.vexmoor.vexmoor.metainfo.xml");
     EXPECT_NE(test::contents(page).find(
                   "<summary xml:lang=\"de\">Dateien an einen Kessel verfüttern</summary>"),
@@ -113,7 +114,7 @@ TEST_F(IntegrationTest, HasAPageForSoftwareCentres) {
     validate({"appstreamcli", "validate", "--no-net", "--pedantic", page});
 }
 
-TEST_F(IntegrationTest, HasAnIconOfCrispSquaresInEverySize) {
+TEST_F(IntegrationTest, IconsHaveSharpPixelsInEverySize) {
     for (const int side : {16, 22, 24, 32, 48, 64, 96, 128, 256, 512}) {
         SCOPED_TRACE(side);
         const std::string name = std::to_string(side);
@@ -127,13 +128,13 @@ TEST_F(IntegrationTest, HasAnIconOfCrispSquaresInEverySize) {
                 colours.insert(icon.pixel(x, y));
                 painted += qAlpha(icon.pixel(x, y)) == 255 ? 1 : 0;
             }
-        EXPECT_LE(colours.size(), 11U) << "no colour but the skin's: nothing was smoothed";
-        EXPECT_GT(painted, side * side / 2) << "it is too small";
+        EXPECT_LE(colours.size(), 11U) << "colours outside the skin: the icon was smoothed";
+        EXPECT_GT(painted, side * side / 2) << "the pot is too small";
         EXPECT_EQ(icon.pixelColor(0, 0).alpha(), 0);
     }
 }
 
-TEST_F(IntegrationTest, HasAScalableIconThatLooksTheSame) {
+TEST_F(IntegrationTest, ScalableIconMatchesTheOthers) {
     if (!Command::exists("rsvg-convert"))
         GTEST_SKIP() << "rsvg-convert is not installed";
     const auto drawn = Command({"rsvg-convert", "-w", "256", "-h", "256",

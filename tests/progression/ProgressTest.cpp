@@ -29,7 +29,7 @@ Progress fullRecord() {
     return progress;
 }
 
-TEST(Progress, SurvivesItsJsonForm) {
+TEST(Progress, RoundTripsThroughJson) {
     EXPECT_EQ(encode(fullRecord()), kJson);
     EXPECT_EQ(decodeProgress(kJson), fullRecord());
     EXPECT_EQ(encode(Progress()),
@@ -38,7 +38,7 @@ TEST(Progress, SurvivesItsJsonForm) {
     EXPECT_EQ(decodeProgress(encode(Progress())), Progress());
 }
 
-TEST(Progress, IsUnreadableWhenAnyKeyIsMissingOrMistyped) {
+TEST(Progress, RejectsMissingAndMistypedKeys) {
     const Json full = Json::parse(kJson);
     for (const auto& [key, value] : full.items()) {
         Json without = full;
@@ -69,7 +69,7 @@ TEST(Progress, IsUnreadableWhenAnyKeyIsMissingOrMistyped) {
         EXPECT_FALSE(decodeProgress(text)) << text;
 }
 
-TEST(Progress, ReadsWhatOtherWritersMayWrite) {
+TEST(Progress, AcceptsEquivalentForms) {
     Json json = Json::parse(kJson);
     json["lastDay"] = nullptr;
     json["extensions"] = {"ü", "jpg", "jpg"};

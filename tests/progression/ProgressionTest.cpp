@@ -19,7 +19,7 @@ using Data = UserDefaults::Data;
 using Notification = NotificationPort::Notification;
 using Offerings = std::vector<Progression::Offering>;
 
-/// A notification centre that answers when the test lets it.
+/// A notification centre that answers when the test requests it.
 class FakeNotifications : public NotificationPort {
   public:
     void requestAuthorization(std::function<void(bool)> completion) override {
@@ -27,7 +27,7 @@ class FakeNotifications : public NotificationPort {
     }
     void post(const Notification& notification) override { posted.push_back(notification); }
 
-    /// How many had asked.
+    /// Answers all requests and returns their number.
     int answer(bool granted) {
         const auto completions = std::exchange(m_completions, {});
         for (const auto& completion : completions)
@@ -52,7 +52,7 @@ std::vector<std::string> idsOf(const Range& range) {
 
 class ProgressionTest : public testing::Test {
   protected:
-    /// A start of the program; what an earlier one held in memory is gone.
+    /// Simulates a program start with empty memory.
     Progression& start(const Ledger* ledger = nullptr) {
         m_subject.reset();
         m_skins.clear();
@@ -75,16 +75,16 @@ class ProgressionTest : public testing::Test {
     FakeClock m_clock{utc("2024-03-29 12:00:00")};
     InMemoryDefaults m_defaults;
     FakeNotifications m_notifications;
-    std::vector<std::string> m_skins; ///< as they were handed on
+    std::vector<std::string> m_skins; ///< in the order of selection
     std::optional<Progression> m_subject;
 };
 
 const Offerings kOne = {{"/a", 1, false}};
 
-TEST_F(ProgressionTest, CountsABatchAndStoresItAtOnce) {
+TEST_F(ProgressionTest, CountsAndStoresABatch) {
     auto& subject = start();
-    int told = -1; // the first call tells the current value
-    const auto subscription = subject.subscribe([&](const Progress&) { ++told; });
+    int notifications = -1; // subscribing calls it once
+    const auto subscription = subject.subscribe([&](const Progress&) { ++notifications; });
     const Offerings batch = {
         {"/a/one.JPG", 10, false}, {"/a/two.jpg", 30, false},  {"/a/.bashrc", 20, false},
         {"/a/Some.App/", 5, true}, {"/a/none", 0, false},      {"/a/folder", 1, true},
@@ -103,7 +103,7 @@ TEST_F(ProgressionTest, CountsABatchAndStoresItAtOnce) {
     EXPECT_EQ(subject.progress(), expected);
     EXPECT_EQ(stored(), expected);
     EXPECT_EQ(m_defaults.commits(), 1);
-    EXPECT_EQ(told, 1);
+    EXPECT_EQ(notifications, 1);
 
     subject.record(Offerings{{"/a/c", 7, false}, {"/a/d", 8, true}}, DisposeMode::dissolve);
     EXPECT_EQ(subject.progress().dissolved, 2);
@@ -111,7 +111,7 @@ TEST_F(ProgressionTest, CountsABatchAndStoresItAtOnce) {
     EXPECT_EQ(start().progress().items, 10);
 }
 
-TEST_F(ProgressionTest, TakesPartInTheCallersTransaction) {
+TEST_F(ProgressionTest, UsesTheCallersTransaction) {
     auto& subject = start();
     m_defaults.failWith(Error::fromErrno(ENOSPC, "write the database"));
     EXPECT_FALSE(m_defaults.transaction([&] {
@@ -123,14 +123,14 @@ TEST_F(ProgressionTest, TakesPartInTheCallersTransaction) {
     EXPECT_EQ(subject.progress().items, 1);
 }
 
-TEST_F(ProgressionTest, IsNotTouchedByAnEmptyBatch) {
+TEST_F(ProgressionTest, IgnoresAnEmptyBatch) {
     auto& subject = start();
     EXPECT_THAT(subject.record({}, DisposeMode::dissolve), IsEmpty());
     EXPECT_EQ(subject.progress(), Progress());
     EXPECT_EQ(m_defaults.commits(), 0);
 }
 
-TEST_F(ProgressionTest, CountsDaysInARowByTheLocalCalendar) {
+TEST_F(ProgressionTest, CountsConsecutiveLocalDays) {
     constexpr const char* kBerlin = "Europe/Berlin";
     const struct {
         const char* zone;
@@ -141,16 +141,16 @@ TEST_F(ProgressionTest, CountsDaysInARowByTheLocalCalendar) {
     } steps[] = {
         {kBerlin, "2024-03-29 12:00:00", 1, 1, "2024-03-28 23:00:00"},
         {kBerlin, "2024-03-29 22:59:59", 1, 1, "2024-03-28 23:00:00"}, // still the same day
-        {kBerlin, "2024-03-29 23:00:00", 2, 2, "2024-03-29 23:00:00"}, // a second later
+        {kBerlin, "2024-03-29 23:00:00", 2, 2, "2024-03-29 23:00:00"}, // one second later
         {kBerlin, "2024-03-31 21:59:59", 3, 3, "2024-03-30 23:00:00"}, // end of 23 hours
         {kBerlin, "2024-03-31 22:00:00", 4, 4, "2024-03-31 22:00:00"},
         {kBerlin, "2024-04-02 22:00:00", 1, 4, "2024-04-02 22:00:00"}, // one empty day
         {kBerlin, "2024-04-04 08:00:00", 2, 4, "2024-04-03 22:00:00"},
         {kBerlin, "2024-04-02 08:00:00", 1, 4, "2024-04-01 22:00:00"}, // clock set back
         {kBerlin, "2024-04-03 08:00:00", 2, 4, "2024-04-02 22:00:00"},
-        // Seen from New York, Berlin's midnight was in the evening of the second.
+        // Berlin's midnight is the evening of the second in New York.
         {"America/New_York", "2024-04-03 16:00:00", 3, 4, "2024-04-03 04:00:00"},
-        // In Tokyo it is the fourth already.
+        // In Tokyo it is already the fourth.
         {"Asia/Tokyo", "2024-04-03 17:00:00", 4, 4, "2024-04-03 15:00:00"},
         {"Asia/Tokyo", "2024-04-04 15:00:00", 5, 5, "2024-04-04 15:00:00"},
     };
@@ -177,7 +177,7 @@ TEST_F(ProgressionTest, KeepsTheStreakWhenTheLastDayIsBeyondTheCalendar) {
     EXPECT_EQ(subject.progress().lastDay, utc("2024-03-28 23:00:00"));
 }
 
-TEST_F(ProgressionTest, StartsFromTheLedgersTotalsWhereNoRecordCanBeRead) {
+TEST_F(ProgressionTest, StartsFromTheLedgersTotalsWithoutAReadableRecord) {
     InMemoryDefaults ledgerDefaults(
         {{"ledger.count", std::int64_t{12}}, {"ledger.bytes", std::int64_t{3400}}});
     const Ledger ledger(ledgerDefaults, m_clock.clock());
@@ -199,14 +199,14 @@ TEST_F(ProgressionTest, StartsFromTheLedgersTotalsWhereNoRecordCanBeRead) {
         const int commits = m_defaults.commits();
         EXPECT_EQ(start(&ledger).progress(), seeded);
         EXPECT_EQ(start().progress(), Progress());
-        EXPECT_EQ(m_defaults.commits(), commits) << "written only by the first change";
+        EXPECT_EQ(m_defaults.commits(), commits) << "only the first change writes";
     }
     EXPECT_EQ(idsOf(start(&ledger).record(kOne, DisposeMode::bin)),
               (std::vector<std::string>{"first", "items10"}));
-    EXPECT_EQ(start(&ledger).progress().items, 13) << "the record counts from now on";
+    EXPECT_EQ(start(&ledger).progress().items, 13) << "the record is used from now on";
 }
 
-TEST_F(ProgressionTest, EarnsAllThatABatchReachesInCatalogueOrderAndOnce) {
+TEST_F(ProgressionTest, UnlocksEverythingReachedOnceInCatalogueOrder) {
     constexpr std::int64_t kGibibyte = 1073741824;
     auto& subject = start();
     Offerings batch(9, {"/a", 0, true});
@@ -221,7 +221,7 @@ TEST_F(ProgressionTest, EarnsAllThatABatchReachesInCatalogueOrderAndOnce) {
                                                             "big1gb", "folders10"}));
 }
 
-TEST_F(ProgressionTest, EarnsWhatAnOlderRecordHasAlreadyReached) {
+TEST_F(ProgressionTest, UnlocksAchievementsThatAnOlderRecordReached) {
     Progress record;
     record.items = 500;
     record.streak = 1;
@@ -234,7 +234,7 @@ TEST_F(ProgressionTest, EarnsWhatAnOlderRecordHasAlreadyReached) {
               (std::vector<std::string>{"first", "items10", "streak7", "streak30", "omnivore"}));
 }
 
-TEST_F(ProgressionTest, AnnouncesAchievementsOnceTheUserAllows) {
+TEST_F(ProgressionTest, AnnouncesAchievementsWithPermission) {
     auto& subject = start();
     const std::vector<Achievement> earned = {Achievement::all()[0], Achievement::all()[7]};
     subject.notify(earned);
@@ -256,14 +256,14 @@ TEST_F(ProgressionTest, AnnouncesAchievementsOnceTheUserAllows) {
     EXPECT_THAT(m_notifications.posted, IsEmpty());
 }
 
-TEST_F(ProgressionTest, MayBeGoneWhenTheUserAllows) {
+TEST_F(ProgressionTest, CanBeDestroyedBeforePermissionIsGranted) {
     start().notify({Achievement::all()[0]});
     m_subject.reset();
     m_notifications.answer(true);
     EXPECT_EQ(m_notifications.posted.size(), 1U);
 }
 
-TEST_F(ProgressionTest, OffersOnlySkinsThatWereEarned) {
+TEST_F(ProgressionTest, OffersOnlyUnlockedSkins) {
     Progress record;
     record.unlocked = {"items10k", "first", "streak30", "items10"};
     store(record);
@@ -282,7 +282,7 @@ TEST_F(ProgressionTest, OffersOnlySkinsThatWereEarned) {
     EXPECT_THAT(m_skins, ElementsAre("frost"));
 }
 
-TEST_F(ProgressionTest, ReplacesAChosenSkinThatIsNoMore) {
+TEST_F(ProgressionTest, ReplacesAnUnknownSelectedSkin) {
     for (const char* skin : {"plaid", "Gold", ""}) {
         Progress record;
         record.items = 7;
@@ -295,7 +295,7 @@ TEST_F(ProgressionTest, ReplacesAChosenSkinThatIsNoMore) {
     }
 }
 
-TEST_F(ProgressionTest, UnlocksAllByRaisingWhatIsBelowTheFloors) {
+TEST_F(ProgressionTest, UnlockAllRaisesValuesToTheFloors) {
     Progress record;
     record.items = 20000;
     record.folders = 999;
@@ -323,7 +323,7 @@ TEST_F(ProgressionTest, UnlocksAllByRaisingWhatIsBelowTheFloors) {
     EXPECT_THAT(subject.record(kOne, DisposeMode::bin), IsEmpty());
 }
 
-TEST_F(ProgressionTest, AddsExtensionsOnlyWhereFewerThanTwentyFiveAreKnown) {
+TEST_F(ProgressionTest, UnlockAllAddsExtensionsBelowTwentyFive) {
     const struct {
         int known;
         std::size_t after;
@@ -338,7 +338,7 @@ TEST_F(ProgressionTest, AddsExtensionsOnlyWhereFewerThanTwentyFiveAreKnown) {
     }
 }
 
-TEST_F(ProgressionTest, StartsAfreshAfterAResetWhateverTheLedgerHolds) {
+TEST_F(ProgressionTest, ResetIgnoresTheLedger) {
     InMemoryDefaults ledgerDefaults({{"ledger.count", std::int64_t{12}}});
     const Ledger ledger(ledgerDefaults, m_clock.clock());
     auto& subject = start(&ledger);
@@ -352,7 +352,7 @@ TEST_F(ProgressionTest, StartsAfreshAfterAResetWhateverTheLedgerHolds) {
     EXPECT_EQ(start(&ledger).progress(), Progress());
 }
 
-TEST_F(ProgressionTest, KeepsATotalAtTheGreatestNumber) {
+TEST_F(ProgressionTest, TotalsSaturate) {
     constexpr auto kMost = std::numeric_limits<std::int64_t>::max();
     for (const auto total :
          {&Progress::items, &Progress::bytes, &Progress::folders, &Progress::dissolved}) {

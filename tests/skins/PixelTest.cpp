@@ -14,7 +14,7 @@ TEST(PixelTest, ReadsHexadecimalColoursAsOpaque) {
     EXPECT_EQ(Pixel::fromHex(0xF1EAD8), (Pixel{0xF1, 0xEA, 0xD8, 255}));
 }
 
-TEST(PixelTest, CompositesByTheStraightAlphaRule) {
+TEST(PixelTest, CompositesStraightAlpha) {
     struct Case {
         const char* what;
         Pixel top, bottom, expected;
@@ -33,7 +33,7 @@ TEST(PixelTest, CompositesByTheStraightAlphaRule) {
         EXPECT_EQ(composited(c.top, c.bottom), c.expected) << c.what;
 }
 
-TEST(PixelTest, AgreesWithTheFormulaInRealNumbers) {
+TEST(PixelTest, MatchesTheFloatingPointFormula) {
     for (unsigned top = 1; top < 255; top += 11) {
         for (unsigned bottom = 0; bottom < 256; bottom += 17) {
             const double topAlpha = top / 255.0;

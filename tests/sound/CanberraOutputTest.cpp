@@ -30,8 +30,8 @@ class SoundServer : public test::SoundServer {
     SoundServer& operator=(const SoundServer&) = delete;
 };
 
-/// A server lets go of the first hundredths of a second, where the sound is hardly there, when it
-/// was caught in the middle of a period.
+/// Servers drop the first hundredths of a second, in which the sound is nearly silent, if it starts
+/// in the middle of a period.
 constexpr std::size_t kStart = SizzleRenderer::kRate / 50;
 
 WavPointer sizzleWav() {
@@ -57,7 +57,7 @@ class CanberraOutputTest : public testing::Test {
     test::TemporaryDirectory m_folder;
 };
 
-TEST_F(CanberraOutputTest, PlaysWhatWasRenderedOnceHoweverOftenItIsAsked) {
+TEST_F(CanberraOutputTest, PlaysTheRenderedSamplesOnce) {
     SoundServer server(m_folder.path());
     CanberraOutput output({m_folder.path()});
     Sizzle sizzle(output);
@@ -68,7 +68,7 @@ TEST_F(CanberraOutputTest, PlaysWhatWasRenderedOnceHoweverOftenItIsAsked) {
     ASSERT_TRUE(eventually([&] { return server.soundCount() == 1; }));
     sizzle.play();
     ASSERT_TRUE(eventually([&] { return server.soundCount() == 0; }));
-    ASSERT_TRUE(server.recordsAnother(1.2)) << "a second sound would be heard in that time";
+    ASSERT_TRUE(server.recordsAnother(1.2)) << "a second sound would have been recorded";
     const auto recording = server.recorded();
     const auto sound = test::samplesOf(SizzleRenderer::render(), 0.6);
     const auto offset = beginning(recording, sound);
@@ -77,11 +77,12 @@ TEST_F(CanberraOutputTest, PlaysWhatWasRenderedOnceHoweverOftenItIsAsked) {
     const auto silent = [](std::int16_t sample) { return sample == 0; };
     const auto begin = recording.begin() + static_cast<std::ptrdiff_t>(*offset);
     EXPECT_TRUE(std::all_of(recording.begin(), begin, silent));
-    EXPECT_TRUE(std::all_of(begin + std::ssize(sound), recording.end(), silent)) << "it overlaps";
+    EXPECT_TRUE(std::all_of(begin + std::ssize(sound), recording.end(), silent))
+        << "sounds overlap";
     EXPECT_TRUE(holdsNoSound());
 }
 
-TEST_F(CanberraOutputTest, TellsItsEndAndSoundsAgain) {
+TEST_F(CanberraOutputTest, ReportsItsEndAndPlaysAgain) {
     SoundServer server(m_folder.path());
     CanberraOutput output({m_folder / "missing", m_folder.path()});
     for (int i = 0; i < 2; ++i) {
@@ -93,7 +94,7 @@ TEST_F(CanberraOutputTest, TellsItsEndAndSoundsAgain) {
     }
 }
 
-TEST_F(CanberraOutputTest, EndsWithTheServerAndWithItsOwner) {
+TEST_F(CanberraOutputTest, StopsWithTheServerAndOnDestruction) {
     SoundServer server(m_folder.path());
     CanberraOutput output({m_folder.path()});
     auto player = output.play(sizzleWav(), 0.6);
@@ -107,17 +108,17 @@ TEST_F(CanberraOutputTest, EndsWithTheServerAndWithItsOwner) {
     EXPECT_TRUE(holdsNoSound());
 }
 
-TEST_F(CanberraOutputTest, DoesNotWaitForAServerThatHangs) {
+TEST_F(CanberraOutputTest, DoesNotBlockOnAHangingServer) {
     SoundServer server(m_folder.path());
     server.stop();
     CanberraOutput output({m_folder.path()});
     const auto player = output.play(sizzleWav(), 0.6);
     EXPECT_TRUE(player->isPlaying());
-    server.die(); // lets go of the thread
+    server.die(); // unblocks the thread
     EXPECT_TRUE(ends(*player));
 }
 
-TEST(CanberraOutput, IsSilentWithoutAServerOrAPlaceForTheSound) {
+TEST(CanberraOutput, FailsSilentlyWithoutServerOrTemporaryFolder) {
     const test::TemporaryDirectory folder;
     setenv("PULSE_SERVER", ("unix:" + (folder / "nobody").string()).c_str(), 1);
     for (const Path& place : {folder.path(), folder / "missing"}) {

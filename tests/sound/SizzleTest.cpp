@@ -13,7 +13,7 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-/// FNV-1a of 64 bits.
+/// 64-bit FNV-1a.
 std::uint64_t fingerprint(const Bytes& bytes) {
     std::uint64_t hash = 0xcbf29ce484222325;
     for (const std::uint8_t byte : bytes)
@@ -29,7 +29,7 @@ std::string hexadecimal(const Bytes& bytes, std::size_t from, std::size_t count)
     return text;
 }
 
-/// An output that plays until it is told that the sound is over.
+/// An output that plays until the test ends the sound.
 struct FakeOutput : AudioOutput {
     struct Player : AudioPlayer {
         explicit Player(const FakeOutput& output)
@@ -52,7 +52,7 @@ struct FakeOutput : AudioOutput {
     std::vector<WavPointer> wavs;
 };
 
-TEST(SizzleRenderer, RendersTheSameImageToTheByteWhereverItIsBuilt) {
+TEST(SizzleRenderer, RendersIdenticalBytesOnEveryPlatform) {
     const Bytes wav = SizzleRenderer::render();
     ASSERT_EQ(wav.size(), 97064U);
     EXPECT_EQ(hexadecimal(wav, 0, 44), "52494646207b010057415645" // RIFF, 97056, WAVE
@@ -60,11 +60,11 @@ TEST(SizzleRenderer, RendersTheSameImageToTheByteWhereverItIsBuilt) {
                                        "0200100064617461"
                                        "fc7a0100"); // data, 97020
     EXPECT_EQ(hexadecimal(wav, 44, 2), "0000");
-    // Of an image computed by another program, in another language.
+    // The fingerprint of an image computed by an independent program in another language.
     EXPECT_EQ(fingerprint(wav), 0xd3dd0c56476cd95aU);
 }
 
-TEST(SizzleRenderer, CutsSamplesTowardsZeroALittleBelowFullScale) {
+TEST(SizzleRenderer, TruncatesSamplesTowardsZero) {
     const std::vector<float> samples{1.0F, -1.0F, 0.00005F, -0.00005F, 0.5F};
     const Bytes wav = SizzleRenderer::wavData(samples, 8000);
     EXPECT_EQ(hexadecimal(wav, 44, 10), "007d"   // 32000
@@ -75,7 +75,7 @@ TEST(SizzleRenderer, CutsSamplesTowardsZeroALittleBelowFullScale) {
     EXPECT_EQ(hexadecimal(wav, 24, 8), "401f0000803e0000");
 }
 
-TEST(Sizzle, SoundsOnceAtATimeAndAgainAfterItsEnd) {
+TEST(Sizzle, DoesNotOverlapAndPlaysAgainAfterItsEnd) {
     FakeOutput output;
     Sizzle sizzle(output);
     sizzle.play();
@@ -85,11 +85,11 @@ TEST(Sizzle, SoundsOnceAtATimeAndAgainAfterItsEnd) {
     sizzle.play();
     sizzle.play();
     EXPECT_EQ(output.wavs.size(), 2U);
-    EXPECT_EQ(output.wavs.at(0), output.wavs.at(1)) << "it was rendered twice";
+    EXPECT_EQ(output.wavs.at(0), output.wavs.at(1)) << "the sound was rendered twice";
     EXPECT_EQ(*output.wavs.at(0), SizzleRenderer::render());
 }
 
-TEST(Sizzle, TriesAgainAfterNoPlayerCouldBeMade) {
+TEST(Sizzle, RetriesAfterAFailure) {
     FakeOutput output;
     Sizzle sizzle(output);
     output.broken = true;

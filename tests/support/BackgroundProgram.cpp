@@ -68,7 +68,7 @@ BackgroundProgram::BackgroundProgram(const std::vector<std::string>& words,
     if (m_process < 0)
         throw std::runtime_error("cannot fork");
     if (m_process == 0) {
-        prctl(PR_SET_PDEATHSIG, SIGKILL); // a test that crashes leaves nothing behind
+        prctl(PR_SET_PDEATHSIG, SIGKILL); // a crashed test leaves no processes behind
         if (getppid() != parent)
             _exit(126);
         if (output)
@@ -83,10 +83,10 @@ BackgroundProgram::BackgroundProgram(const std::vector<std::string>& words,
 }
 
 BackgroundProgram::~BackgroundProgram() {
-    constexpr int kPatience = 2000; // milliseconds
+    constexpr int kTimeout = 2000; // milliseconds
     signal(SIGTERM);
-    signal(SIGCONT); // where it was stopped
-    endsWithin(kPatience);
+    signal(SIGCONT); // in case it was stopped
+    endsWithin(kTimeout);
     kill();
 }
 
@@ -98,9 +98,9 @@ bool BackgroundProgram::endsWithin(int milliseconds) const {
 }
 
 std::optional<int> BackgroundProgram::end() {
-    constexpr int kPatience = 30000; // milliseconds
+    constexpr int kTimeout = 30000; // milliseconds
     int status = 0;
-    if (!endsWithin(kPatience) || waitpid(std::exchange(m_process, -1), &status, 0) < 0)
+    if (!endsWithin(kTimeout) || waitpid(std::exchange(m_process, -1), &status, 0) < 0)
         return std::nullopt;
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
@@ -118,7 +118,7 @@ void BackgroundProgram::kill() {
 }
 
 bool eventually(const std::function<bool()>& condition) {
-    constexpr int kPause = 5; // milliseconds between one look and the next
+    constexpr int kPause = 5; // milliseconds between two checks
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
     while (!condition()) {
         if (std::chrono::steady_clock::now() > end)

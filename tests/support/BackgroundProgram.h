@@ -12,24 +12,24 @@
 
 namespace vexmoor::test {
 
-/// A program that runs beside the test and is ended with it, however the test ends.
+/// A program that runs in the background and is ended with the test in all cases.
 class BackgroundProgram {
   public:
     using Environment = std::map<std::string, std::string>;
 
     struct Setting {
-        Environment environment = {};    ///< on top of the test's own
-        bool hasOnlyEnvironment = false; ///< nothing of the test's own
-        Path output = {};  ///< where its standard output goes; the test's own where none is given
-        Path errors = {};  ///< the same for what it complains of
-        int keepOpen = -1; ///< a descriptor that the program shall have too; -1 for none
+        Environment environment = {};    ///< added to the test's own
+        bool hasOnlyEnvironment = false; ///< without the test's own
+        Path output = {};                ///< standard output; default: the test's own
+        Path errors = {};                ///< standard error; default: the test's own
+        int keepOpen = -1;               ///< a descriptor that the program inherits, or -1
     };
 
     explicit BackgroundProgram(const std::vector<std::string>& words)
         : BackgroundProgram(words, Setting{}) {}
-    /// Throws where it cannot be started.
+    /// Throws if it cannot be started.
     BackgroundProgram(const std::vector<std::string>& words, const Setting& setting);
-    /// Asks it to end, so that it can take away what it left elsewhere; kills it where it does not.
+    /// Terminates it, so that it can clean up, and kills it after a timeout.
     ~BackgroundProgram();
     BackgroundProgram(const BackgroundProgram&) = delete;
     BackgroundProgram& operator=(const BackgroundProgram&) = delete;
@@ -38,8 +38,8 @@ class BackgroundProgram {
     /// Kills it and waits for its end.
     void kill();
 
-    /// Waits until it ended, half a minute at the most: its exit status, -1 where a signal ended
-    /// it, nothing where it runs on.
+    /// Waits for its end, at most 30 seconds. Returns the exit status, -1 if a signal ended it, or
+    /// nullopt if it still runs.
     std::optional<int> end();
 
   private:
@@ -48,10 +48,10 @@ class BackgroundProgram {
     pid_t m_process = -1;
 };
 
-/// Asks until the condition holds; false when it does not in half a minute.
+/// Polls the condition for at most 30 seconds. Returns false on timeout.
 bool eventually(const std::function<bool()>& condition);
 
-/// Whether somebody takes connections at that Unix socket.
+/// True if a program accepts connections on that Unix socket.
 bool listensAt(const Path& socket);
 
 } // namespace vexmoor::test

@@ -11,8 +11,8 @@ namespace {
 
 constexpr int kStoppedAtCall = SIGTRAP | 0x80;
 
-/// Runs on to where a call begins or ends; false where the process ended. Signals on the way are
-/// handed on.
+/// Continues the process until a system call begins or ends, and forwards signals. Returns false if
+/// the process ended.
 bool runToCall(pid_t process) {
     for (long signal = 0;;) {
         int status = 0;

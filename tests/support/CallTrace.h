@@ -4,12 +4,12 @@
 
 namespace vexmoor::test {
 
-/// In a child, before it becomes another program: it stops then and waits for its parent.
+/// Call in a child before exec: stops it and waits for its parent.
 void letParentTrace();
 
-/// Lets such a child run, sends it the signal when its main thread comes back from its `count`-th
-/// system call of that number, before it does anything else, and leaves it to itself. False where
-/// it made fewer such calls, or tracing is not allowed here.
+/// Continues such a child, sends it the signal when its main thread returns from its `count`-th
+/// system call with that number, before it does anything else, and detaches. Returns false if it
+/// made fewer such calls or tracing is not allowed.
 bool signalAfterCall(pid_t process, long call, int count, int signal);
 
 } // namespace vexmoor::test

@@ -31,7 +31,7 @@ Number checked(Number result, const char* what) {
     return result;
 }
 
-/// A file in memory: unlike a pipe it never fills up, and nobody has to empty it.
+/// A memory file: unlike a pipe, it never blocks the writer.
 FileDescriptor memoryFile(std::string_view bytes) {
     FileDescriptor file(checked(memfd_create("stream", MFD_CLOEXEC), "memfd_create"));
     while (!bytes.empty())
@@ -133,7 +133,7 @@ Command::Result Command::runOnTerminal(const std::string& typed) const {
     checked(write(keyboard.get(), typed.data(), typed.size()), "write");
     const pid_t process = fork(Kind::onTerminal, terminal.get(), terminal.get(), terminal.get());
     terminal.reset();
-    std::string output = readFrom(keyboard); // ends with the last who holds the terminal
+    std::string output = readFrom(keyboard); // ends when the last process closes the terminal
     auto result = resultOf(process);
     result.output = std::move(output);
     return result;

@@ -13,41 +13,42 @@
 
 namespace vexmoor::test {
 
-/// Runs a program as a user would, without a shell: its arguments, folder, environment and input
-/// are given, what it prints is caught. The environment is the test's own with changes.
+/// Runs a program without a shell, with the given arguments, folder, environment and input, and
+/// captures its output. The environment is the test's own with changes.
 class Command {
   public:
     struct Result {
-        int status = -1; ///< exit status; -1 where a signal ended it
+        int status = -1; ///< exit status; -1 if a signal ended it
         int signal = 0;
         std::string output;
-        std::string errors; ///< on a terminal all is output
+        std::string errors; ///< empty on a terminal, where everything is output
     };
     class Running;
 
     explicit Command(std::vector<std::string> words) : m_words(std::move(words)) {}
 
-    /// Whether such a program is on the search path.
+    /// True if the program is on the search path.
     static bool exists(const std::string& program);
 
     Command& in(const Path& folder);
-    /// Removes the folder when it stands in it, before the program starts.
+    /// Removes the program's current folder before it starts.
     Command& removingItsFolder();
     Command& with(const std::string& variable, const std::string& value);
-    /// Leaves the test's own environment out, all but what sanitizers read.
+    /// Omits the test's own environment, except for sanitizer options.
     Command& withNothingElse();
     Command& input(std::string bytes);
     Command& asUser(uid_t user);
 
-    /// Waits for its end. Throws where it cannot be started.
+    /// Waits for its end. Throws if it cannot be started.
     [[nodiscard]] Result run() const;
     [[nodiscard]] Running start() const;
 
-    /// Sends it the signal when its main thread comes back from its `count`-th system call of that
-    /// number, before it does anything else. Nothing where it made fewer or cannot be traced.
+    /// Sends the signal when the main thread returns from its `count`-th system call with that
+    /// number, before it does anything else. Returns nullopt if it made fewer calls or cannot be
+    /// traced.
     [[nodiscard]] std::optional<Result> runUntilCall(long call, int count, int signal) const;
 
-    /// Runs it on a terminal of its own, on which the text has been typed already.
+    /// Runs the program on its own terminal, on which the text has already been typed.
     [[nodiscard]] Result runOnTerminal(const std::string& typed) const;
 
   private:
@@ -66,7 +67,7 @@ class Command {
     std::optional<uid_t> m_user;
 };
 
-/// A program that runs. It is killed where nobody waited for its end.
+/// A running program. The destructor kills it unless its end was awaited.
 class Command::Running {
   public:
     Running(pid_t process, FileDescriptor output, FileDescriptor errors)
@@ -78,7 +79,7 @@ class Command::Running {
     [[nodiscard]] pid_t process() const { return m_process; }
     void signal(int number) const;
     [[nodiscard]] bool endsWithin(std::chrono::microseconds time) const;
-    /// What it has written to its standard error so far.
+    /// Returns its standard error output so far.
     [[nodiscard]] std::string errors() const;
     Result wait();
 

@@ -12,8 +12,8 @@
 
 namespace vexmoor::test {
 
-/// A volume mounted on a folder whose program never answers, so that each look at it hangs; after
-/// end() each fails with ENOTCONN. Seen by the calling thread and those it starts only.
+/// A mounted volume whose server never answers, so that each access hangs; after end() each access
+/// fails with ENOTCONN. Visible only to the calling thread and the threads it starts.
 class DeadVolume {
   public:
     explicit DeadVolume(Path folder)
@@ -22,7 +22,7 @@ class DeadVolume {
     DeadVolume(const DeadVolume&) = delete;
     DeadVolume& operator=(const DeadVolume&) = delete;
 
-    /// Whether there is one now; only root mounts.
+    /// Mounts the volume. Returns false without root privileges.
     [[nodiscard]] bool mount() const {
         const auto options = "fd=" + std::to_string(m_device.get()) +
                              ",rootmode=40000,user_id=0,group_id=0,allow_other";

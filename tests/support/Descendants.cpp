@@ -13,11 +13,11 @@
 namespace vexmoor::test {
 namespace {
 
-/// The parent of a process, as the kernel tells it; -1 where the process went meanwhile.
+/// Returns the parent of a process, or -1 if the process has ended.
 pid_t parentOf(const std::filesystem::path& process) {
     std::string text;
     std::getline(std::ifstream(process / "stat"), text, '\0');
-    const auto name = text.rfind(')'); // the name may hold anything; "S 123" follows
+    const auto name = text.rfind(')'); // the name can contain any character; "S 123" follows
     return name == std::string::npos ? -1 : std::stoi(text.substr(name + 4));
 }
 
@@ -37,7 +37,7 @@ Descendants::Descendants() {
 }
 
 Descendants::~Descendants() {
-    do // those whose parent ends become children
+    do // processes whose parent ends become children
         killChildren();
     while (waitpid(-1, nullptr, 0) > 0);
     prctl(PR_SET_CHILD_SUBREAPER, 0);

@@ -2,8 +2,8 @@
 
 namespace vexmoor::test {
 
-/// While it lives, this process is the parent of all that the programs it started leave behind. It
-/// kills every child of this process at its end: nothing writes any more then.
+/// Makes this process the parent of orphaned descendants during its lifetime. The destructor kills
+/// all children, so that nothing writes afterwards.
 class Descendants {
   public:
     Descendants();

@@ -2,11 +2,11 @@
 
 #include <QPalette>
 
-// Header only, since other tests have no Qt.
+// Header only, since not all tests link Qt.
 
 namespace vexmoor::test {
 
-/// The system's colours as a light or a dark desktop sets them.
+/// Returns the system palette of a light or dark desktop.
 inline QPalette desktopPalette(bool dark) {
     const QColor ground = dark ? QColor(0x1e, 0x1d, 0x22) : QColor(0xfb, 0xfb, 0xfc);
     const QColor text = dark ? QColor(0xf2, 0xf2, 0xf4) : QColor(0x1d, 0x1d, 0x1f);

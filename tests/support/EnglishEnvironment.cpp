@@ -1,6 +1,6 @@
 #include <cstdlib>
 
-// Tests read in English what programs print, whatever the developer speaks.
+// Makes programs print English in any developer's locale.
 
 namespace vexmoor::test {
 namespace {

@@ -6,10 +6,10 @@
 
 namespace vexmoor::test {
 
-/// The moment "2024-03-31 12:00:00" in UTC; throws when the text has another form.
+/// Parses a UTC time in the form "2024-03-31 12:00:00"; throws for any other text.
 Date utc(const std::string& text);
 
-/// A clock that stands until it is set.
+/// A clock that changes only when it is set.
 struct FakeClock {
     Date now;
 

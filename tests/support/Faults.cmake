@@ -1,4 +1,4 @@
-# The calls that Faults can make fail: VEXMOOR_FAULT_OPTIONS leads them through its wrappers.
+# The system calls that Faults can make fail. VEXMOOR_FAULT_OPTIONS redirects them to its wrappers.
 set(VEXMOOR_FAULT_OPTIONS)
 foreach(call IN ITEMS openat openat64 open open64 write pwrite pwrite64 close renameat2 renameat rename linkat
                       unlinkat unlink mkdirat mkdir statx fdatasync)

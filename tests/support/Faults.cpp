@@ -20,13 +20,13 @@ std::atomic<const char*> failedCall = nullptr;
 std::atomic<bool> lacksNoReplace = false;
 std::function<void()> otherProgram;
 
-/// Whether this call is the one that fails; errno is set then.
+/// Returns true and sets errno if this call is the one that fails.
 bool fails(const char* call) {
     if (!isActive || callsLeft-- != 0)
         return false;
     failedCall = call;
     if (const auto act = std::exchange(otherProgram, nullptr)) {
-        isActive = false; // its own calls do not count
+        isActive = false; // the other program's calls do not count
         act();
         isActive = true;
         return false;
@@ -76,8 +76,8 @@ std::optional<std::string> Faults::failed() {
 using vexmoor::test::fails;
 using vexmoor::test::isUnsupported;
 
-// The linker leads each call to __wrap_<call>, which passes it on to __real_<call>.
-#pragma GCC diagnostic ignored "-Wpedantic" // reserved names are the linker's way
+// The linker redirects each call to __wrap_<call>, which forwards it to __real_<call>.
+#pragma GCC diagnostic ignored "-Wpedantic" // the linker requires reserved names
 extern "C" {
 
 #define VEXMOOR_WRAP(result, name, parameters, arguments)                                          \
@@ -114,7 +114,7 @@ int __wrap_fdatasync(int f) {
 int __real_close(int f);
 int __wrap_close(int f);
 int __wrap_close(int f) {
-    const int result = __real_close(f); // a close that fails has closed all the same
+    const int result = __real_close(f); // a failing close still closes the descriptor
     return fails("close") ? -1 : result;
 }
 

@@ -6,28 +6,27 @@
 
 namespace vexmoor::test {
 
-/// Makes one of the system calls that change or look at files fail. Programs that link it must be
-/// linked with wrappedCalls (tests/support/Faults.cmake). One at a time; the calls of all threads
-/// count.
+/// Makes one of the system calls that access files fail. Programs must be linked with wrappedCalls
+/// (tests/support/Faults.cmake). One instance at a time; calls of all threads count.
 class Faults {
   public:
-    /// Whether the file systems can rename without replacing; where not, that is always EINVAL.
+    /// Whether file systems support renaming without replacing; otherwise it fails with EINVAL.
     enum class NoReplace { supported, missing };
 
-    /// The call of that number, from 0, fails with the error; all others go through.
+    /// Makes the call with that number (from 0) fail with the error.
     Faults(int failingCall, int error, NoReplace noReplace = NoReplace::supported);
 
-    /// Before the call of that number another program acts; then all calls go through.
+    /// Runs another program before the call with that number; no call fails.
     Faults(int call, std::function<void()> otherProgram,
            NoReplace noReplace = NoReplace::supported);
     ~Faults();
     Faults(const Faults&) = delete;
     Faults& operator=(const Faults&) = delete;
 
-    /// The name of the call that failed or was preceded; nullopt where there were fewer calls.
+    /// Returns the name of that call, or nullopt if there were fewer calls.
     [[nodiscard]] static std::optional<std::string> failed();
 
-    /// How often our own code has called fdatasync so far.
+    /// Returns how often our own code has called fdatasync.
     [[nodiscard]] static int syncs();
 };
 

@@ -38,7 +38,7 @@ Result<void> InMemoryDefaults::transaction(const std::function<void()>& body, Du
     body();
     m_inTransaction = false;
     if (m_error)
-        return *m_error; // what is pending goes with what comes next
+        return *m_error; // pending changes are stored with the next transaction
     for (const auto& [key, value] : std::exchange(m_pending, {}))
         apply(m_stored, key, value);
     ++m_commits;

@@ -7,8 +7,8 @@
 
 namespace vexmoor::test {
 
-/// UserDefaults without a disk that shows what was committed, and how often, and can be told to
-/// fail.
+/// UserDefaults in memory that exposes committed values and the number of commits, and can simulate
+/// failures.
 class InMemoryDefaults : public UserDefaults {
   public:
     using Values = std::map<std::string, Value, std::less<>>;
@@ -22,13 +22,13 @@ class InMemoryDefaults : public UserDefaults {
                              Durability durability = Durability::onDisk) override;
     Result<void> makeDurable() override { return {}; }
 
-    /// From now on nothing can be stored, for this reason; without one it can again.
+    /// Makes storing fail with this error; nullopt makes it work again.
     void failWith(std::optional<Error> error) { m_error = std::move(error); }
 
     [[nodiscard]] const Values& stored() const { return m_stored; }
     [[nodiscard]] int commits() const { return m_commits; }
 
-    /// What went to the failure handler.
+    /// Returns the errors passed to the failure handler.
     [[nodiscard]] const std::vector<Error>& failures() const { return m_failures; }
 
   private:

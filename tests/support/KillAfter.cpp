@@ -1,7 +1,7 @@
-// Loaded into a program before all else (LD_PRELOAD), kills it as it comes back from one of its
-// calls of the system: KILL_AFTER="renameat2 17" means the 17th renameat2. Costs next to nothing,
-// so that long batches can be killed anywhere. With KILL_CUTS=<folder> the power of the folder's
-// file system is cut then: it forgets all that has not reached its disk.
+// A preloaded library (LD_PRELOAD) that kills the program when it returns from one of its system
+// calls: KILL_AFTER="renameat2 17" means the 17th renameat2. Cheap enough to kill long batches at
+// any call. With KILL_CUTS=<folder> it also simulates a power cut of the folder's file system,
+// which loses all data that is not on its disk.
 
 #include <dirent.h>
 #include <dlfcn.h>
@@ -29,7 +29,7 @@ struct Moment {
     }
 };
 
-/// EXT4_IOC_SHUTDOWN and XFS_IOC_GOINGDOWN, without flushing the log.
+/// Shuts the file system down without flushing its log (EXT4_IOC_SHUTDOWN, XFS_IOC_GOINGDOWN).
 void cutPower(const char* folder) {
     constexpr unsigned long kShutdown = _IOR('X', 125, std::uint32_t);
     std::uint32_t flags = 2;
@@ -38,7 +38,7 @@ void cutPower(const char* folder) {
         std::abort();
 }
 
-/// What the call answered, unless this was the one.
+/// Returns the call's result, unless the program is to be killed here.
 template <typename Result>
 Result survive(const char* call, Result result) {
     static Moment moment;

@@ -10,13 +10,12 @@
 
 #include <memory>
 
-// For the tests of what needs Qt's main loop; header only, since other tests have no Qt.
+// Helpers for tests that need Qt's main loop. Header only, since not all tests link Qt.
 
 namespace vexmoor::test {
 
-/// An application without a screen, as long as the tests run: one line in a test program is
-/// `const auto* const kApplication = testing::AddGlobalTestEnvironment(new
-/// ApplicationEnvironment<QCoreApplication>);`
+/// Owns an application without a screen during the tests. A test program defines `const auto* const
+/// kApplication = testing::AddGlobalTestEnvironment(new ApplicationEnvironment<QCoreApplication>);`
 template <typename Application>
 class ApplicationEnvironment : public testing::Environment {
     void SetUp() override {
@@ -31,7 +30,7 @@ class ApplicationEnvironment : public testing::Environment {
     std::unique_ptr<Application> m_application;
 };
 
-/// Runs the main loop until the condition holds; false where it does not in half a minute.
+/// Runs the main loop until the condition holds. Returns false after 30 seconds.
 inline bool eventuallyInLoop(const std::function<bool()>& condition) {
     return eventually([&condition] {
         QCoreApplication::processEvents();
@@ -39,9 +38,9 @@ inline bool eventuallyInLoop(const std::function<bool()>& condition) {
     });
 }
 
-/// Lets everything arrive that these connections, in their order, have sent to one another.
-inline void settle(std::initializer_list<const char*> connections) {
-    for (const char* name : connections) // the bus answers when it has handed on what came before
+/// Waits until these connections have received everything they sent to one another, in this order.
+inline void deliverMessages(std::initializer_list<const char*> connections) {
+    for (const char* name : connections) // the bus replies after it has delivered earlier messages
         EXPECT_TRUE(
             QDBusConnection(name).interface()->serviceOwner("org.freedesktop.DBus").isValid());
     QCoreApplication::processEvents();

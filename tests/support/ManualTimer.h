@@ -2,11 +2,11 @@
 
 #include "dock/FrameTimer.h"
 
-// Header only, since other tests have no Qt.
+// Header only, since not all tests link Qt.
 
 namespace vexmoor::test {
 
-/// A timer that fires when the test does.
+/// A timer that the test fires.
 struct ManualTimer : FrameTimer {
     std::function<void()> fire;
     double seconds = 0;

@@ -5,15 +5,15 @@
 
 namespace vexmoor::test {
 
-/// A session bus of the test's own. It starts services that the test has described in the folder
-/// "services", or those installed; they have their home in its folder.
+/// A private session bus. It activates services described in the folder "services", or installed
+/// ones; its folder is their home.
 class PrivateBus {
   public:
     enum class Services { own, installed };
 
     explicit PrivateBus(Services services = Services::own);
 
-    /// Starts the services that are described in that folder, in that environment and nothing else.
+    /// Activates the services described in that folder, with only the given environment.
     PrivateBus(const Path& services, const BackgroundProgram::Environment& environment);
 
     void die() { m_daemon.kill(); }

@@ -10,7 +10,7 @@
 
 namespace vexmoor::test {
 
-/// Another program's connection to the database.
+/// A separate connection to the database, as another program has.
 class RawDatabase {
   public:
     explicit RawDatabase(const Path& file) { EXPECT_EQ(sqlite3_open(file.c_str(), &m_raw), 0); }
@@ -18,7 +18,7 @@ class RawDatabase {
     RawDatabase(const RawDatabase&) = delete;
     RawDatabase& operator=(const RawDatabase&) = delete;
 
-    /// The rows of the answer, their columns joined by "|".
+    /// Returns the result rows, with columns joined by "|".
     std::vector<std::string> run(const char* sql) {
         std::vector<std::string> rows;
         const auto addRow = [](void* list, int count, char** texts, char**) {

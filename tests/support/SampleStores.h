@@ -6,19 +6,19 @@
 
 namespace vexmoor::test {
 
-/// One of the sample's newest items.
+/// A recent item of the sample data.
 struct SampleItem {
     enum class Fate { inBin, putBack, dissolved, lost };
 
     const char* moment;
     const char* name;
-    const char* folder; ///< it was in, within the home folder
+    const char* folder; ///< original folder, relative to the home folder
     std::int64_t bytes;
     Fate fate = Fate::inBin;
 };
 
-/// What someone has who has used the program for a few weeks: for pictures of windows. 1,284 items,
-/// 38.6 GB, a streak of 12 days, 46 items today; nine achievements and six skins are unlocked.
+/// Sample data of a user after a few weeks, for window pictures: 1,284 items, 38.6 GB, a streak of
+/// 12 days, 46 items today; nine achievements and six skins are unlocked.
 struct SampleStores : WindowStores {
     SampleStores() : WindowStores({{"progression", UserDefaults::Data{encode(sampleProgress())}}}) {
         static constexpr const char* kDays[] = {"2026-11-16", "2026-11-18", "2026-11-19",

@@ -5,10 +5,10 @@
 
 namespace vexmoor::test {
 
-/// Puts the process into a time zone (a name of the zone database) and back at the end.
+/// Sets the process's time zone (a tz database name) during its lifetime.
 class ScopedTimeZone {
   public:
-    /// Throws where the zone is not known, since the C library would silently take UTC.
+    /// Throws if the zone is unknown, because the C library would silently use UTC.
     explicit ScopedTimeZone(const std::string& zone);
     ~ScopedTimeZone();
     ScopedTimeZone(const ScopedTimeZone&) = delete;

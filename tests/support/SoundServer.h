@@ -10,30 +10,30 @@
 
 namespace vexmoor::test {
 
-/// Sound as 16-bit samples of one channel, 44100 a second.
+/// 16-bit mono samples at 44100 Hz.
 using Samples = std::vector<std::int16_t>;
 inline constexpr std::size_t kSampleRate = 44100;
 
-/// A sound server of the test's own, whose only output can be recorded.
+/// A private sound server whose only output can be recorded.
 class SoundServer {
   public:
-    /// What must be installed for it and is not; nothing where all is there.
+    /// Returns the name of a missing package, or nullopt.
     static std::optional<std::string> missing();
 
-    /// Sockets and recordings lie in the folder. Throws where the server does not come up.
+    /// Sockets and recordings are in the folder. Throws if the server does not start.
     explicit SoundServer(const Path& folder);
 
-    /// What PULSE_SERVER must be for a program to be heard here.
+    /// Returns the value of PULSE_SERVER for programs that use this server.
     [[nodiscard]] std::string address() const { return "unix:" + m_socket.string(); }
 
-    /// Starts a recording; it is empty until the server sends the first samples, a second or two
-    /// later.
+    /// Starts a recording. It stays empty until the server sends the first samples after a second
+    /// or two.
     void record();
-    /// Waits until so many more seconds of sound, or silence, were recorded.
+    /// Waits until the recording is this much longer.
     [[nodiscard]] bool recordsAnother(double seconds) const;
     [[nodiscard]] Samples recorded() const;
 
-    /// How many sounds are playing on it now.
+    /// Returns the number of sounds being played.
     [[nodiscard]] int soundCount() const;
 
     void stop() { m_server.signal(SIGSTOP); }
@@ -47,15 +47,15 @@ class SoundServer {
     std::optional<BackgroundProgram> m_recorder;
 };
 
-/// The samples of a WAV image with the usual header of 44 bytes, at a volume.
+/// Returns the samples of a WAV image with a 44-byte header, scaled by the volume.
 Samples samplesOf(const std::vector<std::uint8_t>& wav, double volume);
 
-/// Whether the recording has these samples of the sound, which began at `offset` in it; a server's
-/// arithmetic may be off by two steps.
+/// True if the recording contains these samples of the sound, which starts at `offset`, within a
+/// rounding error of two steps.
 bool sameFrom(std::size_t first, std::size_t last, const Samples& recording, std::size_t offset,
               const Samples& sound);
 
-/// Where in the recording the sound begins that a short piece of it is found of.
+/// Returns where the sound starts in the recording, found by a short part of it.
 std::optional<std::size_t> beginning(const Samples& recording, const Samples& sound);
 
 } // namespace vexmoor::test

@@ -7,7 +7,7 @@
 namespace vexmoor::test {
 
 TemporaryDirectory::TemporaryDirectory() {
-    // Canonical, so that what the kernel answers about it can be compared with it.
+    // Canonical, so that it equals the paths that the kernel returns.
     std::string pattern =
         std::filesystem::canonical(std::filesystem::temp_directory_path()) / "vexmoor-XXXXXX";
     if (::mkdtemp(pattern.data()) == nullptr)

@@ -7,7 +7,7 @@
 
 namespace vexmoor::test {
 
-/// An empty folder of its own, removed with all that is in it at the end.
+/// A temporary folder, removed with its contents on destruction.
 class TemporaryDirectory {
   public:
     TemporaryDirectory();
@@ -20,14 +20,14 @@ class TemporaryDirectory {
         return directory.path() / name;
     }
 
-    /// Writes a file, its folders made where they are missing; throws when it cannot.
+    /// Writes a file and creates missing folders; throws on failure.
     Path write(const Path& name, std::string_view bytes) const;
 
   private:
     Path m_path;
 };
 
-/// The whole file; throws when it cannot be read.
+/// Returns the file's content; throws on failure.
 std::string contents(const Path& file);
 
 } // namespace vexmoor::test

@@ -7,18 +7,18 @@
 #include "disposal/Settings.h"
 #include "progression/Progression.h"
 
-// Header only, since other tests link no progression.
+// Header only, since not all tests link progression.
 
 namespace vexmoor::test {
 
-/// What a window shows, in memory, at a moment that the test sets.
+/// The stores of a window in memory, at a time set by the test.
 struct WindowStores {
     struct NoNotifications : NotificationPort {
         void requestAuthorization(std::function<void(bool)>) override {}
         void post(const Notification&) override {}
     };
 
-    /// With what is stored already.
+    /// Starts with stored values.
     explicit WindowStores(InMemoryDefaults::Values values = {}) : defaults(std::move(values)) {}
 
     FakeClock clock{utc("2026-11-22 12:00:00")};

@@ -14,7 +14,7 @@
 namespace vexmoor::test {
 namespace {
 
-/// The number that the server chose; it writes it when it can be reached.
+/// Returns the display number, which the server writes once it accepts connections.
 std::string displayFrom(int pipe) {
     std::string number;
     for (char byte = 0; read(pipe, &byte, 1) == 1 && byte != '\n';)
@@ -24,8 +24,8 @@ std::string displayFrom(int pipe) {
     return ":" + number;
 }
 
-/// Starts the window manager and waits until it manages windows: one that is mapped while it starts
-/// may be overlooked.
+/// Starts the window manager and waits until it manages windows: it may miss a window that is
+/// mapped during its start.
 std::unique_ptr<BackgroundProgram> startedManager(const std::string& fifo,
                                                   const BackgroundProgram::Setting& surroundings) {
     if (mkfifo(fifo.c_str(), S_IRUSR | S_IWUSR) != 0)
@@ -35,9 +35,9 @@ std::unique_ptr<BackgroundProgram> startedManager(const std::string& fifo,
         std::vector<std::string>{"openbox", "--sm-disable", "--startup",
                                  "sh -c 'echo started >" + fifo + "'"},
         surroundings);
-    constexpr int kPatienceMilliseconds = 20000;
+    constexpr int kTimeoutMilliseconds = 20000;
     pollfd wait{.fd = started.get(), .events = POLLIN, .revents = 0};
-    if (poll(&wait, 1, kPatienceMilliseconds) != 1)
+    if (poll(&wait, 1, kTimeoutMilliseconds) != 1)
         throw std::runtime_error("the window manager did not start");
     return manager;
 }

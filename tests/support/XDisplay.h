@@ -8,25 +8,24 @@
 
 namespace vexmoor::test {
 
-/// An X display of the test's own with a window manager.
+/// A private X display with a window manager.
 class XDisplay {
   public:
-    /// What must be installed for it and is not; nothing where all is there.
+    /// Returns the name of a missing package, or nullopt.
     static std::optional<std::string> missing();
 
-    /// `size` is width x height; `surroundings` says how its programs are started, the display
-    /// aside; the folder is theirs for sockets. Throws where display or window manager do not come
-    /// up.
+    /// `size` is width x height; `surroundings` is how to start its programs; the folder is for
+    /// sockets. Throws if the display or the window manager does not start.
     XDisplay(const std::string& size, const Path& folder, BackgroundProgram::Setting surroundings);
 
-    /// From a little later on windows can be translucent, until it is ended.
+    /// Starts a compositor. Windows can be translucent shortly afterwards.
     void startCompositor();
     void endCompositor() { m_compositor.reset(); }
 
-    /// Ends as a server does that crashed.
+    /// Kills the server, simulating a crash.
     void die() { m_server->kill(); }
 
-    /// What DISPLAY must be.
+    /// Returns the value of DISPLAY.
     [[nodiscard]] const std::string& name() const { return m_name; }
 
   private:

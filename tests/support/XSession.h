@@ -8,13 +8,13 @@
 
 namespace vexmoor::test {
 
-/// An X display of the test's own, and this process in an environment that leads to it. Nothing
-/// else of the user's session is in that environment.
+/// A private X display, with this process's environment set to use it and nothing else of the
+/// user's session.
 class XSession {
   public:
     static std::optional<std::string> missing() { return XDisplay::missing(); }
 
-    /// `size` is width x height. Throws where the display does not come up.
+    /// `size` is width x height. Throws if the display does not start.
     explicit XSession(const std::string& size = "1280x800");
 
     void startCompositor() { m_display->startCompositor(); }

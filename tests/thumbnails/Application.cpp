@@ -5,6 +5,6 @@
 namespace {
 
 [[maybe_unused]] const auto* const kApplication = testing::AddGlobalTestEnvironment(
-    new vexmoor::test::ApplicationEnvironment<QGuiApplication>); // icons need one with windows
+    new vexmoor::test::ApplicationEnvironment<QGuiApplication>); // icons need QGuiApplication
 
 } // namespace

@@ -27,17 +27,17 @@ struct BinnedPicturesTest : testing::Test {
         item.trashed = StoredPath(trashed);
         return item;
     }
-    /// Whether a preview is shown.
+    /// True if a preview is shown.
     bool isPreview(const Sacrifice& item) {
         std::optional<ItemPicture> picture;
         pictures.load(item, [&](const ItemPicture& loaded) { picture = loaded; });
-        EXPECT_FALSE(picture) << "nothing is waited for";
+        EXPECT_FALSE(picture) << "the call does not block";
         EXPECT_TRUE(eventuallyInLoop([&] { return picture.has_value(); }));
         return picture->isPreview && !picture->image.isNull();
     }
 };
 
-TEST_F(BinnedPicturesTest, FindsThePreviewFromBeforeTheItemWasMoved) {
+TEST_F(BinnedPicturesTest, FindsThePreviewMadeBeforeTheMove) {
     Preview{.item = original}.save(cacheHome);
     std::filesystem::create_directory(trashed.parent_path());
     std::filesystem::rename(original, trashed);
@@ -45,7 +45,7 @@ TEST_F(BinnedPicturesTest, FindsThePreviewFromBeforeTheItemWasMoved) {
 
     Sacrifice lost = binned();
     lost.lost = true;
-    EXPECT_FALSE(isPreview(lost)) << "something else may lie there now";
+    EXPECT_FALSE(isPreview(lost)) << "the path may belong to another item now";
     Sacrifice restored = binned();
     restored.restored = Date::now();
     EXPECT_FALSE(isPreview(restored));
@@ -54,7 +54,7 @@ TEST_F(BinnedPicturesTest, FindsThePreviewFromBeforeTheItemWasMoved) {
     EXPECT_FALSE(isPreview(binned()));
 }
 
-TEST_F(BinnedPicturesTest, FindsThePreviewThatWasMadeInTheBin) {
+TEST_F(BinnedPicturesTest, FindsThePreviewMadeInTheBin) {
     std::filesystem::create_directory(trashed.parent_path());
     std::filesystem::rename(original, trashed);
     EXPECT_FALSE(isPreview(binned()));
@@ -62,7 +62,7 @@ TEST_F(BinnedPicturesTest, FindsThePreviewThatWasMadeInTheBin) {
     EXPECT_TRUE(isPreview(binned()));
 }
 
-TEST_F(BinnedPicturesTest, CallsNothingAfterItIsGone) {
+TEST_F(BinnedPicturesTest, DoesNotCallCompletionsAfterDestruction) {
     auto own = std::make_unique<BinnedPictures>(ThumbnailCache(cacheHome));
     own->load(binned(), [](const ItemPicture&) { ADD_FAILURE(); });
     own.reset();

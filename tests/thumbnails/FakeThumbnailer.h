@@ -9,7 +9,7 @@
 
 namespace vexmoor::test {
 
-/// A thumbnailer on a bus that makes nothing by itself: the test says what it answers.
+/// A thumbnail service that makes no previews; the test sets its replies.
 class FakeThumbnailer : public QObject, public QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.thumbnails.Thumbnailer1")
@@ -26,7 +26,7 @@ class FakeThumbnailer : public QObject, public QDBusContext {
 
     bool answers = true;
     bool refuses = false;
-    QStringList asked; ///< the addresses, with type, flavour and scheduler
+    QStringList asked; ///< requested URIs with type, flavour and scheduler
 
   public slots:
     QStringList GetSupported(QStringList& mimeTypes) {

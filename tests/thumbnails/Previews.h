@@ -11,20 +11,20 @@
 
 namespace vexmoor::test {
 
-/// A preview as a thumbnailer writes it.
+/// A preview in the form a thumbnailer writes.
 struct Preview {
     Path item;
     QSize size = {96, 128};
     QColor colour = Qt::red;
-    std::optional<QString> uri = {};     ///< where it shall not be the item's
-    std::optional<QString> changed = {}; ///< likewise, in seconds
+    std::optional<QString> uri = {};     ///< overrides the item's URI
+    std::optional<QString> changed = {}; ///< overrides the item's time, in seconds
 
     [[nodiscard]] QByteArray png() const;
 
-    /// Where programs look for it under a cache folder; the flavour is "normal" or "large".
+    /// Returns the preview's path in a cache folder; the flavour is "normal" or "large".
     [[nodiscard]] Path place(const Path& cache, const std::string& flavour = "normal") const;
 
-    /// Writes it to its place.
+    /// Writes the preview to its path.
     void save(const Path& cache, const std::string& flavour = "normal") const;
 };
 

@@ -23,7 +23,7 @@ struct ThumbnailCacheTest : testing::Test {
     ThumbnailCache cache{cacheHome};
 };
 
-TEST_F(ThumbnailCacheTest, FindsThePreviewOfTheFileAsItIs) {
+TEST_F(ThumbnailCacheTest, FindsThePreviewOfTheCurrentFile) {
     EXPECT_FALSE(cache.find(item));
     Preview{.item = item, .size = {256, 100}, .colour = Qt::blue}.save(cacheHome, "large");
     const auto large = cache.find(item);
@@ -39,7 +39,7 @@ TEST_F(ThumbnailCacheTest, FindsThePreviewOfTheFileAsItIs) {
     EXPECT_FALSE(cache.find(item));
 }
 
-TEST_F(ThumbnailCacheTest, ComparesTheTimeAsFarAsItIsWritten) {
+TEST_F(ThumbnailCacheTest, ComparesTheTimeAtItsWrittenPrecision) {
     const timespec times[]{{5, 20'000'000}, {5, 20'000'000}};
     ASSERT_EQ(::utimensat(AT_FDCWD, item.c_str(), times, 0), 0);
     for (const auto& [changed, found] :
@@ -56,14 +56,14 @@ TEST_F(ThumbnailCacheTest, ComparesTheTimeAsFarAsItIsWritten) {
     }
 }
 
-TEST_F(ThumbnailCacheTest, NamesFilesAsTheDesktopsProgramsDo) {
+TEST_F(ThumbnailCacheTest, NamesPreviewsLikeDesktopPrograms) {
     EXPECT_EQ(ThumbnailCache::uriOf("/a b/c&d=e:f@g+h$i,j"), "file:///a%20b/c&d=e:f@g+h$i,j");
     EXPECT_EQ(ThumbnailCache::uriOf("/%;?#[]\"<>|^`{}\\"),
               "file:///%25%3B%3F%23%5B%5D%22%3C%3E%7C%5E%60%7B%7D%5C");
     EXPECT_EQ(ThumbnailCache::uriOf("/-_.!~*'()/\xc3\xa9\xff\n"), "file:///-_.!~*'()/%C3%A9%FF%0A");
 }
 
-TEST_F(ThumbnailCacheTest, TrustsNothingThatLiesThere) {
+TEST_F(ThumbnailCacheTest, RejectsInvalidPreviews) {
     const Preview good{.item = item};
     const auto write = [&](const QByteArray& bytes) {
         folder.write(std::filesystem::relative(good.place(cacheHome), folder.path()),

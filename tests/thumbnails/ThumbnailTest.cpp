@@ -3,8 +3,8 @@
 #include "FakeThumbnailer.h"
 #include "Previews.h"
 
+#include "support/ConnectedBus.h"
 #include "support/MainLoop.h"
-#include "support/PrivateBus.h"
 #include "support/TemporaryDirectory.h"
 #include "thumbnails/ImagePicture.h"
 
@@ -23,7 +23,8 @@ using test::eventuallyInLoop;
 using test::FakeThumbnailer;
 using test::Preview;
 
-/// A theme whose icons are squares: folders blue, any file green, text black and too large.
+/// Writes an icon theme of coloured squares: folders blue, any file green, text black and too
+/// large.
 void writeTheme(const test::TemporaryDirectory& folder) {
     folder.write("flat/index.theme",
                  "[Icon Theme]\nName=flat\nDirectories=256\n[256]\nSize=256\nType=Threshold\n");
@@ -40,7 +41,7 @@ void writeTheme(const test::TemporaryDirectory& folder) {
     QIcon::setThemeName("flat");
 }
 
-/// What a picture shows: its size, and the colour in its middle.
+/// Describes a picture by its size and its centre's colour.
 std::string described(const PicturePointer& picture) {
     const auto image = imageOf(picture);
     if (!image)
@@ -60,29 +61,18 @@ class ThumbnailTest : public testing::Test {
   protected:
     void SetUp() override {
         writeTheme(m_folder);
-        m_fake.emplace(connection("service"));
-        m_thumbnail.emplace(connection("client"), ThumbnailCache(m_cacheHome), m_deadlines,
+        m_fake.emplace(m_bus.connect("service"));
+        m_thumbnail.emplace(m_bus.connect("client"), ThumbnailCache(m_cacheHome), m_deadlines,
                             [this](std::chrono::milliseconds delay, QObject*, auto job) {
                                 EXPECT_EQ(delay.count(), 600);
                                 m_deadlineJobs.push_back(std::move(job));
                             });
         ASSERT_TRUE(eventuallyInLoop([this] { return !m_fake->asked.isEmpty(); }));
         EXPECT_EQ(m_fake->asked.takeFirst(), "supported");
-        settle();
+        deliverMessages();
     }
 
-    QDBusConnection connection(const char* name) {
-        return QDBusConnection::connectToBus(QString::fromStdString(m_bus.address()), name);
-    }
-
-    void TearDown() override {
-        m_thumbnail.reset();
-        m_fake.reset();
-        QDBusConnection::disconnectFromBus("client");
-        QDBusConnection::disconnectFromBus("service");
-    }
-
-    static void settle() { test::settle({"service", "client"}); }
+    static void deliverMessages() { test::deliverMessages({"service", "client"}); }
 
     void load(const Path& item) {
         m_thumbnail->load(item, [this](const PicturePointer& picture) {
@@ -113,7 +103,7 @@ class ThumbnailTest : public testing::Test {
     using Answers = std::vector<std::string>;
 
     test::TemporaryDirectory m_folder;
-    test::PrivateBus m_bus;
+    test::ConnectedBus m_bus;
     Path m_cacheHome = m_folder / "cache";
     Path m_photo = m_folder.write("photo of me.jpg", "not decoded");
     Thumbnail::Deadlines m_deadlines;
@@ -123,13 +113,13 @@ class ThumbnailTest : public testing::Test {
     Answers m_answers;
 };
 
-TEST_F(ThumbnailTest, AnswersAtOnceWithAPreviewThatIsThereAlready) {
+TEST_F(ThumbnailTest, ReturnsACachedPreviewImmediately) {
     Preview{.item = m_photo}.save(m_cacheHome);
     load(m_photo);
     EXPECT_EQ(m_answers, Answers{kPreview});
 }
 
-TEST_F(ThumbnailTest, AsksForAPreviewAndShowsIt) {
+TEST_F(ThumbnailTest, RequestsAndReturnsAPreview) {
     loadAndWaitForTheQuestion(m_photo);
     EXPECT_EQ(m_fake->asked,
               (QStringList{addressOf(m_photo).first() + " image/jpeg normal foreground"}));
@@ -140,10 +130,10 @@ TEST_F(ThumbnailTest, AsksForAPreviewAndShowsIt) {
     emit m_fake->Finished(7);
     passDeadlines();
     load(m_folder / "letter");
-    EXPECT_EQ(m_answers, (Answers{kPreview, kFileIcon})) << "once each";
+    EXPECT_EQ(m_answers, (Answers{kPreview, kFileIcon})) << "each completion is called once";
 }
 
-TEST_F(ThumbnailTest, ShowsTheIconWhereNoPreviewCanBeMade) {
+TEST_F(ThumbnailTest, ReturnsTheIconIfNoPreviewCanBeMade) {
     const std::vector<std::pair<const char*, std::function<void()>>> answers{
         {"an error", [&] { emit m_fake->Error(7, addressOf(m_photo), 4, "unsupported"); }},
         {"its end alone", [&] { emit m_fake->Finished(7); }},
@@ -156,7 +146,7 @@ TEST_F(ThumbnailTest, ShowsTheIconWhereNoPreviewCanBeMade) {
         m_answers.clear();
         m_fake->asked.clear();
         loadAndWaitForTheQuestion(m_photo);
-        settle();
+        deliverMessages();
         answer();
         ASSERT_TRUE(answered());
         EXPECT_EQ(m_answers, Answers{kFileIcon});
@@ -165,11 +155,11 @@ TEST_F(ThumbnailTest, ShowsTheIconWhereNoPreviewCanBeMade) {
     }
     m_answers.clear();
     load(m_photo);
-    ASSERT_TRUE(answered()) << "there is no service any more";
+    ASSERT_TRUE(answered()) << "the service exited";
     EXPECT_EQ(m_answers, Answers{kFileIcon});
 }
 
-TEST_F(ThumbnailTest, ShowsTheIconWhereTheServiceRefusesOrSaysNothing) {
+TEST_F(ThumbnailTest, ReturnsTheIconIfTheServiceFailsOrHangs) {
     m_fake->refuses = true;
     load(m_photo);
     ASSERT_TRUE(answered());
@@ -182,11 +172,11 @@ TEST_F(ThumbnailTest, ShowsTheIconWhereTheServiceRefusesOrSaysNothing) {
     EXPECT_EQ(m_answers, Answers{kFileIcon});
     Preview{.item = m_photo}.save(m_cacheHome);
     emit m_fake->Ready(7, addressOf(m_photo));
-    settle();
+    deliverMessages();
     EXPECT_EQ(m_answers, Answers{kFileIcon}) << "the late preview is dropped";
 }
 
-TEST_F(ThumbnailTest, TakesTheIconOfTheKindWithoutAskingTheService) {
+TEST_F(ThumbnailTest, ReturnsTheIconForUnsupportedTypesWithoutARequest) {
     const std::vector<std::pair<Path, std::string>> items{
         {m_folder.path(), kFolderIcon},
         {m_folder.write("page.html", ""), "128x128 #000000"},
@@ -203,14 +193,14 @@ TEST_F(ThumbnailTest, TakesTheIconOfTheKindWithoutAskingTheService) {
     EXPECT_EQ(m_fake->asked, QStringList());
 }
 
-TEST_F(ThumbnailTest, ShowsTheIconAtOnceWithoutABus) {
+TEST_F(ThumbnailTest, ReturnsTheIconImmediatelyWithoutABus) {
     Thumbnail alone(QDBusConnection("there is none"), ThumbnailCache(m_cacheHome), {});
     std::string shown;
     alone.load(m_photo, [&](const PicturePointer& picture) { shown = described(picture); });
     EXPECT_EQ(shown, kFileIcon);
 }
 
-TEST_F(ThumbnailTest, GivesTheWorkThreadWhatTheMainThreadFound) {
+TEST_F(ThumbnailTest, LoadNowReturnsTheMainThreadsResult) {
     Preview{.item = m_photo}.save(m_cacheHome);
     std::atomic<bool> ended = false;
     std::string found;
@@ -223,19 +213,19 @@ TEST_F(ThumbnailTest, GivesTheWorkThreadWhatTheMainThreadFound) {
     EXPECT_EQ(found, kPreview);
 }
 
-TEST_F(ThumbnailTest, GivesTheWorkThreadAnIconWhileTheMainThreadIsBusy) {
+TEST_F(ThumbnailTest, LoadNowReturnsTheIconWhileTheMainThreadIsBusy) {
     Preview{.item = m_photo}.save(m_cacheHome);
-    Thumbnail impatient(connection("client"), ThumbnailCache(m_cacheHome), {.loadNow = {}});
+    Thumbnail withoutTimeout(m_bus.connect("client"), ThumbnailCache(m_cacheHome), {.loadNow = {}});
     std::vector<std::string> found;
     std::thread([&] {
         for (const Path& item : {m_photo, m_folder.path()})
-            found.push_back(described(impatient.loadNow(item)));
+            found.push_back(described(withoutTimeout.loadNow(item)));
     }).join();
     EXPECT_EQ(found, (Answers{kFileIcon, kFolderIcon}));
-    QCoreApplication::processEvents(); // its late answer has nobody left to disturb
+    QCoreApplication::processEvents(); // the late reply must have no effect
 }
 
-TEST_F(ThumbnailTest, EndsTheProgramWhereTheMainThreadWouldWaitForItself) {
+TEST_F(ThumbnailTest, LoadNowAbortsOnTheMainThread) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_DEATH(m_thumbnail->loadNow(m_photo), "main thread");
 }

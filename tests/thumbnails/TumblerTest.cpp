@@ -1,5 +1,5 @@
+#include "support/ConnectedBus.h"
 #include "support/MainLoop.h"
-#include "support/PrivateBus.h"
 #include "support/TemporaryDirectory.h"
 #include "thumbnails/ImagePicture.h"
 #include "thumbnails/Thumbnail.h"
@@ -16,13 +16,12 @@ bool isInstalled() {
         "/usr/share/dbus-1/services/org.xfce.Tumbler.Thumbnailer1.service");
 }
 
-TEST(Tumbler, MakesThePreviewOfAPictureAndThenItIsFound) {
+TEST(Tumbler, MakesAPreviewThatIsFoundInTheCache) {
     if (!isInstalled())
         GTEST_SKIP() << "tumbler is not installed";
     const test::TemporaryDirectory folder;
-    const test::PrivateBus bus(test::PrivateBus::Services::installed); // started when first called
-    const auto client =
-        QDBusConnection::connectToBus(QString::fromStdString(bus.address()), "tumbler");
+    test::ConnectedBus bus(test::PrivateBus::Services::installed); // activates the service
+    const auto client = bus.connect("client");
     const Path item = folder / "wide & 100% blue.png";
     QImage picture(600, 300, QImage::Format_RGB32);
     picture.fill(Qt::blue);
@@ -37,7 +36,6 @@ TEST(Tumbler, MakesThePreviewOfAPictureAndThenItIsFound) {
     EXPECT_EQ(shown->size(), QSize(128, 64));
     EXPECT_EQ(shown->pixelColor(64, 32), QColor(Qt::blue));
     EXPECT_TRUE(cache.find(item));
-    QDBusConnection::disconnectFromBus("tumbler");
 }
 
 } // namespace

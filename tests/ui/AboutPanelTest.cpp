@@ -18,7 +18,7 @@ using testing::SizeIs;
 struct AboutPanelTest : WindowFixture {
     QWidget window;
 
-    /// Those that are not closed.
+    /// Returns the open panels.
     [[nodiscard]] static std::vector<QDialog*> panels() {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         std::vector<QDialog*> found;
@@ -29,7 +29,7 @@ struct AboutPanelTest : WindowFixture {
     }
 };
 
-TEST_F(AboutPanelTest, SaysWhatTheProgramIs) {
+TEST_F(AboutPanelTest, ShowsNameVersionAndLicense) {
     showAbout(&window);
     ASSERT_THAT(panels(), SizeIs(1));
     QStringList lines;
@@ -42,7 +42,7 @@ TEST_F(AboutPanelTest, SaysWhatTheProgramIs) {
     EXPECT_EQ(panels().front()->windowTitle(), "About Vexmoor");
 }
 
-TEST_F(AboutPanelTest, IsOneAtATimeAndHoldsNothingUp) {
+TEST_F(AboutPanelTest, IsUniqueAndNotModal) {
     showAbout(&window);
     const auto first = panels();
     EXPECT_TRUE(first.front()->isVisible());

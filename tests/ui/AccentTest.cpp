@@ -10,7 +10,7 @@ QColor colourOf(Pixel pixel) {
     return {pixel.r, pixel.g, pixel.b};
 }
 
-TEST(AccentTest, ContrastIsWhatTheStandardDefines) {
+TEST(AccentTest, ContrastFollowsWcag) {
     struct Case {
         QRgb one;
         QRgb other;
@@ -29,7 +29,7 @@ TEST(AccentTest, ContrastIsWhatTheStandardDefines) {
     }
 }
 
-TEST(AccentTest, EverySkinsAccentIsReadableOnEveryGreyAndFarFromItsAcidOnlyWhereItMust) {
+TEST(AccentTest, EachAccentIsReadableOnEveryGreyAndCloseToItsAcid) {
     for (const Skin& skin : Skin::all()) {
         const QColor acid = colourOf(skin.acid);
         for (int grey = 0; grey <= 255; ++grey) {
@@ -43,7 +43,8 @@ TEST(AccentTest, EverySkinsAccentIsReadableOnEveryGreyAndFarFromItsAcidOnlyWhere
             if (contrast(acid, ground) >= kReadable)
                 ASSERT_EQ(accent.colour, acid);
             else
-                ASSERT_LT(contrast(accent.colour, ground), kReadable * 1.12) << "just so far";
+                ASSERT_LT(contrast(accent.colour, ground), kReadable * 1.12)
+                    << "no more than necessary";
         }
     }
 }
@@ -82,7 +83,7 @@ TEST(AccentTest, CaptionsAreFainterThanTextButReadable) {
              Case{0xFF000000, 0xFFFFFFFF, true}, Case{0xFF1D1D1F, 0xFFFBFBFC, true},
              Case{0xFFF2F2F4, 0xFF1E1D22, true}, Case{0xFF586E75, 0xFFFDF6E3, true},
              Case{0xFF606060, 0xFFFFFFFF, true},
-             Case{0xFF999999, 0xFFFFFFFF, false}, // the text alone is too faint already
+             Case{0xFF999999, 0xFFFFFFFF, false}, // the text colour itself has too little contrast
          }) {
         QPalette palette;
         palette.setColor(QPalette::Text, text);

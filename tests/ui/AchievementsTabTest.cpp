@@ -19,7 +19,7 @@ namespace {
 
 using namespace test;
 
-TEST(AchievementRowTest, ShowsWhatIsEarnedAndHowFarTheRestIs) {
+TEST(AchievementRowTest, ShowsStateAndProgress) {
     Progress progress;
     progress.items = 428;
     progress.bytes = 38'600'000'000;
@@ -85,9 +85,9 @@ TEST_F(AchievementsTabTest, ReadsTitleStateAndProgressOfEachAchievement) {
     EXPECT_TRUE(description(rows[3]).endsWith("Reward: Lava cauldron"));
 }
 
-TEST_F(AchievementsTabTest, FollowsTheProgressionWhileItCanBeSeen) {
+TEST_F(AchievementsTabTest, FollowsTheProgressionWhileVisible) {
     feed({1000});
-    EXPECT_EQ(heading(), "0 of 19 unlocked") << "a hidden tab does nothing";
+    EXPECT_EQ(heading(), "0 of 19 unlocked") << "a hidden tab does not update";
     tab.show();
     EXPECT_EQ(heading(), "1 of 19 unlocked");
     EXPECT_EQ(spoken(rows[0]), "First Offering, unlocked, 1 / 1");
@@ -96,24 +96,24 @@ TEST_F(AchievementsTabTest, FollowsTheProgressionWhileItCanBeSeen) {
     EXPECT_EQ(spoken(rows[1]), "Getting Warm, unlocked, 10 / 10");
 }
 
-TEST_F(AchievementsTabTest, ArrowKeysGoThroughTheRowsAndScroll) {
+TEST_F(AchievementsTabTest, ArrowKeysMoveThroughRowsAndScroll) {
     focus(tab, rows[0]);
     const QImage plain = rows[1]->grab().toImage();
     press(*rows[0], Qt::Key_Up);
     EXPECT_TRUE(rows[0]->hasFocus());
     press(*rows[0], Qt::Key_Down);
     EXPECT_TRUE(rows[1]->hasFocus());
-    EXPECT_NE(rows[1]->grab().toImage(), plain) << "there is a ring";
+    EXPECT_NE(rows[1]->grab().toImage(), plain) << "the focus ring is missing";
     EXPECT_EQ(tab.verticalScrollBar()->value(), 0);
     press(*rows[1], Qt::Key_End);
     EXPECT_TRUE(rows.last()->hasFocus());
     EXPECT_GT(tab.verticalScrollBar()->value(), 0);
     EXPECT_FALSE(rows.last()->visibleRegion().isEmpty());
-    EXPECT_TRUE(rows.last()->focusPolicy() & Qt::TabFocus) << "the Tab key comes back to it";
+    EXPECT_TRUE(rows.last()->focusPolicy() & Qt::TabFocus) << "Tab must return to it";
     EXPECT_FALSE(rows[0]->focusPolicy() & Qt::TabFocus);
 }
 
-TEST_F(AchievementsTabTest, TakesTheAccentOfTheSkin) {
+TEST_F(AchievementsTabTest, UsesTheSkinsAccent) {
     feed({1000});
     tab.show();
     const QColor accent = Accent::of(Skin::cobalt(), groundOf(tab.palette())).colour;
@@ -123,7 +123,7 @@ TEST_F(AchievementsTabTest, TakesTheAccentOfTheSkin) {
     EXPECT_TRUE(holds(rows[3]->grab().toImage(), accent));
 }
 
-TEST_F(AchievementsTabTest, NoTextIsCutAtAnyWidth) {
+TEST_F(AchievementsTabTest, NoTextIsTruncatedAtAnyWidth) {
     for (const int width : {360, 600, 1200}) {
         tab.resize(width, 450);
         tab.show();

@@ -46,10 +46,10 @@ TEST(CauldronDemoScene, IdlesBurnsAndIdlesAgain) {
     }
 }
 
-TEST(CauldronDemoScene, HoldsPotFlameAndDocument) {
+TEST(CauldronDemoScene, ShowsPotFlameAndDocument) {
     const QImage picture = CauldronDemoView::scene(44, Skin::iron(), document()).bitmapRep();
     const QImage whole = CauldronDemoView::scene(44, Skin::iron(), document()).nsImage(1);
-    EXPECT_NE(picture, whole) << "the document lies over the pixels";
+    EXPECT_NE(picture, whole) << "the document is an overlay";
     EXPECT_NE(qAlpha(picture.pixel(17, 6)), 0) << "the flame's upper part";
     EXPECT_NE(qAlpha(picture.pixel(17, 50)), 0) << "the pot";
 }
@@ -58,7 +58,7 @@ struct CauldronDemoViewTest : WindowFixture {
     ~CauldronDemoViewTest() override { setReducedMotion(false); }
 };
 
-TEST_F(CauldronDemoViewTest, RunsOnlyWhileItIsSeenAndMotionIsWanted) {
+TEST_F(CauldronDemoViewTest, RunsOnlyWhileVisibleWithoutReducedMotion) {
     CauldronDemoView view(Skin::iron(), 3, nullptr, makeTimer());
     const ManualTimer* const timer = timers.front();
     EXPECT_EQ(view.size(), QSize(102, 162));
@@ -74,13 +74,13 @@ TEST_F(CauldronDemoViewTest, RunsOnlyWhileItIsSeenAndMotionIsWanted) {
     setReducedMotion(true);
     EXPECT_FALSE(timer->fire);
     const QImage still = view.grab().toImage();
-    EXPECT_NE(still, first) << "it shows what happens";
+    EXPECT_NE(still, first) << "it shows the burn";
     view.hide();
     view.show();
     EXPECT_FALSE(timer->fire);
     setReducedMotion(false);
     ASSERT_TRUE(timer->fire);
-    EXPECT_EQ(view.grab().toImage(), burning) << "it goes on where it was";
+    EXPECT_EQ(view.grab().toImage(), burning) << "it continues at the same frame";
     view.setSkin(Skin::cobalt());
     EXPECT_NE(view.grab().toImage(), burning);
     view.hide();

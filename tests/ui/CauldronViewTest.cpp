@@ -11,7 +11,7 @@ namespace {
 using namespace test;
 
 struct CauldronViewTest : WindowFixture {
-    /// What the view shows, on nothing.
+    /// Returns the view's picture on a transparent background.
     static QImage shown(QWidget& view) {
         QImage image(view.size(), QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::transparent);
@@ -23,7 +23,7 @@ struct CauldronViewTest : WindowFixture {
     }
 };
 
-TEST_F(CauldronViewTest, ShowsTheIdlingPotWithHardEdgesAtItsSize) {
+TEST_F(CauldronViewTest, ShowsTheIdlingPotWithSharpPixels) {
     for (const int size : {34, 102, 136}) {
         CauldronView view(Skin::frost(), size, nullptr, makeTimer());
         EXPECT_EQ(view.size(), QSize(size, size));
@@ -39,10 +39,10 @@ TEST_F(CauldronViewTest, ShowsTheIdlingPotWithHardEdgesAtItsSize) {
             colours.insert(source.pixel(x, y));
     for (int y = 0; y < 64; ++y)
         for (int x = 0; x < 64; ++x)
-            ASSERT_TRUE(colours.contains(image.pixel(x, y))) << "no colour is mixed";
+            ASSERT_TRUE(colours.contains(image.pixel(x, y))) << "no colour is blended";
 }
 
-TEST_F(CauldronViewTest, MovesAtEightFramesASecondOnlyWhileItIsSeen) {
+TEST_F(CauldronViewTest, RunsAtEightFramesPerSecondOnlyWhileVisible) {
     CauldronView view(Skin::iron(), 102, nullptr, makeTimer());
     const ManualTimer* const timer = timers.front();
     EXPECT_FALSE(timer->fire);
@@ -58,14 +58,14 @@ TEST_F(CauldronViewTest, MovesAtEightFramesASecondOnlyWhileItIsSeen) {
     EXPECT_EQ(shown(view), pot(21, Skin::gold()).nsImage(3));
     view.show();
     timer->fire();
-    EXPECT_EQ(shown(view), pot(22, Skin::gold()).nsImage(3)) << "it goes on where it was";
+    EXPECT_EQ(shown(view), pot(22, Skin::gold()).nsImage(3)) << "it continues at the same tick";
     setReducedMotion(true);
     EXPECT_FALSE(timer->fire);
     setReducedMotion(false);
     EXPECT_TRUE(timer->fire);
 }
 
-TEST_F(CauldronViewTest, FindsTheSideAtWhichEveryCanvasPixelIsWhole) {
+TEST_F(CauldronViewTest, CrispSideUsesWholePixels) {
     struct Case {
         int most;
         double ratio;

@@ -16,7 +16,7 @@ using namespace test;
 
 using GettextTranslatorTest = GermanFixture;
 
-TEST_F(GettextTranslatorTest, HasWindowsAskTheCatalogue) {
+TEST_F(GettextTranslatorTest, TranslatesTrWithTheCatalogue) {
     QWidget window;
     showAbout(&window);
     QStringList titles;
@@ -28,7 +28,7 @@ TEST_F(GettextTranslatorTest, HasWindowsAskTheCatalogue) {
     EXPECT_EQ(text("In the Bin"), "Im Papierkorb");
 }
 
-TEST_F(GettextTranslatorTest, LeavesToOthersWhatItDoesNotHave) {
+TEST_F(GettextTranslatorTest, LeavesUnknownTextsToOtherTranslators) {
     EXPECT_TRUE(translator.translate("QShortcut", "No such text").isNull());
 }
 

@@ -13,7 +13,7 @@ using namespace test;
 
 const Date kNow = utc("2026-11-22 14:00:00");
 
-/// An item for each letter: a capital one was put back.
+/// Returns an item for each letter; upper-case ones were put back.
 std::vector<Sacrifice> itemsOf(const std::string& letters) {
     std::vector<Sacrifice> items;
     for (const char letter : letters) {
@@ -64,7 +64,7 @@ struct HistoryModelTest : testing::Test {
     std::ostringstream log;
 };
 
-TEST_F(HistoryModelTest, SignalsTheRowsThatChangedAndNoOthers) {
+TEST_F(HistoryModelTest, SignalsOnlyChangedRows) {
     struct Case {
         const char* from;
         const char* to;
@@ -83,10 +83,10 @@ TEST_F(HistoryModelTest, SignalsTheRowsThatChangedAndNoOthers) {
              Case{"abc", "xyz", "-0-2 +0-2 "},
          })
         EXPECT_EQ(change(from, to), signals_) << from << " to " << to;
-    change("abc", "cab"); // another order, too
+    change("abc", "cab"); // also for another order
 }
 
-TEST_F(HistoryModelTest, WritesTheTimesAgainOnAnotherDay) {
+TEST_F(HistoryModelTest, UpdatesTimesOnAnotherDay) {
     model.setItems(itemsOf("ab"), kNow);
     log.str({});
     model.setItems(itemsOf("ab"), utc("2026-11-22 23:59:59"));
@@ -99,7 +99,7 @@ TEST_F(HistoryModelTest, WritesTheTimesAgainOnAnotherDay) {
                     .endsWith(QStringLiteral("yesterday")));
 }
 
-TEST_F(HistoryModelTest, LoadsAPictureOnceItIsNeeded) {
+TEST_F(HistoryModelTest, LoadsAPictureOnFirstUse) {
     model.setItems(itemsOf("ab"), kNow);
     EXPECT_TRUE(asked.empty());
     EXPECT_TRUE(model.index(1).data(Qt::DecorationRole).value<QImage>().isNull());
@@ -117,7 +117,7 @@ TEST_F(HistoryModelTest, LoadsAPictureOnceItIsNeeded) {
     EXPECT_EQ(asked.size(), 2U);
 }
 
-TEST_F(HistoryModelTest, LetsOnlyWhatIsInTheBinBeDraggedOut) {
+TEST_F(HistoryModelTest, OnlyItemsInTheBinCanBeDragged) {
     model.setItems(itemsOf("aB"), kNow);
     EXPECT_TRUE(model.flags(model.index(0)) & Qt::ItemIsDragEnabled);
     EXPECT_FALSE(model.flags(model.index(1)) & Qt::ItemIsDragEnabled);

@@ -20,7 +20,7 @@ Sacrifice binned() {
     return item;
 }
 
-TEST(HistoryTextTest, ReportsWhatBecameOfAnItem) {
+TEST(HistoryTextTest, ShowsTheItemsState) {
     const Sacrifice inBin = binned();
     Sacrifice restored = inBin;
     restored.restored = restored.date;
@@ -47,7 +47,7 @@ TEST(HistoryTextTest, ReportsWhatBecameOfAnItem) {
               "In the Bin · 88 KB · 13:55");
 }
 
-TEST(HistoryTextTest, WritesTimesTheLongerAgoTheCoarser) {
+TEST(HistoryTextTest, ShowsOlderTimesWithLessPrecision) {
     const Date now = utc("2026-11-22 14:00:00"); // a Sunday
     struct Case {
         const char* date;
@@ -61,12 +61,12 @@ TEST(HistoryTextTest, WritesTimesTheLongerAgoTheCoarser) {
              Case{"2026-11-20 12:00:00", "en_GB", "Friday"},
              Case{"2026-11-16 12:00:00", "de_DE", "Montag"},
              Case{"2026-11-15 12:00:00", "de_DE", "15.11.26"},
-             Case{"2026-11-23 12:00:00", "en_GB", "23/11/2026"}, // the clock was put back
+             Case{"2026-11-23 12:00:00", "en_GB", "23/11/2026"}, // the clock was set back
          })
         EXPECT_EQ(HistoryText::time(utc(date), now, QLocale(locale)), text) << date;
 }
 
-TEST(HistoryTextTest, ShowsHostileNamesHarmlessly) {
+TEST(HistoryTextTest, EscapesHostileNames) {
     Sacrifice item = binned();
     item.name = "a\nb\xE2\x80\xAE.txt\x1B[2J";
     const QString shown = HistoryText::name(item);
@@ -76,7 +76,7 @@ TEST(HistoryTextTest, ShowsHostileNamesHarmlessly) {
     EXPECT_EQ(HistoryText::toolTip("a < b"), "a < b");
 }
 
-TEST(HistoryTextTest, NamesTheFolderThatAnItemGoesBackTo) {
+TEST(HistoryTextTest, NamesTheOriginalFolder) {
     struct Case {
         std::optional<StoredPath> original;
         const char* help;
@@ -85,7 +85,7 @@ TEST(HistoryTextTest, NamesTheFolderThatAnItemGoesBackTo) {
          {Case{StoredPath("/home/me/Documents/notes.txt"), "Restore to Documents"},
           Case{StoredPath("/notes.txt"), "Restore to /"},
           Case{StoredPath("/a\nb/notes.txt"), "Restore to a\\nb"},
-          Case{std::nullopt, "Restore to where it came from"}}) {
+          Case{std::nullopt, "Restore to its original folder"}}) {
         Sacrifice item = binned();
         item.original = original;
         EXPECT_EQ(HistoryText::restoreHelp(item), help);

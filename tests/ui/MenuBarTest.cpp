@@ -57,17 +57,17 @@ TEST_F(MenuBarTest, CutsItsIconOutOfThePot) {
     EXPECT_EQ(opaque, 712) << "letters of the pot";
 }
 
-TEST_F(MenuBarTest, IsWorkedByKeys) {
+TEST_F(MenuBarTest, IsOperatedByKeys) {
     std::vector<std::string> chosen;
     QObject::connect(&menuBar.contents(), &MenuContents::feedSelectionChosen, &menuBar,
                      [&] { chosen.push_back("feed"); });
     QObject::connect(&menuBar.contents(), &MenuContents::testFlamesChosen, &menuBar,
                      [&] { chosen.push_back("flames"); });
     menuBar.popUp({0, 0});
-    type({Qt::Key_Down, Qt::Key_Return}); // past the header and the section's title
+    type({Qt::Key_Down, Qt::Key_Return}); // skips the header and the section's title
     EXPECT_EQ(popup(), nullptr);
     menuBar.popUp({0, 0});
-    type({Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}); // past what cannot be put back
+    type({Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}); // skips the disabled item
     EXPECT_THAT(chosen, ElementsAre("feed", "flames"));
     menuBar.popUp({0, 0}); // to the skins and back
     type({Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Right});
@@ -79,7 +79,7 @@ TEST_F(MenuBarTest, IsWorkedByKeys) {
     EXPECT_EQ(chosen.size(), 2U);
 }
 
-TEST_F(MenuBarTest, HasOnePopupThatIsMadeAtEachOpening) {
+TEST_F(MenuBarTest, CreatesOnePopupPerOpening) {
     menuBar.popUp({0, 0});
     const QPointer<PopupMenu> first = popup();
     ASSERT_TRUE(first);
@@ -91,7 +91,7 @@ TEST_F(MenuBarTest, HasOnePopupThatIsMadeAtEachOpening) {
     EXPECT_THAT(textsOf(*popup()), testing::Contains("\u2003Ask before dissolving"));
 }
 
-TEST_F(MenuBarTest, CountsOnInTheOpenHeader) {
+TEST_F(MenuBarTest, UpdatesTheOpenHeader) {
     menuBar.popUp({0, 0});
     const auto* const header = popup()->findChild<MenuStats*>();
     ASSERT_TRUE(header);
@@ -117,7 +117,7 @@ TEST_F(MenuBarTest, ShowsHostileNamesInOneLine) {
     EXPECT_LT(title.size(), 70);
 }
 
-TEST_F(MenuBarTest, GivesTheTrayTheSameAsText) {
+TEST_F(MenuBarTest, TrayMenuHasTheSameEntriesAsText) {
     QMenu menu;
     menuBar.menuNeedsUpdate(menu);
     const auto texts = textsOf(menu);
@@ -130,11 +130,11 @@ TEST_F(MenuBarTest, GivesTheTrayTheSameAsText) {
         EXPECT_FALSE(menu.actions()[title]->isEnabled());
     const auto same = menu.actions();
     menuBar.menuNeedsUpdate(menu);
-    EXPECT_EQ(menu.actions(), same) << "nothing has changed";
+    EXPECT_EQ(menu.actions(), same) << "nothing changed";
     feed({1200});
     menuBar.menuNeedsUpdate(menu);
     EXPECT_THAT(textsOf(menu)[0], testing::StartsWith("1 sacrifice ·"));
-    EXPECT_EQ(menu.findChildren<QMenu*>().size(), 2) << "the former submenus are gone";
+    EXPECT_EQ(menu.findChildren<QMenu*>().size(), 2) << "the previous submenus were deleted";
 }
 
 } // namespace

@@ -12,7 +12,7 @@
 
 #include <filesystem>
 
-// Pictures for people to look at, in VEXMOOR_SCREENSHOT_DIRECTORY.
+// Renders pictures for visual inspection into VEXMOOR_SCREENSHOT_DIRECTORY.
 
 namespace vexmoor {
 namespace {

@@ -6,7 +6,7 @@
 
 #include <filesystem>
 
-// Pictures of the walkthrough for people to look at, in VEXMOOR_SCREENSHOT_DIRECTORY.
+// Renders pictures of the walkthrough for visual inspection into VEXMOOR_SCREENSHOT_DIRECTORY.
 
 namespace vexmoor {
 namespace {

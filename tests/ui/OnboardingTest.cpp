@@ -62,62 +62,24 @@ struct OnboardingTest : testing::Test {
 
 using Tick = Onboarding::Tick;
 
-/// As they are shown.
+/// Returns the texts as displayed.
 std::vector<std::string> shown(std::vector<std::string> texts) {
     for (auto& each : texts)
         each = text(each);
     return texts;
 }
 
-TEST_F(OnboardingTest, LeadsThroughFivePagesThatCanAllBeSkipped) {
+TEST_F(OnboardingTest, HasFivePagesThatCanBeSkipped) {
+    using Picture = Onboarding::Picture;
     Onboarding& walk = start();
-    const struct {
-        Page page;
-        std::string title;
-        std::string blurb;
-        Onboarding::Picture picture;
-        std::string pictureText;
-        std::vector<std::string> buttons;
-    } kPages[] = {
-        {Page::welcome,
-         "Welcome to Vexmoor",
-         "Drop files on the cauldron in your Dock. A flame carries them to the Bin.",
-         Onboarding::Picture::demo,
-         "",
-         {"Continue"}},
-        {Page::accessibility,
-         "Let flames rise above the Dock",
-         "System Settings will open. Turn on Vexmoor, then come back.",
-         Onboarding::Picture::settingsRow,
-         "Accessibility",
-         {"Skip", "Open System Settings…"}},
-        {Page::automation,
-         "Press ⌘⌫ in Finder to feed it",
-         "macOS will ask once. Click Allow.",
-         Onboarding::Picture::dialog,
-         "“Vexmoor” wants access to control “Finder”.",
-         {"Skip", "Allow…"}},
-        {Page::folders,
-         "Let Vexmoor see your files",
-         "macOS asks for Desktop, Documents and Downloads in turn. Click Allow each time.",
-         Onboarding::Picture::dialog,
-         "“Vexmoor” would like to access files in your Desktop folder.",
-         {"Skip", "Allow…"}},
-        {Page::ready,
-         "Ready",
-         "Drop files on the cauldron.",
-         Onboarding::Picture::demo,
-         "",
-         {"Start Feeding"}},
-    };
-    for (const auto& page : kPages) {
-        SCOPED_TRACE(page.title);
-        EXPECT_EQ(walk.page(), page.page);
-        EXPECT_EQ(walk.title(), text(page.title));
-        EXPECT_EQ(walk.blurb(), text(page.blurb));
-        EXPECT_EQ(walk.picture(), page.picture);
-        EXPECT_EQ(walk.pictureText(), text(page.pictureText));
-        EXPECT_EQ(buttons(), shown(page.buttons));
+    for (const auto& [page, picture] :
+         {std::pair(Page::welcome, Picture::demo),
+          std::pair(Page::accessibility, Picture::settingsRow),
+          std::pair(Page::automation, Picture::dialog), std::pair(Page::folders, Picture::dialog),
+          std::pair(Page::ready, Picture::demo)}) {
+        EXPECT_EQ(walk.page(), page);
+        EXPECT_EQ(walk.picture(), picture);
+        EXPECT_EQ(walk.pictureText().empty(), picture == Picture::demo);
         EXPECT_THAT(calls, testing::IsEmpty());
         walk.next();
     }
@@ -126,7 +88,7 @@ TEST_F(OnboardingTest, LeadsThroughFivePagesThatCanAllBeSkipped) {
     EXPECT_EQ(changes, 4);
 }
 
-TEST_F(OnboardingTest, SaysOfThePermissionsWhatIsTrueInEachSession) {
+TEST_F(OnboardingTest, DescribesThePermissionsOfEachSession) {
     const Tick kAllowed{true, "Allowed", {}};
     const Tick kNotYet{false, "Not allowed yet", {}};
     const auto with = [](Tick tick, const std::string& note) {
@@ -141,7 +103,7 @@ TEST_F(OnboardingTest, SaysOfThePermissionsWhatIsTrueInEachSession) {
     const std::string kOff = "The key is turned off in the settings.";
     const Onboarding::Status kDeclined{
         .line = text("Declined. Turn on Finder under Vexmoor in Automation.")};
-    const Onboarding::Status kNoKey{.line = "No file manager installed here can take "
+    const Onboarding::Status kNoKey{.line = "No installed file manager supports "
                                             "Ctrl+Backspace."};
     const struct {
         Page page;
@@ -192,7 +154,7 @@ TEST_F(OnboardingTest, SaysOfThePermissionsWhatIsTrueInEachSession) {
     }
 }
 
-TEST_F(OnboardingTest, NamesAtTheEndOnlyWhatWorks) {
+TEST_F(OnboardingTest, LastPageNamesOnlyWhatWorks) {
     const std::string kKey = "Drop files on the Dock icon, or press ⌘⌫ in Finder.";
     const std::string kMenu =
         "Drop files on the Dock icon, or right-click them and choose Services > Feed to Vexmoor.";
@@ -222,7 +184,7 @@ TEST_F(OnboardingTest, NamesAtTheEndOnlyWhatWorks) {
 TEST_F(OnboardingTest, FollowsTheSessionWhileAPageIsOpen) {
     Onboarding& walk = start(Page::accessibility);
     walk.poll();
-    EXPECT_EQ(changes, 0) << "nothing is new";
+    EXPECT_EQ(changes, 0) << "nothing changed";
     walk.primaryAction();
     EXPECT_THAT(calls, ElementsAre("accessibility"));
     facts.accessible = true;
@@ -247,7 +209,7 @@ TEST_F(OnboardingTest, AsksForAutomationOnceAndThenOpensItsSettings) {
     EXPECT_EQ(walk.page(), Page::folders);
 }
 
-TEST_F(OnboardingTest, LooksAtTheFoldersWhenToldToAndSaysWhichAreMissing) {
+TEST_F(OnboardingTest, ProbesTheFoldersOnRequestAndNamesMissingOnes) {
     Onboarding& walk = start(Page::folders);
     EXPECT_EQ(walk.status(),
               (Onboarding::Status{
@@ -256,7 +218,7 @@ TEST_F(OnboardingTest, LooksAtTheFoldersWhenToldToAndSaysWhichAreMissing) {
     walk.openFolderSettings();
     walk.primaryAction();
     EXPECT_THAT(calls, ElementsAre("probe"));
-    EXPECT_THAT(buttons(), ElementsAre("Skip", "Allow…")) << "there is no answer yet";
+    EXPECT_THAT(buttons(), ElementsAre("Skip", "Allow…")) << "the probe has not completed";
     probed(kTwo);
     EXPECT_EQ(changes, 1);
     Onboarding::Status status{
@@ -270,7 +232,7 @@ TEST_F(OnboardingTest, LooksAtTheFoldersWhenToldToAndSaysWhichAreMissing) {
     EXPECT_EQ(walk.page(), Page::ready);
 }
 
-TEST_F(OnboardingTest, LooksAtTheFoldersAtOnceIfThatWasDoneBefore) {
+TEST_F(OnboardingTest, ProbesTheFoldersImmediatelyIfDoneBefore) {
     foldersWereAsked = true;
     Onboarding& walk = start(Page::folders);
     EXPECT_THAT(calls, ElementsAre("probe"));
@@ -279,14 +241,14 @@ TEST_F(OnboardingTest, LooksAtTheFoldersAtOnceIfThatWasDoneBefore) {
     EXPECT_EQ(walk.status().link, "");
 }
 
-TEST_F(OnboardingTest, IsNotReachedByAnswersThatComeAfterItsEnd) {
+TEST_F(OnboardingTest, IgnoresCompletionsAfterDestruction) {
     start(Page::automation).primaryAction();
     onboarding->next();
     onboarding->primaryAction();
     onboarding.reset();
     answer();
     probed(kAll);
-    EXPECT_EQ(changes, 1) << "by the move to the next page alone";
+    EXPECT_EQ(changes, 1) << "only by advancing the page";
 }
 
 } // namespace

@@ -44,7 +44,7 @@ struct OnboardingViewTest : WindowFixture {
         Skin::iron(),
         makeTimer()};
 
-    /// What a screen reader finds, of the widgets that are shown.
+    /// Returns the accessible texts of the visible widgets.
     [[nodiscard]] QStringList readAloud() const {
         QStringList names;
         for (QWidget* const widget : view.findChildren<QWidget*>()) {
@@ -64,7 +64,7 @@ struct OnboardingViewTest : WindowFixture {
         view.activateWindow();
         ASSERT_TRUE(eventuallyInLoop([this] { return view.isActiveWindow(); }));
     }
-    /// Lets the second pass after which the session is asked again.
+    /// Fires the timer that polls the session.
     void poll() const {
         for (ManualTimer* const timer : timers)
             if (timer->fire && timer->seconds == 1)
@@ -76,7 +76,7 @@ struct OnboardingViewTest : WindowFixture {
     }
 };
 
-TEST_F(OnboardingViewTest, IsWalkedThroughWithReturnAlone) {
+TEST_F(OnboardingViewTest, CanBeCompletedWithReturn) {
     activate();
     EXPECT_EQ(view.windowTitle(), "Welcome to Vexmoor");
     EXPECT_EQ(view.size(), QSize(420, 440));
@@ -89,7 +89,7 @@ TEST_F(OnboardingViewTest, IsWalkedThroughWithReturnAlone) {
         EXPECT_EQ(focusedText(), title) << "the page is announced";
         poll();
     }
-    pressInFocus(Qt::Key_Return); // looks at the folders
+    pressInFocus(Qt::Key_Return); // probes the folders
     EXPECT_TRUE(readAloud().contains("Documents: not allowed"));
     pressInFocus(Qt::Key_Return);
     EXPECT_EQ(focusedText(), "Ready");
@@ -123,7 +123,7 @@ TEST_F(OnboardingViewTest, ReachesSkipAndLinkByKeyboard) {
     EXPECT_THAT(calls, testing::ElementsAre("accessibility", "documents"));
 }
 
-TEST_F(OnboardingViewTest, TellsAScreenReaderWhatItShows) {
+TEST_F(OnboardingViewTest, IsReadByScreenReaders) {
     activate();
     pressInFocus(Qt::Key_Return);
     EXPECT_THAT(readAloud(),
@@ -139,7 +139,7 @@ TEST_F(OnboardingViewTest, TellsAScreenReaderWhatItShows) {
               "allowed yet. Also needed for Ctrl+Backspace in the file manager.");
 }
 
-TEST_F(OnboardingViewTest, PollsEachSecondOnlyWhileItIsSeen) {
+TEST_F(OnboardingViewTest, PollsEachSecondOnlyWhileVisible) {
     view.show();
     view.findChildren<AccentButton*>().last()->click();
     ASSERT_EQ(view.page(), Page::accessibility);
@@ -153,10 +153,10 @@ TEST_F(OnboardingViewTest, PollsEachSecondOnlyWhileItIsSeen) {
         EXPECT_FALSE(timer->fire);
     facts.accessible = false;
     view.show();
-    EXPECT_TRUE(readAloud().contains("Not allowed yet")) << "it looks when it is shown again";
+    EXPECT_TRUE(readAloud().contains("Not allowed yet")) << "it polls when shown again";
 }
 
-TEST_F(OnboardingViewTest, MovesNothingBetweenPagesAndFollowsSkinAndDesktop) {
+TEST_F(OnboardingViewTest, KeepsItsLayoutBetweenPagesAndFollowsSkinAndDesktop) {
     view.show();
     const auto places = [this] {
         std::vector<QRect> result;

@@ -14,7 +14,7 @@ namespace {
 
 using namespace test;
 
-TEST(PermissionNoticeTest, SaysWhatIsMissingAndHowItIsMended) {
+TEST(PermissionNoticeTest, NamesTheProblemAndItsRemedy) {
     using Kind = Permissions::KeyHint::Kind;
     using Remedy = PermissionNotice::Remedy;
     using Reports = Permissions::FocusReports;
@@ -65,11 +65,11 @@ TEST(PermissionNoticeTest, SaysWhatIsMissingAndHowItIsMended) {
                  {"Nemo", Kind::needsRestart}, {"Thunar", Kind::taken}, {"Caja", Kind::menuOnly}};
          },
          true,
-         {{"Accessibility support is on. Start the file manager again, and Ctrl+Backspace works "
+         {{"Accessibility support is on. Restart the file manager to use Ctrl+Backspace "
            "there.",
            "", Remedy::none},
-          {"Start Nemo again, and Ctrl+Backspace works there too.", "", Remedy::none},
-          {"In Thunar, Ctrl+Backspace does something else that you chose.", "", Remedy::none},
+          {"Restart Nemo to use Ctrl+Backspace there.", "", Remedy::none},
+          {"In Thunar, you assigned Ctrl+Backspace to another action.", "", Remedy::none},
           {"In Caja, Ctrl+Backspace can't work in this session. Right-click files and choose Feed "
            "to Vexmoor.",
            "", Remedy::none}}},
@@ -96,11 +96,11 @@ struct SettingsTabTest : TabFixture {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return tab.findChildren<Notice*>();
     }
-    /// Of the only notice.
+    /// Presses the button of the only notice.
     void pressButton() const { notices().first()->findChild<AccentButton*>()->click(); }
 };
 
-TEST_F(SettingsTabTest, EachSwitchIsItsSettingBothWays) {
+TEST_F(SettingsTabTest, SwitchesAndSettingsFollowEachOther) {
     struct Case {
         const char* label;
         const char* captionOn;
@@ -148,29 +148,25 @@ TEST_F(SettingsTabTest, EachSwitchIsItsSettingBothWays) {
     }
 }
 
-TEST_F(SettingsTabTest, AClickOnTheTextSwitches) {
+TEST_F(SettingsTabTest, ClickingTheTextTogglesTheSwitch) {
     tab.resize(360, 450);
     tab.show();
     auto* const row = tab.findChildren<SettingRow*>()[2];
     const QImage on = row->grab().toImage();
-    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-        QMouseEvent event(type, QPointF(30, 20), row->mapToGlobal(QPointF(30, 20)), Qt::LeftButton,
-                          Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(row, &event);
-    }
+    click(*row, {30, 20});
     EXPECT_FALSE(settings.sound.get());
-    EXPECT_EQ(row->grab().toImage(), on) << "the knob begins where it was";
+    EXPECT_EQ(row->grab().toImage(), on) << "the knob starts at its previous position";
     EXPECT_TRUE(eventuallyInLoop([&] { return row->grab().toImage() != on; }));
 }
 
-TEST_F(SettingsTabTest, AFocusedSwitchHasARing) {
+TEST_F(SettingsTabTest, FocusedSwitchHasARing) {
     focus(tab, switches[1]);
     const QImage ringed = switches[1]->grab().toImage();
     switches[2]->setFocus(Qt::TabFocusReason);
     EXPECT_NE(switches[1]->grab().toImage(), ringed);
 }
 
-TEST_F(SettingsTabTest, NoticesComeAndGoWithThePermissions) {
+TEST_F(SettingsTabTest, NoticesFollowThePermissions) {
     tab.show();
     EXPECT_TRUE(notices().isEmpty());
     std::vector<std::string> asked;
@@ -211,7 +207,7 @@ TEST_F(SettingsTabTest, NoticesComeAndGoWithThePermissions) {
     EXPECT_FALSE(buttons[0]->isVisible());
 }
 
-TEST_F(SettingsTabTest, AKeyThatCannotWorkHasNoSwitch) {
+TEST_F(SettingsTabTest, ImpossibleKeyHasNoSwitch) {
     tab.show();
     Permissions permissions;
     permissions.keyIsPossible = false;

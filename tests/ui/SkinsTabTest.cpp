@@ -11,27 +11,9 @@ namespace {
 using namespace test;
 
 TEST(UnlockHintTest, NamesTheAchievementUnlessItIsSecret) {
-    constexpr const char* kSecret = "a very hard achievement";
-    const std::pair<const Skin*, std::optional<QString>> cases[] = {
-        {&Skin::iron(), std::nullopt},
-        {&Skin::copper(), "Getting Warm"},
-        {&Skin::cobalt(), "Regular Customer"},
-        {&Skin::witchfire(), "A Gigabyte Gone"},
-        {&Skin::verdigris(), "Daily Ritual"},
-        {&Skin::rust(), "Demolition"},
-        {&Skin::lava(), "Bottomless"},
-        {&Skin::bone(), "Necromancer"},
-        {&Skin::frost(), "Devoted"},
-        {&Skin::obsidian(), kSecret},
-        {&Skin::abyss(), kSecret},
-        {&Skin::mahogany(), kSecret},
-        {&Skin::voidSkin(), kSecret},
-        {&Skin::starlight(), kSecret},
-        {&Skin::gold(), kSecret},
-    };
-    ASSERT_EQ(std::size(cases), Skin::all().size());
-    for (const auto& [skin, hint] : cases)
-        EXPECT_EQ(unlockHint(*skin), hint) << skin->id;
+    EXPECT_EQ(unlockHint(Skin::iron()), std::nullopt);
+    EXPECT_EQ(unlockHint(Skin::copper()), "Getting Warm");
+    EXPECT_EQ(unlockHint(Skin::gold()), "a very hard achievement");
 }
 
 struct SkinsTabTest : TabFixture {
@@ -41,16 +23,10 @@ struct SkinsTabTest : TabFixture {
     [[nodiscard]] SkinCardView* card(const Skin& skin) const {
         return cards[&*std::ranges::find(Skin::all(), skin.id, &Skin::id) - Skin::all().data()];
     }
-    void click(QWidget* widget) const {
-        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-            QMouseEvent event(type, QPointF(20, 20), widget->mapToGlobal(QPointF(20, 20)),
-                              Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-            QCoreApplication::sendEvent(widget, &event);
-        }
-    }
+    void select(const Skin& skin) const { click(*card(skin), {20, 20}); }
 };
 
-TEST_F(SkinsTabTest, LockedSkinsSayHowTheyAreEarned) {
+TEST_F(SkinsTabTest, LockedSkinsShowHowToUnlockThem) {
     tab.show();
     ASSERT_EQ(cards.size(), std::ssize(Skin::all()));
     EXPECT_EQ(description(card(Skin::iron())), "The one you started with.");
@@ -58,18 +34,18 @@ TEST_F(SkinsTabTest, LockedSkinsSayHowTheyAreEarned) {
     EXPECT_EQ(card(Skin::gold())->toolTip(), "Locked: a very hard achievement");
     for (const auto* const each : cards)
         EXPECT_EQ(each->isEnabled(), each == card(Skin::iron()));
-    click(card(Skin::lava()));
+    select(Skin::lava());
     EXPECT_EQ(progression.progress().skin, "iron");
 }
 
-TEST_F(SkinsTabTest, AClickChooses) {
+TEST_F(SkinsTabTest, ClickingSelects) {
     progression.unlockAll();
     tab.show();
     EXPECT_EQ(description(card(Skin::gold())).toStdString(), Skin::gold().blurb);
-    click(card(Skin::gold()));
+    select(Skin::gold());
     EXPECT_EQ(progression.progress().skin, "gold");
-    click(card(Skin::gold()));
-    progression.select(Skin::frost()); // elsewhere
+    select(Skin::gold());
+    progression.select(Skin::frost()); // changed elsewhere
     for (auto* const each : cards) {
         const bool isChosen = each == card(Skin::frost());
         EXPECT_EQ(face(each).state().checked, isChosen);
@@ -79,8 +55,8 @@ TEST_F(SkinsTabTest, AClickChooses) {
     EXPECT_EQ(spoken(card(Skin::frost())), "Frost");
 }
 
-TEST_F(SkinsTabTest, ArrowsGoThroughTheGridPastWhatIsLocked) {
-    feed(std::vector<std::int64_t>(1000, 2'000'000)); // copper, cobalt, witchfire, lava
+TEST_F(SkinsTabTest, ArrowKeysSkipLockedSkins) {
+    feed(std::vector<std::int64_t>(1000, 2'000'000)); // unlocks copper, cobalt, witchfire, lava
     focus(tab, card(Skin::iron()));
     const std::pair<Qt::Key, const Skin*> steps[] = {
         {Qt::Key_Left, &Skin::iron()},      {Qt::Key_Right, &Skin::copper()},
@@ -93,14 +69,14 @@ TEST_F(SkinsTabTest, ArrowsGoThroughTheGridPastWhatIsLocked) {
         press(*QApplication::focusWidget(), key);
         EXPECT_TRUE(card(*skin)->hasFocus()) << skin->id;
     }
-    EXPECT_EQ(progression.progress().skin, "iron") << "moving does not choose";
+    EXPECT_EQ(progression.progress().skin, "iron") << "moving does not select";
     press(*card(Skin::copper()), Qt::Key_Return);
     EXPECT_EQ(progression.progress().skin, "copper");
     press(*card(Skin::lava()), Qt::Key_Space);
     EXPECT_EQ(progression.progress().skin, "lava");
 }
 
-TEST_F(SkinsTabTest, ArrowsAreMirroredWithTheGrid) {
+TEST_F(SkinsTabTest, ArrowKeysAreMirroredWithTheGrid) {
     progression.unlockAll();
     tab.setLayoutDirection(Qt::RightToLeft);
     focus(tab, card(Skin::iron()));
@@ -109,7 +85,7 @@ TEST_F(SkinsTabTest, ArrowsAreMirroredWithTheGrid) {
     EXPECT_TRUE(card(Skin::copper())->hasFocus());
 }
 
-TEST_F(SkinsTabTest, AnUnlockedSkinWakesUp) {
+TEST_F(SkinsTabTest, UnlockedSkinFadesIn) {
     tab.resize(360, 450);
     tab.show();
     const auto picture = [this] { return card(Skin::copper())->grab().toImage(); };
@@ -118,7 +94,7 @@ TEST_F(SkinsTabTest, AnUnlockedSkinWakesUp) {
                        Skin::copper().bodyColour.b);
     EXPECT_FALSE(holds(asleep, metal));
     feed(std::vector<std::int64_t>(10, 1));
-    EXPECT_FALSE(holds(picture(), metal)) << "it begins where it was";
+    EXPECT_FALSE(holds(picture(), metal)) << "it starts as a silhouette";
     EXPECT_TRUE(eventuallyInLoop([&] { return holds(picture(), metal); }));
 }
 

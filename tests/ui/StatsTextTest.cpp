@@ -14,7 +14,7 @@ namespace {
 
 using namespace test;
 
-TEST(StatsTextTest, SeparatesThousandsAndOneFromMany) {
+TEST(StatsTextTest, FormatsThousandsAndPlurals) {
     struct Case {
         int count;
         std::int64_t bytesEach;
@@ -44,7 +44,7 @@ TEST(StatsTextTest, SeparatesThousandsAndOneFromMany) {
     }
 }
 
-TEST(WeekTextTest, NamesTheDayAndWhatWasFed) {
+TEST(WeekTextTest, DescribesADay) {
     const Date friday = utc("2026-11-20 00:00:00");
     struct Case {
         DayTally tally;

@@ -43,7 +43,7 @@ struct StatsWindowTest : WindowFixture {
         };
     }
 
-    /// Feeds files of these names to the Bin, the last one newest.
+    /// Feeds files of these names to the Bin; the last one is the newest.
     void feedFiles(const std::vector<std::string>& names) {
         std::vector<Sacrifice> items;
         for (const auto& name : names)
@@ -97,9 +97,9 @@ struct StatsWindowTest : WindowFixture {
             timers, [](const ManualTimer* timer) { return timer->fire != nullptr; }));
     }
 
-    std::vector<Sacrifice> older; ///< in the Bin, not among the recent ones
+    std::vector<Sacrifice> older; ///< in the Bin but not among the recent ones
     Permissions permissions;
-    QStringList log; ///< of what the window asked for
+    QStringList log; ///< the window's requests
     StatsWindow window{{ledger,
                         settings,
                         progression,
@@ -116,10 +116,10 @@ struct StatsWindowTest : WindowFixture {
     HistoryList& list = *window.findChild<HistoryList*>();
 };
 
-TEST_F(StatsWindowTest, FollowsTheStoresWhileItIsShownAndCatchesUpWhenItIsShownAgain) {
+TEST_F(StatsWindowTest, FollowsTheStoresWhileVisibleAndUpdatesWhenShown) {
     const auto& chart = *window.findChild<WeekChart*>();
     feedFiles({"a"});
-    EXPECT_EQ(chart.caption(), "") << "a hidden window does nothing";
+    EXPECT_EQ(chart.caption(), "") << "a hidden window does not update";
     show();
     EXPECT_EQ(chart.caption(), "Today · 1 item · 1 KB");
     EXPECT_EQ(rows(), QStringList({"a"}));
@@ -132,7 +132,7 @@ TEST_F(StatsWindowTest, FollowsTheStoresWhileItIsShownAndCatchesUpWhenItIsShownA
     settings.mode.set(DisposeMode::dissolve);
     QCoreApplication::processEvents();
     EXPECT_TRUE(badge.isVisible());
-    EXPECT_EQ(QRect(list.mapTo(&window, QPoint()), list.size()), place) << "nothing jumps";
+    EXPECT_EQ(QRect(list.mapTo(&window, QPoint()), list.size()), place) << "the list must not move";
     badge.click();
     EXPECT_EQ(view.tab(), StatsView::Tab::settings);
     clock.now = utc("2026-11-23 00:00:01");
@@ -143,7 +143,7 @@ TEST_F(StatsWindowTest, FollowsTheStoresWhileItIsShownAndCatchesUpWhenItIsShownA
         list.model()->index(0, 0).data(HistoryModel::statusRole).toString().endsWith("yesterday"));
 }
 
-TEST_F(StatsWindowTest, RunsNoTimerWhileItIsHiddenAndStartsAgainOnTheHistory) {
+TEST_F(StatsWindowTest, StopsItsTimersWhileHiddenAndReopensOnTheHistory) {
     feedFiles({"a", "b"});
     EXPECT_EQ(running(), 0);
     show();
@@ -159,12 +159,12 @@ TEST_F(StatsWindowTest, RunsNoTimerWhileItIsHiddenAndStartsAgainOnTheHistory) {
     EXPECT_FALSE(window.findChild<QLineEdit*>()->isVisible());
 }
 
-TEST_F(StatsWindowTest, PutsBackAndDeletesByKeyboardAlone) {
+TEST_F(StatsWindowTest, PutsBackAndDeletesByKeyboard) {
     feedFiles({"a", "b", "c"});
     show();
     ASSERT_TRUE(list.hasFocus());
     type("Return");
-    EXPECT_EQ(log, QStringList("restore c")) << "the row with the focus";
+    EXPECT_EQ(log, QStringList("restore c")) << "the focused row";
     log.clear();
     type("Down, Shift+Down");
     EXPECT_EQ(buttons(), QStringList({"Restore 2 Files", "Delete 2 Files…", "Test the flames"}));
@@ -184,7 +184,7 @@ TEST_F(StatsWindowTest, PutsBackAndDeletesByKeyboardAlone) {
     EXPECT_EQ(log.last(), "test");
 }
 
-TEST_F(StatsWindowTest, SelectsWhatCanBePutBackInTheOrderOfTheList) {
+TEST_F(StatsWindowTest, ReturnsRestorableItemsInListOrder) {
     feedFiles({"a", "b", "c", "d"});
     show();
     ledger.mark({}, {idOf(1)}, {});
@@ -200,21 +200,16 @@ TEST_F(StatsWindowTest, PutsBackByTheButtonOfARowAndByItsAccessibleAction) {
     feedFiles({"a", "b"});
     ledger.mark({}, {idOf(1)}, {});
     show();
-    const auto click = [this](int row) {
+    const auto clickButton = [this](int row) {
         const QRect place = list.visualRect(list.model()->index(row, 0));
-        const QPoint button =
-            HistoryRow::of(place, list.font(), Qt::LeftToRight, true).button.center();
-        for (const auto kind : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-            QMouseEvent event(kind, button, list.viewport()->mapToGlobal(button), Qt::LeftButton,
-                              Qt::LeftButton, Qt::NoModifier);
-            QCoreApplication::sendEvent(list.viewport(), &event);
-        }
+        click(*list.viewport(),
+              HistoryRow::of(place, list.font(), Qt::LeftToRight, true).button.center());
     };
-    click(0);
+    clickButton(0);
     EXPECT_EQ(log, QStringList("restore b"));
-    EXPECT_THAT(list.picked(), IsEmpty()) << "a press of the button picks nothing";
-    click(1);
-    EXPECT_EQ(log.size(), 1) << "there is no button";
+    EXPECT_THAT(list.picked(), IsEmpty()) << "pressing the button must not select";
+    clickButton(1);
+    EXPECT_EQ(log.size(), 1) << "the row has no button";
 
     auto* const face = QAccessible::queryAccessibleInterface(&list);
     EXPECT_EQ(face->role(), QAccessible::List);
@@ -231,13 +226,13 @@ TEST_F(StatsWindowTest, PutsBackByTheButtonOfARowAndByItsAccessibleAction) {
     EXPECT_TRUE(row->state().selected);
     EXPECT_EQ(face->indexOfChild(row), 0);
     feedFiles({"c"});
-    EXPECT_EQ(face->indexOfChild(row), 1) << "it follows its item";
+    EXPECT_EQ(face->indexOfChild(row), 1) << "the accessible row must follow its item";
     feedFiles(std::vector<std::string>(Ledger::kMaxRecent, "x"));
     EXPECT_FALSE(row->isValid());
     EXPECT_EQ(row->text(QAccessible::Name), "");
 }
 
-TEST_F(StatsWindowTest, FiltersByNameAmongOlderItemsToo) {
+TEST_F(StatsWindowTest, FilterIncludesOlderItems) {
     feedFiles({"Notes.txt", "image.png"});
     older = {fileNamed("old NOTES"), fileNamed("other"), ledger.recent.get()[1]};
     older[0].date.secondsSinceReference -= 1e6;
@@ -258,7 +253,7 @@ TEST_F(StatsWindowTest, FiltersByNameAmongOlderItemsToo) {
     EXPECT_FALSE(field.isVisible());
 }
 
-TEST_F(StatsWindowTest, IsAllWordsAndNoButtonsWhileNothingWasFed) {
+TEST_F(StatsWindowTest, ShowsNoButtonsBeforeTheFirstItem) {
     show();
     EXPECT_THAT(buttons(), IsEmpty());
     QStringList lines;
@@ -272,7 +267,7 @@ TEST_F(StatsWindowTest, IsAllWordsAndNoButtonsWhileNothingWasFed) {
     EXPECT_EQ(buttons(), QStringList("Test the flames"));
 }
 
-TEST_F(StatsWindowTest, ChangesTabsByKeysAndIsATabListToAScreenReader) {
+TEST_F(StatsWindowTest, ChangesTabsByKeysAndIsATabListForScreenReaders) {
     show();
     std::vector<int> seen;
     for (const char* const keys : {"Ctrl+3", "Ctrl+Tab", "Ctrl+Tab", "Ctrl+Shift+Backtab"}) {
@@ -292,7 +287,7 @@ TEST_F(StatsWindowTest, ChangesTabsByKeysAndIsATabListToAScreenReader) {
     EXPECT_EQ(titles, QStringList({"History", "Achievements", "Skins", "Settings"}));
 }
 
-TEST_F(StatsWindowTest, TakesDropsAndReportsWhatIsElsewhere) {
+TEST_F(StatsWindowTest, AcceptsDropsAndReportsRemoteItems) {
     std::vector<std::pair<std::vector<Path>, int>> drops;
     QObject::connect(&window, &StatsWindow::dropped,
                      [&](const auto& items, int others) { drops.emplace_back(items, others); });
@@ -305,7 +300,7 @@ TEST_F(StatsWindowTest, TakesDropsAndReportsWhatIsElsewhere) {
     EXPECT_EQ(enter.dropAction(), Qt::CopyAction);
     QDropEvent drop({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
     QCoreApplication::sendEvent(&window, &drop);
-    EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "the sender is not to remove anything";
+    EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "the sender must not remove files";
     EXPECT_THAT(drops, ElementsAre(std::pair(std::vector<Path>{"/tmp/a b"}, 1)));
     QMimeData text;
     text.setText("file:///tmp/a");
@@ -314,18 +309,10 @@ TEST_F(StatsWindowTest, TakesDropsAndReportsWhatIsElsewhere) {
     EXPECT_FALSE(other.isAccepted());
 }
 
-TEST_F(StatsWindowTest, TakesTheColoursOfTheSkinAndOfTheDesktop) {
+TEST_F(StatsWindowTest, FollowsTheColoursOfSkinAndDesktop) {
     progression.unlockAll();
     feedFiles({"a"});
     window.show();
-    const auto holds = [this](QRgb colour) {
-        const QImage image = window.grab().toImage();
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x)
-                if (image.pixel(x, y) == colour)
-                    return true;
-        return false;
-    };
     for (const bool dark : {false, true}) {
         QApplication::setPalette(desktopPalette(dark));
         QCoreApplication::processEvents();
@@ -333,12 +320,13 @@ TEST_F(StatsWindowTest, TakesTheColoursOfTheSkinAndOfTheDesktop) {
         EXPECT_EQ(window.grab().toImage().pixelColor(1, 1), ground);
         for (const Skin* skin : {&Skin::cobalt(), &Skin::witchfire()}) {
             progression.select(*skin);
-            EXPECT_TRUE(holds(Accent::of(*skin, ground).colour.rgb())) << skin->id;
+            EXPECT_TRUE(holds(window.grab().toImage(), Accent::of(*skin, ground).colour))
+                << skin->id;
         }
     }
 }
 
-TEST_F(StatsWindowTest, FitsFrom360By520Up) {
+TEST_F(StatsWindowTest, FitsAtTheMinimumSizeAndAbove) {
     feedFiles({"a", "b"});
     show();
     type("Ctrl+A");

@@ -8,7 +8,7 @@
 
 namespace vexmoor::test {
 
-/// A tab in a window of its own, as screen readers and the keyboard find it.
+/// A tab in its own window, as screen readers and the keyboard see it.
 struct TabFixture : WindowFixture {
     static QAccessibleInterface& face(QWidget* widget) {
         return *QAccessible::queryAccessibleInterface(widget);
@@ -18,7 +18,7 @@ struct TabFixture : WindowFixture {
         return face(widget).text(QAccessible::Description);
     }
 
-    /// Shows it and gives the widget the focus.
+    /// Shows the tab and focuses the widget.
     static void focus(QWidget& tab, QWidget* widget) {
         tab.resize(360, 450);
         tab.show();
@@ -26,14 +26,6 @@ struct TabFixture : WindowFixture {
         ASSERT_TRUE(eventuallyInLoop([&tab] { return tab.isActiveWindow(); }));
         widget->setFocus(Qt::TabFocusReason);
         ASSERT_TRUE(eventuallyInLoop([widget] { return widget->hasFocus(); }));
-    }
-
-    static bool holds(const QImage& image, const QColor& colour) {
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x)
-                if (image.pixelColor(x, y) == colour)
-                    return true;
-        return false;
     }
 };
 

@@ -36,7 +36,7 @@ struct WeekChartTest : WindowFixture {
     }
 };
 
-TEST_F(WeekChartTest, ScalesItsBarsByTheBusiestDay) {
+TEST_F(WeekChartTest, ScalesBarsByTheMaximum) {
     EXPECT_EQ(chart.peak(), 1);
     show({0, 0, 0, 0, 0, 0, 0});
     EXPECT_EQ(chart.peak(), 1);
@@ -47,7 +47,7 @@ TEST_F(WeekChartTest, ScalesItsBarsByTheBusiestDay) {
     EXPECT_THAT(shares(), testing::ElementsAre(0.25, 0, 1, 0.5, 0, 0, 0.25));
 }
 
-TEST_F(WeekChartTest, DescribesTodayOrTheBarUnderThePointerOrOfTheArrowKeys) {
+TEST_F(WeekChartTest, DescribesTodayOrTheHoveredOrSelectedBar) {
     chart.setLocale(QLocale("en_GB"));
     show({1, 0, 4, 2, 0, 0, 46});
     const auto expectCaption = [this](std::optional<int> hovered, const char* caption) {
@@ -60,7 +60,7 @@ TEST_F(WeekChartTest, DescribesTodayOrTheBarUnderThePointerOrOfTheArrowKeys) {
     emit bars()[2]->pointed(true);
     expectCaption(2, "Wednesday, 18 November · 4 items · 4 KB");
     emit bars()[3]->pointed(true);
-    emit bars()[2]->pointed(false); // one bar is left after the next was entered
+    emit bars()[2]->pointed(false); // the pointer leaves a bar after entering the next
     expectCaption(3, "Thursday, 19 November · 2 items · 2 KB");
     emit bars()[3]->pointed(false);
     expectCaption(std::nullopt, "Today · 46 items · 46 KB");
@@ -74,7 +74,7 @@ TEST_F(WeekChartTest, DescribesTodayOrTheBarUnderThePointerOrOfTheArrowKeys) {
     expectCaption(1, "Tuesday, 17 November · nothing fed");
 }
 
-TEST_F(WeekChartTest, ReadsAsSevenTexts) {
+TEST_F(WeekChartTest, ScreenReadersReadSevenTexts) {
     show({1, 0, 4, 2, 0, 0, 46});
     QStringList names;
     for (DayBar* const bar : bars()) {

@@ -13,8 +13,8 @@ using namespace test;
 
 constexpr auto kKey = "window.Vexmoor";
 
-TEST(FittedTest, CutsToWhatIsVisibleAndMovesNoFurtherThanNeeded) {
-    const QRect visible(100, 50, 800, 600); // to 900, 650
+TEST(FittedTest, LimitsTheSizeAndMovesMinimally) {
+    const QRect visible(100, 50, 800, 600); // extends to 900, 650
     struct Case {
         const char* what;
         QRect window;
@@ -39,14 +39,14 @@ TEST(FittedTest, CutsToWhatIsVisibleAndMovesNoFurtherThanNeeded) {
 struct WindowFrameTest : WindowFixture {
     const QRect visible = QGuiApplication::primaryScreen()->availableGeometry();
 
-    /// Where a window's frame begins, and the size inside it.
+    /// Returns the frame's corner and the client size.
     static QRect placeOf(const QWidget& window) { return {window.pos(), window.size()}; }
     static void place(QWidget& window, const QRect& place) {
         window.resize(place.size());
         window.move(place.topLeft());
     }
 
-    /// The place that a window takes.
+    /// Returns the geometry that a window restores.
     QRect restored() {
         QWidget window;
         const WindowFrame frame(window, defaults);
@@ -58,13 +58,13 @@ struct WindowFrameTest : WindowFixture {
     }
 };
 
-TEST_F(WindowFrameTest, TakesWhatIsStored) {
+TEST_F(WindowFrameTest, RestoresTheStoredGeometry) {
     EXPECT_EQ(restored("10 20 360 520"), QRect(10, 20, 360, 520));
     EXPECT_EQ(restored("-30 20 360 520"), QRect(0, 20, 360, 520));
-    EXPECT_EQ(restored("20000 -20000 30000 30000"), visible) << "from a larger screen";
+    EXPECT_EQ(restored("20000 -20000 30000 30000"), visible) << "stored on a larger screen";
 }
 
-TEST_F(WindowFrameTest, IsInTheMiddleWhereNothingOrNonsenseIsStored) {
+TEST_F(WindowFrameTest, IsCentredWithoutValidStoredGeometry) {
     struct Wanting : QWidget {
         [[nodiscard]] QSize sizeHint() const override { return {300, 400}; }
     };
@@ -89,7 +89,7 @@ TEST_F(WindowFrameTest, IsInTheMiddleWhereNothingOrNonsenseIsStored) {
     }
 }
 
-TEST_F(WindowFrameTest, IsStoredOnceAfterManyMoves) {
+TEST_F(WindowFrameTest, StoresOnceAfterManyMoves) {
     QWidget window;
     WindowFrame frame(window, defaults);
     window.show();
@@ -97,17 +97,17 @@ TEST_F(WindowFrameTest, IsStoredOnceAfterManyMoves) {
     const int before = defaults.commits();
     for (int step = 1; step <= 100; ++step)
         place(window, {step, 2 * step, 300 + step, 200 + step});
-    EXPECT_EQ(defaults.commits(), before) << "not at every step";
+    EXPECT_EQ(defaults.commits(), before) << "not at each step";
     ASSERT_TRUE(eventuallyInLoop([&] { return defaults.commits() > before; }));
     EXPECT_EQ(defaults.commits(), before + 1);
     EXPECT_EQ(restored(), QRect(100, 200, 400, 300));
 }
 
-TEST_F(WindowFrameTest, IsStoredWhenTheWindowGoes) {
+TEST_F(WindowFrameTest, StoresWhenTheWindowIsHidden) {
     QWidget window;
     WindowFrame frame(window, defaults);
     place(window, {1, 2, 300, 200});
-    EXPECT_EQ(defaults.commits(), 0) << "while it is hidden, nobody has moved it";
+    EXPECT_EQ(defaults.commits(), 0) << "nothing is stored while hidden";
     window.show();
     place(window, {50, 60, 320, 240});
     window.close();
@@ -115,10 +115,10 @@ TEST_F(WindowFrameTest, IsStoredWhenTheWindowGoes) {
     const int before = defaults.commits();
     window.show();
     window.close();
-    EXPECT_EQ(defaults.commits(), before) << "nothing has changed";
+    EXPECT_EQ(defaults.commits(), before) << "nothing changed";
 }
 
-TEST_F(WindowFrameTest, IsThatFromBeforeTheWindowFilledTheScreen) {
+TEST_F(WindowFrameTest, StoresTheNormalGeometry) {
     QWidget window;
     WindowFrame frame(window, defaults);
     window.show();
@@ -135,7 +135,7 @@ TEST_F(WindowFrameTest, IsThatFromBeforeTheWindowFilledTheScreen) {
     }
 }
 
-TEST_F(WindowFrameTest, FittingKeepsAWindowsSmallestSizeAndItsTopInSight) {
+TEST_F(WindowFrameTest, FittingKeepsMinimumSizeAndTopVisible) {
     QWidget window;
     window.setMinimumSize(360, visible.height() + 200);
     window.setGeometry(-100, 300, 360, visible.height() + 200);

@@ -11,7 +11,7 @@ using namespace test;
 
 using WindowPaletteTest = WindowFixture;
 
-TEST_F(WindowPaletteTest, CanBeReadEverywhere) {
+TEST_F(WindowPaletteTest, IsReadableEverywhere) {
     const std::pair<QPalette::ColorRole, QPalette::ColorRole> pairs[] = {
         {QPalette::Text, QPalette::Base},
         {QPalette::Text, QPalette::AlternateBase},
@@ -36,7 +36,7 @@ TEST_F(WindowPaletteTest, CanBeReadEverywhere) {
     }
 }
 
-TEST_F(WindowPaletteTest, RecoloursOpenWindowsAndLeavesAPlatformThatFits) {
+TEST_F(WindowPaletteTest, RecoloursOpenWindowsAndKeepsAMatchingPlatformPalette) {
     const QPalette platform = QApplication::palette();
     ASSERT_FALSE(isDark(groundOf(platform)));
     QWidget window;

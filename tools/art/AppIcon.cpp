@@ -11,7 +11,7 @@
 namespace vexmoor::arttool {
 namespace {
 
-// The pot again, for sizes that its own drawing does not fit; letters as in the skins.
+// The pot drawn for sizes that the standard drawing does not fit, in the skins' letters.
 constexpr std::array<std::string_view, 16> kSmallRows{
     "................", //
     "....KKKKKKKK....", //
@@ -59,7 +59,7 @@ constexpr std::array<std::string_view, 24> kMediumRows{
 constexpr int kLargeSide = 32;
 constexpr int kEdge = 2;
 
-/// The pot as it stands in the windows, cut to a square.
+/// Returns the standard pot cropped to a square.
 PixelCanvas largeDrawing() {
     return CauldronArt::idle(0, true, 0, Skin::iron())
         .crop((CauldronArt::kWidth - kLargeSide) / 2, CauldronArt::kHeight - kLargeSide, kLargeSide,
@@ -72,8 +72,8 @@ PixelCanvas drawing(LetterRows rows) {
     return canvas;
 }
 
-/// The drawing whose squares fill the size best: a little more than all of it may be cut off, being
-/// the drawing's clear edge.
+/// Returns the drawing that fills the size best. A drawing may be slightly larger than the size,
+/// because its transparent margin can be cropped.
 PixelCanvas drawingFor(int side) {
     if (side % kLargeSide == 0)
         return largeDrawing();

@@ -6,11 +6,11 @@
 
 namespace vexmoor::arttool {
 
-/// The program's icon, a square of that many pixels (16 to 1024): always whole squares of one of
-/// three drawings, in its middle where they do not fill it.
+/// Returns the program's icon with that side in pixels (16 to 1024), built from whole squares of
+/// one of three drawings and centred.
 PixelCanvas appIcon(int side);
 
-/// The same as a picture for any size.
+/// Returns the icon as a scalable picture.
 QByteArray appIconSvg();
 
 } // namespace vexmoor::arttool

@@ -4,13 +4,13 @@
 
 namespace vexmoor::arttool {
 
-// Each adds one subcommand. A failure is thrown as CLI::Error with its sentence and exit code.
+// Each function adds a subcommand. Failures are thrown as CLI::Error with message and exit code.
 
-/// `frame`: one picture of the pot.
+/// `frame`: a picture of the pot.
 void addFrameCommand(CLI::App& app);
 /// `app-icon`: the program's own icon.
 void addAppIconCommand(CLI::App& app);
-/// `icon`: one achievement's icon.
+/// `icon`: an achievement's icon.
 void addIconCommand(CLI::App& app);
 /// `frames`: an animation as numbered pictures.
 void addFramesCommand(CLI::App& app);

@@ -22,7 +22,7 @@ void addFramesCommand(CLI::App& app) {
         std::error_code error;
         std::filesystem::create_directories(arguments->output, error);
         if (error)
-            throw CLI::FileError("Cannot make the folder " + arguments->output.string() + ": " +
+            throw CLI::FileError("Cannot create the folder " + arguments->output.string() + ": " +
                                      error.message() + ".",
                                  1);
         for (int frame = 0; frame < frameCount(arguments->show); ++frame) {

@@ -27,7 +27,7 @@ void writeGif(const std::vector<QImage>& pictures, int hundredths,
               << "gif:" + QString::fromStdString(output.string());
     if (QProcess::execute("convert", arguments) != 0)
         throw CLI::FileError(
-            "Cannot write " + output.string() + ": that takes ImageMagick's convert.", 1);
+            "Cannot write " + output.string() + ": ImageMagick's convert is required.", 1);
 }
 
 } // namespace vexmoor::arttool

@@ -7,8 +7,8 @@
 
 namespace vexmoor::arttool {
 
-/// Writes the pictures as an animation that repeats, each shown for so many hundredths of a second.
-/// ImageMagick's convert does the encoding; throws CLI::FileError where that is missing or fails.
+/// Writes a repeating animation with this frame duration in hundredths of a second. Uses
+/// ImageMagick's convert; throws CLI::FileError if it is missing or fails.
 void writeGif(const std::vector<QImage>& pictures, int hundredths,
               const std::filesystem::path& output);
 

@@ -11,13 +11,13 @@
 
 namespace vexmoor::arttool {
 
-/// What every subcommand asks for.
+/// Options of every subcommand.
 struct OutputOptions {
     int scale = 4;
     std::filesystem::path output;
 };
 
-/// What those that show a pot ask for.
+/// Options of subcommands that draw a pot.
 struct Options : OutputOptions {
     std::string skin = "iron";
 };
@@ -25,10 +25,10 @@ struct Options : OutputOptions {
 /// Adds --scale (1 to 64) and -o.
 void addOutputOptions(CLI::App& command, OutputOptions& options);
 
-/// Adds --skin (checked against the known ids) to these.
+/// Also adds --skin, validated against the known ids.
 void addOptions(CLI::App& command, Options& options);
 
-/// Writes a PNG; throws CLI::FileError with a sentence when that fails.
+/// Writes a PNG file. Throws CLI::FileError with a message on failure.
 void writePng(const QImage& image, const std::filesystem::path& path);
 
 } // namespace vexmoor::arttool

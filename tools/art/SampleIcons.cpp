@@ -14,7 +14,7 @@ QImage blank() {
     return image;
 }
 
-/// A sheet of paper with a folded corner, a band in the type's colour, and lines of text.
+/// Draws a sheet of paper with a folded corner, a band in the type's colour, and lines of text.
 QImage document(QColor colour) {
     QImage image = blank();
     QPainter painter(&image);

@@ -6,7 +6,7 @@
 
 namespace vexmoor::arttool {
 
-/// Ten file icons of 128 pixels, as different from one another as those in a real folder.
+/// Returns ten 128-pixel file icons, as varied as those in a real folder.
 std::vector<QImage> sampleIcons();
 
 } // namespace vexmoor::arttool

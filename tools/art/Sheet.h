@@ -7,11 +7,11 @@
 
 namespace vexmoor::arttool {
 
-/// Pictures of one size in rows of `columns`, once for each ground, one below the other.
+/// Arranges pictures of one size in rows of `columns`, once per background, below each other.
 QImage sheetOf(const std::vector<QImage>& pictures, int columns,
                const std::vector<QColor>& grounds);
 
-/// A window's ground in light and in dark mode.
+/// The window backgrounds in light and dark mode.
 std::vector<QColor> windowGrounds();
 
 } // namespace vexmoor::arttool

@@ -12,7 +12,7 @@
 namespace vexmoor::arttool {
 namespace {
 
-constexpr int kIdleHundredths = 12; ///< about 8 frames a second
+constexpr int kIdleHundredths = 12; ///< about 8 frames per second
 constexpr int kShowHundredths = 4;  ///< about 24
 
 std::vector<QImage> skinPictures(int scale) {
@@ -76,7 +76,7 @@ void addSheetCommand(CLI::App& app) {
             picturesOf(arguments->kind, *arguments, arguments->every);
         const bool isStill = arguments->kind == "skins" || arguments->kind == "icons";
         if (arguments->gif && isStill)
-            throw CLI::ValidationError("--gif", "goes with idle, burn and swarm");
+            throw CLI::ValidationError("--gif", "applies only to idle, burn and swarm");
         if (arguments->gif) {
             const int hundredths = arguments->kind == "idle" ? kIdleHundredths : kShowHundredths;
             writeGif(pictures, hundredths * arguments->every, arguments->output);

@@ -6,7 +6,7 @@ namespace vexmoor {
 
 namespace {
 
-/// The one of each that is offered: long where there is one.
+/// Returns the name to offer: the long one if there is one.
 std::string offered(std::span<const Option> options) {
     std::vector<std::string> names;
     for (const auto& option : options)
@@ -111,7 +111,7 @@ _vexmoor() {
         if [[ $literal ]]; then
             names+=("$this")
         elif [[ $this == = ]]; then
-            : # stands between an option and its value
+            : # separates an option from its value
         elif [[ $option ]]; then
             option=''
         elif [[ $this == -- ]]; then

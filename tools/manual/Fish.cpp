@@ -80,7 +80,7 @@ std::string argumentLines(const CommandDescription& command) {
 std::string fishCompletion() {
     std::string text = std::string("# fish completion for vexmoor. ") + kGeneratedNote + R"(
 
-# The command on the line and the names behind it, without options and their values.
+# Prints the command on the line and the names after it, without options and their values.
 function __vexmoor_words
     set -l command
     set -l isValue
@@ -100,8 +100,7 @@ function __vexmoor_words
     end
 end
 
-# Whether the cursor stands in a command, behind so many names (or more: "..."), the first of them
-# this.
+# True if the cursor is in this command after that number of names ("..." for more).
 function __vexmoor_at
     set -l words (__vexmoor_words)
     test "$words[1]" = "$argv[1]"; or return 1

@@ -8,7 +8,7 @@ namespace vexmoor {
 
 namespace {
 
-/// Text of which nothing is taken for a request of the formatter; a sentence a line, as it wants.
+/// Escapes text for the formatter, one sentence per line.
 std::string line(const std::string& text) {
     std::string result = text.starts_with('.') || text.starts_with('\'') ? "\\&" : "";
     for (const char c : text) {
@@ -20,7 +20,7 @@ std::string line(const std::string& text) {
     return result + "\n";
 }
 
-/// "Fl Fl mode" for --mode, "Fl n" for -n.
+/// Returns "Fl Fl mode" for --mode, "Fl n" for -n.
 std::string flag(const std::string& name) {
     return name.starts_with("--") ? "Fl Fl " + name.substr(2) : "Fl " + name.substr(1);
 }
@@ -37,7 +37,7 @@ std::string synopsis(const CommandDescription& command) {
     for (const auto& argument : command.arguments) {
         const bool isNested = !argument.isRequired && &argument != &command.arguments.front();
         if (isNested)
-            text.back() = ' '; // an optional argument stands only behind the one before it
+            text.back() = ' '; // an optional argument requires the previous one
         text += std::string(argument.isRequired ? ".Ar "
                             : isNested          ? "Op Ar "
                                                 : ".Op Ar ")

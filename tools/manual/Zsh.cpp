@@ -6,7 +6,7 @@ namespace vexmoor {
 
 namespace {
 
-/// A text inside the quotes of an _arguments specification, where these characters divide.
+/// Escapes the separators of an _arguments specification inside quotes.
 std::string escaped(std::string_view text) {
     std::string result;
     for (const char c : text) {

@@ -8,11 +8,11 @@ namespace {
 
 using namespace vexmoor;
 
-/// Becomes the folder of the programs when the file is installed.
+/// Replaced by the folder of the programs on installation.
 const Path kPrograms = "/BINDIR";
 
-/// Without the mark of "vexmoor integrate", which does not write these files; with the folder to be
-/// replaced as the installation knows it.
+/// Removes the mark of "vexmoor integrate", which does not manage these files, and inserts the
+/// placeholder for the folder of the programs.
 std::string forAllUsers(std::string content) {
     if (content.starts_with('#'))
         content.erase(0, content.find('\n') + 1);
@@ -22,14 +22,14 @@ std::string forAllUsers(std::string content) {
     return content;
 }
 
-/// The entry of the session outlives the program's removal until the package is purged.
+/// Adds TryExec, because the autostart entry remains until the package is purged.
 std::string onlyWhereInstalled(std::string content) {
     return content + "TryExec={bindir}/vexmoor-desktop\n";
 }
 
 } // namespace
 
-/// Prints the file of one kind for all users: vexmoor-menus nemo|kio|actions|autostart.
+/// Prints the system-wide file of one kind: vexmoor-menus nemo|kio|actions|autostart.
 int main(int argc, char** argv) {
     const IntegrationContext context{
         {}, kPrograms / "vexmoor", kPrograms / "vexmoor-desktop", {}, {}};

@@ -14,9 +14,9 @@
 #include <clocale>
 #include <iostream>
 
-// vexmoor-screens FOLDER [SCENE...]: pictures every window, or those whose names begin so, light
-// and dark, at 1, 1.5 and 2 pixels a point, in English and in German. Scale and language belong to
-// a process, so it starts itself once for each.
+// vexmoor-screens FOLDER [SCENE...]: renders every window, or those whose names start so, light and
+// dark, at 1, 1.5 and 2 pixels per point, in English and German. Scale and language are per
+// process, so it starts itself for each combination.
 
 namespace {
 
@@ -46,7 +46,7 @@ int renderAll(const QStringList& arguments) {
     return isComplete ? 0 : 1;
 }
 
-/// A display on which no popup is cut, as the configuration of Qt's offscreen platform.
+/// Configures Qt's offscreen platform with a display that no popup exceeds.
 void describeDisplay(QTemporaryFile& file) {
     file.open();
     file.write(R"({"screens": [{"name": "tall", "x": 0, "y": 0, "width": 4000, "height": 4000,
@@ -95,10 +95,10 @@ int main(int argc, char* argv[]) {
     if (qEnvironmentVariableIsSet(kRendering)) {
         useUserLocale();
         const QApplication application(argc, argv);
-        std::setlocale(LC_NUMERIC, "C"); // Qt took the user's
+        std::setlocale(LC_NUMERIC, "C"); // Qt set the user's locale
         installTranslators();
         QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
-        setReducedMotion(true); // pictures are of the end of a motion
+        setReducedMotion(true); // pictures show the final state of animations
         return renderAll(arguments);
     }
     const QCoreApplication application(argc, argv);

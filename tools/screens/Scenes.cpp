@@ -31,14 +31,14 @@ constexpr QSize kTab(360, 450);
 constexpr QSize kLongTab(360, 1500);
 constexpr QSize kWideTab(1200, 700);
 
-/// With another skin than iron.
+/// Uses a skin other than iron.
 Stage& dressed(Stage& stage, const Skin& skin) {
     stage.stores().progression.select(skin);
     CauldronArt::setCurrent(skin);
     return stage;
 }
 
-/// What the desktop could show of an image; other items have the sheet of their kind.
+/// Loads previews for images; other items show the sheet of their type.
 void landscape(const Sacrifice& item, const BinnedPictures::Completion& completion) {
     if (!item.name.ends_with(".png") && !item.name.ends_with(".jpg"))
         return;
@@ -60,7 +60,7 @@ Made statsWindow(Stage& stage) {
                                                           .loadPicture = &landscape});
 }
 
-/// Once the window was shown, which begins with nothing picked.
+/// Selects items after the window is shown, because showing clears the selection.
 template <typename Act>
 Made shownFirst(Stage& stage, Act act) {
     Made window = statsWindow(stage);
@@ -69,7 +69,7 @@ Made shownFirst(Stage& stage, Act act) {
     return window;
 }
 
-/// The whole window with another tab than the history.
+/// The whole window with a tab other than the history.
 template <StatsView::Tab tab>
 Made windowWith(Stage& stage) {
     return shownFirst(stage, [](QWidget& window) { window.findChild<StatsView*>()->setTab(tab); });
@@ -99,9 +99,9 @@ Made dissolvingHistory(Stage& stage) {
     return statsWindow(stage);
 }
 
-/// Of a ledger that is empty, as at the first start.
+/// Uses an empty ledger, as at the first start.
 Made emptyHistory(Stage&) {
-    static std::list<test::WindowStores> kept; // as long as the windows
+    static std::list<test::WindowStores> kept; // lives as long as the windows
     auto* const stores = &kept.emplace_back();
     auto window = std::make_unique<StatsWindow>(StatsView::Parts{.ledger = stores->ledger,
                                                                  .settings = stores->settings,
@@ -166,7 +166,7 @@ Made trayPopup(Stage& stage) {
         Skin::named(stores.progression.progress().skin), true);
 }
 
-/// The walkthrough at a page, where all that comes before is allowed.
+/// The walkthrough at a page, with all previous permissions granted.
 Made walkthrough(Onboarding::Page page) {
     using Page = Onboarding::Page;
     Onboarding::Facts facts;

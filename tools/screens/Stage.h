@@ -14,15 +14,15 @@ class QWidget;
 
 namespace vexmoor::screens {
 
-/// Where windows are shown and pictured: the sample stores, with the skin and the mode that the
-/// scene wants, in the colours of a light or a dark desktop.
+/// The environment in which windows are rendered: sample stores with the scene's skin and mode, in
+/// the colours of a light or dark desktop.
 class Stage {
   public:
     Stage(std::filesystem::path folder, bool isDark, double scale);
 
     test::SampleStores& stores() { return m_stores; }
 
-    /// What a window works with and does not own: lives until after the picture.
+    /// Keeps an object that a window uses but does not own until the picture is taken.
     template <typename T, typename... Arguments>
     T& make(Arguments&&... arguments) {
         auto made = std::make_shared<T>(std::forward<Arguments>(arguments)...);
@@ -30,8 +30,8 @@ class Stage {
         return *made;
     }
 
-    /// Shows the window at that size, its own one if that is empty, and writes
-    /// <folder>/<name>-<light|dark>-<scale>x.png. \return whether it was written.
+    /// Shows the window at that size (default: its own) and writes
+    /// <folder>/<name>-<light|dark>-<scale>x.png. Returns whether it was written.
     bool picture(QWidget& window, const std::string& name, QSize size);
 
   private:
@@ -41,14 +41,14 @@ class Stage {
     std::vector<std::shared_ptr<void>> m_kept;
 };
 
-/// One thing to picture.
+/// A window to render.
 struct Scene {
     const char* name;
-    QSize size; ///< in points; empty for the window's own
+    QSize size; ///< in points; empty for the window's own size
     std::function<std::unique_ptr<QWidget>(Stage&)> make;
 };
 
-/// All, in the order of the program.
+/// Returns all scenes in program order.
 const std::vector<Scene>& scenes();
 
 } // namespace vexmoor::screens

@@ -64,7 +64,7 @@ bool hasExtension(std::string_view name) {
 
 } // namespace
 
-/// Newer servers have an extension for it, older ones name their outputs so.
+/// Recent servers have the XWAYLAND extension; older ones have outputs of that name.
 bool isXwayland() {
     if (!connection())
         return false;

@@ -11,8 +11,8 @@ namespace {
 
 using x11::connection;
 
-/// The number of the event that tells of a selection's owners, which the server sends from now on;
-/// nothing where it cannot.
+/// Selects the event that reports a selection's owners and returns its number; -1 if that is
+/// not supported.
 int watchOwner(xcb_atom_t selection) {
     const xcb_query_extension_reply_t* const extension =
         xcb_get_extension_data(connection(), &xcb_xfixes_id);
@@ -23,7 +23,7 @@ int watchOwner(xcb_atom_t selection) {
         xcb_xfixes_query_version_reply(connection(), cookie, nullptr));
     if (!version)
         return -1;
-    // Qt asks for the same three on the same window: one connection has one such choice.
+    // The mask equals Qt's for the same window, because one connection has only one mask.
     xcb_xfixes_select_selection_input(connection(), x11::root(), selection,
                                       XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |

@@ -13,7 +13,8 @@ namespace {
 using x11::atom;
 using x11::connection;
 
-/// When the user asked, in the server's milliseconds: the id's last part is "_TIME" and a number.
+/// Returns the time of the user's request in server milliseconds. The id ends with "_TIME" and that
+/// number.
 std::optional<xcb_timestamp_t> timeOf(const QByteArray& id) {
     constexpr const char* kMark = "_TIME";
     const auto mark = id.lastIndexOf(kMark);
@@ -32,12 +33,12 @@ QByteArray quoted(const QByteArray& text) {
     return result + '"';
 }
 
-/// A client message that all see who watch the root's properties.
+/// Sends a client message to all clients that watch the root window's properties.
 void sendToRoot(const xcb_client_message_event_t& event, std::uint32_t mask) {
     xcb_send_event(connection(), 0, x11::root(), mask, reinterpret_cast<const char*>(&event));
 }
 
-/// Sends the text in pieces, its closing zero among them, in the name of a window of its own.
+/// Sends the text in pieces, including its terminating NUL, from a temporary window.
 void broadcast(const QByteArray& text) {
     const xcb_window_t sender = xcb_generate_id(connection());
     xcb_create_window(connection(), XCB_COPY_FROM_PARENT, sender, x11::root(), -1, -1, 1, 1, 0,

@@ -7,7 +7,7 @@
 
 namespace vexmoor::x11 {
 
-/// Qt's own connection; null where Qt does not run on X11.
+/// Returns Qt's connection, or null if Qt does not run on X11.
 xcb_connection_t* connection();
 xcb_window_t root();
 xcb_atom_t atom(const char* name);
@@ -15,7 +15,7 @@ xcb_atom_t atom(const char* name);
 struct Free {
     void operator()(void* memory) const { std::free(memory); }
 };
-/// A reply, as xcb hands it over; null where the request failed.
+/// An xcb reply; null if the request failed.
 template <typename T>
 using Reply = std::unique_ptr<T, Free>;
 

@@ -32,7 +32,7 @@ CopyKey::~CopyKey() {
         defineKey(m_connection, *m_borrowed, XKB_KEY_NoSymbol);
 }
 
-/// Where no layout has Latin letters, an unused key gets the meaning for a moment.
+/// If no layout has Latin letters, temporarily assigns "c" to an unused key.
 bool CopyKey::findKey() {
     m_key = m_keyboard.keyOf(XKB_KEY_c);
     if (m_key)
@@ -63,8 +63,9 @@ bool CopyKey::press() {
     }
 }
 
-/// While the server is grabbed, no other program's requests come between looking and pressing. The
-/// user's hand may: then the "c" came without Ctrl, and all is pressed again.
+/// The server grab keeps other programs' requests from coming between the query and the press. The
+/// user can still release Ctrl; then the program received a plain "c", and the combination is
+/// pressed again.
 CopyKey::Outcome CopyKey::pressOnce(bool isSecond) {
     constexpr std::uint16_t kOthers = XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_1 | XCB_MOD_MASK_4;
     const auto controls = m_keyboard.keysOf(XKB_KEY_Control_L);

@@ -6,18 +6,19 @@
 
 namespace vexmoor::x11 {
 
-/// Presses Ctrl+C as if by hand (XTEST), while the user may hold Ctrl himself.
+/// Synthesises Ctrl+C (XTEST), even while the user holds Ctrl.
 class CopyKey {
   public:
-    /// `willPress` is called before each press of the key that gives the "c".
+    /// `willPress` is called before each press of the key that produces "c".
     CopyKey(XConnection& connection, const Keyboard& keyboard,
             std::function<void(xcb_keycode_t)> willPress);
-    /// Takes a meaning away again that it gave to an unused key.
+    /// Restores a temporarily assigned key.
     ~CopyKey();
     CopyKey(const CopyKey&) = delete;
     CopyKey& operator=(const CopyKey&) = delete;
 
-    /// False if no key can give a "c", another modifier stays held, or the server has no XTEST.
+    /// Returns false if no key produces "c", another modifier stays pressed, or the server lacks
+    /// XTEST.
     bool press();
 
   private:
@@ -32,7 +33,7 @@ class CopyKey {
     const Keyboard& m_keyboard;
     std::function<void(xcb_keycode_t)> m_willPress;
     std::optional<xcb_keycode_t> m_key;
-    std::optional<xcb_keycode_t> m_borrowed; ///< a key without a meaning that means "c" now
+    std::optional<xcb_keycode_t> m_borrowed; ///< an unused key that temporarily produces "c"
 };
 
 } // namespace vexmoor::x11

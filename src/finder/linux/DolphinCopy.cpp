@@ -32,7 +32,7 @@ bool copyInDolphin(const QDBusConnection& session, pid_t process, xcb_window_t w
         const QString path = QStringLiteral("/dolphin/Dolphin_%1").arg(i);
         const auto id = ask(session, service, path, "winId");
         if (!id && i > 1)
-            return false; // numbers of closed windows are not used again, so the rest may follow
+            return false; // numbers of closed windows are not reused, so later ones may exist
         if (id && id->toLongLong() == static_cast<qlonglong>(window))
             return ask(session, service, path, "activateAction", {QStringLiteral("edit_copy")})
                 .value_or(QVariant())

@@ -8,8 +8,8 @@
 
 namespace vexmoor {
 
-/// Has the Dolphin of that process copy the selection of that window to the clipboard, without any
-/// key. False if it does not answer. Blocks for less than a second; any thread.
+/// Makes the Dolphin process copy that window's selection to the clipboard without a key press.
+/// Returns false if it does not answer. Blocks for less than a second; thread-safe.
 bool copyInDolphin(const QDBusConnection& session, pid_t process, xcb_window_t window);
 
 } // namespace vexmoor

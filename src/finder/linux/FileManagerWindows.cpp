@@ -9,7 +9,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds kActivation{1000};
-constexpr std::uint32_t kFromPager = 2; ///< on behalf of the user
+constexpr std::uint32_t kFromPager = 2; ///< the source indication for user requests
 
 std::optional<FileManagerWindow> fileManagerWindow(XConnection& connection, xcb_window_t window) {
     // "instance\0class\0"
@@ -73,7 +73,7 @@ std::optional<FileManagerWindow> activateFileManager(XConnection& connection) {
             return active;
         if (Clock::now() >= deadline || connection.isBroken())
             return std::nullopt;
-        (void)connection.waitForEvent(deadline); // a change of the root's properties, mostly
+        (void)connection.waitForEvent(deadline); // usually a property change of the root window
     }
 }
 

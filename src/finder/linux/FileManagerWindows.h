@@ -10,20 +10,20 @@
 
 namespace vexmoor::x11 {
 
-/// A window of a file manager.
+/// A file manager's window.
 struct FileManagerWindow {
     xcb_window_t id = XCB_WINDOW_NONE;
     const FileManager* manager = nullptr;
-    std::optional<pid_t> process; ///< nullopt if the window does not say
+    std::optional<pid_t> process; ///< nullopt if the window does not specify it
 
     bool operator==(const FileManagerWindow&) const = default;
 };
 
-/// The active window, if it is a file manager's (EWMH, _NET_ACTIVE_WINDOW).
+/// Returns the active window if it belongs to a file manager (EWMH, _NET_ACTIVE_WINDOW).
 std::optional<FileManagerWindow> activeFileManager(XConnection& connection);
 
-/// Makes the uppermost window of a file manager the active one, unless it is, and waits for that.
-/// nullopt if there is no such window, or the window manager does not activate it.
+/// Activates the topmost file manager window and waits until it is active. Returns nullopt if there
+/// is none or the window manager does not activate it.
 std::optional<FileManagerWindow> activateFileManager(XConnection& connection);
 
 } // namespace vexmoor::x11

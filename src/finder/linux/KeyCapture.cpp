@@ -13,7 +13,7 @@ namespace vexmoor {
 
 namespace {
 
-/// By grabs, synthesised keys and the accessibility bus.
+/// Captures keys with X11 grabs, synthesised keys and the accessibility bus.
 class X11KeyCapture : public KeyCapture, public EventTap {
   public:
     explicit X11KeyCapture(Parts parts)
@@ -21,7 +21,7 @@ class X11KeyCapture : public KeyCapture, public EventTap {
           m_tap({.bindsKeyItself = std::move(parts.bindsKeyItself),
                  .keyIsHeld = std::move(parts.keyIsHeld),
                  .fileManagerActivated = [this](auto process) { m_focus.setProcess(process); },
-                 .userGoesOn = [this] { m_selection.userGoesOn(); }}),
+                 .userActed = [this] { m_selection.userActed(); }}),
           m_selection(
               parts.automation, parts.main, parts.session, [this] { m_tap.waitForRelease(); },
               [this](std::uint8_t key) { m_tap.ignoreNext(key); }) {}
@@ -33,7 +33,7 @@ class X11KeyCapture : public KeyCapture, public EventTap {
     FinderSelection& selection() override { return m_selection; }
     void refresh() override { m_tap.refresh(); }
 
-    /// The focus is followed only while keys are captured.
+    /// Tracks the focus only while keys are captured.
     bool install(Handler handler) override {
         m_focus.start();
         const bool isInstalled = m_tap.install(std::move(handler));
@@ -76,7 +76,7 @@ class NoKeyCapture : public KeyCapture,
     void query(Completion completion) override { completion(SelectionError::failed); }
 };
 
-/// Under Wayland, XWayland shows only the keys of X11 windows.
+/// Under Wayland, XWayland delivers only the keys of X11 windows.
 bool isX11Session() {
     return QGuiApplication::platformName() == QStringLiteral("xcb") &&
            !qEnvironmentVariableIsSet("WAYLAND_DISPLAY");

@@ -7,15 +7,15 @@
 
 namespace vexmoor::x11 {
 
-/// Synchronous passive grabs of Ctrl and a key on the root window, whatever the lock keys.
+/// Synchronous passive grabs of Ctrl and a key on the root window, for all states of the lock keys.
 class KeyGrabs {
   public:
     explicit KeyGrabs(XConnection& connection) : m_connection(connection) {}
 
-    /// Holds the grabs of exactly these keys from now on, as far as other programs leave them.
+    /// Grabs exactly these keys, except those that other programs have grabbed.
     void hold(const Keyboard& keyboard, const std::vector<xcb_keycode_t>& keys);
 
-    /// False if another program holds some of the keys that were asked for.
+    /// False if another program has grabbed some of the requested keys.
     [[nodiscard]] bool isComplete() const { return m_isComplete; }
     [[nodiscard]] bool isHeld(xcb_keycode_t key) const;
 

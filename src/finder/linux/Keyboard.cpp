@@ -1,6 +1,6 @@
 #include "Keyboard.h"
 
-// The header of XKB has a field that C++ reserves.
+// The XKB header has a field whose name is a C++ keyword.
 #define explicit explicitField
 #include <xcb/xkb.h>
 #undef explicit
@@ -19,7 +19,7 @@ bool isLatinLetter(xkb_keysym_t symbol) {
            (symbol >= XKB_KEY_A && symbol <= XKB_KEY_Z);
 }
 
-/// Bits 13 and 14 of a core event's state (X Keyboard Extension protocol, 2.2.2).
+/// Returns bits 13 and 14 of a core event's state (X Keyboard Extension protocol, 2.2.2).
 xkb_layout_index_t layoutOf(std::uint16_t state) {
     return (state >> 13) & 3;
 }

@@ -11,31 +11,30 @@
 
 namespace vexmoor::x11 {
 
-/// What the keys of the keyboard mean, as the X server has it at the moment.
+/// The X server's current keyboard mapping.
 class Keyboard {
   public:
-    /// Selects the events of changes. False if the server has no XKB.
+    /// Selects mapping change events. Returns false if the server lacks XKB.
     bool open(XConnection& connection);
 
-    /// Reads the keyboard's meaning again if the event reports a change.
-    /// \return whether it changed.
+    /// Reads the mapping again if the event reports a change. Returns true if it did.
     bool follow(const xcb_generic_event_t& event);
 
-    /// All keys that give this symbol without modifiers in any of the layouts.
+    /// Returns all keys that produce the symbol without modifiers in any layout.
     [[nodiscard]] std::vector<xcb_keycode_t> keysOf(xkb_keysym_t symbol) const;
-    /// The key that gives this symbol in the layout in use or, if none does, in another one.
+    /// Returns the key that produces the symbol in the active layout, otherwise in another one.
     [[nodiscard]] std::optional<xcb_keycode_t> keyOf(xkb_keysym_t symbol) const;
-    /// A key without any meaning.
+    /// Returns a key without symbols.
     [[nodiscard]] std::optional<xcb_keycode_t> unusedKey() const;
 
-    /// The key's Latin letter without modifiers, in the layout that the state of an event names or,
-    /// where that one has no Latin letter on the key, in the first one that has.
+    /// Returns the key's Latin letter without modifiers in the layout of the event state, otherwise
+    /// in the first layout that has one.
     [[nodiscard]] std::string letterOf(xcb_keycode_t key, std::uint16_t state) const;
 
-    /// The modifiers that the key stands for, as bits of an event's state; 0 if it is none.
+    /// Returns the modifier bits that the key sets, or 0 if it is no modifier.
     [[nodiscard]] std::uint16_t modifiersOf(xcb_keycode_t key) const;
 
-    /// All combinations of the lock keys, none among them, as modifiers of a grab.
+    /// Returns all combinations of the lock modifiers, including none.
     [[nodiscard]] std::vector<std::uint16_t> lockCombinations() const;
 
   private:
@@ -50,7 +49,8 @@ class Keyboard {
     std::int32_t m_device = -1;
     ContextPointer m_context{nullptr, &xkb_context_unref};
     KeymapPointer m_keymap{nullptr, &xkb_keymap_unref};
-    std::array<std::vector<xcb_keycode_t>, 8> m_modifiers; ///< the keys of each, Shift first
+    std::array<std::vector<xcb_keycode_t>, 8>
+        m_modifiers; ///< the keys of each modifier, Shift first
 };
 
 } // namespace vexmoor::x11

@@ -8,11 +8,11 @@
 
 namespace vexmoor::x11 {
 
-/// What the owner of a selection gives for one target (ICCCM, section 2).
+/// The data of one target of a selection (ICCCM, section 2).
 struct SelectionData {
     xcb_atom_t target = XCB_ATOM_NONE;
     xcb_atom_t type = XCB_ATOM_NONE;
-    std::uint8_t format = 8; ///< bits a unit: 8, 16 or 32
+    std::uint8_t format = 8; ///< bits per unit: 8, 16 or 32
     std::string bytes{};
 };
 

@@ -7,7 +7,7 @@ namespace vexmoor::x11 {
 
 namespace {
 
-constexpr std::size_t kPiece = 128 * 1024; ///< bytes; below what every server takes in a request
+constexpr std::size_t kPiece = 128 * 1024; ///< bytes; below each server's maximum request size
 constexpr std::size_t kMostTransfers = 16;
 
 void writeProperty(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property,
@@ -58,7 +58,7 @@ void SelectionOwner::take(const xcb_generic_event_t& event) {
 }
 
 void SelectionOwner::answer(const xcb_selection_request_event_t& request) {
-    // Obsolete clients name no property.
+    // Obsolete clients specify no property.
     const xcb_atom_t property =
         request.property == XCB_ATOM_NONE ? request.target : request.property;
     bool isDone = false;
@@ -100,7 +100,7 @@ bool SelectionOwner::convert(xcb_window_t requestor, xcb_atom_t target, xcb_atom
         return true;
     }
     if (m_transfers.size() == kMostTransfers)
-        m_transfers.pop_front(); // its program has stopped reading
+        m_transfers.pop_front(); // its requestor stopped reading
     m_transfers.push_back({requestor, property, *data});
     constexpr std::uint32_t kEvents =
         XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
@@ -111,7 +111,8 @@ bool SelectionOwner::convert(xcb_window_t requestor, xcb_atom_t target, xcb_atom
     return true;
 }
 
-/// The property holds pairs of a target and a property; those that fail become None.
+/// The property contains pairs of target and property; the property of a failed pair is set to
+/// None.
 bool SelectionOwner::convertMultiple(const xcb_selection_request_event_t& request) {
     if (request.property == XCB_ATOM_NONE)
         return false;
@@ -125,7 +126,7 @@ bool SelectionOwner::convertMultiple(const xcb_selection_request_event_t& reques
     return true;
 }
 
-/// The requestor deletes the property when it has read it; an empty piece ends the content.
+/// The requestor deletes the property after reading it; an empty piece marks the end.
 void SelectionOwner::sendPiece(const xcb_property_notify_event_t& event) {
     if (event.state != XCB_PROPERTY_DELETE)
         return;

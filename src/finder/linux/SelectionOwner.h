@@ -7,27 +7,27 @@
 
 namespace vexmoor::x11 {
 
-/// Owns a selection and gives its content to the programs that ask, in pieces where it is long
-/// (ICCCM, section 2). One thread.
+/// Owns a selection and converts its content for requestors, incrementally if it is long (ICCCM,
+/// section 2). Not thread-safe.
 class SelectionOwner {
   public:
-    /// The window is this program's own and selects property changes.
+    /// The window must belong to this program and select property changes.
     SelectionOwner(XConnection& connection, xcb_window_t window, xcb_atom_t selection);
 
-    /// Becomes the owner. Without content the selection has no owner afterwards.
+    /// Takes ownership with this content. With empty content, releases the ownership.
     void own(SelectionContent content);
 
     [[nodiscard]] bool owns() const { return m_owns; }
     [[nodiscard]] const SelectionContent& content() const { return m_content; }
 
-    /// Whether a program is still being given a long content.
+    /// True while an incremental transfer is in progress.
     [[nodiscard]] bool isTransferring() const { return !m_transfers.empty(); }
 
-    /// Answers the event if it is about the selection.
+    /// Handles the event if it concerns the selection.
     void take(const xcb_generic_event_t& event);
 
   private:
-    /// A content on its way to a program that reads it in pieces.
+    /// An incremental transfer.
     struct Transfer {
         xcb_window_t requestor;
         xcb_atom_t property;

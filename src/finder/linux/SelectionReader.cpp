@@ -10,11 +10,11 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr std::chrono::milliseconds kAnswer{500}; ///< for an answer, and for each piece of one
-constexpr std::chrono::seconds kWhole{5};         ///< for all that an owner offers
+constexpr std::chrono::milliseconds kAnswer{500}; ///< timeout for a reply and for each piece of one
+constexpr std::chrono::seconds kWhole{5};         ///< timeout for all targets together
 constexpr const char* kProperty = "VEXMOOR_SELECTION";
 
-/// Targets that are requests to the owner, or about the others.
+/// Targets that are requests or metadata instead of content.
 constexpr std::array kNoData{"TARGETS", "MULTIPLE",         "TIMESTAMP",      "SAVE_TARGETS",
                              "DELETE",  "INSERT_SELECTION", "INSERT_PROPERTY"};
 
@@ -39,7 +39,7 @@ Event SelectionReader::waitFor(const std::function<bool(const xcb_generic_event_
     return nullptr;
 }
 
-/// Reads the property that an owner wrote, and deletes it, which asks for the next piece.
+/// Reads the owner's property and deletes it, which requests the next piece.
 std::optional<SelectionData> SelectionReader::takeProperty() {
     constexpr std::uint32_t kAll = 0x1FFFFFFF; // 32-bit units
     const auto cookie =
@@ -93,7 +93,7 @@ std::optional<SelectionData> SelectionReader::readPieces(SelectionData data, std
             return std::nullopt;
         auto piece = takeProperty();
         if (!piece)
-            continue; // the property that announced the pieces
+            continue; // the property that announced the incremental transfer
         if (piece->bytes.empty())
             return data;
         data.type = piece->type;

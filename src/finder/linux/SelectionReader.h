@@ -7,22 +7,22 @@
 
 namespace vexmoor::x11 {
 
-/// Reads selections of other programs, in pieces too (INCR). One thread.
+/// Reads other programs' selections, including incremental ones (INCR). Not thread-safe.
 class SelectionReader {
   public:
-    /// `takeOther` gets the events that are not about reading; the window is this program's own and
-    /// selects property changes.
+    /// `takeOther` receives events that do not concern reading. The window must belong to this
+    /// program and select property changes.
     SelectionReader(XConnection& connection, xcb_window_t window,
                     std::function<void(const xcb_generic_event_t&)> takeOther);
 
-    /// The next event that `isWanted` accepts; null if none comes until the deadline.
+    /// Returns the next event that `isWanted` accepts, or null at the deadline.
     Event waitFor(const std::function<bool(const xcb_generic_event_t&)>& isWanted,
                   std::chrono::steady_clock::time_point deadline);
 
-    /// nullopt if the owner does not give it in time, or it is longer than `most` bytes.
+    /// Returns nullopt if the owner does not reply in time or the data exceeds `most` bytes.
     std::optional<SelectionData> read(xcb_atom_t selection, xcb_atom_t target, std::size_t most);
 
-    /// Everything that the owner offers and gives in time, `most` bytes in all.
+    /// Reads all targets that the owner converts in time, at most `most` bytes in total.
     SelectionContent readAll(xcb_atom_t selection, std::size_t most);
 
   private:

@@ -7,7 +7,7 @@
 namespace vexmoor {
 
 X11EventTap::X11EventTap(Parts parts)
-    : m_parts(std::move(parts)), m_orders(std::make_unique<Orders>()) {}
+    : m_parts(std::move(parts)), m_requests(std::make_unique<Requests>()) {}
 
 X11EventTap::~X11EventTap() {
     remove();
@@ -15,8 +15,8 @@ X11EventTap::~X11EventTap() {
 
 bool X11EventTap::install(Handler handler) {
     remove();
-    m_orders->ends = false;
-    m_loop = Loop::open(m_parts, *m_orders, std::move(handler));
+    m_requests->ends = false;
+    m_loop = Loop::open(m_parts, *m_requests, std::move(handler));
     if (!m_loop)
         return false;
     m_thread = std::thread([loop = m_loop.get()] { loop->run(); });
@@ -26,28 +26,28 @@ bool X11EventTap::install(Handler handler) {
 void X11EventTap::remove() {
     if (!m_thread.joinable())
         return;
-    m_orders->ends = true;
-    m_orders->wake();
+    m_requests->ends = true;
+    m_requests->wake();
     m_thread.join();
     m_loop.reset();
 }
 
 void X11EventTap::captureUndoKey(bool captures) {
-    m_orders->capturesUndoKey = captures;
-    m_orders->wake();
+    m_requests->capturesUndoKey = captures;
+    m_requests->wake();
 }
 
 void X11EventTap::refresh() {
-    m_orders->refreshes = true;
-    m_orders->wake();
+    m_requests->refreshes = true;
+    m_requests->wake();
 }
 
 void X11EventTap::waitForRelease() {
-    const std::lock_guard lock(m_orders->answering);
+    const std::lock_guard lock(m_requests->answering);
 }
 
 void X11EventTap::ignoreNext(std::uint8_t key) {
-    m_orders->ignoreNext(key);
+    m_requests->ignoreNext(key);
 }
 
 std::optional<std::string> X11EventTap::frontmostApplication() {

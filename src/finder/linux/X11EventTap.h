@@ -12,51 +12,52 @@
 
 namespace vexmoor {
 
-/// Captures Ctrl+Backspace, and Ctrl+Z on request, while a file manager is active, by synchronous
-/// passive grabs that are answered one by one; sees all other presses as raw events (XInput 2). A
-/// connection and a thread of its own, on which the handler runs: no other thread can delay the
-/// session's input. When the process ends, the server releases all keys.
+/// Captures Ctrl+Backspace, and Ctrl+Z on request, while a file manager is active. Uses synchronous
+/// passive grabs that are replied to one by one; all other presses arrive as raw events (XInput 2).
+/// Has its own connection and thread, on which the handler runs, so that no other thread delays the
+/// session's input. The server releases the grabs when the process ends.
 class X11EventTap : public EventTap, public Workspace {
   public:
-    /// All are called on the tap's thread.
+    /// All callbacks run on the tap's thread.
     struct Parts {
-        /// Whether this file manager's process binds the key itself, so that the tap leaves it
-        /// alone.
+        /// True if this file manager's process binds the key itself, so that the tap must not
+        /// capture it.
         std::function<bool(const FileManager&, std::optional<pid_t>)> bindsKeyItself;
-        /// Another program holds the key. Called at most once an installation.
+        /// Another program has grabbed the key. Called at most once per installation.
         std::function<void()> keyIsHeld;
-        /// Another window became active: with the process of its file manager; nullopt if it is
-        /// none, or does not say its process.
+        /// Another window became active. The argument is its file manager's process; nullopt if it
+        /// is no file manager or the process is unknown.
         std::function<void(std::optional<pid_t>)> fileManagerActivated;
         /// The user pressed another key or a button.
-        std::function<void()> userGoesOn;
+        std::function<void()> userActed;
     };
 
     explicit X11EventTap(Parts parts);
     ~X11EventTap() override;
 
     bool install(Handler handler) override;
-    void enable() override {} // the server disables no grab
+    void enable() override {} // X never disables a grab
     void remove() override;
     void captureUndoKey(bool captures) override;
     std::optional<std::string> frontmostApplication() override;
 
-    /// Asks again who binds the key. Any thread.
+    /// Determines again which file managers bind the key themselves. Thread-safe.
     void refresh();
 
-    /// The next press of this X key is this program's own, not the user's. Any thread.
+    /// The next press of this X key code is synthesised by this program, not by the user.
+    /// Thread-safe.
     void ignoreNext(std::uint8_t key);
 
-    /// Returns when no captured press is being answered: keys that are synthesised before would go
-    /// to the grab. Not while the server is grabbed. Any thread but the tap's.
+    /// Blocks while a captured press is being handled: keys synthesised then would go to the grab.
+    /// Must not be called during a server grab or on the tap's thread.
     void waitForRelease();
 
   private:
     class Loop;
-    class Orders;
+    class Requests;
 
     Parts m_parts;
-    std::unique_ptr<Orders> m_orders;
+    std::unique_ptr<Requests> m_requests;
     std::unique_ptr<Loop> m_loop; ///< while installed
     std::thread m_thread;
 };

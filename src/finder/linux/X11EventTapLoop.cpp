@@ -27,7 +27,7 @@ std::uint64_t flagsOf(std::uint16_t state) {
     return flags;
 }
 
-/// Buttons 4 to 7 are the wheel's.
+/// Buttons 4 to 7 are the wheel.
 std::optional<Type> typeOfButton(std::uint32_t button) {
     constexpr std::uint32_t kFirstOfWheel = 4;
     constexpr std::uint32_t kLastOfWheel = 7;
@@ -42,7 +42,7 @@ std::uint8_t openInputExtension(xcb_connection_t* connection) {
     const auto* const extension = xcb_get_extension_data(connection, &xcb_input_id);
     if (extension == nullptr || extension->present == 0)
         return 0;
-    // Since 2.2, raw events come during grabs of other clients too.
+    // Since XInput 2.2, raw events are also delivered during other clients' grabs.
     const Reply<xcb_input_xi_query_version_reply_t> version(xcb_input_xi_query_version_reply(
         connection, xcb_input_xi_query_version(connection, 2, 2), nullptr));
     const bool isNewEnough = version && (version->major_version > 2 || version->minor_version >= 2);
@@ -61,24 +61,24 @@ void selectRawEvents(xcb_connection_t* connection, xcb_window_t root) {
 
 } // namespace
 
-X11EventTap::Orders::Orders() : m_event(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
+X11EventTap::Requests::Requests() : m_event(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
 
-void X11EventTap::Orders::wake() const {
+void X11EventTap::Requests::wake() const {
     const std::uint64_t one = 1;
-    (void)!::write(m_event.get(), &one, sizeof one); // fails only if it is readable already
+    (void)!::write(m_event.get(), &one, sizeof one); // fails only if the event is already signalled
 }
 
-void X11EventTap::Orders::clear() const {
+void X11EventTap::Requests::clear() const {
     std::uint64_t count = 0;
     (void)!::read(m_event.get(), &count, sizeof count);
 }
 
-void X11EventTap::Orders::ignoreNext(xcb_keycode_t key) {
+void X11EventTap::Requests::ignoreNext(xcb_keycode_t key) {
     const std::lock_guard lock(m_mutex);
     m_ignored.insert(key);
 }
 
-bool X11EventTap::Orders::ignores(xcb_keycode_t key) {
+bool X11EventTap::Requests::ignores(xcb_keycode_t key) {
     const std::lock_guard lock(m_mutex);
     const auto found = m_ignored.find(key);
     if (found == m_ignored.end())
@@ -87,12 +87,12 @@ bool X11EventTap::Orders::ignores(xcb_keycode_t key) {
     return true;
 }
 
-X11EventTap::Loop::Loop(const Parts& parts, Orders& orders, Handler handler)
-    : m_parts(parts), m_orders(orders), m_handler(std::move(handler)) {}
+X11EventTap::Loop::Loop(const Parts& parts, Requests& requests, Handler handler)
+    : m_parts(parts), m_requests(requests), m_handler(std::move(handler)) {}
 
-std::unique_ptr<X11EventTap::Loop> X11EventTap::Loop::open(const Parts& parts, Orders& orders,
+std::unique_ptr<X11EventTap::Loop> X11EventTap::Loop::open(const Parts& parts, Requests& requests,
                                                            Handler handler) {
-    std::unique_ptr<Loop> loop(new Loop(parts, orders, std::move(handler)));
+    std::unique_ptr<Loop> loop(new Loop(parts, requests, std::move(handler)));
     return loop->open() ? std::move(loop) : nullptr;
 }
 
@@ -114,9 +114,9 @@ bool X11EventTap::Loop::open() {
 }
 
 void X11EventTap::Loop::run() {
-    while (!m_orders.ends && !m_connection->isBroken()) {
-        followOrders();
-        // Requests of these may have read events from the connection: wait only when all are taken.
+    while (!m_requests.ends && !m_connection->isBroken()) {
+        applyRequests();
+        // Requests may have queued events on the connection; wait only when the queue is empty.
         bool tookAny = false;
         while (const x11::Event event{xcb_poll_for_event(m_connection->get())}) {
             take(*event);
@@ -130,19 +130,19 @@ void X11EventTap::Loop::run() {
 void X11EventTap::Loop::wait() {
     xcb_flush(m_connection->get());
     pollfd inputs[] = {{.fd = m_connection->descriptor(), .events = POLLIN, .revents = 0},
-                       {.fd = m_orders.descriptor(), .events = POLLIN, .revents = 0}};
+                       {.fd = m_requests.descriptor(), .events = POLLIN, .revents = 0}};
     const int ready =
         ::poll(inputs, std::size(inputs), m_grabs->isComplete() ? -1 : kRetryMilliseconds);
     if (ready == 0)
         holdGrabs();
     if ((inputs[1].revents & POLLIN) != 0)
-        m_orders.clear();
+        m_requests.clear();
 }
 
-void X11EventTap::Loop::followOrders() {
-    const bool captures = m_orders.capturesUndoKey;
+void X11EventTap::Loop::applyRequests() {
+    const bool captures = m_requests.capturesUndoKey;
     const bool changes = std::exchange(m_capturesUndoKey, captures) != captures;
-    if (m_orders.refreshes.exchange(false) || changes)
+    if (m_requests.refreshes.exchange(false) || changes)
         holdGrabs();
 }
 
@@ -197,16 +197,16 @@ void X11EventTap::Loop::readHeldModifiers() {
                   [this](xcb_keycode_t key) { return m_keyboard.modifiersOf(key) == 0; });
 }
 
-/// A grabbed key's own event, if the grab takes it, comes next; repeats have no raw event.
+/// If the grab captures the key, its event follows. Repeats have no raw event.
 void X11EventTap::Loop::takeRawKey(xcb_keycode_t key) {
-    if (m_orders.ignores(key))
+    if (m_requests.ignores(key))
         return;
     flushUnanswered();
     if (m_grabs->isHeld(key)) {
         m_unanswered = key;
         return;
     }
-    m_parts.userGoesOn();
+    m_parts.userActed();
     observe(key);
 }
 
@@ -215,7 +215,7 @@ void X11EventTap::Loop::takeRawButton(std::uint32_t button) {
     if (!type)
         return;
     flushUnanswered();
-    m_parts.userGoesOn();
+    m_parts.userActed();
     m_handler({.type = *type, .canBeSwallowed = false});
 }
 
@@ -234,7 +234,7 @@ void X11EventTap::Loop::observe(xcb_keycode_t key) {
 }
 
 void X11EventTap::Loop::takeGrabbedKey(const xcb_key_press_event_t& event) {
-    const std::lock_guard lock(m_orders.answering);
+    const std::lock_guard lock(m_requests.answering);
     const xcb_keycode_t key = event.detail;
     const bool isBackspace = std::ranges::count(m_keyboard.keysOf(XKB_KEY_BackSpace), key) > 0;
     InputEvent press{.keyCode = isBackspace ? InputEvent::kBackspace : InputEvent::kZ,
@@ -243,11 +243,11 @@ void X11EventTap::Loop::takeGrabbedKey(const xcb_key_press_event_t& event) {
                      .characters = m_keyboard.letterOf(key, event.state)};
     m_unanswered.reset();
     const bool swallows = m_handler(press) == Verdict::swallow;
-    followOrders(); // what the handler wants to capture next, before the next key can come
+    applyRequests(); // applies what the handler wants to capture before the next key press
     xcb_allow_events(m_connection->get(),
                      swallows ? XCB_ALLOW_ASYNC_KEYBOARD : XCB_ALLOW_REPLAY_KEYBOARD,
                      XCB_CURRENT_TIME);
-    // Keys that are synthesised now go to the file manager, not to this grab.
+    // Keys synthesised from now on go to the file manager instead of this grab.
     if (swallows) {
         xcb_ungrab_keyboard(m_connection->get(), XCB_CURRENT_TIME);
         m_connection->sync();
@@ -282,7 +282,7 @@ void X11EventTap::Loop::holdGrabs() {
         m_parts.keyIsHeld();
 }
 
-/// The server's own state may be that of later events.
+/// Uses the tracked modifiers, because the server's state may already include later events.
 std::uint16_t X11EventTap::Loop::modifiers() const {
     unsigned state = 0;
     for (const xcb_keycode_t key : m_heldModifiers)

@@ -16,10 +16,10 @@
 
 namespace vexmoor {
 
-/// What other threads want of the tap's thread.
-class X11EventTap::Orders {
+/// Requests of other threads to the tap's thread.
+class X11EventTap::Requests {
   public:
-    Orders();
+    Requests();
 
     std::atomic<bool> ends = false;
     std::atomic<bool> refreshes = false;
@@ -28,14 +28,14 @@ class X11EventTap::Orders {
     /// Locked from a captured press until the server has released the keyboard.
     std::mutex answering;
 
-    /// Makes the loop look at the orders.
+    /// Wakes the loop so that it reads the requests.
     void wake() const;
-    /// Readable after wake().
+    /// Becomes readable after wake().
     [[nodiscard]] int descriptor() const { return m_event.get(); }
     void clear() const;
 
     void ignoreNext(xcb_keycode_t key);
-    /// Whether a press of the key is one to be ignored; counts it.
+    /// Returns true and consumes one entry if the next press of the key is to be ignored.
     bool ignores(xcb_keycode_t key);
 
   private:
@@ -44,24 +44,24 @@ class X11EventTap::Orders {
     std::multiset<xcb_keycode_t> m_ignored;
 };
 
-/// The tap's thread: reads the server's events until it is to end.
+/// The tap's thread: handles the server's events until it is stopped.
 class X11EventTap::Loop {
   public:
-    /// Null if the display cannot be reached, or lacks an extension. Parts and orders must outlive
-    /// it.
-    static std::unique_ptr<Loop> open(const Parts& parts, Orders& orders, Handler handler);
+    /// Returns null if the display cannot be opened or lacks an extension. Parts and requests must
+    /// outlive the loop.
+    static std::unique_ptr<Loop> open(const Parts& parts, Requests& requests, Handler handler);
 
     void run();
 
-    /// Asks the server. Called by the handler, in run().
+    /// Queries the server. Called by the handler in run().
     bool fileManagerIsActive() { return x11::activeFileManager(*m_connection).has_value(); }
 
   private:
-    Loop(const Parts& parts, Orders& orders, Handler handler);
+    Loop(const Parts& parts, Requests& requests, Handler handler);
 
     bool open();
     void wait();
-    void followOrders();
+    void applyRequests();
     void take(const xcb_generic_event_t& event);
     void takeRaw(const xcb_ge_generic_event_t& event);
     void takeRawKey(xcb_keycode_t key);
@@ -77,7 +77,7 @@ class X11EventTap::Loop {
     [[nodiscard]] std::uint16_t modifiers() const;
 
     const Parts& m_parts;
-    Orders& m_orders;
+    Requests& m_requests;
     Handler m_handler;
     std::unique_ptr<x11::XConnection> m_connection;
     x11::Keyboard m_keyboard;
@@ -87,7 +87,7 @@ class X11EventTap::Loop {
     bool m_capturesUndoKey = false;
     bool m_reportedHeldKey = false;
     std::set<xcb_keycode_t> m_heldModifiers;
-    /// A pressed key that is grabbed with Ctrl, until it is known whether that grab took it.
+    /// A pressed key that is grabbed with Ctrl, until it is known whether the grab captured it.
     std::optional<xcb_keycode_t> m_unanswered;
 };
 

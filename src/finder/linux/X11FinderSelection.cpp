@@ -31,7 +31,7 @@ void X11FinderSelection::query(Completion completion) {
 
 void X11FinderSelection::start(Completion completion) {
     if (!m_loop) {
-        m_loop = Loop::open(m_session, m_willPress, m_userWentOn);
+        m_loop = Loop::open(m_session, m_willPress, m_userActed);
         if (m_loop)
             m_thread = std::thread([this] { m_loop->run(m_waitForRelease); });
     }

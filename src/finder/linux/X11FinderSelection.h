@@ -14,14 +14,14 @@
 
 namespace vexmoor {
 
-/// Asks the file manager that is active, or else the uppermost one, by a copy to the clipboard,
-/// which gets back what it held. A connection and a thread of its own, which goes on giving the
-/// clipboard's content to other programs afterwards.
+/// Reads the selection of the active file manager, or the topmost one, through a copy to the
+/// clipboard, and restores the clipboard. Has its own connection and thread, which then serves the
+/// restored content to other programs.
 class X11FinderSelection : public FinderSelection {
   public:
-    /// Everything must outlive it. Completions that are not posted when it goes are dropped.
-    /// On its thread `waitForRelease` is called before each query, and `willPress` before it
-    /// presses an X key.
+    /// All arguments must outlive this object. Drops completions that are not posted before its
+    /// destruction. On its thread, calls `waitForRelease` before each query and `willPress` before
+    /// it presses an X key.
     X11FinderSelection(Automation& automation, Executor& main, const QDBusConnection& session,
                        std::function<void()> waitForRelease,
                        std::function<void(std::uint8_t)> willPress);
@@ -29,9 +29,9 @@ class X11FinderSelection : public FinderSelection {
 
     void query(Completion completion) override;
 
-    /// The user does something else: a copy that comes from now on is not the one that a pending
-    /// query asked for. Any thread.
-    void userGoesOn() { m_userWentOn = true; }
+    /// The user did something else: a copy from now on does not belong to the pending query.
+    /// Thread-safe.
+    void userActed() { m_userActed = true; }
 
   private:
     class Loop;
@@ -43,8 +43,8 @@ class X11FinderSelection : public FinderSelection {
     QDBusConnection m_session;
     std::function<void()> m_waitForRelease;
     std::function<void(std::uint8_t)> m_willPress;
-    std::atomic<bool> m_userWentOn = false;
-    std::unique_ptr<Loop> m_loop; ///< from the first query on
+    std::atomic<bool> m_userActed = false;
+    std::unique_ptr<Loop> m_loop; ///< created by the first query
     std::thread m_thread;
 };
 

@@ -20,7 +20,7 @@ using x11::Reply;
 
 constexpr std::chrono::milliseconds kOwnerChange{300};
 constexpr std::chrono::seconds kSaving{2};
-constexpr std::size_t kMostBytes = 256u * 1024 * 1024; ///< of the clipboard
+constexpr std::size_t kMostBytes = 256u * 1024 * 1024; ///< maximum clipboard size
 
 xcb_window_t makeWindow(const x11::XConnection& connection) {
     const xcb_window_t window = xcb_generate_id(connection.get());
@@ -31,7 +31,8 @@ xcb_window_t makeWindow(const x11::XConnection& connection) {
     return window;
 }
 
-/// The number of the events that report owners of the selection; nullopt without the extension.
+/// Returns the number of the XFIXES events that report selection owners; nullopt without the
+/// extension.
 std::optional<std::uint8_t> watchOwner(const x11::XConnection& connection, xcb_window_t window,
                                        xcb_atom_t selection) {
     const auto* const extension = xcb_get_extension_data(connection.get(), &xcb_xfixes_id);
@@ -46,7 +47,7 @@ std::optional<std::uint8_t> watchOwner(const x11::XConnection& connection, xcb_w
     return static_cast<std::uint8_t>(extension->first_event + XCB_XFIXES_SELECTION_NOTIFY);
 }
 
-/// RFC 2483, section 5.
+/// Parses a URI list (RFC 2483, section 5).
 Selection selectionFromUris(const std::string& list) {
     Selection selection;
     std::istringstream lines(list);
@@ -67,15 +68,15 @@ Selection selectionFromUris(const std::string& list) {
 
 X11FinderSelection::Loop::Loop(const QDBusConnection& session,
                                std::function<void(std::uint8_t)> willPress,
-                               std::atomic<bool>& userWentOn)
-    : m_session(session), m_willPress(std::move(willPress)), m_userWentOn(userWentOn),
+                               std::atomic<bool>& userActed)
+    : m_session(session), m_willPress(std::move(willPress)), m_userActed(userActed),
       m_wake(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
 
 std::unique_ptr<X11FinderSelection::Loop>
 X11FinderSelection::Loop::open(const QDBusConnection& session,
                                std::function<void(std::uint8_t)> willPress,
-                               std::atomic<bool>& userWentOn) {
-    std::unique_ptr<Loop> loop(new Loop(session, std::move(willPress), userWentOn));
+                               std::atomic<bool>& userActed) {
+    std::unique_ptr<Loop> loop(new Loop(session, std::move(willPress), userActed));
     return loop->open() ? std::move(loop) : nullptr;
 }
 
@@ -158,14 +159,14 @@ SelectionResult X11FinderSelection::Loop::ask() {
     auto before = m_owner->owns() ? m_owner->content()
                   : hadOwner      ? m_reader->readAll(m_clipboard, kMostBytes)
                                   : x11::SelectionContent();
-    m_userWentOn = false;
+    m_userActed = false;
     x11::CopyKey key(*m_connection, m_keyboard, m_willPress);
     if (!copy(*window, key))
         return SelectionError::failed;
     if (!ownerChanges(window->id))
         return Selection(); // nothing is selected
     auto result = takeCopy();
-    // Clipboard managers have these contents already.
+    // This hint keeps clipboard managers from storing the restored content twice.
     if (!before.empty())
         before.push_back({m_connection->atom("x-kde-passwordManagerHint"),
                           m_connection->atom("UTF8_STRING"), 8, "secret"});
@@ -179,8 +180,8 @@ bool X11FinderSelection::Loop::copy(const x11::FileManagerWindow& window, x11::C
            key.press();
 }
 
-/// Whether the client that has the window becomes the owner, as another program may at any time,
-/// and not because the user copies something himself.
+/// Waits until the client of that window becomes the selection owner. Returns false if it does not,
+/// or if the user did something else in the meantime. Ignores owner changes by other clients.
 bool X11FinderSelection::Loop::ownerChanges(xcb_window_t window) {
     const std::uint32_t client = ~xcb_get_setup(m_connection->get())->resource_id_mask;
     constexpr int kSentByClient = 0x80;
@@ -193,10 +194,10 @@ bool X11FinderSelection::Loop::ownerChanges(xcb_window_t window) {
             return notify.selection == m_clipboard && (notify.owner & client) == (window & client);
         },
         Clock::now() + kOwnerChange);
-    return change != nullptr && !m_userWentOn;
+    return change != nullptr && !m_userActed;
 }
 
-/// Text may be what was selected: then there are no URIs.
+/// If text was selected, the clipboard has no URIs.
 SelectionResult X11FinderSelection::Loop::takeCopy() {
     const auto uris = m_reader->read(m_clipboard, m_connection->atom("text/uri-list"), kMostBytes);
     return uris ? selectionFromUris(uris->bytes) : Selection();
@@ -208,8 +209,8 @@ bool X11FinderSelection::Loop::hasOwner(xcb_atom_t selection) const {
     return owner && owner->owner != XCB_WINDOW_NONE;
 }
 
-/// Hands what the clipboard holds to the clipboard manager, if one runs (freedesktop.org clipboard
-/// manager specification), since it goes with this program.
+/// Saves the clipboard's content to the clipboard manager, if one runs (freedesktop.org clipboard
+/// manager specification); otherwise it would be lost when this program exits.
 void X11FinderSelection::Loop::saveForLater() {
     const xcb_atom_t manager = m_connection->atom("CLIPBOARD_MANAGER");
     if (m_connection->isBroken() || !m_owner->owns() || !hasOwner(manager))

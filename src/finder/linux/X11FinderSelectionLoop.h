@@ -13,17 +13,17 @@
 
 namespace vexmoor {
 
-/// The thread that asks for selections.
+/// The thread that queries selections.
 class X11FinderSelection::Loop {
   public:
     using Answer = std::function<void(SelectionResult)>;
 
-    /// Null if the display cannot be reached.
+    /// Returns null if the display cannot be opened.
     static std::unique_ptr<Loop> open(const QDBusConnection& session,
                                       std::function<void(std::uint8_t)> willPress,
-                                      std::atomic<bool>& userWentOn);
+                                      std::atomic<bool>& userActed);
 
-    /// Any thread. The answer is called on the loop's thread.
+    /// Thread-safe. The answer is called on the loop's thread.
     void ask(Answer answer);
     void end();
 
@@ -31,7 +31,7 @@ class X11FinderSelection::Loop {
 
   private:
     Loop(const QDBusConnection& session, std::function<void(std::uint8_t)> willPress,
-         std::atomic<bool>& userWentOn);
+         std::atomic<bool>& userActed);
 
     bool open();
     void wait();
@@ -46,7 +46,7 @@ class X11FinderSelection::Loop {
 
     QDBusConnection m_session;
     std::function<void(std::uint8_t)> m_willPress;
-    std::atomic<bool>& m_userWentOn;
+    std::atomic<bool>& m_userActed;
     std::unique_ptr<x11::XConnection> m_connection;
     x11::Keyboard m_keyboard;
     xcb_window_t m_window = XCB_WINDOW_NONE;
@@ -56,7 +56,7 @@ class X11FinderSelection::Loop {
     std::optional<x11::SelectionOwner> m_owner;
     FileDescriptor m_wake;
 
-    std::mutex m_mutex; ///< guards what follows
+    std::mutex m_mutex; ///< guards the members below
     std::deque<Answer> m_questions;
     bool m_ends = false;
 };

@@ -76,7 +76,7 @@ std::string XConnection::bytes(xcb_window_t window, xcb_atom_t property) const {
 
 std::vector<std::uint32_t> XConnection::numbersIn(std::string_view bytes) {
     std::vector<std::uint32_t> result(bytes.size() / sizeof(std::uint32_t));
-    if (!result.empty()) // memcpy takes no null pointers
+    if (!result.empty()) // memcpy must not be passed null
         std::memcpy(result.data(), bytes.data(), result.size() * sizeof(std::uint32_t));
     return result;
 }

@@ -17,10 +17,10 @@ namespace vexmoor::x11 {
 
 using Event = Reply<xcb_generic_event_t>;
 
-/// A connection to the display of this program's own, beside that of Qt; one thread.
+/// Our own connection to the X display, separate from Qt's. Not thread-safe.
 class XConnection {
   public:
-    /// Null if the display, by default that of DISPLAY, cannot be reached.
+    /// Returns null if the display (default: DISPLAY) cannot be opened.
     static std::unique_ptr<XConnection> open(const char* display = nullptr);
     XConnection(const XConnection&) = delete;
     XConnection& operator=(const XConnection&) = delete;
@@ -31,23 +31,23 @@ class XConnection {
     [[nodiscard]] bool isBroken() const { return xcb_connection_has_error(m_connection) != 0; }
     [[nodiscard]] int descriptor() const { return xcb_get_file_descriptor(m_connection); }
 
-    /// Asks the server once for each name.
+    /// Returns the atom; queries the server once per name.
     xcb_atom_t atom(const std::string& name);
     [[nodiscard]] std::string atomName(xcb_atom_t atom) const;
 
-    /// The next event; null if none comes until the deadline.
+    /// Returns the next event, or null at the deadline.
     [[nodiscard]] Event waitForEvent(std::chrono::steady_clock::time_point deadline) const;
 
-    /// The property's bytes, whatever its type, up to 64 KiB; empty if there is none.
+    /// Returns the property's bytes of any type, up to 64 KiB; empty if there is no such property.
     [[nodiscard]] std::string bytes(xcb_window_t window, xcb_atom_t property) const;
-    /// Bytes of a property as the 32-bit values that they are.
+    /// Reinterprets a property's bytes as 32-bit values.
     [[nodiscard]] static std::vector<std::uint32_t> numbersIn(std::string_view bytes);
 
-    /// The property's first 32-bit values.
+    /// Returns the property's first 32-bit values.
     [[nodiscard]] std::vector<std::uint32_t> numbers(xcb_window_t window,
                                                      xcb_atom_t property) const;
 
-    /// Waits until the server has carried out all requests.
+    /// Waits until the server has processed all requests.
     void sync() const;
 
   private:

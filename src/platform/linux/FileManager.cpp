@@ -23,7 +23,8 @@ namespace vexmoor {
 
 namespace {
 
-constexpr std::int64_t kBlockBytes = 512; // what stat counts in, whatever the file system's blocks
+constexpr std::int64_t kBlockBytes =
+    512; // stat's block unit, independent of the file system's block size
 
 Result<FileDescriptor> openAs(int directory, const char* name, int flags) {
     FileDescriptor folder(::openat(directory, name, O_PATH | O_DIRECTORY | O_CLOEXEC | flags));
@@ -36,8 +37,8 @@ bool isUnsupported(int error) {
     return error == EINVAL || error == ENOSYS || error == ENOTSUP;
 }
 
-/// For a folder, which rename(2) puts on nothing or on an empty folder, and for any item where only
-/// we use the folder that it goes to.
+/// Moves a folder, which rename(2) puts only on a free name or an empty folder, or any item if no
+/// other program uses the destination folder.
 Result<void> moveOntoNothing(int fromDirectory, const char* fromName, int toDirectory,
                              const char* toName) {
     if (const auto taken = fileStatus(toDirectory, toName); taken)
@@ -50,8 +51,8 @@ Result<void> moveOntoNothing(int fromDirectory, const char* fromName, int toDire
     return Error::fromErrno(isTaken ? EEXIST : errno, "move");
 }
 
-/// With the new name linked, the old one goes by way of the scratch folder: what stands there by
-/// then is put under the new name, which does nothing where it is the same file.
+/// Links the new name, then moves the old name through the scratch folder: whatever has that name
+/// by then is renamed onto the new name, which has no effect if it is the same file.
 Result<void> moveByLink(int fromDirectory, const char* fromName, int toDirectory,
                         const char* toName, int scratch) {
     if (::linkat(fromDirectory, fromName, toDirectory, toName, 0) != 0)
@@ -69,7 +70,7 @@ Result<void> moveByLink(int fromDirectory, const char* fromName, int toDirectory
             ::unlinkat(scratch, toName, 0);
         errno = error;
     } else if (errno == ENOENT) {
-        return {}; // removed by another program in the meantime
+        return {}; // another program removed it
     }
     const Error error = Error::fromErrno(errno, "move");
     ::unlinkat(toDirectory, toName, 0);
@@ -82,17 +83,17 @@ std::int64_t nanoseconds(const statx_timestamp& time) {
     return __builtin_mul_overflow(time.tv_sec, kPerSecond, &result) ? 0 : result + time.tv_nsec;
 }
 
-/// Some file systems report nonsense.
+/// Limits the value, because some file systems report impossible numbers.
 std::int64_t bounded(std::uint64_t number, std::int64_t unit) {
     const auto most = static_cast<std::uint64_t>(INT64_MAX / unit);
     return static_cast<std::int64_t>(std::min(number, most)) * unit;
 }
 
-/// A umask may have taken our own rights away.
+/// Sets the mode again, because a umask may have removed the user's permissions.
 void grant(int directory, const char* name, mode_t mode) {
     const auto status = fileStatus(directory, name);
     if (status && (status->mode & 07777) != mode)
-        ::fchmodat(directory, name, mode, 0); // some file systems keep no rights
+        ::fchmodat(directory, name, mode, 0); // may fail on file systems without permissions
 }
 
 } // namespace
@@ -199,7 +200,8 @@ Result<void> makeFolder(int directory, const char* name, mode_t mode) {
 
 Result<std::string> readRegularFile(int directory, const char* name, std::size_t mostBytes,
                                     FileStatus* status) {
-    const auto before = fileStatus(directory, name); // merely opening a device may do something
+    const auto before = fileStatus(
+        directory, name); // checked first, because opening a device can have side effects
     if (!before)
         return before.error();
     if (status != nullptr)

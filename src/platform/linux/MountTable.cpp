@@ -21,7 +21,7 @@ std::string readWhole(int descriptor) {
     return text;
 }
 
-/// Undoes proc(5)'s octal escapes of blanks, newlines and backslashes.
+/// Decodes proc(5)'s octal escapes of white space and backslashes.
 std::string unescaped(std::string_view text) {
     std::string result;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -43,7 +43,7 @@ std::string_view nextWord(std::string_view& line) {
     return word;
 }
 
-/// A line of mountinfo, see proc(5).
+/// Parses a line of mountinfo; see proc(5).
 MountTable::Mount mountFrom(std::string_view line) {
     MountTable::Mount mount;
     mount.id = std::strtoull(std::string(nextWord(line)).c_str(), nullptr, 10);
@@ -51,7 +51,7 @@ MountTable::Mount mountFrom(std::string_view line) {
     mount.device = nextWord(line);
     mount.root = unescaped(nextWord(line));
     mount.point = unescaped(nextWord(line));
-    while (!line.empty() && nextWord(line) != "-") { // options, and fields that vary in number
+    while (!line.empty() && nextWord(line) != "-") { // options, and a variable number of fields
     }
     mount.type = nextWord(line);
     return mount;

@@ -36,7 +36,7 @@ std::string contentsOf(const Path& file) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-/// An update may have replaced the executable since the start.
+/// Returns the executable's path without the suffix that Linux adds after an update replaced it.
 std::string executableOf(pid_t process) {
     constexpr std::string_view kDeleted = " (deleted)";
     std::error_code code;
@@ -52,8 +52,8 @@ std::chrono::nanoseconds timeOf(clockid_t clock) {
     return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
-/// The process's start in clock ticks since the system's: the 22nd field, of which the second is a
-/// name in parentheses that may hold anything.
+/// Returns the process's start time in clock ticks since boot: field 22. Field 2 is a name in
+/// parentheses that may contain any character.
 std::optional<std::int64_t> startTicks(const std::string& stat) {
     auto at = stat.rfind(')');
     for (int field = 2; field < 22 && at != std::string::npos; ++field)
@@ -82,15 +82,15 @@ std::optional<pid_t> processNamed(const std::string& name) {
     return id;
 }
 
-/// The watches of one descriptor stand there as "inotify wd:3 ino:a77041 sdev:…". The device is
-/// left out: what the kernel names there is not always what a file's status has (btrfs).
+/// True if the fdinfo text lists an inotify watch of the inode ("inotify wd:3 ino:a77041
+/// sdev:..."). The device is not compared, because it differs from stat's device on btrfs.
 bool namesWatchOf(const std::string& information, ino_t inode) {
     char wanted[32];
     std::snprintf(wanted, sizeof wanted, " ino:%llx ", static_cast<unsigned long long>(inode));
     return information.find(wanted) != std::string::npos;
 }
 
-/// Our environment with some variables replaced, as a new process takes it.
+/// Our environment with some variables replaced, in the form posix_spawn takes.
 class ChildEnvironment {
   public:
     explicit ChildEnvironment(const std::vector<std::string>& changes) : m_variables(changes) {
@@ -138,7 +138,7 @@ Result<pid_t> spawn(const Path& program, std::vector<std::string> words,
     return process;
 }
 
-/// False if the time is over before the end of the output.
+/// Returns false if the deadline passes before the end of the output.
 bool readUntil(Clock::time_point deadline, int output, std::string& text) {
     char buffer[4096];
     for (;;) {
@@ -158,7 +158,8 @@ bool readUntil(Clock::time_point deadline, int output, std::string& text) {
     }
 }
 
-/// Whether it ended with status 0 by then; it has ended in any case.
+/// Waits for the process to exit, and kills it at the deadline. True if it exited with status 0 in
+/// time.
 bool endsWell(pid_t process, Clock::time_point deadline) {
     int status = 0;
     pid_t ended = 0;

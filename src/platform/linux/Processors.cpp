@@ -12,8 +12,8 @@ namespace vexmoor {
 
 namespace {
 
-/// The threads that run or could, this one among them; 1 where the system does not say. It is the
-/// number before the slash, see proc_loadavg(5).
+/// Returns the number of runnable threads, including this one: the number before the slash in
+/// /proc/loadavg, see proc_loadavg(5). Returns 1 if it cannot be read.
 int runningThreads() {
     const FileDescriptor file(::open("/proc/loadavg", O_RDONLY | O_CLOEXEC));
     char text[128] = {};

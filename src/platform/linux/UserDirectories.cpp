@@ -9,7 +9,7 @@ namespace vexmoor {
 
 namespace {
 
-/// The folder that the variable names, or the one at that place in the home folder.
+/// Returns the folder that the variable names, or `otherwise`.
 Path userFolder(const char* variable, const Path& otherwise) {
     const char* const value = std::getenv(variable);
     return value != nullptr && value[0] == '/' ? standardized(value) : otherwise;
@@ -17,7 +17,7 @@ Path userFolder(const char* variable, const Path& otherwise) {
 
 } // namespace
 
-// The XDG Base Directory Specification 0.8: a relative path in a variable is not used.
+// The XDG Base Directory Specification 0.8 says to ignore relative paths in the variables.
 UserDirectories UserDirectories::ofProcess() {
     UserDirectories directories;
     directories.user = geteuid();

@@ -18,7 +18,7 @@ namespace vexmoor {
 
 namespace {
 
-// Those that linux/magic.h lacks.
+// Magic numbers that linux/magic.h lacks.
 constexpr unsigned long kZfs = 0x2FC12FC1;
 constexpr unsigned long kJfs = 0x3153464A;
 constexpr unsigned long kBcachefs = 0xCA451A4E;
@@ -47,7 +47,7 @@ constexpr unsigned long kWithStableInodes[] = {
 
 constexpr std::size_t kLongestDeviceEntry = 64 * 1024;
 
-/// FS_IOC_GETFSUUID, which older headers lack.
+/// The argument of FS_IOC_GETFSUUID, which older headers lack.
 struct FileSystemUuid {
     unsigned char length;
     unsigned char bytes[16];
@@ -69,7 +69,7 @@ std::string uuidOfKernel(int folder) {
     return name;
 }
 
-/// What the device manager found on the volume's device.
+/// Returns the UUID that udev recorded for the volume's device.
 std::string uuidOfDevice(int folder) {
     const auto status = fileStatus(folder, "");
     if (!status)

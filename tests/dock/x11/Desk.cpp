@@ -48,7 +48,7 @@ void Desk::endCompositor() {
 bool Desk::showTile(const PixelCanvas& icon) {
     tile->setIcon(icon);
     tile->show();
-    // A compositor takes a moment from owning the screen to painting it.
+    // A compositor paints a little after it takes the selection.
     return eventuallyInLoop([this] { return colourAroundPot() == m_background; });
 }
 

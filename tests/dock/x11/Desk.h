@@ -18,11 +18,11 @@
 
 namespace vexmoor::test {
 
-/// A whole desktop with the tile on it.
+/// A complete desktop with the tile.
 class Desk {
   public:
     struct Setting {
-        double scale = 1; ///< physical pixels a point
+        double scale = 1; ///< physical pixels per point
         bool compositor = false;
         QColor background = QColor(0x3b, 0x4a, 0x5e);
         std::string size = "1280x800";
@@ -39,17 +39,17 @@ class Desk {
     void startCompositor();
     void endCompositor();
 
-    /// Shows the tile with a pot on it and waits until the desktop is seen around the pot. False
-    /// when that does not come to pass.
+    /// Shows the tile with a pot and waits until the desktop is visible around it. Returns false on
+    /// timeout.
     [[nodiscard]] bool showTile(const PixelCanvas& icon);
     [[nodiscard]] QColor colourAroundPot() const;
 
-    /// The screen as it looks now, in physical pixels.
+    /// Returns a screenshot in physical pixels.
     [[nodiscard]] QImage screen() const;
-    /// Keeps a part of the screen for people to look at.
+    /// Saves a part of the screen for visual inspection.
     void keepPicture(const QString& name, const QRect& part) const;
 
-    /// What a tool of the X server prints.
+    /// Returns the output of an X tool.
     static std::string output(std::vector<std::string> words);
     static void mouse(std::vector<std::string> orders);
     static std::string idOf(const QWidget& window);
@@ -64,7 +64,7 @@ class Desk {
     QColor m_background;
 };
 
-/// The window's rectangle in physical pixels, as the X server says it.
+/// Returns the window's rectangle on the X server, in physical pixels.
 QRect serverGeometry(const QWidget& window);
 
 } // namespace vexmoor::test

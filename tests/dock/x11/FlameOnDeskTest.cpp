@@ -17,7 +17,7 @@ namespace {
 
 using namespace test;
 
-/// A window that notes where it was clicked.
+/// A window that records clicks.
 struct Target : QWidget {
     Target() : QWidget(nullptr, Qt::BypassWindowManagerHint) {}
     int clicks = 0;
@@ -30,7 +30,7 @@ struct StepTimer : FrameTimer {
     void stop() override { fire = nullptr; }
 };
 
-/// The whole dock on a real display: the animator drives the tile and the flame window.
+/// The complete dock on a real display: the animator drives the tile and the flame window.
 struct FlameOnDeskTest : testing::TestWithParam<Desk::Setting> {
     void SetUp() override {
         if (const auto program = XSession::missing())
@@ -61,7 +61,7 @@ struct FlameOnDeskTest : testing::TestWithParam<Desk::Setting> {
             .random = [] { return 20; },
         }));
         animator->startIdle();
-        // The window manager places the tile, a little later than it is shown.
+        // The window manager places the tile shortly after it is shown.
         ASSERT_TRUE(eventuallyInLoop([this] { return serverGeometry(*desk->tile).top() > 0; }));
     }
 
@@ -80,7 +80,7 @@ struct FlameOnDeskTest : testing::TestWithParam<Desk::Setting> {
                               .arg(GetParam().compositor ? "" : "-plain", what),
                           place.adjusted(-18 * c, -24 * c, 18 * c, 0));
     }
-    /// Whether the screen shows the canvas at `place` in its rows above the tile.
+    /// True if the screen shows the canvas at `place` in the rows above the tile.
     [[nodiscard]] bool shows(const PixelCanvas& canvas, const QRect& place) const {
         return eventuallyInLoop([&, side = cell()] {
             const QImage screen = desk->screen();
@@ -111,7 +111,7 @@ struct FlameOnDeskTest : testing::TestWithParam<Desk::Setting> {
     std::unique_ptr<DockIconAnimator> animator;
 };
 
-TEST_P(FlameOnDeskTest, RisesOutOfTheTileOnItsGrid) {
+TEST_P(FlameOnDeskTest, IsAlignedWithTheTilesGrid) {
     animator->play({std::optional<QImage>()});
     frames(19);
     const double t = BurnCurve::moment(18);
@@ -138,7 +138,8 @@ TEST_P(FlameOnDeskTest, RisesOutOfTheTileOnItsGrid) {
 TEST_P(FlameOnDeskTest, SwarmsAroundTheTile) {
     QImage sheet(64, 64, QImage::Format_ARGB32_Premultiplied);
     sheet.fill(QColor(0xf4, 0xd0, 0x5c));
-    animator->play({std::optional<QImage>()}); // the window was hidden since it was another's
+    animator->play(
+        {std::optional<QImage>()}); // the window was hidden since it belonged to another animation
     frames(BurnCurve::kFrames);
     animator->play(DockIconAnimator::Images(6, sheet));
     for (int part = 1; part <= 5; ++part) {
@@ -153,7 +154,7 @@ TEST_P(FlameOnDeskTest, SwarmsAroundTheTile) {
     EXPECT_EQ(serverGeometry(*flame), expected);
 }
 
-TEST_P(FlameOnDeskTest, LetsTheMouseThroughToWhatIsBelow) {
+TEST_P(FlameOnDeskTest, PassesMouseInputThrough) {
     Target target;
     target.setGeometry(QGuiApplication::primaryScreen()->geometry());
     target.show();
@@ -176,7 +177,7 @@ INSTANTIATE_TEST_SUITE_P(
         Desk::Setting{.scale = 1, .compositor = true, .background = kDusk},
         Desk::Setting{.scale = 1, .compositor = false, .background = kDusk},
         Desk::Setting{.scale = 2, .compositor = true, .background = kDusk, .size = "1600x1000"},
-        // On these a screen's height is no whole number of points.
+        // On these the screen's height is not a whole number of points.
         Desk::Setting{.scale = 1.25, .compositor = false, .background = kDusk, .size = "1280x1024"},
         Desk::Setting{.scale = 1.5, .compositor = true, .background = kDusk, .size = "1280x800"}),
     [](const auto& setting) {

@@ -21,7 +21,7 @@ PixelCanvas icon() {
     return CauldronArt::idle(20, false, 0, Skin::iron()).crop(0, 20, 34, 34);
 }
 
-/// Canvas pixels that are opaque but not shown as one square of their colour.
+/// Counts opaque canvas pixels that are not shown as a square of their colour.
 int blurredPixels(const QImage& screen, const QRect& tile, const PixelCanvas& canvas) {
     const int cell = tile.width() / canvas.width();
     int blurred = 0;
@@ -45,11 +45,11 @@ struct TileOnDeskTest : testing::Test {
             GTEST_SKIP() << *program << " is not installed";
     }
 
-    /// The desk with the tile on the screen, drawn.
+    /// Opens the desktop and shows the tile.
     void open(const Desk::Setting& setting) {
         desk = std::make_unique<Desk>(setting);
         ASSERT_TRUE(desk->showTile(icon()));
-        // Between its first and its second frame a compositor may show neither rightly.
+        // Between its first two frames, a compositor may show neither correctly.
         ASSERT_TRUE(eventuallyInLoop([&] {
             return blurredPixels(desk->screen(), serverGeometry(*desk->tile), icon()) == 0 &&
                    desk->colourAroundPot() == setting.background;
@@ -67,7 +67,7 @@ struct TileOnDeskTest : testing::Test {
     std::unique_ptr<Desk> desk;
 };
 
-TEST_F(TileOnDeskTest, IsPartOfTheDesktopsFurniture) {
+TEST_F(TileOnDeskTest, IsADockWindow) {
     open({});
     for (int showing = 0; showing < 2; ++showing) {
         std::string properties;
@@ -127,7 +127,7 @@ TEST_F(TileOnDeskTest, ShowsTheDesktopAroundThePotWithAndWithoutCompositor) {
     EXPECT_TRUE(drawn(icon()));
 }
 
-TEST_F(TileOnDeskTest, IsPressedByClickAndByScreenReaderAndNeverTakesTheFocus) {
+TEST_F(TileOnDeskTest, IsPressedByClickOrScreenReaderWithoutTakingTheFocus) {
     open({});
     QPushButton elsewhere("Elsewhere");
     elsewhere.show();
@@ -161,7 +161,7 @@ TEST_F(TileOnDeskTest, IsPressedByClickAndByScreenReaderAndNeverTakesTheFocus) {
     EXPECT_TRUE(elsewhere.isActiveWindow());
 }
 
-TEST_F(TileOnDeskTest, IsDraggedAlongTheEdgesAndComesBackToItsPlace) {
+TEST_F(TileOnDeskTest, FollowsTheEdgesWhenDraggedAndRestoresItsPosition) {
     open({});
     int clicks = 0;
     QObject::connect(desk->tile.get(), &TileWindow::clicked, [&] { ++clicks; });
@@ -172,7 +172,7 @@ TEST_F(TileOnDeskTest, IsDraggedAlongTheEdgesAndComesBackToItsPlace) {
     EXPECT_TRUE(eventuallyInLoop([&] { return serverGeometry(*desk->tile).topLeft().x() == 0; }));
     Desk::mouse({"mouseup", "1"});
     EXPECT_TRUE(eventuallyInLoop([&] { return desk->defaults.string("tile.place").has_value(); }));
-    EXPECT_EQ(clicks, 0) << "a drag is no click";
+    EXPECT_EQ(clicks, 0) << "a drag is not a click";
     const QRect place = serverGeometry(*desk->tile);
     EXPECT_NEAR(place.center().y(), 300, 2);
     EXPECT_EQ(desk->tile->frame(), QRectF(place));
@@ -183,7 +183,7 @@ TEST_F(TileOnDeskTest, IsDraggedAlongTheEdgesAndComesBackToItsPlace) {
     EXPECT_TRUE(eventuallyInLoop([&] { return serverGeometry(again) == place; }));
 }
 
-TEST_F(TileOnDeskTest, ShowsItsBadgeAndThatItWouldTakeADrop) {
+TEST_F(TileOnDeskTest, ShowsItsBadgeAndTheDropRing) {
     struct Case {
         const char* name;
         QColor background;

@@ -8,13 +8,13 @@
 
 namespace vexmoor::test {
 
-/// The keyboard of a display, pressed as if by hand: the events come from the device itself, not
-/// from the one that programs synthesise keys with.
+/// Simulates a display's physical keyboard: the events come from the device itself, not from the
+/// XTEST device.
 class DeviceKeyboard {
   public:
     explicit DeviceKeyboard(const std::string& display);
 
-    /// Presses all of them in order and releases them again; names as of X keysyms: "BackSpace".
+    /// Presses the keys in order and releases them. Names are X keysyms, such as "BackSpace".
     void press(std::initializer_list<const char*> keys);
     void hold(const char* key) { change(key, true); }
     void release(const char* key) { change(key, false); }

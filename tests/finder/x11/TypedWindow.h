@@ -8,18 +8,18 @@
 
 namespace vexmoor::test {
 
-/// A window of another program that gets the keyboard focus and notes what is typed.
+/// A window of another program that has the keyboard focus and records typed keys.
 class TypedWindow {
   public:
     explicit TypedWindow(const std::string& className);
 
-    /// Waits until the window manager has made it the active one.
+    /// Waits until the window manager has activated it.
     [[nodiscard]] bool isActive();
 
-    /// The keys that were pressed in it, as X keysyms name them, up to now.
+    /// Returns the keysym names of the keys pressed so far.
     [[nodiscard]] std::vector<std::string> typed();
 
-    /// Waits until that key comes; what came before it, and it.
+    /// Waits for the key. Returns the keys pressed so far, including it.
     [[nodiscard]] std::vector<std::string> typedUntil(const std::string& key);
 
     [[nodiscard]] x11::XConnection& connection() { return *m_connection; }

@@ -17,7 +17,7 @@ using namespace test;
 
 constexpr auto kKey = "window.Vexmoor";
 
-/// Under a window manager, which puts frames around windows.
+/// Tests under a window manager that decorates windows.
 struct WindowFrameOnDeskTest : testing::Test {
     void SetUp() override {
         if (const auto program = XSession::missing())
@@ -26,7 +26,7 @@ struct WindowFrameOnDeskTest : testing::Test {
         application = std::make_unique<QApplication>(count, arguments);
     }
 
-    /// The margins that the window manager has put around a window.
+    /// Returns the margins that the window manager added.
     static QMargins marginsOf(const QWidget& window) {
         EXPECT_TRUE(
             eventuallyInLoop([&] { return !window.windowHandle()->frameMargins().isNull(); }));
@@ -43,9 +43,9 @@ struct WindowFrameOnDeskTest : testing::Test {
                                            << frame.width() << ' ' << frame.height();
     }
 
-    /// Hides the window and waits until the window manager has taken its frame away: before that
-    /// it may overlook that the window is shown again.
-    static bool letsGo(QWidget& window) {
+    /// Hides the window and waits until the window manager has removed its frame: before that it
+    /// may miss the next show.
+    static bool hidesCompletely(QWidget& window) {
         window.hide();
         return eventuallyInLoop([&] { return window.windowHandle()->frameMargins().isNull(); });
     }
@@ -58,7 +58,7 @@ struct WindowFrameOnDeskTest : testing::Test {
     InMemoryDefaults defaults;
 };
 
-TEST_F(WindowFrameOnDeskTest, TheWholeFrameIsOnTheScreenAtEveryShowing) {
+TEST_F(WindowFrameOnDeskTest, FrameFitsOnTheScreenOnEachShow) {
     const QRect visible = QGuiApplication::primaryScreen()->availableGeometry();
     defaults.assign(kKey, "2000 300 360 3000");
     QWidget window;
@@ -68,11 +68,11 @@ TEST_F(WindowFrameOnDeskTest, TheWholeFrameIsOnTheScreenAtEveryShowing) {
         const int wide = 360 + marginsOf(window).left() + marginsOf(window).right();
         EXPECT_TRUE(comesToRestAt(
             window, {visible.right() + 1 - wide, visible.top(), wide, visible.height()}));
-        EXPECT_TRUE(letsGo(window));
+        EXPECT_TRUE(hidesCompletely(window));
     }
 }
 
-TEST_F(WindowFrameOnDeskTest, AWindowComesBackToTheSamePlaceAgainAndAgain) {
+TEST_F(WindowFrameOnDeskTest, RestoresTheSamePositionRepeatedly) {
     const int bottom = QGuiApplication::primaryScreen()->availableGeometry().bottom() + 1;
     for (const bool atBottom : {false, true}) {
         defaults.assign(kKey, atBottom ? "200 700 360 520" : "200 100 360 520");
@@ -84,7 +84,7 @@ TEST_F(WindowFrameOnDeskTest, AWindowComesBackToTheSamePlaceAgainAndAgain) {
                 const QSize size = QSize(360, 520).grownBy(marginsOf(window));
                 const int y = atBottom ? bottom - size.height() : 100;
                 EXPECT_TRUE(comesToRestAt(window, {QPoint(200, y), size}));
-                EXPECT_TRUE(letsGo(window));
+                EXPECT_TRUE(hidesCompletely(window));
                 EXPECT_EQ(defaults.string(kKey), "200 " + std::to_string(y) + " 360 520");
             }
         }
