@@ -39,10 +39,10 @@ class SqliteRecordTable : public RecordTable {
     Result<std::int64_t> count();
 
     SqliteUserDefaults& m_store;
-    SqliteUserDefaults::Statement m_insertion; ///< made when it is first needed
-    std::vector<Change> m_changes;             ///< that are not committed yet
-    std::int64_t m_added = 0;                  ///< records more, by the transaction that runs
-    bool m_isCountKnown = true;                ///< whether the stored count is right
+    SqliteConnection::Statement m_insertion; ///< made when it is first needed
+    std::vector<Change> m_changes;           ///< that are not committed yet
+    std::int64_t m_added = 0;                ///< records more, by the transaction that runs
+    bool m_isCountKnown = true;              ///< whether the stored count is right
 };
 
 } // namespace vexmoor

@@ -1,5 +1,7 @@
 #include "base/SqliteUserDefaults.h"
 
+#include "base/SqliteError.h"
+
 #include "support/RawDatabase.h"
 #include "support/TemporaryDirectory.h"
 
