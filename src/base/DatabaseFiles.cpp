@@ -47,6 +47,11 @@ bool hasLostItsPages(const std::filesystem::path& file) {
     return code ? code == std::errc::no_such_file_or_directory : size == 0;
 }
 
+bool isNoFile(const std::filesystem::path& file) {
+    struct stat status {};
+    return ::stat(file.c_str(), &status) == 0 && !S_ISREG(status.st_mode);
+}
+
 Result<std::filesystem::path> moveAside(const std::filesystem::path& file) {
     std::error_code code;
     std::filesystem::path aside;

@@ -18,6 +18,9 @@ bool hasLog(const std::filesystem::path& file);
 /// and delete the log, though it makes one only after the first page of the database.
 bool hasLostItsPages(const std::filesystem::path& file);
 
+/// Whether something else than a file is in its place, which a read may wait for or never end on.
+bool isNoFile(const std::filesystem::path& file);
+
 /// Renames the database and what SQLite keeps beside it; the first free number is taken. The caller
 /// holds the writer's lock, so nobody else takes the name in between.
 Result<std::filesystem::path> moveAside(const std::filesystem::path& file);

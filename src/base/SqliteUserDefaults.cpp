@@ -131,7 +131,7 @@ SqliteUserDefaults::open(const std::filesystem::path& file, Access access,
 Result<void> SqliteUserDefaults::connect(Access access) {
     const auto& file = m_connection.file();
     std::error_code code;
-    if (hasLostItsPages(file))
+    if (hasLostItsPages(file) || isNoFile(file))
         return Error{{SQLITE_CORRUPT, sqliteCategory()}, kOpen, file};
     if (access == Access::readOnly && !std::filesystem::exists(file, code))
         return code ? Result<void>(Error{code, kOpen, file}) : Result<void>();

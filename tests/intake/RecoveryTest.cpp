@@ -4,7 +4,10 @@
 #include "support/DeadVolume.h"
 #include "support/RawDatabase.h"
 
+#include <sys/stat.h>
+
 #include <fstream>
+#include <functional>
 
 namespace vexmoor::test {
 
@@ -390,6 +393,36 @@ TEST_F(RecoveryTest, ReportsAJournalThatShouldHoldSomething) {
         EXPECT_EQ(feed(make({"next"})).done.size(), 1U);
         start();
         EXPECT_TRUE(program->recovery.problems.empty());
+    }
+}
+
+TEST_F(RecoveryTest, WaitsForNothingInPlaceOfTheJournal) {
+    const Path file = directories().ownData() / "journal/current";
+    const std::pair<const char*, std::function<void()>> cases[] = {
+        {"a pipe", [&] { ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0); }},
+        {"a folder", [&] { std::filesystem::create_directory(file); }},
+        {"a device", [&] { std::filesystem::create_symlink("/dev/zero", file); }},
+        {"a huge file",
+         [&] {
+             std::ofstream(file).flush();
+             std::filesystem::resize_file(file, std::uintmax_t{1} << 40);
+         }},
+    };
+    for (const auto& [what, make] : cases) {
+        SCOPED_TRACE(what);
+        feed({home.write("a", "a")});
+        program.reset();
+        std::filesystem::remove(file);
+        make();
+        start();
+        EXPECT_FALSE(program->recovery.problems.empty());
+        const auto next = feed({home.write("b", "b")});
+        EXPECT_EQ(next.done.size(), 1U)
+            << (next.failures.empty() ? "" : describe(next.failures[0].error));
+        start();
+        EXPECT_TRUE(program->recovery.problems.empty()) << "told once";
+        std::filesystem::remove_all(file);
+        program->defaults->assign(Settlement::kPositionKey, std::nullopt);
     }
 }
 
