@@ -3,6 +3,7 @@
 #include "base/RecordTable.h"
 #include "disposal/Ledger.h"
 #include "intake/Ports.h"
+#include "intake/VolumeCheck.h"
 
 #include <functional>
 #include <set>
@@ -13,10 +14,14 @@ namespace vexmoor {
 
 /// The items that were put into a Bin and neither put back nor deleted since: the way back of each,
 /// however long ago it went. They stand in a table of the database; add() and remove() belong to
-/// the transaction of the batch. Main thread.
+/// the transaction of the batch. Copies share what they know of volumes. Main thread.
 class BinnedItems {
   public:
-    BinnedItems(const Ledger& ledger, RecordTable& table) : m_ledger(ledger), m_table(table) {}
+    /// `patience`: how long it waits for a volume. What lies on one that has not answered by then
+    /// counts as in the Bin until it is certain that the volume hangs.
+    BinnedItems(const Ledger& ledger, RecordTable& table,
+                std::chrono::milliseconds patience = VolumeLooks::kTimeout)
+        : m_ledger(ledger), m_table(table), m_volumes(std::make_shared<VolumeLooks>(patience)) {}
 
     /// Adds those of a batch that can be put back, in the order of disposal. Above kMost items the
     /// oldest are dropped.
@@ -61,6 +66,9 @@ class BinnedItems {
     /// Whether one of the items can still be put back and lies in the Bin.
     [[nodiscard]] bool hasAny(const std::vector<Sacrifice>& items) const;
 
+    /// Whether lastBatch() has any.
+    [[nodiscard]] bool hasAny() const;
+
     /// Characters of an id that lists show.
     static constexpr std::size_t kShortId = 8;
     static constexpr std::int64_t kMost = 100'000;
@@ -75,6 +83,7 @@ class BinnedItems {
 
     const Ledger& m_ledger;
     RecordTable& m_table;
+    std::shared_ptr<VolumeLooks> m_volumes;
 };
 
 } // namespace vexmoor

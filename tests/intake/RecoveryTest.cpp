@@ -1,6 +1,7 @@
 #include "IntakeFixture.h"
 
 #include "intake/BinnedItems.h"
+#include "support/BackgroundProgram.h"
 #include "support/DeadVolume.h"
 #include "support/RawDatabase.h"
 
@@ -167,6 +168,11 @@ TEST_F(RecoveryTest, WaitsForNoVolumeThatDoesNotAnswer) {
     DeadVolume volume(home / "usb");
     if (!volume.mount())
         GTEST_SKIP() << "no volume can be mounted that does not answer";
+    const BinnedItems hasty(program->ledger, program->defaults->records(), {});
+    EXPECT_TRUE(hasty.hasAny({away})) << "not known yet";
+    EXPECT_EQ(hasty.lastBatch().at(0).id, away.id);
+    EXPECT_TRUE(eventually([&] { return !hasty.hasAny({away}); }));
+    EXPECT_EQ(hasty.lastBatch().at(0).id, near[0].id);
     for (const bool hangs : {true, false}) {
         SCOPED_TRACE(hangs ? "it hangs" : "its program is gone");
         if (!hangs)
