@@ -7,6 +7,7 @@
 #include "intake/BinnedItems.h"
 #include "intake/DisposalJob.h"
 #include "intake/FedItems.h"
+#include "intake/PicturePrefetch.h"
 #include "intake/RunningBatches.h"
 #include "intake/Settlement.h"
 #include "intake/UndoStack.h"
@@ -91,13 +92,14 @@ class Intake {
 
   private:
     struct Batch;
+    struct FedBatch;
     struct BinBatch;
+    using Report = FailureReport (*)(std::vector<Failure> failures);
 
-    void askToDissolve(const std::shared_ptr<Batch>& batch, const BatchOptions& options);
-    void beginFeed(const std::shared_ptr<Batch>& batch, const BatchOptions& options);
-    void prefetch(const std::shared_ptr<Batch>& batch);
-    void dispose(const std::shared_ptr<Batch>& batch);
-    void complete(Batch& batch, DisposalJob::Output output);
+    void askToDissolve(const std::shared_ptr<FedBatch>& batch, const BatchOptions& options);
+    void beginFeed(const std::shared_ptr<FedBatch>& batch, const BatchOptions& options);
+    void dispose(const std::shared_ptr<FedBatch>& batch, ItemPictures pictures);
+    void complete(FedBatch& batch, DisposalJob::Output output);
     void registerUndo(const std::vector<Sacrifice>& done, bool fromFinder);
     void beginDeletion(const std::vector<Sacrifice>& items, BatchCompletion completion,
                        BatchOptions options);
@@ -108,6 +110,7 @@ class Intake {
     void runBinJob(const std::shared_ptr<BinBatch>& batch);
     void completeBinJob(BinBatch& batch, BinJob::Output output);
     void mark(const BinJob::Output& output, bool isPutBack);
+    void conclude(Batch& batch, BatchResult result, Report reportOf);
     [[nodiscard]] Dialogs& dialogsOf(const BatchOptions& options) const;
     void disarm(bool fromFinder);
 
