@@ -132,6 +132,28 @@ BinnedItems::matching(const std::function<bool(const std::string& name)>& matche
     return items;
 }
 
+std::vector<Sacrifice> BinnedItems::inVolumeBin(const Path& bin, std::size_t most,
+                                                std::size_t records,
+                                                std::optional<std::int64_t> withoutBatch) const {
+    std::vector<Sacrifice> items;
+    std::size_t looks = 0;
+    visit(
+        [&](const auto& record) {
+            if (record.group == withoutBatch)
+                return Look::pass;
+            if (items.size() >= most || ++looks > records)
+                return Look::stop;
+            // Much cheaper than to understand it, which few need.
+            return record.content.find("/.Trash") == std::string::npos ? Look::pass : Look::take;
+        },
+        [&](std::int64_t, const Sacrifice& item) {
+            if (Path(*item.trashed).parent_path().parent_path() == bin)
+                items.push_back(item);
+            return true;
+        });
+    return items;
+}
+
 std::vector<Sacrifice> BinnedItems::all() const {
     std::vector<Sacrifice> items;
     visit([&](const Sacrifice& item) {
@@ -206,6 +228,10 @@ bool BinnedItems::hasAny(const std::vector<Sacrifice>& items) const {
     BinLook look(m_volumes);
     return std::ranges::any_of(current(items),
                                [&](const Sacrifice& item) { return look.isInBin(item); });
+}
+
+bool isInHomeBin(const Sacrifice& item, const UserDirectories& directories) {
+    return Path(*item.trashed).parent_path() == directories.dataHome / "Trash/files";
 }
 
 } // namespace vexmoor

@@ -4,6 +4,7 @@
 #include "disposal/Ledger.h"
 #include "intake/Ports.h"
 #include "intake/VolumeCheck.h"
+#include "platform/UserDirectories.h"
 
 #include <functional>
 #include <set>
@@ -41,6 +42,12 @@ class BinnedItems {
     /// The newest `most` whose name, as bytes, matches, whether or not they are found in the Bin.
     [[nodiscard]] std::vector<Sacrifice>
     matching(const std::function<bool(const std::string& name)>& matches, std::size_t most) const;
+
+    /// The newest `most` in that Bin, which is at the top of a volume, among the newest `records`;
+    /// without those of one batch. Newest first, whether or not they are found there.
+    [[nodiscard]] std::vector<Sacrifice>
+    inVolumeBin(const Path& bin, std::size_t most, std::size_t records,
+                std::optional<std::int64_t> withoutBatch = std::nullopt) const;
 
     /// All that can still be put back, newest first, whether or not it is found in the Bin.
     [[nodiscard]] std::vector<Sacrifice> all() const;
@@ -85,5 +92,8 @@ class BinnedItems {
     RecordTable& m_table;
     std::shared_ptr<VolumeLooks> m_volumes;
 };
+
+/// Whether an item that went to the Bin went to that of the home folder. Looks at nothing.
+bool isInHomeBin(const Sacrifice& item, const UserDirectories& directories);
 
 } // namespace vexmoor

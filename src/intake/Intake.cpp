@@ -50,7 +50,10 @@ std::vector<Sacrifice> restorable(std::vector<Sacrifice> items) {
 
 } // namespace
 
-Intake::Intake(Parts parts) : m_parts(std::move(parts)), m_settlement(m_parts.defaults) {}
+Intake::Intake(Parts parts)
+    : m_parts(std::move(parts)), m_settlement(m_parts.defaults),
+      m_infoRepair(
+          {m_parts.binnedItems, m_parts.directories, m_parts.main, m_parts.work, m_batches}) {}
 
 void Intake::consume(const std::vector<Path>& items, bool fromFinder, BatchCompletion completion,
                      const BatchOptions& options) {
@@ -130,6 +133,8 @@ void Intake::complete(FedBatch& batch, DisposalJob::Output output) {
         result.unlocked = m_parts.progression.record(output.offerings, batch.mode);
     });
     registerUndo(result.done, batch.fromFinder);
+    if (output.journal)
+        m_infoRepair.lookAfter(result.done, output.journal->number);
     conclude(batch, std::move(result), &intakeFailures);
 }
 
@@ -225,6 +230,8 @@ void Intake::completeBinJob(BinBatch& batch, BinJob::Output output) {
         result.storeError = m_settlement.commit(output.journal, [&] { mark(output, isPutBack); });
     if (m_parts.undoStack != nullptr)
         m_parts.undoStack->refresh();
+    if (output.journal)
+        m_infoRepair.lookAfter(result.done, output.journal->number);
     conclude(batch, std::move(result), isPutBack ? &putBackFailures : &deleteFailures);
 }
 

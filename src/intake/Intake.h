@@ -7,6 +7,7 @@
 #include "intake/BinnedItems.h"
 #include "intake/DisposalJob.h"
 #include "intake/FedItems.h"
+#include "intake/InfoRepair.h"
 #include "intake/PicturePrefetch.h"
 #include "intake/RunningBatches.h"
 #include "intake/Settlement.h"
@@ -117,6 +118,7 @@ class Intake {
     Parts m_parts;
     Settlement m_settlement;
     RunningBatches m_batches;
+    VolumeInfoRepair m_infoRepair;
     std::set<std::string> m_inFlight;
     std::weak_ptr<std::set<Uuid>> m_takenOut; ///< see BinBatch; the work queue's own
 };

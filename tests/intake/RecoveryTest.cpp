@@ -231,6 +231,25 @@ TEST_F(RecoveryTest, WritesInfoFilesAgainThatAPowerCutEmptied) {
     EXPECT_FALSE(needsRecovery());
 }
 
+TEST_F(RecoveryTest, WritesInfoFilesOfAVolumeAgainWhenABatchUsesItsBin) {
+    for (const char* const name : {"a", "b", "c", "d"})
+        (void)fedToVolume(name);
+    const auto items = recent();
+    const auto infoOf = [&](const Sacrifice& item) {
+        return Path(*item.trashed).parent_path().parent_path() / "info" / infoName(item.name);
+    };
+    const auto whole = contents(infoOf(items[1]));
+    for (const auto& item : {items[1], items[3]})
+        std::filesystem::resize_file(infoOf(item), 0);
+    start();
+    EXPECT_EQ(contents(infoOf(items[1])), "") << "the volume may be away";
+    program->intake.restore({items[0]});
+    settle();
+    EXPECT_EQ(contents(infoOf(items[1])), whole);
+    EXPECT_NE(contents(infoOf(items[3])), "");
+    EXPECT_EQ(program->intake.batches(), 0U);
+}
+
 TEST_F(RecoveryTest, PutsBackBatchByBatchHoweverLongAgo) {
     constexpr int kBatches = 60;
     for (int i = 0; i < kBatches; ++i)
