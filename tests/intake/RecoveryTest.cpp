@@ -256,12 +256,14 @@ TEST_F(RecoveryTest, PutsBackBatchByBatchHoweverLongAgo) {
         feed(make({"a " + std::to_string(i), "b " + std::to_string(i)}));
     for (int i = kBatches; i-- > 0;) {
         start();
+        EXPECT_TRUE(program->binnedItems.hasAny());
         const auto batch = program->binnedItems.lastBatch();
         ASSERT_EQ(batch.size(), 2U) << i;
         EXPECT_EQ(batch[0].name, "b " + std::to_string(i));
         program->intake.restore(batch);
         settle();
     }
+    EXPECT_FALSE(program->binnedItems.hasAny());
     EXPECT_TRUE(program->binnedItems.all().empty());
     EXPECT_TRUE(exists(home / "a 0"));
 }
