@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -26,6 +27,15 @@ class Faults {
 
     /// The name of the call that failed or was preceded; nullopt where there were fewer calls.
     [[nodiscard]] static std::optional<std::string> failed();
+
+    /// What every file system says of the blocks that an item takes, as long as this lives.
+    class Blocks {
+      public:
+        explicit Blocks(std::uint64_t blocks);
+        ~Blocks();
+        Blocks(const Blocks&) = delete;
+        Blocks& operator=(const Blocks&) = delete;
+    };
 
     /// How often our own code has called fdatasync so far.
     [[nodiscard]] static int syncs();
