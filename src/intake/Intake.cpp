@@ -202,8 +202,14 @@ void Intake::beginBinJob(JournalKind kind, std::vector<Sacrifice> items, BatchCo
         m_takenOut = takenOut = std::make_shared<std::set<Uuid>>();
     Batch common{dialogsOf(options), std::move(completion), options.missing,
                  m_batches.begin(options.meter)};
-    runBinJob(std::make_shared<BinBatch>(
-        BinBatch{std::move(common), kind, std::move(items), std::move(takenOut)}));
+    const auto batch = std::make_shared<BinBatch>(
+        BinBatch{std::move(common), kind, std::move(items), std::move(takenOut)});
+    m_parts.work.post([this, batch, start = m_settlement.start()] {
+        BinJob job(batch->kind, m_parts.directories, m_parts.journal, *batch->meter, start,
+                   batch->items, *batch->takenOut);
+        const auto output = std::make_shared<BinJob::Output>(job.run());
+        m_parts.main.post([this, batch, output] { completeBinJob(*batch, std::move(*output)); });
+    });
 }
 
 void Intake::finishWithoutItems(JournalKind kind, BatchCompletion completion,
@@ -212,15 +218,6 @@ void Intake::finishWithoutItems(JournalKind kind, BatchCompletion completion,
     if (batch.missing.empty())
         batch.dialogs.beep();
     completeBinJob(batch, {});
-}
-
-void Intake::runBinJob(const std::shared_ptr<BinBatch>& batch) {
-    m_parts.work.post([this, batch, start = m_settlement.start()] {
-        BinJob job(batch->kind, m_parts.directories, m_parts.journal, *batch->meter, start,
-                   batch->items, *batch->takenOut);
-        const auto output = std::make_shared<BinJob::Output>(job.run());
-        m_parts.main.post([this, batch, output] { completeBinJob(*batch, std::move(*output)); });
-    });
 }
 
 void Intake::completeBinJob(BinBatch& batch, BinJob::Output output) {

@@ -108,7 +108,6 @@ class Intake {
                      const BatchOptions& options);
     void finishWithoutItems(JournalKind kind, BatchCompletion completion,
                             const BatchOptions& options);
-    void runBinJob(const std::shared_ptr<BinBatch>& batch);
     void completeBinJob(BinBatch& batch, BinJob::Output output);
     void mark(const BinJob::Output& output, bool isPutBack);
     void conclude(Batch& batch, BatchResult result, Report reportOf);
