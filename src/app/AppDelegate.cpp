@@ -21,7 +21,7 @@ namespace vexmoor {
 
 namespace {
 
-/// What the user waits for must not wait long for a volume.
+/// How long a menu or a put-back, which the user waits for, waits for a volume.
 constexpr std::chrono::milliseconds kVolumePatience{100};
 
 } // namespace

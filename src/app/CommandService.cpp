@@ -92,7 +92,7 @@ class CommandService::Call : public Dialogs {
 CommandService::CommandService(QObject& object, QDBusConnection bus, Parts parts)
     : QDBusAbstractAdaptor(&object), m_bus(std::move(bus)), m_parts(std::move(parts)) {
     qDBusRegisterMetaType<QByteArrayList>();
-    // A look at who is there would have to wait for all that a flood has sent before.
+    // Asking the bus who is there would have to wait for everything that a flood has sent.
     const QString daemon = QStringLiteral("org.freedesktop.DBus");
     m_bus.connect(daemon, QStringLiteral("/org/freedesktop/DBus"), daemon,
                   QStringLiteral("NameOwnerChanged"), {QString(), QString(), QStringLiteral("")},
@@ -242,7 +242,7 @@ void CommandService::beginWaiting() {
         else
             begin(call);
     }
-    if (m_calls.empty() || isEnding) // not for each of thousands
+    if (m_calls.empty() || isEnding) // one report instead of thousands
         reportDropped();
 }
 

@@ -28,7 +28,7 @@ Result<std::filesystem::path> moveAside(const std::filesystem::path& file);
 /// Keeps room on the disk for the log, so that what frees room can be stored on a full one.
 void keepReserve(const std::filesystem::path& file);
 
-/// Gives that room up; false if there is none.
+/// Releases that room; returns false if there is none.
 bool releaseReserve(const std::filesystem::path& file);
 
 } // namespace vexmoor

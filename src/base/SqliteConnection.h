@@ -10,7 +10,7 @@ struct sqlite3_stmt;
 
 namespace vexmoor {
 
-/// The connection to a database: how it is opened, synced and spoken to. One thread.
+/// The connection to a database: opens, syncs and queries it. One thread.
 class SqliteConnection {
   public:
     enum class Access { readWrite, readOnly };
@@ -48,7 +48,7 @@ class SqliteConnection {
 
     /// Of the last call that failed.
     [[nodiscard]] Error lastError(const char* operation) const;
-    /// That there is no database to write to.
+    /// The error of a database that is not open.
     [[nodiscard]] Error notOpen(const char* operation) const;
 
     [[nodiscard]] const std::filesystem::path& file() const { return m_file; }

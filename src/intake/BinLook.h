@@ -14,7 +14,7 @@ class BinLook {
     /// Whether the item is there, or may be, as its volume has not answered yet.
     [[nodiscard]] bool isInBin(const Sacrifice& item);
 
-    /// Whether it is there no more. On a volume that is not there it may still be in the Bin.
+    /// Whether it is no longer there. On a volume that is not there it may still be in the Bin.
     [[nodiscard]] bool isGone(const Sacrifice& item);
 
   private:

@@ -49,7 +49,7 @@ void VolumeInfoRepair::lookAfter(const std::vector<Sacrifice>& items, std::int64
         look(bin, batch);
 }
 
-/// The newest that is there tells.
+/// Decides by the newest item that is there.
 void VolumeInfoRepair::look(const Path& bin, std::int64_t batch) {
     constexpr std::size_t kMostLooks = 16;
     constexpr std::size_t kMostRecords = 2000; // going through them takes a small batch's time

@@ -12,8 +12,8 @@ namespace vexmoor {
 /// Pictures of items by their paths.
 using ItemPictures = std::map<std::string, PicturePointer>;
 
-/// Wants a picture of each of these items, and passes what came once all have been answered: at
-/// once, or later. Main thread.
+/// Asks for a picture of each of these items, and calls `done` with those that came when all have
+/// been answered, which may be at once. Main thread.
 void prefetchPictures(Thumbnails& thumbnails, const std::vector<Path>& items,
                       std::function<void(ItemPictures)> done);
 
