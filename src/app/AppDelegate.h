@@ -26,6 +26,7 @@
 #include "dock/OwnDock.h"
 #include "dock/RestingTimers.h"
 #include "dock/Tile.h"
+#include "intake/BinnedItems.h"
 #include "intake/Intake.h"
 #include "intake/UndoStack.h"
 #include "progression/Progression.h"
@@ -84,7 +85,6 @@ class AppDelegate : public QObject {
     void endStartup();
     void open(const std::vector<Path>& items, int others);
     void act(const QString& action);
-    [[nodiscard]] BinnedItems binnedItems() const;
     void putBackLast();
     StatsWindow& statsWindow();
     void showAboutPanel();
@@ -105,6 +105,7 @@ class AppDelegate : public QObject {
     Ledger m_ledger;
     Settings m_settings;
     Progression m_progression;
+    BinnedItems m_binnedItems;
     UndoStack m_undoStack;
     std::unique_ptr<Tile> m_tile;
     AccessibilityBus m_accessibilityBus;

@@ -1,6 +1,5 @@
 #include "AppDelegate.h"
 
-#include "intake/BinnedItems.h"
 #include "ui/AboutPanel.h"
 
 // The actions of the menu entries.
@@ -13,7 +12,7 @@ MenuContents::Parts AppDelegate::menuParts() {
             .progression = m_progression,
             .undoStack = m_undoStack,
             .clock = &Date::now,
-            .canPutBack = [this] { return !binnedItems().lastBatch().empty(); },
+            .canPutBack = [this] { return m_binnedItems.hasAny(); },
             .canFeedSelection = [this] { return m_fileManagerKey.canCapture(); },
             .isCheckingForUpdates = [this] { return m_updateCommand.isChecking(); }};
 }

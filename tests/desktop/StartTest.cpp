@@ -1,4 +1,5 @@
 #include "DesktopTest.h"
+#include "SessionManager.h"
 
 #include <QDBusConnectionInterface>
 
@@ -124,7 +125,7 @@ TEST_F(StartTest, IsKnownToTheDesktopByTheClassThatItsEntryNames) {
 
 struct EndCase {
     const char* name;
-    void (*end)(DesktopSession& session, const BackgroundProgram& program);
+    void (*end)(DesktopSession& session, const BackgroundProgram& program, SessionManager& manager);
     int status;
 
     friend void PrintTo(const EndCase& ending, std::ostream* out) { *out << ending.name; }
@@ -139,12 +140,13 @@ TEST_P(EndTest, InTheMiddleOfABatchLeavesAllThatWasDoneOnRecord) {
     for (int i = 0; i < kMany; ++i)
         words.push_back(session->write("Many/" + std::to_string(i), std::to_string(i)));
     const Tree before = treeOf(session->home() / "Many");
-    start(words);
+    SessionManager manager;
+    start(words, {{"SESSION_MANAGER", manager.address()}});
     ASSERT_TRUE(eventually([&] {
         std::error_code none;
         return !std::filesystem::is_empty(bin, none) && !none;
     }));
-    GetParam().end(*session, cauldron->program());
+    GetParam().end(*session, cauldron->program(), manager);
     EXPECT_EQ(cauldron->program().end(), GetParam().status);
     const auto left = treeOf(session->home() / "Many").size();
     const auto done = treeOf(bin).size();
@@ -159,13 +161,21 @@ TEST_P(EndTest, InTheMiddleOfABatchLeavesAllThatWasDoneOnRecord) {
 
 INSTANTIATE_TEST_SUITE_P(
     Ways, EndTest,
-    testing::Values(
-        EndCase{"BySignal",
-                [](DesktopSession&, const BackgroundProgram& program) { program.signal(SIGTERM); },
-                0},
-        EndCase{"ByTheDisplaysDeath",
-                [](DesktopSession& session, const BackgroundProgram&) { session.display().die(); },
-                1}),
+    testing::Values(EndCase{"BySignal",
+                            [](DesktopSession&, const BackgroundProgram& program, SessionManager&) {
+                                program.signal(SIGTERM);
+                            },
+                            0},
+                    EndCase{"ByTheSessionManager",
+                            [](DesktopSession&, const BackgroundProgram&, SessionManager& manager) {
+                                manager.endSession();
+                            },
+                            0},
+                    EndCase{"ByTheDisplaysDeath",
+                            [](DesktopSession& session, const BackgroundProgram&, SessionManager&) {
+                                session.display().die();
+                            },
+                            1}),
     [](const auto& ending) { return std::string(ending.param.name); });
 
 } // namespace
