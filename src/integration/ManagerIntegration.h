@@ -22,6 +22,9 @@ struct KeyState {
     std::optional<Error> error;   ///< why it could not be installed, removed or read
 };
 
+/// Whether a process of the file manager is running that does not have the installed key yet.
+[[nodiscard]] bool needsRestart(const KeyState& state);
+
 /// What one file manager has of us: the entry in its menu, and Ctrl+Backspace on that entry. Both
 /// are looked up again at every call, which may take seconds if the file manager is to report its
 /// version. One thread at a time.

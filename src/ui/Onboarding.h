@@ -25,7 +25,8 @@ class Onboarding {
         captured,  ///< from the keyboard, in every file manager; takes the accessibility bus
         available, ///< a file manager can be given it, or that is not known yet
         bound,     ///< a file manager has it
-        none,      ///< no file manager installed can have it
+        blocked, ///< a file manager could have it, but a key of the user's or a failure prevents it
+        none,    ///< no file manager installed can have it
     };
 
     /// What the session says at the moment; cheap to ask.
@@ -105,7 +106,9 @@ class Onboarding {
     void changed() const;
     [[nodiscard]] bool keyIsAllowed() const;
     [[nodiscard]] bool keyWorks() const;
-    [[nodiscard]] bool hasNoKey() const { return m_facts.key == KeyWay::none; }
+    [[nodiscard]] bool hasNoKey() const {
+        return m_facts.key == KeyWay::blocked || m_facts.key == KeyWay::none;
+    }
     [[nodiscard]] Status automationStatus() const;
     [[nodiscard]] Status folderStatus() const;
 

@@ -31,7 +31,7 @@ struct Permissions {
 
     bool accessible = true; ///< the accessibility bus answers
     AutomationStatus automation = AutomationStatus::granted;
-    bool keyIsPossible = true; ///< by capture, or in at least one file manager of its own
+    bool keyIsPossible = true; ///< by capture, or in a file manager of its own
     FocusReports focusReports = FocusReports::present;
     std::vector<KeyHint> keyHints;
 

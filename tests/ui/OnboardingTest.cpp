@@ -179,6 +179,7 @@ TEST_F(OnboardingTest, SaysOfThePermissionsWhatIsTrueInEachSession) {
         {Page::automation, {false, kGranted, KeyWay::bound}, {.tick = kAllowed}, {"Continue"}},
         {Page::automation, {true, kGranted, KeyWay::none}, kNoKey, {"Continue"}},
         {Page::automation, {true, kDenied, KeyWay::none}, kNoKey, {"Continue"}},
+        {Page::automation, {true, kGranted, KeyWay::blocked}, kNoKey, {"Continue"}},
         {Page::ready,
          {},
          {.caption = "Change permissions any time: Vexmoor menu > Set Up Permissions…"},
