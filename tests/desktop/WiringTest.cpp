@@ -1,4 +1,5 @@
 #include "DesktopTest.h"
+#include "FileManagerWindow.h"
 
 #include "desktopbus/FakeService.h"
 #include "desktopbus/FakeSettingsPortal.h"
@@ -22,6 +23,7 @@ namespace {
 using namespace test;
 using testing::Contains;
 using testing::Each;
+using testing::HasSubstr;
 using testing::StartsWith;
 
 struct WiringTest : DesktopTest {
@@ -33,6 +35,10 @@ struct WiringTest : DesktopTest {
     /// Sets it by the command line, which the running program carries out.
     void set(const std::string& setting, const std::string& value) const {
         session->run({VEXMOOR_PROGRAM, "settings", setting, value});
+    }
+    void act(const char* action) const {
+        session->call(Cauldron::application(), "ActivateAction",
+                      {action, QVariantList{}, QVariantMap{}});
     }
     [[nodiscard]] bool feeds(const std::string& name) const {
         const Path item = session->write(name, name);
@@ -79,6 +85,7 @@ TEST_F(WiringTest, KeepsFlamesAndSoundAsTheirSettingsSay) {
     ASSERT_TRUE(session->sound().recordsAnother(0.1));
     const int idle = onTheTile(light);
     ASSERT_TRUE(feeds("quiet"));
+    act("test-flames");
     EXPECT_TRUE(eventually([&] { return onTheTile(light) > idle + 120; })) << "burns inside";
     EXPECT_FALSE(cauldron->flames());
     ASSERT_TRUE(session->sound().recordsAnother(1));
@@ -86,8 +93,9 @@ TEST_F(WiringTest, KeepsFlamesAndSoundAsTheirSettingsSay) {
 
     set("escapeDock", "on");
     set("sound", "on");
-    ASSERT_TRUE(feeds("loud"));
+    act("test-flames");
     EXPECT_TRUE(cauldron->burns());
+    EXPECT_EQ(cauldron->history().size(), 1U);
     EXPECT_TRUE(
         eventually([&] { return beginning(session->sound().recorded(), sizzle).has_value(); }));
 }
@@ -113,11 +121,46 @@ TEST_F(WiringTest, OpensTheBinForALauncher) {
     const Path gio = session->write("programs/gio", "#!/bin/sh\necho \"$@\" > \"$HOME/opened\"\n");
     std::filesystem::permissions(gio, std::filesystem::perms::owner_all);
     start({"--background"}, {{"PATH", gio.parent_path().native() + ":/usr/bin:/bin"}});
-    session->call(Cauldron::application(), "ActivateAction",
-                  {"open-bin", QVariantList{}, QVariantMap{}});
+    act("open-bin");
     const Path opened = session->home() / "opened";
     EXPECT_TRUE(eventually(
         [&] { return std::filesystem::exists(opened) && contents(opened) == "open trash:///\n"; }));
+    act("settings");
+    EXPECT_TRUE(statsWindowComes());
+}
+
+TEST_F(WiringTest, PutsBackTheNewestThatIsStillInTheBin) {
+    start();
+    ASSERT_TRUE(feeds("old") && cauldron->records(1));
+    EXPECT_EQ(quit(), 0);
+    start();
+    ASSERT_TRUE(feeds("new") && cauldron->records(2));
+    session->run({VEXMOOR_PROGRAM, "put-back", cauldron->history()[0]["id"]});
+    ASSERT_TRUE(cauldron->records(1, "restored"));
+    cauldron->putBack();
+    EXPECT_TRUE(cauldron->records(2, "restored")) << "of an earlier run";
+}
+
+TEST_F(WiringTest, BringsItsWindowToTheFrontAndIntoTheScreen) {
+    start({});
+    ASSERT_TRUE(statsWindowComes());
+    const std::string id = std::to_string(cauldron->statsWindow()->id);
+    const auto comesToTheFront = [&] {
+        EXPECT_EQ(cauldron->feed({}), 0);
+        return eventually([&] {
+            const auto active = session->screen().active();
+            return active && std::to_string(active->id) == id;
+        });
+    };
+    session->xdotool("windowminimize --sync " + id);
+    ASSERT_TRUE(eventually([&] { return !cauldron->statsWindow(); }));
+    EXPECT_TRUE(comesToTheFront());
+    const FileManagerWindow other(*session, DrivenFileManager::kPcmanfmQt, session->home());
+    EXPECT_TRUE(comesToTheFront());
+    session->xdotool("windowmove --sync " + id + " 1200 700");
+    EXPECT_TRUE(comesToTheFront());
+    EXPECT_TRUE(eventually(
+        [&] { return QRect(0, 0, 1280, 800).contains(cauldron->statsWindow()->frame); }));
 }
 
 TEST_F(WiringTest, RecordsAndReportsAtItsStartWhatAKillCutOff) {
@@ -153,10 +196,40 @@ TEST_F(WiringTest, ReportsAStoreThatCannotBeReadOrWritten) {
     ASSERT_TRUE(eventually([&] { return !cauldron->isAlerting(); }));
 
     RawDatabase other(database());
-    other.run("BEGIN IMMEDIATE");
-    ASSERT_TRUE(feeds("unrecorded"));
-    EXPECT_TRUE(cauldron->alerts("The history couldn't be saved"));
-    other.run("ROLLBACK");
+    other.run("CREATE TRIGGER refuse BEFORE INSERT ON defaults "
+              "BEGIN SELECT RAISE(ABORT, 'refused'); END");
+    for (const char* const name : {"first", "second"}) {
+        ASSERT_TRUE(feeds(name));
+        EXPECT_TRUE(cauldron->alerts("The history couldn't be saved"));
+        session->press("Return");
+        ASSERT_TRUE(eventually([&] { return !cauldron->isAlerting(); }));
+        const auto set = session->command({VEXMOOR_PROGRAM, "settings", "sound", "off"}).run();
+        EXPECT_NE(set.status, 0);
+        EXPECT_THAT(set.errors, HasSubstr("The setting could not be saved"));
+        EXPECT_FALSE(cauldron->isAlerting()) << "the command line reports it";
+    }
+    other.run("DROP TRIGGER refuse");
+    cauldron->putBack();
+    EXPECT_TRUE(cauldron->records(1, "restored"));
+    EXPECT_TRUE(std::filesystem::exists(session->home() / "second"));
+}
+
+TEST_F(WiringTest, ReportsAtItsStartWhatWasLeftHalfDissolvedAndADamagedJournal) {
+    set("mode", "dissolve");
+    set("confirmDissolve", "off");
+    for (const char* const name : {"Things/one", "Things/two", "Things/three"})
+        session->write(name, name);
+    auto killed =
+        session->start(Cauldron::words({session->home() / "Things"}),
+                       {{"LD_PRELOAD", KILL_AFTER_LIBRARY}, {"KILL_AFTER", "unlinkat 2"}});
+    EXPECT_EQ(killed.end(), -1);
+    start();
+    EXPECT_TRUE(cauldron->alerts("The cauldron rejected Things"));
+    EXPECT_EQ(quit(), 0);
+
+    session->write(".local/share/vexmoor/journal/current", std::string(8192, 'x'));
+    start();
+    EXPECT_TRUE(cauldron->alerts("The journal of an earlier batch couldn't be settled"));
 }
 
 TEST_F(WiringTest, OpensTheWindowWhereItWasByAClickOnANotification) {
@@ -179,6 +252,32 @@ TEST_F(WiringTest, OpensTheWindowWhereItWasByAClickOnANotification) {
         return cauldron->statsWindow().has_value();
     }));
     EXPECT_TRUE(eventually([&] { return cauldron->statsWindow()->frame == frame; }));
+}
+
+TEST_F(WiringTest, PassesTheTokenOfAClickedNotificationToItsWindow) {
+    const QString name = "org.freedesktop.Notifications";
+    const QString path = "/org/freedesktop/Notifications";
+    session->endNotifications();
+    FakeService server(session->bus(), name, [](const QDBusMessage& call) {
+        if (call.member() == QStringLiteral("Notify"))
+            return call.createReply(1U);
+        return call.createReply(QStringList{"actions"});
+    });
+    start();
+    session->screen().watchLaunches();
+    ASSERT_TRUE(feeds("item"));
+    EXPECT_TRUE(eventuallyInLoop([&] {
+        server.emitSignal(path, name, "ActivationToken", {1U, "notification/1_TIME1000"});
+        server.emitSignal(path, name, "ActionInvoked", {1U, "default"});
+        return cauldron->statsWindow().has_value();
+    }));
+    EXPECT_TRUE(eventually([&] {
+        return session->screen().launchMessages().find("remove: ID=\"notification/1_TIME1000\"") !=
+               std::string::npos;
+    }));
+    EXPECT_THAT(session->run({"xprop", "-id", std::to_string(cauldron->statsWindow()->id),
+                              "_NET_STARTUP_ID"}),
+                HasSubstr("notification/1_TIME1000"));
 }
 
 TEST_F(WiringTest, ShowsNoFlamesWhileTheDesktopWantsLessMotion) {
