@@ -198,20 +198,26 @@ TEST_F(WiringTest, ReportsAStoreThatCannotBeReadOrWritten) {
     RawDatabase other(database());
     other.run("CREATE TRIGGER refuse BEFORE INSERT ON defaults "
               "BEGIN SELECT RAISE(ABORT, 'refused'); END");
-    for (const char* const name : {"first", "second"}) {
-        ASSERT_TRUE(feeds(name));
+    const auto isReported = [this] {
         EXPECT_TRUE(cauldron->alerts("The history couldn't be saved"));
         session->press("Return");
-        ASSERT_TRUE(eventually([&] { return !cauldron->isAlerting(); }));
-        const auto set = session->command({VEXMOOR_PROGRAM, "settings", "sound", "off"}).run();
-        EXPECT_NE(set.status, 0);
-        EXPECT_THAT(set.errors, HasSubstr("The setting could not be saved"));
-        EXPECT_FALSE(cauldron->isAlerting()) << "the command line reports it";
-    }
+        return eventually([this] { return !cauldron->isAlerting(); });
+    };
+    ASSERT_EQ(cauldron->feed({}), 0);
+    ASSERT_TRUE(statsWindowComes());
+    ASSERT_TRUE(isReported()) << "the place of the window is stored";
+    const auto set = session->command({VEXMOOR_PROGRAM, "settings", "sound", "off"}).run();
+    EXPECT_NE(set.status, 0);
+    EXPECT_THAT(set.errors, HasSubstr("The setting could not be saved"));
+    EXPECT_FALSE(cauldron->isAlerting()) << "the command line reports it";
+    session->xdotool("windowsize --sync " + std::to_string(cauldron->statsWindow()->id) +
+                     " 400 600");
+    ASSERT_TRUE(isReported());
+    ASSERT_TRUE(feeds("unrecorded") && isReported());
     other.run("DROP TRIGGER refuse");
     cauldron->putBack();
     EXPECT_TRUE(cauldron->records(1, "restored"));
-    EXPECT_TRUE(std::filesystem::exists(session->home() / "second"));
+    EXPECT_TRUE(std::filesystem::exists(session->home() / "unrecorded"));
 }
 
 TEST_F(WiringTest, ReportsAtItsStartWhatWasLeftHalfDissolvedAndADamagedJournal) {
