@@ -94,6 +94,18 @@ TEST_F(WalkthroughTest, AnswersTheLauncherWhereItComesFirst) {
         testing::HasSubstr("launcher/1_TIME1000"));
 }
 
+TEST_F(WalkthroughTest, LeadsToTheSettingsWhereTheConsentWasRefused) {
+    openSession({.onboarded = false});
+    start({});
+    pressOn(kWelcome, "Return");
+    pressOn(kFlames, "Return");
+    pressOn(kKey, "Return");
+    ASSERT_TRUE(shows("Allow")) << "it is asked";
+    session->press("Escape");
+    pressOn(kKey, "Return");
+    EXPECT_TRUE(shows("Dissolve forever"));
+}
+
 TEST_F(WalkthroughTest, CanBeSkippedByKeyboard) {
     openSession({.onboarded = false});
     start({});

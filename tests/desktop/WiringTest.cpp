@@ -12,6 +12,7 @@
 #include <QDBusUnixFileDescriptor>
 
 #include <algorithm>
+#include <chrono>
 #include <unistd.h>
 
 // What the program's parts mean to each other: each test fails if one of the connections between
@@ -286,20 +287,26 @@ TEST_F(WiringTest, PassesTheTokenOfAClickedNotificationToItsWindow) {
                 HasSubstr("notification/1_TIME1000"));
 }
 
-TEST_F(WiringTest, ShowsNoFlamesWhileTheDesktopWantsLessMotion) {
+TEST_F(WiringTest, StandsStillWhileTheDesktopWantsLessMotion) {
     const QString group = "org.gnome.desktop.interface";
     FakeSettingsPortal portal(session->bus(), {{group, {{"enable-animations", false}}}});
     start();
-    portal.set(group, "enable-animations", false);
-    const auto burnsNow = [&] {
-        const auto items = cauldron->history().size();
-        EXPECT_TRUE(feeds("item " + std::to_string(items)));
-        EXPECT_TRUE(cauldron->records(items + 1));
-        return cauldron->flames().has_value();
+    const auto moves = [&] {
+        constexpr auto kLong = std::chrono::milliseconds(500); // several frames of the pot
+        const QImage first = session->screen().picture();
+        const auto begin = std::chrono::steady_clock::now();
+        while (std::chrono::steady_clock::now() - begin < kLong) {
+            QCoreApplication::processEvents();
+            if (session->screen().picture() != first)
+                return true;
+        }
+        return false;
     };
-    EXPECT_TRUE(eventuallyInLoop([&] { return !burnsNow(); }));
+    EXPECT_TRUE(eventuallyInLoop([&] { return !moves(); }));
     portal.set(group, "enable-animations", true);
-    EXPECT_TRUE(eventuallyInLoop([&] { return burnsNow(); }));
+    EXPECT_TRUE(eventuallyInLoop(moves));
+    portal.set(group, "enable-animations", false);
+    EXPECT_TRUE(eventuallyInLoop([&] { return !moves(); }));
 }
 
 TEST_F(WiringTest, EndsBeforeTheSystemShutsDownAndDelaysThatWhileItWorks) {
