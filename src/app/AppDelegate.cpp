@@ -1,6 +1,7 @@
 #include "AppDelegate.h"
 
 #include "app/Probe.h"
+#include "app/TileReports.h"
 
 #include "art/CauldronArt.h"
 #include "base/Text.h"
@@ -136,12 +137,7 @@ void AppDelegate::wireTile() {
     connect(m_tile.get(), &Tile::menuRequested, &m_menuBar, &MenuBar::popUp);
     connect(m_tile.get(), &Tile::dropped, this,
             [this](const std::vector<Path>& items) { consume(items, false); });
-    connect(m_tile.get(), &Tile::refused, this,
-            [this](bool tookOthers) { m_alerts.report(foreignReport(tookOthers)); });
-    connect(m_tile.get(), &Tile::withheld, this, [this] { m_alerts.report(withheldReport()); });
-    connect(m_tile.get(), &Tile::lost, this, [this](const QString& reason) {
-        m_alerts.report(tileLostReport(reason.toStdString()));
-    });
+    reportFailuresOf(*m_tile, m_alerts);
     connect(m_tile.get(), &Tile::shownChanged, this, &AppDelegate::restWhileUnseen);
     restWhileUnseen();
 }
@@ -313,14 +309,12 @@ QString AppDelegate::probe() const {
 }
 
 void AppDelegate::quit() {
-    if (std::exchange(m_isEnding, true))
-        return;
     // Each with its own id, because an id that is used twice replaces the earlier notification.
     // They are logged too, for sessions without notifications.
-    m_alerts.close([this, count = 0](const FailureReport& report) mutable {
+    m_alerts.close([this](const FailureReport& report) {
         std::cerr << "vexmoor-desktop: " << report.message << ". " << report.informative << "\n";
         m_notifications.post(
-            {"ended-" + std::to_string(++count), report.message, report.informative});
+            {"ended-" + std::to_string(++m_reportsAtEnd), report.message, report.informative});
     });
     m_service.stopTaking();
     m_intake.stop();

@@ -67,7 +67,8 @@ class AppDelegate : public QObject {
     void testFlames();
     void undo();
 
-    /// Quits as soon as the current item is done; the rest of its batch stays untouched.
+    /// Quits as soon as the current item is done; the rest of its batch stays untouched. May be
+    /// called again meanwhile.
     void quit();
 
   private:
@@ -88,8 +89,6 @@ class AppDelegate : public QObject {
     void putBackLast();
     StatsWindow& statsWindow();
     void showAboutPanel();
-    void debugUnlockAll();
-    void debugReset();
     void flushBus();
     [[nodiscard]] QString probe() const;
     void serveCommands();
@@ -134,7 +133,7 @@ class AppDelegate : public QObject {
     MainMenu m_mainMenu;
     QByteArray m_startup; ///< the startup id that a launcher waits for; empty if none does
     bool m_receivedFilesAtLaunch = false;
-    bool m_isEnding = false;
+    int m_reportsAtEnd = 0; ///< posted as notifications since quit()
     std::vector<Subscription> m_subscriptions;
 };
 

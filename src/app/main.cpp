@@ -1,9 +1,8 @@
 #include "app/AppDelegate.h"
 #include "app/Appearance.h"
-#include "app/EndSignals.h"
+#include "app/EndRequests.h"
 #include "app/PotIcon.h"
 #include "app/Probe.h"
-#include "app/QuitEvents.h"
 #include "app/Start.h"
 
 #include "base/Text.h"
@@ -50,10 +49,8 @@ int run(const LaunchOptions& options) {
         return outcome == Start::Outcome::forwarded ? 0 : kRefused;
     const auto stores = start.takeStores();
     AppDelegate delegate(*stores, service, bus);
-    const EndSignals endSignals;
-    QObject::connect(&endSignals, &EndSignals::endRequested, &delegate, &AppDelegate::quit);
-    const QuitEvents quitEvents;
-    QObject::connect(&quitEvents, &QuitEvents::endRequested, &delegate, &AppDelegate::quit);
+    const EndRequests ends;
+    QObject::connect(&ends, &EndRequests::endRequested, &delegate, &AppDelegate::quit);
     // In the event loop, so that its dialogs react to a request to quit.
     QMetaObject::invokeMethod(
         &delegate, [&] { delegate.finishLaunching(options); }, Qt::QueuedConnection);
@@ -117,7 +114,6 @@ int main(int argc, char** argv) {
                    "C"); // Qt sets the user's; files and JSON need the C locale's numbers
     installTranslators();
     nameApplication();
-    QApplication::setApplicationDisplayName(QStringLiteral("Vexmoor"));
     QApplication::setDesktopFileName(QLatin1String(ApplicationService::kName));
     QApplication::setQuitOnLastWindowClosed(false);
     QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));

@@ -1,6 +1,10 @@
 #include "DesktopTest.h"
 #include "SessionManager.h"
 
+#include "desktopbus/FakeService.h"
+#include "intake/WriterLock.h"
+#include "support/MainLoop.h"
+
 #include <QDBusConnectionInterface>
 
 #include <algorithm>
@@ -116,11 +120,91 @@ TEST_F(StartTest, IsStartedByTheBusToOpenFiles) {
     }));
 }
 
-TEST_F(StartTest, IsKnownToTheDesktopByTheClassThatItsEntryNames) {
-    start();
+TEST_F(StartTest, IsKnownToTheDesktopByItsEntryAndHasAnIcon) {
+    start({});
+    ASSERT_TRUE(eventually([&] { return cauldron->statsWindow().has_value(); }));
+    const std::string id = std::to_string(cauldron->statsWindow()->id);
+    EXPECT_THAT(session->run({"xprop", "-id", id, "_NET_WM_ICON"}), testing::HasSubstr("Icon ("));
     EXPECT_THAT(
         contents(Path(VEXMOOR_PACKAGING) / "org.vexmoor.Vexmoor.desktop"),
         testing::HasSubstr("\nStartupWMClass=" + cauldron->tile().value().className + "\n"));
+}
+
+/// Starts that end or wait before there is a tile.
+struct RefusedStartTest : StartTest {
+    [[nodiscard]] bool shows(const std::string& sentence) const {
+        return eventuallyInLoop([&] {
+            const auto active = session->screen().active();
+            if (!active || !active->isDialog)
+                return false;
+            const auto all = AccessibleTree(session->bus()).elementsOf("Vexmoor");
+            return std::ranges::any_of(all, [&](const AccessibleElement& element) {
+                return element.isShowing && element.name == sentence;
+            });
+        });
+    }
+    void begin() {
+        program.reset(new BackgroundProgram(session->start(Cauldron::words({items[0]}))));
+    }
+    /// Presses the key at the dialog with that sentence; the start then ends.
+    void expectRefusal(const std::string& sentence, const char* key = "Return") {
+        ASSERT_TRUE(shows(sentence)) << sentence;
+        session->press(key);
+        constexpr int kRefused = 3;
+        EXPECT_EQ(program->end(), kRefused);
+        EXPECT_TRUE(std::filesystem::exists(items[0]));
+    }
+    const Path data = ".local/share/vexmoor";
+    std::unique_ptr<BackgroundProgram> program;
+};
+
+TEST_F(RefusedStartTest, SaysThatItCannotOpenTheHistory) {
+    std::filesystem::remove_all(session->home() / data);
+    std::filesystem::create_directories(session->home() / data / "defaults.db");
+    begin();
+    expectRefusal("Vexmoor can't open its history");
+}
+
+TEST_F(RefusedStartTest, WaitsForACommandUntilItIsCancelled) {
+    auto command = WriterLock::tryTake(session->home() / data / WriterLock::kFileName,
+                                       WriterLock::Role::command);
+    ASSERT_TRUE(command && *command);
+    begin();
+    ASSERT_TRUE(shows("Vexmoor is still at work"));
+    session->press("Escape");
+    expectRefusal("Vexmoor did not start");
+    begin();
+    ASSERT_TRUE(shows("Vexmoor is still at work"));
+    command->reset();
+    EXPECT_TRUE(isGone(items[0]));
+}
+
+TEST_F(RefusedStartTest, SaysThatItRunsInAnotherSession) {
+    start({"--background"}, {{"DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere"}});
+    begin();
+    expectRefusal("Vexmoor is running already");
+}
+
+TEST_F(RefusedStartTest, SaysThatTheRunningProgramDoesNotAnswer) {
+    const FakeService running(session->bus(), Cauldron::kName, [](const QDBusMessage& call) {
+        return call.createErrorReply(QDBusError::InternalError, "broken");
+    });
+    begin();
+    expectRefusal("But it does not answer.");
+}
+
+TEST_F(RefusedStartTest, TakesThePlaceOfAProgramThatIsQuitting) {
+    auto ending = std::make_unique<FakeService>(
+        session->bus(), Cauldron::kName, [](const QDBusMessage& call) {
+            return call.createErrorReply(QStringLiteral("org.vexmoor.Error.Ending"), "ending");
+        });
+    begin();
+    ASSERT_TRUE(eventuallyInLoop([&] { // it waits, and asks us again and again
+        const auto active = session->screen().active();
+        return active && active->isDialog;
+    }));
+    ending.reset();
+    EXPECT_TRUE(isGone(items[0]));
 }
 
 struct EndCase {
