@@ -166,6 +166,12 @@ void addIntegrate(CLI::App& app, Invocation& invocation) {
         ->type_name("ID");
 }
 
+void addDoctor(CLI::App& app, Invocation& invocation) {
+    addJson(*addCommand(app, invocation, "doctor", Command::doctor,
+                        text("Show what works in this session and why, for reports of errors")),
+            invocation);
+}
+
 struct CommandDescription {
     std::string_view name;
     void (*add)(CLI::App& app, Invocation& invocation);
@@ -174,7 +180,7 @@ struct CommandDescription {
 constexpr CommandDescription kCommands[] = {
     {"feed", &addFeed},           {"put-back", &addPutBack}, {"delete", &addDelete},
     {"history", &addHistory},     {"stats", &addStats},      {"settings", &addSettings},
-    {"integrate", &addIntegrate},
+    {"integrate", &addIntegrate}, {"doctor", &addDoctor},
 };
 
 void takeGuards(Invocation& invocation) {

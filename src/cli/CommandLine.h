@@ -17,7 +17,7 @@ namespace vexmoor {
 
 /// What the user asked for on the command line.
 struct Invocation {
-    enum class Command { open, feed, putBack, erase, history, stats, settings, integrate, probe };
+    enum class Command { open, feed, putBack, erase, history, stats, settings, integrate, doctor, probe };
 
     Command command = Command::open;
     bool json = false;

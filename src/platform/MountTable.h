@@ -33,6 +33,9 @@ class MountTable {
     /// The mounts of the same file system, that one among them.
     std::vector<Mount> mountsOfSame(const Mount& mount);
 
+    /// All of them, those that hide others after these.
+    std::vector<Mount> all();
+
     /// Whether nothing is known of any mount.
     bool isUnknown();
 
