@@ -10,8 +10,8 @@
 
 namespace vexmoor {
 
-/// The borderless window above the tile in which the flames rise. It lies over everything, takes no
-/// input and no focus. Main thread.
+/// The borderless window above the tile in which the flames rise. It lies over everything but
+/// fullscreen windows, takes no input and no focus. Main thread.
 class FlameOverlayWindow : public QWidget, public FlameWindow {
     Q_OBJECT
 
