@@ -23,7 +23,8 @@ std::vector<Case> cases() {
     const auto settings = NamedSettings::names();
     return {
         {{"fe"}, {"feed"}},
-        {{""}, {"feed", "put-back", "delete", "history", "stats", "settings", "integrate"}},
+        {{""},
+         {"feed", "put-back", "delete", "history", "stats", "settings", "integrate", "doctor"}},
         {{"--v"}, {"--version"}},
         {{"feed", "--"}, {"--help", "--mode", "--yes", "--from-menu", "--json"}},
         {{"feed", "--mode", ""}, {"bin", "dissolve"}},
