@@ -1,5 +1,6 @@
 #include "AppDelegate.h"
 
+#include "app/Description.h"
 #include "app/Probe.h"
 #include "app/TileReports.h"
 
@@ -196,6 +197,7 @@ void AppDelegate::wireService() {
     connect(&m_service, &ApplicationService::openRequested, this, &AppDelegate::open);
     connect(&m_service, &ApplicationService::actionRequested, this, &AppDelegate::act);
     m_service.setProbe([this] { return probe(); });
+    m_service.setDescription([this] { return describe(); });
     m_service.deliverOrders();
 }
 
@@ -306,6 +308,11 @@ void AppDelegate::activate() {
 
 QString AppDelegate::probe() const {
     return probeText(m_dock.isTrusted(), m_dockTile.frame(), m_tile->screens().frames());
+}
+
+QString AppDelegate::describe() const {
+    return QString::fromStdString(describeSession(
+        RunningTile{.isShown = m_tile->isVisible(), .isFound = m_dockTile.frame().has_value()}));
 }
 
 void AppDelegate::quit() {

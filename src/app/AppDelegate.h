@@ -91,6 +91,7 @@ class AppDelegate : public QObject {
     void showAboutPanel();
     void flushBus();
     [[nodiscard]] QString probe() const;
+    [[nodiscard]] QString describe() const;
     void serveCommands();
     void reportStoreFailures();
     std::optional<Error> store(const std::function<void()>& assignment);

@@ -21,6 +21,7 @@ struct Invocation {
         stats,
         settings,
         integrate,
+        doctor,
         probe,
         help,
         complete, ///< the names that a shell offers

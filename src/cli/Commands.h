@@ -13,6 +13,7 @@ int runHistory(const Invocation& invocation);
 int runStats(const Invocation& invocation);
 int runSettings(const Invocation& invocation);
 int runIntegrate(const Invocation& invocation);
+int runDoctor(const Invocation& invocation);
 
 /// Starts the desktop application in place of this process; returns only where that fails.
 int runDesktop(const Invocation& invocation);
