@@ -87,7 +87,7 @@ TEST_F(HandOverTest, EndsAsItDoesWithoutADesktop) {
         {{"put-back"}, 3, "", "There is nothing to put back."},
         {{"feed", "a", "./b"}, 0, "To the Bin: a (4 KB)\nTo the Bin: b (4 KB)\n", ""},
         {{"feed", "a"}, 1, "", "a: No such file or directory."},
-        {{"feed", ".", "x/.."}, 1, "", "Name it itself."},
+        {{"feed", ".", "x/.."}, 1, "", "Use the folder's own name."},
         {{"feed", home.path()}, 1, "", "The home folder can't be thrown away."},
         {{"put-back", "a", "c"}, 1, "Put back: a", "c is no longer in the Bin."},
         {{"feed", "--mode", "dissolve", "a"}, 3, "", "--yes"},

@@ -82,7 +82,7 @@ TEST_F(StatsWiringTest, SaysWhereTheKeyDoesNotWork) {
     key.automation().set(AutomationStatus::granted);
     beginWith({"thunar", "caja"});
     show();
-    EXPECT_TRUE(complains("In Thunar, Ctrl+Backspace does something else"));
+    EXPECT_TRUE(complains("In Thunar, you assigned Ctrl+Backspace"));
     EXPECT_TRUE(complains("In Caja, Ctrl+Backspace can't work"));
     EXPECT_TRUE(tab().findChildren<Switch*>().last()->isVisible());
 }

@@ -68,7 +68,7 @@ TEST_F(WalkthroughTest, KnowsWhereNoFileManagerCanHaveTheKey) {
     walkthrough.show();
     press("Continue");
     press("Skip");
-    EXPECT_TRUE(says("No file manager installed here can take Ctrl+Backspace."));
+    EXPECT_TRUE(says("No installed file manager supports Ctrl+Backspace."));
 }
 
 TEST_F(WalkthroughTest, WearsTheSkinWhileItIsOpenAndBeginsAnewWhenItWasClosed) {

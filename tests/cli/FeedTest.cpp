@@ -103,7 +103,7 @@ TEST_F(FeedTest, EndsWithTheStatusThatTheManualPromises) {
         {{"put-back", "a"}, 1, "", "vexmoor: a is no longer in the Bin."},
         {{"delete", "b"}, 3, "", "--yes"},
         {{"delete", "--yes", "b"}, 0, "Deleted from the Bin: b", ""},
-        {{"feed", "."}, 1, "", "Name it itself."},
+        {{"feed", "."}, 1, "", "Use the folder's own name."},
         {{"feed", m_home}, 1, "", "The home folder can't be thrown away."},
         {{"feed", m_data / "Trash"}, 1, "", "This is the Bin itself."},
         {{"--version"}, 0, "vexmoor ", ""},

@@ -4,6 +4,7 @@
 #include "desktopbus/FakeService.h"
 #include "intake/WriterLock.h"
 #include "support/MainLoop.h"
+#include "support/RawDatabase.h"
 
 #include <QDBusConnectionInterface>
 
@@ -159,8 +160,7 @@ struct RefusedStartTest : StartTest {
 };
 
 TEST_F(RefusedStartTest, SaysThatItCannotOpenTheHistory) {
-    std::filesystem::remove_all(session->home() / data);
-    std::filesystem::create_directories(session->home() / data / "defaults.db");
+    RawDatabase(session->home() / data / "defaults.db").run("PRAGMA user_version = 99");
     begin();
     expectRefusal("Vexmoor can't open its history");
 }

@@ -195,8 +195,11 @@ TEST_F(WiringTest, ReportsAStoreThatCannotBeReadOrWritten) {
     EXPECT_TRUE(cauldron->alerts("The history was damaged"));
     session->press("Return");
     ASSERT_TRUE(eventually([&] { return !cauldron->isAlerting(); }));
+    EXPECT_EQ(quit(), 0);
 
     RawDatabase other(database());
+    other.run("INSERT INTO defaults VALUES ('onboarded', 'bool', 1)");
+    start({"--background"});
     other.run("CREATE TRIGGER refuse BEFORE INSERT ON defaults "
               "BEGIN SELECT RAISE(ABORT, 'refused'); END");
     const auto isReported = [this] {
