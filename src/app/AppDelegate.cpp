@@ -1,12 +1,13 @@
 #include "AppDelegate.h"
 
+#include "app/Description.h"
 #include "app/Probe.h"
+#include "app/TileReports.h"
 
 #include "art/CauldronArt.h"
 #include "base/Text.h"
 #include "dock/StartupNotification.h"
 #include "dock/TileChoice.h"
-#include "intake/BinnedItems.h"
 #include "intake/Recovery.h"
 #include "intake/Texts.h"
 #include "ui/Motion.h"
@@ -20,11 +21,19 @@
 
 namespace vexmoor {
 
+namespace {
+
+/// How long a menu or a put-back, which the user waits for, waits for a volume.
+constexpr std::chrono::milliseconds kVolumePatience{100};
+
+} // namespace
+
 AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBusConnection& bus)
     : m_stores(stores), m_service(service), m_bus(bus), m_notifications(bus),
       m_ledger(stores.defaults(), &Date::now), m_settings(stores.defaults()),
       m_progression(stores.defaults(), &m_ledger, &Date::now, m_notifications,
                     &CauldronArt::setCurrent),
+      m_binnedItems(m_ledger, stores.defaults().records(), kVolumePatience),
       m_tile(makeTile(stores.defaults())), m_accessibilityBus(bus),
       m_dock([this] { return m_accessibilityBus.answers(); }, [this] { return m_tile->frame(); }),
       m_dockTile(m_dock, m_tile->screens()),
@@ -40,9 +49,9 @@ AppDelegate::AppDelegate(Stores& stores, ApplicationService& service, const QDBu
                         m_accessibilityBus, bus, IntegrationContext::ofProcess()}),
       m_work(std::make_unique<SerialQueue>()),
       m_intake({stores.directories(), stores.defaults(), m_ledger, m_settings, m_progression,
-                binnedItems(), stores.journal(), &m_undoStack, m_main, *m_work, m_alerts,
+                m_binnedItems, stores.journal(), &m_undoStack, m_main, *m_work, m_alerts,
                 m_animator, m_sizzle, *m_thumbnails, m_fileManagerKey.undoKey(), &Date::now}),
-      m_statsWiring({m_ledger, m_settings, m_progression, binnedItems(), m_intake, m_fileManagerKey,
+      m_statsWiring({m_ledger, m_settings, m_progression, m_binnedItems, m_intake, m_fileManagerKey,
                      m_dock, m_alerts, m_windowTimers.maker()}),
       m_walkthrough({stores.defaults(), m_settings, m_progression, m_fileManagerKey,
                      m_accessibilityBus, m_alerts, m_main, m_windowTimers.maker()}),
@@ -87,7 +96,7 @@ void AppDelegate::recordCutOffBatches() {
     if (m_stores.defaults().setAside())
         m_alerts.report(damagedStore(*m_stores.defaults().setAside()));
     const auto report = recover(m_stores.journal(), m_stores.defaults(), m_ledger, m_progression,
-                                binnedItems(), m_stores.directories());
+                                m_binnedItems, m_stores.directories());
     const auto recorded = report.disposed + report.putBack + report.deleted;
     if (recorded > 0)
         m_notifications.post({"recovery", text("An earlier batch was cut off"),
@@ -105,7 +114,7 @@ void AppDelegate::recordCutOffBatches() {
 void AppDelegate::serveCommands() {
     m_commands = std::make_unique<CommandService>(
         m_service, m_bus,
-        CommandService::Parts{m_intake, m_settings, m_progression, binnedItems(), m_alerts,
+        CommandService::Parts{m_intake, m_settings, m_progression, m_binnedItems, m_alerts,
                               [this](const auto& assignment) { return store(assignment); },
                               [this] { return m_fileManagerKey.fedByMenuCommand(); }});
 }
@@ -129,12 +138,7 @@ void AppDelegate::wireTile() {
     connect(m_tile.get(), &Tile::menuRequested, &m_menuBar, &MenuBar::popUp);
     connect(m_tile.get(), &Tile::dropped, this,
             [this](const std::vector<Path>& items) { consume(items, false); });
-    connect(m_tile.get(), &Tile::refused, this,
-            [this](bool tookOthers) { m_alerts.report(foreignReport(tookOthers)); });
-    connect(m_tile.get(), &Tile::withheld, this, [this] { m_alerts.report(withheldReport()); });
-    connect(m_tile.get(), &Tile::lost, this, [this](const QString& reason) {
-        m_alerts.report(tileLostReport(reason.toStdString()));
-    });
+    reportFailuresOf(*m_tile, m_alerts);
     connect(m_tile.get(), &Tile::shownChanged, this, &AppDelegate::restWhileUnseen);
     restWhileUnseen();
 }
@@ -193,6 +197,7 @@ void AppDelegate::wireService() {
     connect(&m_service, &ApplicationService::openRequested, this, &AppDelegate::open);
     connect(&m_service, &ApplicationService::actionRequested, this, &AppDelegate::act);
     m_service.setProbe([this] { return probe(); });
+    m_service.setDescription([this] { return describe(); });
     m_service.deliverOrders();
 }
 
@@ -227,10 +232,6 @@ void AppDelegate::act(const QString& action) {
         showStats();
 }
 
-BinnedItems AppDelegate::binnedItems() const {
-    return {m_ledger, m_stores.defaults().records()};
-}
-
 /// Puts back the newest batch, of this run or of an earlier one.
 void AppDelegate::putBackLast() {
     m_undoStack.refresh();
@@ -238,7 +239,7 @@ void AppDelegate::putBackLast() {
         m_undoStack.undo();
     else {
         m_intake.storeLeftOver();
-        m_intake.restore(binnedItems().lastBatch());
+        m_intake.restore(m_binnedItems.lastBatch());
     }
 }
 
@@ -309,15 +310,18 @@ QString AppDelegate::probe() const {
     return probeText(m_dock.isTrusted(), m_dockTile.frame(), m_tile->screens().frames());
 }
 
+QString AppDelegate::describe() const {
+    return QString::fromStdString(describeSession(
+        RunningTile{.isShown = m_tile->isVisible(), .isFound = m_dockTile.frame().has_value()}));
+}
+
 void AppDelegate::quit() {
-    if (std::exchange(m_isEnding, true))
-        return;
     // Each with its own id, because an id that is used twice replaces the earlier notification.
     // They are logged too, for sessions without notifications.
-    m_alerts.close([this, count = 0](const FailureReport& report) mutable {
+    m_alerts.close([this](const FailureReport& report) {
         std::cerr << "vexmoor-desktop: " << report.message << ". " << report.informative << "\n";
         m_notifications.post(
-            {"ended-" + std::to_string(++count), report.message, report.informative});
+            {"ended-" + std::to_string(++m_reportsAtEnd), report.message, report.informative});
     });
     m_service.stopTaking();
     m_intake.stop();

@@ -26,6 +26,7 @@
 #include "dock/OwnDock.h"
 #include "dock/RestingTimers.h"
 #include "dock/Tile.h"
+#include "intake/BinnedItems.h"
 #include "intake/Intake.h"
 #include "intake/UndoStack.h"
 #include "progression/Progression.h"
@@ -66,7 +67,8 @@ class AppDelegate : public QObject {
     void testFlames();
     void undo();
 
-    /// Quits as soon as the current item is done; the rest of its batch stays untouched.
+    /// Quits as soon as the current item is done; the rest of its batch stays untouched. May be
+    /// called again meanwhile.
     void quit();
 
   private:
@@ -84,14 +86,12 @@ class AppDelegate : public QObject {
     void endStartup();
     void open(const std::vector<Path>& items, int others);
     void act(const QString& action);
-    [[nodiscard]] BinnedItems binnedItems() const;
     void putBackLast();
     StatsWindow& statsWindow();
     void showAboutPanel();
-    void debugUnlockAll();
-    void debugReset();
     void flushBus();
     [[nodiscard]] QString probe() const;
+    [[nodiscard]] QString describe() const;
     void serveCommands();
     void reportStoreFailures();
     std::optional<Error> store(const std::function<void()>& assignment);
@@ -105,6 +105,7 @@ class AppDelegate : public QObject {
     Ledger m_ledger;
     Settings m_settings;
     Progression m_progression;
+    BinnedItems m_binnedItems;
     UndoStack m_undoStack;
     std::unique_ptr<Tile> m_tile;
     AccessibilityBus m_accessibilityBus;
@@ -133,7 +134,7 @@ class AppDelegate : public QObject {
     MainMenu m_mainMenu;
     QByteArray m_startup; ///< the startup id that a launcher waits for; empty if none does
     bool m_receivedFilesAtLaunch = false;
-    bool m_isEnding = false;
+    int m_reportsAtEnd = 0; ///< posted as notifications since quit()
     std::vector<Subscription> m_subscriptions;
 };
 

@@ -1,6 +1,5 @@
 #include "AppDelegate.h"
 
-#include "intake/BinnedItems.h"
 #include "ui/AboutPanel.h"
 
 // The actions of the menu entries.
@@ -13,7 +12,7 @@ MenuContents::Parts AppDelegate::menuParts() {
             .progression = m_progression,
             .undoStack = m_undoStack,
             .clock = &Date::now,
-            .canPutBack = [this] { return !binnedItems().lastBatch().empty(); },
+            .canPutBack = [this] { return m_binnedItems.hasAny(); },
             .canFeedSelection = [this] { return m_fileManagerKey.canCapture(); },
             .isCheckingForUpdates = [this] { return m_updateCommand.isChecking(); }};
 }
@@ -46,23 +45,13 @@ void AppDelegate::wireMainMenu() {
     connect(&m_mainMenu, &MainMenu::onboardingChosen, this, &AppDelegate::showOnboarding);
     connect(&m_mainMenu, &MainMenu::quitChosen, this, &AppDelegate::quit);
     connect(&m_mainMenu, &MainMenu::undoChosen, this, &AppDelegate::undo);
-    connect(&m_mainMenu, &MainMenu::redoChosen, this, [this] { m_undoStack.redo(); });
-    connect(&m_mainMenu, &MainMenu::unlockAllChosen, this, &AppDelegate::debugUnlockAll);
-    connect(&m_mainMenu, &MainMenu::resetChosen, this, &AppDelegate::debugReset);
+    // The stats window is shown: only its menu bar has these.
+    connect(&m_mainMenu, &MainMenu::unlockAllChosen, this, [this] { m_progression.unlockAll(); });
+    connect(&m_mainMenu, &MainMenu::resetChosen, this, [this] { m_progression.reset(); });
 }
 
 void AppDelegate::showAboutPanel() {
     m_mainMenu.addTo(showAbout(m_statsWindow.get()));
-}
-
-void AppDelegate::debugUnlockAll() {
-    m_progression.unlockAll();
-    showStats();
-}
-
-void AppDelegate::debugReset() {
-    m_progression.reset();
-    showStats();
 }
 
 } // namespace vexmoor

@@ -111,11 +111,11 @@ void ApplicationService::stopTaking() {
     m_refuses = true;
 }
 
-std::optional<QString> ApplicationService::forwardProbe() const {
+std::optional<QString> ApplicationService::forward(const char* diagnostic) const {
     if (!m_bus.isConnected() || !m_bus.interface()->isServiceRegistered(QLatin1String(kName)))
         return std::nullopt;
     const QDBusReply<QString> reply =
-        m_bus.call(order(kDiagnostics, "Probe"), QDBus::Block, kPatienceMilliseconds);
+        m_bus.call(order(kDiagnostics, diagnostic), QDBus::Block, kPatienceMilliseconds);
     return reply.isValid() && !reply.value().isEmpty() ? std::optional(reply.value())
                                                        : std::nullopt;
 }
@@ -151,6 +151,10 @@ DiagnosticsAdaptor::DiagnosticsAdaptor(ApplicationService& service)
 
 QString DiagnosticsAdaptor::Probe() {
     return m_service.probe();
+}
+
+QString DiagnosticsAdaptor::Describe() {
+    return m_service.describe();
 }
 
 } // namespace vexmoor

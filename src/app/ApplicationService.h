@@ -55,11 +55,14 @@ class ApplicationService : public QObject {
                                          const std::string& startup) const;
 
     /// The diagnostic as the owner of the name reports it; nullopt if there is no owner.
-    [[nodiscard]] std::optional<QString> forwardProbe() const;
+    [[nodiscard]] std::optional<QString> forwardProbe() const { return forward("Probe"); }
+    [[nodiscard]] std::optional<QString> forwardDescribe() const { return forward("Describe"); }
 
     /// Sets the function that answers the diagnostic in this process.
     void setProbe(std::function<QString()> probe) { m_probe = std::move(probe); }
     [[nodiscard]] QString probe() const { return m_probe ? m_probe() : QString(); }
+    void setDescription(std::function<QString()> describe) { m_describe = std::move(describe); }
+    [[nodiscard]] QString describe() const { return m_describe ? m_describe() : QString(); }
 
     /// Queues the order of `message` with the launcher's startup id, if it has one.
     void take(std::function<void()> order, const QVariantMap& platformData,
@@ -76,9 +79,11 @@ class ApplicationService : public QObject {
 
   private:
     [[nodiscard]] Forwarding forward(const QDBusMessage& order) const;
+    [[nodiscard]] std::optional<QString> forward(const char* diagnostic) const;
 
     QDBusConnection m_bus;
     std::function<QString()> m_probe;
+    std::function<QString()> m_describe;
     std::vector<std::function<void()>> m_waiting;
     bool m_delivers = false;
     bool m_refuses = false;
@@ -113,6 +118,7 @@ class DiagnosticsAdaptor : public QDBusAbstractAdaptor {
 
   public slots:
     QString Probe();
+    QString Describe();
 
   private:
     ApplicationService& m_service;

@@ -11,7 +11,6 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMetaType>
 #include <QPointer>
-#include <QSet>
 
 #include <nlohmann/json.hpp>
 
@@ -93,6 +92,11 @@ class CommandService::Call : public Dialogs {
 CommandService::CommandService(QObject& object, QDBusConnection bus, Parts parts)
     : QDBusAbstractAdaptor(&object), m_bus(std::move(bus)), m_parts(std::move(parts)) {
     qDBusRegisterMetaType<QByteArrayList>();
+    // Asking the bus who is there would have to wait for everything that a flood has sent.
+    const QString daemon = QStringLiteral("org.freedesktop.DBus");
+    m_bus.connect(daemon, QStringLiteral("/org/freedesktop/DBus"), daemon,
+                  QStringLiteral("NameOwnerChanged"), {QString(), QString(), QStringLiteral("")},
+                  QString(), this, SLOT(dropDeparted(QString)));
 }
 
 CommandService::~CommandService() {
@@ -204,8 +208,6 @@ void CommandService::carryOut(const QDBusMessage& message, bool asks, Begin begi
         refuse(message, kEnding, marked("The desktop application is quitting."));
         return;
     }
-    if (m_waiting.size() >= kMostWaiting)
-        dropDeparted();
     if (m_waiting.size() >= kMostWaiting) {
         m_dropped += message.isReplyRequired() ? 0 : 1;
         refuse(message, kRefused, marked("Too many commands wait already. Nothing was touched."));
@@ -232,9 +234,6 @@ void CommandService::begin(const std::shared_ptr<Call>& call) {
 /// Begins waiting batches up to the limit; refuses all of them once the intake has been stopped.
 void CommandService::beginWaiting() {
     const bool isEnding = m_parts.intake.isStopped();
-    if (m_waiting.empty() || (m_calls.size() >= kMostCalls && !isEnding))
-        return;
-    dropDeparted();
     while (!m_waiting.empty() && (m_calls.size() < kMostCalls || isEnding)) {
         const auto call = m_waiting.front();
         m_waiting.pop_front();
@@ -243,20 +242,14 @@ void CommandService::beginWaiting() {
         else
             begin(call);
     }
-    if (m_waiting.empty())
+    if (m_calls.empty() || isEnding) // one report instead of thousands
         reportDropped();
 }
 
-/// Drops the waiting calls of callers that have disconnected: none of their items was touched.
-void CommandService::dropDeparted() {
-    const auto* const bus = m_bus.interface();
-    const auto names = bus ? bus->registeredServiceNames() : QDBusReply<QStringList>();
-    if (!names.isValid())
-        return;
-    const QStringList list = names.value();
-    const QSet<QString> present(list.begin(), list.end());
+/// Drops the waiting calls of a caller that has disconnected: none of their items was touched.
+void CommandService::dropDeparted(const QString& caller) {
     m_dropped += std::erase_if(
-        m_waiting, [&](const auto& call) { return !present.contains(call->message().service()); });
+        m_waiting, [&](const auto& call) { return call->message().service() == caller; });
 }
 
 void CommandService::reportDropped() {
@@ -266,15 +259,17 @@ void CommandService::reportDropped() {
 
 void CommandService::answer(Call& call, BatchResult result) {
     const auto& message = call.message();
-    const auto text = jsonText(toJson(BatchReport::of(std::move(result))));
+    const auto text = message.isReplyRequired()
+                          ? jsonText(toJson(BatchReport::of(std::move(result))))
+                          : std::string();
     if (text.size() > kLongestReport)
         refuse(message, kReportTooLong,
                marked("The work is over, but the report is too long to be handed back. See what "
                       "was done in the history: vexmoor history."));
-    else
+    else if (message.isReplyRequired())
         m_bus.send(message.createReply(QString::fromStdString(text)));
     std::erase_if(m_calls, [&](const auto& one) { return one.get() == &call; });
-    if (!m_waiting.empty()) // queued: the intake is in the middle of its own work
+    if (!m_waiting.empty() || m_dropped > 0) // queued: the intake is in the middle of its own work
         QMetaObject::invokeMethod(this, &CommandService::beginWaiting, Qt::QueuedConnection);
 }
 
@@ -282,7 +277,9 @@ void CommandService::answer(Call& call, BatchResult result) {
 void CommandService::refuse(const QDBusMessage& message, const char* error,
                             const std::string& sentence) {
     message.setDelayedReply(true);
-    m_bus.send(message.createErrorReply(QLatin1String(error), QString::fromStdString(sentence)));
+    if (message.isReplyRequired())
+        m_bus.send(
+            message.createErrorReply(QLatin1String(error), QString::fromStdString(sentence)));
 }
 
 } // namespace vexmoor

@@ -59,6 +59,9 @@ class CommandService : public QDBusAbstractAdaptor {
     void Stop(const QDBusMessage& message);
     qulonglong Progress(const QDBusMessage& message, qulonglong& bytes, qulonglong& removed);
 
+  private slots:
+    void dropDeparted(const QString& caller);
+
   private:
     class Call;
     using Begin = std::function<void(BatchOptions, BatchCompletion)>;
@@ -66,7 +69,6 @@ class CommandService : public QDBusAbstractAdaptor {
     void carryOut(const QDBusMessage& message, bool asks, Begin begin);
     void begin(const std::shared_ptr<Call>& call);
     void beginWaiting();
-    void dropDeparted();
     void reportDropped();
     void answer(Call& call, BatchResult result);
     void refuse(const QDBusMessage& message, const char* error, const std::string& sentence);

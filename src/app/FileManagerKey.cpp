@@ -104,7 +104,6 @@ void FileManagerKey::updateAccelerators() {
 
 void FileManagerKey::take(std::vector<KeyState> states, bool hasMenuEntry) {
     m_hasMenuEntry = hasMenuEntry;
-    m_statesAreKnown = true;
     for (const auto& state : states)
         if (state.error)
             notify("key-" + std::string(state.manager->id),
@@ -118,29 +117,25 @@ void FileManagerKey::take(std::vector<KeyState> states, bool hasMenuEntry) {
     m_capture->refresh();
 }
 
-Onboarding::KeyWay FileManagerKey::way() const {
-    using Way = Onboarding::KeyWay;
-    if (canCapture())
-        return Way::captured;
-    const std::lock_guard lock(m_mutex);
-    const auto isAny = [this](const auto& test) { return std::ranges::any_of(m_states, test); };
-    if (isAny([](const KeyState& state) { return state.status == AcceleratorStatus::installed; }))
-        return Way::bound;
-    const bool isPossible = isAny([](const KeyState& state) {
-        return state.status == AcceleratorStatus::notInstalled && !state.error;
-    });
-    return isPossible || !m_statesAreKnown ? Way::available : Way::none;
-}
-
-std::vector<KeyState> FileManagerKey::states() const {
-    const std::lock_guard lock(m_mutex);
-    return m_states;
+KeyOutlook FileManagerKey::outlook() const {
+    KeyOutlook outlook{canCapture(), std::nullopt};
+    {
+        const std::lock_guard lock(m_mutex);
+        outlook.states = m_states;
+    }
+    // File managers may have been restarted since the states were read.
+    if (outlook.states)
+        for (KeyState& state : *outlook.states)
+            state.waitsForRestart = state.waitsForRestart && needsRestart(state);
+    return outlook;
 }
 
 bool FileManagerKey::bindsKeyItself(const FileManager& manager, std::optional<pid_t> process) {
     const std::lock_guard lock(m_mutex);
-    const auto state = std::ranges::find(m_states, &manager, &KeyState::manager);
-    if (state == m_states.end())
+    if (!m_states)
+        return false;
+    const auto state = std::ranges::find(*m_states, &manager, &KeyState::manager);
+    if (state == m_states->end())
         return false;
     if (state->status == AcceleratorStatus::taken)
         return true;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/FocusReports.h"
+#include "app/KeyOutlook.h"
 
 #include "base/SerialQueue.h"
 #include "dock/AccessibilityBus.h"
@@ -10,7 +11,6 @@
 #include "intake/Ports.h"
 #include "integration/KeyIntegration.h"
 #include "progression/NotificationPort.h"
-#include "ui/Onboarding.h"
 
 #include <QDBusConnection>
 #include <QObject>
@@ -52,16 +52,13 @@ class FileManagerKey : public QObject {
     [[nodiscard]] bool canCapture() const { return m_capture->isPossible(); }
 
     /// How the key arrives, as far as is known; updated by lookAgain() and every change.
-    [[nodiscard]] Onboarding::KeyWay way() const;
+    [[nodiscard]] KeyOutlook outlook() const;
 
     /// Whether a file manager's menu has our entry, as far as is known.
     [[nodiscard]] bool hasMenuEntry() const { return m_hasMenuEntry; }
 
     /// Starts reading the file managers' configuration again. Returns at once.
     void lookAgain() { updateAccelerators(); }
-
-    /// The key's state in each installed file manager; empty until it is known.
-    [[nodiscard]] std::vector<KeyState> states() const;
 
     UndoKey& undoKey() { return *m_hotkey; }
     Automation& automation() { return m_automation; }
@@ -99,10 +96,9 @@ class FileManagerKey : public QObject {
     FocusReports m_focusReports;
 
     bool m_hasMenuEntry = false;
-    bool m_statesAreKnown = false;
 
-    mutable std::mutex m_mutex;     ///< guards m_states
-    std::vector<KeyState> m_states; ///< of the installed file managers
+    mutable std::mutex m_mutex;                    ///< guards m_states
+    std::optional<std::vector<KeyState>> m_states; ///< of the installed file managers
 
     SerialQueue m_background;
     std::unique_ptr<KeyCapture> m_capture;

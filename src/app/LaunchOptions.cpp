@@ -49,6 +49,8 @@ LaunchOptions LaunchOptions::fromArguments(const std::vector<std::string>& argum
             onlyPaths = true;
         else if (argument == "--probe")
             options.probe = true;
+        else if (argument == "--describe")
+            options.describe = true;
         else if (argument == "--version")
             options.version = true;
         else if (argument == "--help" || argument == "-h")
@@ -72,6 +74,7 @@ std::string LaunchOptions::helpText() {
         "its\nwindow, and this one ends.\n\n"
         "  --background  Start without opening the window\n"
         "  --probe       Print what the program sees of the desktop\n"
+        "  --describe    Print how it is shown here and why, for 'vexmoor doctor'\n"
         "  --version     Print the version\n"
         "  --help, -h    Print this help\n\n"
         "FILE is fed to the cauldron; file:/// URIs are understood. See also vexmoor(1).\n");

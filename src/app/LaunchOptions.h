@@ -10,6 +10,7 @@ namespace vexmoor {
 /// The desktop program's command line.
 struct LaunchOptions {
     bool probe = false;
+    bool describe = false;
     bool version = false;
     bool help = false;
     bool background = false; ///< open no window

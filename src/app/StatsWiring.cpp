@@ -41,20 +41,9 @@ Permissions StatsWiring::permissions() const {
     permissions.accessible = m_parts.accessibility.isTrusted();
     permissions.automation = m_parts.key.automation().status().get();
     permissions.focusReports = m_parts.key.focusReports().state();
-    const auto states = m_parts.key.states();
-    const bool canCapture = m_parts.key.canCapture();
-    permissions.keyIsPossible = canCapture || states.empty();
-    for (const KeyState& state : states) {
-        using Kind = Permissions::KeyHint::Kind;
-        const QString title = QString::fromUtf8(
-            state.manager->title.data(), static_cast<qsizetype>(state.manager->title.size()));
-        if (state.status != AcceleratorStatus::unsupported)
-            permissions.keyIsPossible = true;
-        else if (!canCapture)
-            permissions.keyHints.push_back({title, Kind::menuOnly});
-        if (state.status == AcceleratorStatus::taken)
-            permissions.keyHints.push_back({title, Kind::taken});
-    }
+    const KeyOutlook outlook = m_parts.key.outlook();
+    permissions.keyIsPossible = outlook.way() != Onboarding::KeyWay::none;
+    permissions.keyHints = outlook.hints();
     return permissions;
 }
 

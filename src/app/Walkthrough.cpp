@@ -65,7 +65,7 @@ Onboarding::Ports Walkthrough::ports() {
 Onboarding::Facts Walkthrough::facts() const {
     return {.accessible = m_parts.accessibility.answers(),
             .automation = m_parts.key.automation().status().get(),
-            .key = m_parts.key.way(),
+            .key = m_parts.key.outlook().way(),
             .keyIsOn = m_parts.settings.captureFinderDelete.get(),
             .hasMenuEntry = m_parts.key.hasMenuEntry()};
 }

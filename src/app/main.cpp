@@ -1,9 +1,9 @@
 #include "app/AppDelegate.h"
 #include "app/Appearance.h"
-#include "app/EndSignals.h"
+#include "app/Description.h"
+#include "app/EndRequests.h"
 #include "app/PotIcon.h"
 #include "app/Probe.h"
-#include "app/QuitEvents.h"
 #include "app/Start.h"
 
 #include "base/Text.h"
@@ -38,11 +38,19 @@ int runProbe(const ApplicationService& service, const QDBusConnection& bus) {
     return std::cout.flush() ? 0 : 1;
 }
 
+int runDescribe(const ApplicationService& service) {
+    const auto answer = service.forwardDescribe();
+    std::cout << (answer ? answer->toStdString() : describeSession(std::nullopt));
+    return std::cout.flush() ? 0 : 1;
+}
+
 int run(const LaunchOptions& options) {
     const auto bus = QDBusConnection::sessionBus();
     ApplicationService service(bus);
     if (options.probe)
         return runProbe(service, bus);
+    if (options.describe)
+        return runDescribe(service);
     const Appearance appearance(bus);
     Start start(service, options);
     const auto outcome = start.begin();
@@ -50,10 +58,8 @@ int run(const LaunchOptions& options) {
         return outcome == Start::Outcome::forwarded ? 0 : kRefused;
     const auto stores = start.takeStores();
     AppDelegate delegate(*stores, service, bus);
-    const EndSignals endSignals;
-    QObject::connect(&endSignals, &EndSignals::endRequested, &delegate, &AppDelegate::quit);
-    const QuitEvents quitEvents;
-    QObject::connect(&quitEvents, &QuitEvents::endRequested, &delegate, &AppDelegate::quit);
+    const EndRequests ends;
+    QObject::connect(&ends, &EndRequests::endRequested, &delegate, &AppDelegate::quit);
     // In the event loop, so that its dialogs react to a request to quit.
     QMetaObject::invokeMethod(
         &delegate, [&] { delegate.finishLaunching(options); }, Qt::QueuedConnection);
@@ -74,17 +80,32 @@ void nameApplication() {
     QApplication::setApplicationName(QStringLiteral("Vexmoor"));
 }
 
-/// Returns why no window can be shown, or nullopt if windows can be shown.
-std::optional<std::string> missingDisplay() {
+enum class Missing { nothing, xwayland, display };
+
+/// Returns what keeps windows from being shown.
+Missing missingDisplay() {
     if (qgetenv(kPlatform) != "xcb" || native::displayAnswers())
-        return std::nullopt;
-    if (compositorAnswers())
+        return Missing::nothing;
+    return compositorAnswers() ? Missing::xwayland : Missing::display;
+}
+
+std::string sentenceOf(Missing missing) {
+    if (missing == Missing::xwayland)
         return text("vexmoor-desktop: this Wayland session has no XWayland, which the cauldron's "
                     "windows need. Install the package xwayland, switch XWayland on in the "
                     "compositor's settings and log in again. The command line works without it: "
                     "see 'vexmoor --help'.");
     return text("vexmoor-desktop: there is no display to show the cauldron on. The command line "
                 "works without one: see 'vexmoor --help'.");
+}
+
+int reportMissing(Missing missing, const LaunchOptions& options) {
+    if (options.describe) {
+        std::cout << describeMissing(missing == Missing::xwayland ? "noXwayland" : "noDisplay");
+        return std::cout.flush() ? 0 : 1;
+    }
+    std::cerr << sentenceOf(missing) << "\n";
+    return kRefused;
 }
 
 } // namespace
@@ -108,16 +129,13 @@ int main(int argc, char** argv) {
         return std::cout.flush() ? 0 : 1;
     }
     choosePlatform();
-    if (const auto missing = missingDisplay()) {
-        std::cerr << *missing << "\n";
-        return kRefused;
-    }
+    if (const auto missing = missingDisplay(); missing != Missing::nothing)
+        return reportMissing(missing, options);
     QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC,
                    "C"); // Qt sets the user's; files and JSON need the C locale's numbers
     installTranslators();
     nameApplication();
-    QApplication::setApplicationDisplayName(QStringLiteral("Vexmoor"));
     QApplication::setDesktopFileName(QLatin1String(ApplicationService::kName));
     QApplication::setQuitOnLastWindowClosed(false);
     QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));

@@ -68,8 +68,8 @@ void SqliteRecordTable::ended(bool isCommitted) {
 }
 
 Result<void> SqliteRecordTable::execute(const Change& change) {
-    if (!m_store.m_database)
-        return Error::fromErrno(EROFS, kWrite, m_store.m_file);
+    if (!m_store.m_connection.isOpen())
+        return m_store.m_connection.notOpen(kWrite);
     if (const auto* const record = std::get_if<Record>(&change))
         return insert(*record);
     if (const auto* const ids = std::get_if<Ids>(&change))
@@ -79,9 +79,10 @@ Result<void> SqliteRecordTable::execute(const Change& change) {
 
 Result<void> SqliteRecordTable::insert(const Record& record) {
     if (!m_insertion)
-        if (auto prepared = m_store.prepare("INSERT INTO records (batch, id, name, content) "
-                                            "VALUES (?, ?, ?, ?)",
-                                            kWrite, m_insertion);
+        if (auto prepared =
+                m_store.m_connection.prepare("INSERT INTO records (batch, id, name, content) "
+                                             "VALUES (?, ?, ?, ?)",
+                                             kWrite, m_insertion);
             !prepared)
             return prepared;
     sqlite3_stmt* const raw = m_insertion.get();
@@ -93,7 +94,7 @@ Result<void> SqliteRecordTable::insert(const Record& record) {
     sqlite3_reset(raw);
     sqlite3_clear_bindings(raw);
     if (step != SQLITE_DONE)
-        return m_store.lastError(kWrite);
+        return m_store.m_connection.lastError(kWrite);
     ++m_added;
     return {};
 }
@@ -101,9 +102,9 @@ Result<void> SqliteRecordTable::insert(const Record& record) {
 /// Scans from the newest record, since mostly the newest are removed. An index on the id would cost
 /// more than storing the rest of the record.
 Result<std::vector<std::int64_t>> SqliteRecordTable::keysOf(Ids ids) const {
-    SqliteUserDefaults::Statement statement;
-    if (auto prepared =
-            m_store.prepare("SELECT key, id FROM records ORDER BY key DESC", kRead, statement);
+    SqliteConnection::Statement statement;
+    if (auto prepared = m_store.m_connection.prepare(
+            "SELECT key, id FROM records ORDER BY key DESC", kRead, statement);
         !prepared)
         return std::move(prepared).error();
     std::vector<std::int64_t> keys;
@@ -112,7 +113,7 @@ Result<std::vector<std::int64_t>> SqliteRecordTable::keysOf(Ids ids) const {
         if (ids.erase(bytes(statement.get(), 1)) > 0)
             keys.push_back(sqlite3_column_int64(statement.get(), 0));
     if (step != SQLITE_ROW && step != SQLITE_DONE)
-        return m_store.lastError(kRead);
+        return m_store.m_connection.lastError(kRead);
     return keys;
 }
 
@@ -120,8 +121,9 @@ Result<void> SqliteRecordTable::erase(const Ids& ids) {
     const auto keys = keysOf(ids);
     if (!keys)
         return keys.error();
-    SqliteUserDefaults::Statement statement;
-    if (auto prepared = m_store.prepare("DELETE FROM records WHERE key = ?", kWrite, statement);
+    SqliteConnection::Statement statement;
+    if (auto prepared =
+            m_store.m_connection.prepare("DELETE FROM records WHERE key = ?", kWrite, statement);
         !prepared)
         return prepared;
     for (const auto key : *keys) {
@@ -129,7 +131,7 @@ Result<void> SqliteRecordTable::erase(const Ids& ids) {
         const int step = sqlite3_step(statement.get());
         sqlite3_reset(statement.get());
         if (step != SQLITE_DONE)
-            return m_store.lastError(kWrite);
+            return m_store.m_connection.lastError(kWrite);
         --m_added;
     }
     return {};
@@ -140,12 +142,13 @@ Result<std::int64_t> SqliteRecordTable::count() {
     const auto stored = m_store.integer(kCountKey);
     if (m_isCountKnown && stored)
         return *stored + std::exchange(m_added, 0);
-    SqliteUserDefaults::Statement statement;
-    if (auto prepared = m_store.prepare("SELECT count(*) FROM records", kRead, statement);
+    SqliteConnection::Statement statement;
+    if (auto prepared =
+            m_store.m_connection.prepare("SELECT count(*) FROM records", kRead, statement);
         !prepared)
         return std::move(prepared).error();
     if (sqlite3_step(statement.get()) != SQLITE_ROW)
-        return m_store.lastError(kRead);
+        return m_store.m_connection.lastError(kRead);
     m_added = 0;
     m_isCountKnown = true;
     return std::int64_t{sqlite3_column_int64(statement.get(), 0)};
@@ -156,15 +159,16 @@ Result<void> SqliteRecordTable::eraseOldest(std::int64_t most) {
     if (!stored)
         return std::move(stored).error();
     if (*stored > most) {
-        SqliteUserDefaults::Statement statement;
-        if (auto prepared = m_store.prepare("DELETE FROM records WHERE key IN "
-                                            "(SELECT key FROM records ORDER BY key LIMIT ?)",
-                                            kWrite, statement);
+        SqliteConnection::Statement statement;
+        if (auto prepared =
+                m_store.m_connection.prepare("DELETE FROM records WHERE key IN "
+                                             "(SELECT key FROM records ORDER BY key LIMIT ?)",
+                                             kWrite, statement);
             !prepared)
             return prepared;
         sqlite3_bind_int64(statement.get(), 1, *stored - most);
         if (sqlite3_step(statement.get()) != SQLITE_DONE)
-            return m_store.lastError(kWrite);
+            return m_store.m_connection.lastError(kWrite);
         *stored = most;
     }
     m_store.assign(kCountKey, *stored);
@@ -181,10 +185,10 @@ Result<void> SqliteRecordTable::visit(const Visitor& visitor) const {
                  record != nullptr && !removed.contains(record->id) && !visitor(*record))
             return {};
     }
-    if (!m_store.m_database || !m_store.m_hasRecords)
+    if (!m_store.m_connection.isOpen() || !m_store.m_hasRecords)
         return {};
-    SqliteUserDefaults::Statement statement;
-    if (auto prepared = m_store.prepare(
+    SqliteConnection::Statement statement;
+    if (auto prepared = m_store.m_connection.prepare(
             "SELECT batch, id, name, content FROM records ORDER BY key DESC", kRead, statement);
         !prepared)
         return prepared;
@@ -196,7 +200,7 @@ Result<void> SqliteRecordTable::visit(const Visitor& visitor) const {
         if (!removed.contains(record.id) && !visitor(record))
             return {};
     }
-    return step == SQLITE_DONE ? Result<void>() : m_store.lastError(kRead);
+    return step == SQLITE_DONE ? Result<void>() : m_store.m_connection.lastError(kRead);
 }
 
 } // namespace vexmoor

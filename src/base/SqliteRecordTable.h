@@ -39,8 +39,8 @@ class SqliteRecordTable : public RecordTable {
     Result<std::int64_t> count();
 
     SqliteUserDefaults& m_store;
-    SqliteUserDefaults::Statement m_insertion; ///< prepared on first use
-    std::vector<Change> m_changes;             ///< not committed yet
+    SqliteConnection::Statement m_insertion; ///< prepared on first use
+    std::vector<Change> m_changes;           ///< not committed yet
     std::int64_t m_added = 0;   ///< number of records that the current transaction adds
     bool m_isCountKnown = true; ///< whether the stored count is valid
 };

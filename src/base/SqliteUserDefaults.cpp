@@ -1,22 +1,21 @@
 #include "SqliteUserDefaults.h"
 
-#include "base/FileDescriptor.h"
-#include "base/Path.h"
+#include "base/DatabaseFiles.h"
+#include "base/SqliteError.h"
 #include "base/SqliteRecordTable.h"
 #include "base/Text.h"
 
-#include <fcntl.h>
 #include <sqlite3.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
-#include <algorithm>
+#include <utility>
 
 namespace vexmoor {
 
 namespace {
 
-constexpr int kBusyMilliseconds = 5000;
+constexpr const char* kOpen = marked("open the database");
+constexpr const char* kRead = marked("read the database");
+constexpr const char* kWrite = marked("write the database");
 constexpr int kFormatVersion = 2;
 constexpr const char* kPrepare = "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL;";
 /// Creates the tables of a new database, or upgrades version 1, which had only the defaults.
@@ -38,92 +37,6 @@ constexpr const char* kCreate = "PRAGMA journal_mode=WAL; PRAGMA synchronous=FUL
                                 "PRAGMA user_version=2;"
                                 "COMMIT;";
 constexpr const char* kKinds[] = {"bool", "integer", "string", "data"};
-
-class SqliteCategory : public NamedCategory {
-  public:
-    [[nodiscard]] const char* name() const noexcept override { return "sqlite"; }
-
-    [[nodiscard]] std::string message(int code) const override {
-        switch (code & 0xff) {
-        case SQLITE_BUSY:
-        case SQLITE_LOCKED:
-            return text("The database is in use by another program");
-        case SQLITE_READONLY:
-        case SQLITE_PERM:
-            return text("The database cannot be written");
-        case SQLITE_FULL:
-            return messageOf(std::make_error_code(std::errc::no_space_on_device));
-        case SQLITE_MISMATCH:
-            return text("The database was written by a newer version of this program");
-        default:
-            return sqlite3_errstr(code);
-        }
-    }
-
-    [[nodiscard]] std::string codeName(int code) const override {
-        switch (code & 0xff) {
-        case SQLITE_BUSY:
-        case SQLITE_LOCKED:
-            return "databaseBusy";
-        case SQLITE_READONLY:
-        case SQLITE_PERM:
-            return "databaseReadOnly";
-        case SQLITE_FULL:
-            return "databaseFull";
-        case SQLITE_MISMATCH:
-            return "databaseTooNew";
-        default:
-            return "databaseError";
-        }
-    }
-};
-
-/// A database of our version without our table makes SQLite return SQLITE_ERROR.
-bool isCorrupt(const Error& error) {
-    const int primary = error.code.value() & 0xff;
-    return error.code.category() == sqliteCategory() &&
-           (primary == SQLITE_CORRUPT || primary == SQLITE_NOTADB || primary == SQLITE_ERROR);
-}
-
-constexpr const char* kCompanions[] = {"-wal", "-shm", ""};
-
-std::filesystem::path companion(std::filesystem::path file, const char* suffix) {
-    return file += suffix;
-}
-
-/// True if the write-ahead log may contain changes that are not in the database.
-bool hasLog(const std::filesystem::path& file) {
-    std::error_code code;
-    const auto size = std::filesystem::file_size(companion(file, "-wal"), code);
-    return code ? code != std::errc::no_such_file_or_directory : size > 0;
-}
-
-/// True if the database is missing or empty but its write-ahead log has content. SQLite would treat
-/// the database as new and delete the log, although it never creates a log before the database's
-/// first page.
-bool hasLostItsPages(const std::filesystem::path& file) {
-    if (!hasLog(file))
-        return false;
-    std::error_code code;
-    const auto size = std::filesystem::file_size(file, code);
-    return code ? code == std::errc::no_such_file_or_directory : size == 0;
-}
-
-bool isUnopenable(const Error& error) {
-    const int primary = error.code.value() & 0xff;
-    return error.code.category() == sqliteCategory() &&
-           (primary == SQLITE_CANTOPEN || primary == SQLITE_READONLY);
-}
-
-constexpr int kLogFrames = 32;
-
-/// Commit hook: checkpoints and truncates the log when it exceeds the limit. Without this the log
-/// would grow without bound, because each command continues the log of the previous one.
-int foldLog(void*, sqlite3* database, const char* name, int frames) {
-    if (frames >= kLogFrames) // if a reader blocks this, a later commit tries again
-        sqlite3_wal_checkpoint_v2(database, name, SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
-    return SQLITE_OK;
-}
 
 /// Resets a cached statement and clears its bindings on destruction.
 class StatementReset {
@@ -175,83 +88,10 @@ void bind(sqlite3_stmt* statement, int index, const UserDefaults::Value& value) 
     }
 }
 
-constexpr off_t kReserveBytes = 1024 * 1024;
-constexpr const char* kReserve = ".reserve";
-
-/// Reserves disk space for the log, so that changes that free space can be stored on a full disk.
-void keepReserve(const std::filesystem::path& file) {
-    const auto reserve = companion(file, kReserve);
-    struct stat status {};
-    if (::stat(reserve.c_str(), &status) == 0 && status.st_size >= kReserveBytes)
-        return;
-    const FileDescriptor descriptor(
-        ::open(reserve.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600));
-    if (!descriptor || ::posix_fallocate(descriptor.get(), 0, kReserveBytes) != 0)
-        ::unlink(reserve.c_str()); // without space there is no reserve
-}
-
-bool releaseReserve(const std::filesystem::path& file) {
-    return ::unlink(companion(file, kReserve).c_str()) == 0;
-}
-
-bool isFull(const Error& error) {
-    return error.code.category() == sqliteCategory() && (error.code.value() & 0xff) == SQLITE_FULL;
-}
-
-/// Renames the database and SQLite's files beside it, using the first free number. The caller holds
-/// the writer's lock, so that no other program takes the name.
-Result<std::filesystem::path> moveAside(const std::filesystem::path& file) {
-    std::error_code code;
-    std::filesystem::path aside;
-    int number = 0;
-    const auto taken = [&](const char* suffix) {
-        return std::filesystem::exists(companion(aside, suffix), code);
-    };
-    do {
-        aside = companion(file, (".corrupt-" + std::to_string(++number)).c_str());
-    } while (std::ranges::any_of(kCompanions, taken));
-    for (const char* suffix : kCompanions) {
-        const auto from = companion(file, suffix);
-        std::filesystem::rename(from, companion(aside, suffix), code);
-        if (code && code != std::errc::no_such_file_or_directory)
-            return Error{code, marked("rename the corrupt database"), from};
-    }
-    return aside;
-}
-
-/// Restricts the folder to the user: its contents show what the user deleted.
-Result<void> makePrivateFolder(const std::filesystem::path& folder) {
-    std::error_code code;
-    if (std::filesystem::create_directories(folder, code) && !code)
-        std::filesystem::permissions(folder, std::filesystem::perms::owner_all, code);
-    return code ? Result<void>(Error{code, marked("create the folder of the database"), folder})
-                : Result<void>();
-}
-
 } // namespace
 
-const std::error_category& sqliteCategory() {
-    static const SqliteCategory category;
-    return category;
-}
-
-std::optional<std::error_code> databaseCodeNamed(std::string_view name) {
-    for (const int code : {SQLITE_BUSY, SQLITE_READONLY, SQLITE_FULL, SQLITE_MISMATCH})
-        if (const std::error_code known(code, sqliteCategory()); codeName(known) == name)
-            return known;
-    return std::nullopt;
-}
-
-void SqliteUserDefaults::Closer::operator()(sqlite3* database) const {
-    sqlite3_close(database);
-}
-
-void SqliteUserDefaults::Closer::operator()(sqlite3_stmt* statement) const {
-    sqlite3_finalize(statement);
-}
-
 SqliteUserDefaults::SqliteUserDefaults(std::filesystem::path file, FailureHandler onFailure)
-    : m_file(std::move(file)), m_onFailure(std::move(onFailure)),
+    : m_connection(std::move(file)), m_onFailure(std::move(onFailure)),
       m_records(std::make_unique<SqliteRecordTable>(*this)) {}
 
 SqliteUserDefaults::~SqliteUserDefaults() = default;
@@ -275,7 +115,7 @@ SqliteUserDefaults::open(const std::filesystem::path& file, Access access,
         opened = store->connect(access);
     }
     if (!opened && isCorrupt(opened.error()) && access == Access::readWrite) {
-        store->m_database.reset();
+        store->m_connection.close();
         store->m_values.clear();
         auto aside = moveAside(file);
         if (!aside)
@@ -289,72 +129,33 @@ SqliteUserDefaults::open(const std::filesystem::path& file, Access access,
 }
 
 Result<void> SqliteUserDefaults::connect(Access access) {
+    const auto& file = m_connection.file();
     std::error_code code;
-    if (hasLostItsPages(m_file))
-        return Error{{SQLITE_CORRUPT, sqliteCategory()}, marked("open the database"), m_file};
-    if (access == Access::readOnly && !std::filesystem::exists(m_file, code))
-        return code ? Result<void>(Error{code, marked("open the database"), m_file})
-                    : Result<void>();
-    sqlite3* raw = nullptr;
-    const int flags = access == Access::readOnly ? SQLITE_OPEN_READONLY
-                                                 : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
-    const std::string name =
-        m_immutable ? fileUri(m_file) + "?immutable=1" : std::string(m_file.native());
-    const int opened =
-        sqlite3_open_v2(name.c_str(), &raw,
-                        flags | SQLITE_OPEN_NOMUTEX | (m_immutable ? SQLITE_OPEN_URI : 0), nullptr);
-    m_database.reset(raw);
-    if (opened != SQLITE_OK)
-        return lastError("open the database");
-    if (access == Access::readWrite && sqlite3_db_readonly(raw, "main") == 1)
-        return Error{{SQLITE_READONLY, sqliteCategory()}, marked("open the database"), m_file};
-    sqlite3_extended_result_codes(raw, 1);
-    sqlite3_busy_timeout(raw, kBusyMilliseconds);
-    // Keep the log for the next command: creating, checkpointing and deleting it for each command
-    // would cost more than the rest of a small batch.
-    sqlite3_db_config(raw, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
-    sqlite3_wal_hook(raw, &foldLog, nullptr);
-    int keepLog = 1;
-    sqlite3_file_control(raw, "main", SQLITE_FCNTL_PERSIST_WAL, &keepLog);
-    auto version = formatVersion();
+    if (hasLostItsPages(file) || isNoFile(file))
+        return Error{{SQLITE_CORRUPT, sqliteCategory()}, kOpen, file};
+    if (access == Access::readOnly && !std::filesystem::exists(file, code))
+        return code ? Result<void>(Error{code, kOpen, file}) : Result<void>();
+    if (auto opened = m_connection.open(access, m_immutable); !opened)
+        return opened;
+    const auto version = m_connection.userVersion();
     if (!version)
-        return std::move(version).error();
+        return version.error();
     if (*version > kFormatVersion)
-        return Error{{SQLITE_MISMATCH, sqliteCategory()}, marked("open the database"), m_file};
-    if (access == Access::readWrite)
-        if (auto done = execute(*version < kFormatVersion ? kCreate : kPrepare,
-                                marked("open the database"));
-            !done)
-            return done;
-    if (access == Access::readWrite)
-        keepReserve(m_file);
+        return Error{{SQLITE_MISMATCH, sqliteCategory()}, kOpen, file};
+    if (access == Access::readWrite) {
+        if (auto made = m_connection.execute(*version < kFormatVersion ? kCreate : kPrepare, kOpen);
+            !made)
+            return made;
+        keepReserve(file);
+    }
     m_hasRecords = access == Access::readWrite || *version == kFormatVersion;
     return *version == 0 ? Result<void>() : load();
 }
 
-Result<void> SqliteUserDefaults::prepare(const char* sql, const char* operation,
-                                         Statement& statement) const {
-    sqlite3_stmt* raw = nullptr;
-    if (sqlite3_prepare_v2(m_database.get(), sql, -1, &raw, nullptr) != SQLITE_OK)
-        return lastError(operation);
-    statement.reset(raw);
-    return {};
-}
-
-Result<int> SqliteUserDefaults::formatVersion() {
-    Statement statement;
-    if (auto prepared = prepare("PRAGMA user_version", marked("open the database"), statement);
-        !prepared)
-        return std::move(prepared).error();
-    if (sqlite3_step(statement.get()) != SQLITE_ROW)
-        return lastError("open the database");
-    return sqlite3_column_int(statement.get(), 0);
-}
-
 Result<void> SqliteUserDefaults::load() {
-    Statement statement;
+    SqliteConnection::Statement statement;
     if (auto prepared =
-            prepare("SELECT key, kind, value FROM defaults", "read the database", statement);
+            m_connection.prepare("SELECT key, kind, value FROM defaults", kRead, statement);
         !prepared)
         return prepared;
     sqlite3_stmt* const raw = statement.get();
@@ -363,7 +164,7 @@ Result<void> SqliteUserDefaults::load() {
         if (auto stored = valueOf(raw))
             m_values.insert_or_assign(blob(raw, 0), *std::move(stored));
     if (step != SQLITE_DONE)
-        return lastError("read the database");
+        return m_connection.lastError(kRead);
     return {};
 }
 
@@ -381,7 +182,7 @@ void SqliteUserDefaults::assign(std::string_view key, std::optional<Value> value
         return;
     }
     if (!m_inTransaction)
-        prepareFor(Durability::onDisk);
+        m_connection.prepareFor(Durability::onDisk);
     if (m_inTransaction)
         m_assigned.emplace(key);
     const auto stored =
@@ -410,13 +211,13 @@ Result<void> SqliteUserDefaults::storeLeftOver() {
 }
 
 Result<void> SqliteUserDefaults::store(std::string_view key, const std::optional<Value>& value) {
-    if (!m_database)
-        return Error::fromErrno(EROFS, marked("write the database"), m_file);
+    if (!m_connection.isOpen())
+        return m_connection.notOpen(kWrite);
     const char* const sql = value ? "INSERT OR REPLACE INTO defaults VALUES (?, ?, ?)"
                                   : "DELETE FROM defaults WHERE key = ?";
-    Statement& statement = value ? m_insertion : m_removal;
+    auto& statement = value ? m_insertion : m_removal;
     if (!statement)
-        if (auto prepared = prepare(sql, marked("write the database"), statement); !prepared)
+        if (auto prepared = m_connection.prepare(sql, kWrite, statement); !prepared)
             return prepared;
     sqlite3_stmt* const raw = statement.get();
     const StatementReset reset(raw);
@@ -426,32 +227,12 @@ Result<void> SqliteUserDefaults::store(std::string_view key, const std::optional
         bind(raw, 3, *value);
     }
     if (sqlite3_step(raw) != SQLITE_DONE)
-        return lastError("write the database");
+        return m_connection.lastError(kWrite);
     return {};
 }
 
-/// Without a sync at each commit, a power cut loses the newest commits only.
-void SqliteUserDefaults::prepareFor(Durability durability) {
-    if (durability == m_durability)
-        return;
-    const char* const pragma =
-        durability == Durability::onDisk ? "PRAGMA synchronous=FULL" : "PRAGMA synchronous=NORMAL";
-    if (execute(pragma, marked("write the database")))
-        m_durability = durability;
-}
-
-/// A checkpoint syncs both the log and the database.
 Result<void> SqliteUserDefaults::makeDurable() {
-    if (!m_database)
-        return Error::fromErrno(EROFS, marked("write the database"), m_file);
-    int frames = 0;
-    int folded = 0;
-    if (sqlite3_wal_checkpoint_v2(m_database.get(), "main", SQLITE_CHECKPOINT_PASSIVE, &frames,
-                                  &folded) != SQLITE_OK)
-        return lastError("write the database");
-    return frames == folded
-               ? Result<void>()
-               : Error{{SQLITE_BUSY, sqliteCategory()}, marked("write the database"), m_file};
+    return m_connection.foldLog();
 }
 
 Result<void> SqliteUserDefaults::transaction(const std::function<void()>& body,
@@ -460,8 +241,8 @@ Result<void> SqliteUserDefaults::transaction(const std::function<void()>& body,
         body();
         return {};
     }
-    prepareFor(durability);
-    if (auto begun = execute("BEGIN IMMEDIATE", marked("write the database")); !begun)
+    m_connection.prepareFor(durability);
+    if (auto begun = m_connection.execute("BEGIN IMMEDIATE", kWrite); !begun)
         m_transactionFailure = std::move(begun).error();
     m_inTransaction = true;
     if (!m_transactionFailure)
@@ -470,32 +251,18 @@ Result<void> SqliteUserDefaults::transaction(const std::function<void()>& body,
     body();
     m_inTransaction = false;
     const auto failure = std::exchange(m_transactionFailure, std::nullopt);
-    auto committed =
-        failure ? Result<void>(*failure) : execute("COMMIT", marked("write the database"));
-    if (!committed && m_database && sqlite3_get_autocommit(m_database.get()) == 0)
-        sqlite3_exec(m_database.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+    auto committed = failure ? Result<void>(*failure) : m_connection.execute("COMMIT", kWrite);
+    if (!committed)
+        m_connection.rollBack();
     if (committed)
         m_leftOver.clear();
     else
         m_leftOver.merge(m_assigned);
     m_assigned.clear();
     m_records->ended(committed.ok());
-    if (!committed && isFull(committed.error()) && releaseReserve(m_file))
+    if (!committed && isDiskFull(committed.error()) && releaseReserve(m_connection.file()))
         return transaction([] {}, durability); // stores earlier failed changes
     return committed;
-}
-
-Result<void> SqliteUserDefaults::execute(const char* statement, const char* operation) {
-    if (!m_database)
-        return Error::fromErrno(EROFS, operation, m_file);
-    if (sqlite3_exec(m_database.get(), statement, nullptr, nullptr, nullptr) != SQLITE_OK)
-        return lastError(operation);
-    return {};
-}
-
-Error SqliteUserDefaults::lastError(const char* operation) const {
-    const int code = m_database ? sqlite3_extended_errcode(m_database.get()) : SQLITE_NOMEM;
-    return {std::error_code(code, sqliteCategory()), operation, m_file};
 }
 
 } // namespace vexmoor

@@ -1,14 +1,11 @@
 #pragma once
 
 #include "base/RecordTable.h"
-#include "base/UserDefaults.h"
+#include "base/SqliteConnection.h"
 
 #include <map>
 #include <memory>
 #include <set>
-
-struct sqlite3;
-struct sqlite3_stmt;
 
 namespace vexmoor {
 
@@ -18,7 +15,7 @@ class SqliteRecordTable;
 /// the owner must be the only writer while it is open. Not thread-safe.
 class SqliteUserDefaults : public UserDefaults {
   public:
-    enum class Access { readWrite, readOnly };
+    using Access = SqliteConnection::Access;
     using FailureHandler = std::function<void(const Error&)>;
 
     /// Opens the database and creates it if it is missing (with readOnly: treats it as empty).
@@ -47,29 +44,17 @@ class SqliteUserDefaults : public UserDefaults {
   private:
     friend class SqliteRecordTable;
 
-    struct Closer {
-        void operator()(sqlite3* database) const;
-        void operator()(sqlite3_stmt* statement) const;
-    };
-    using Statement = std::unique_ptr<sqlite3_stmt, Closer>;
-
     SqliteUserDefaults(std::filesystem::path file, FailureHandler onFailure);
     Result<void> connect(Access access);
-    Result<void> prepare(const char* sql, const char* operation, Statement& statement) const;
-    Result<int> formatVersion();
     Result<void> load();
-    Result<void> execute(const char* statement, const char* operation);
     Result<void> store(std::string_view key, const std::optional<Value>& value);
     Result<void> storeLeftOver();
-    void prepareFor(Durability durability);
-    [[nodiscard]] Error lastError(const char* operation) const;
 
-    std::filesystem::path m_file;
+    SqliteConnection m_connection;
     FailureHandler m_onFailure;
-    std::unique_ptr<sqlite3, Closer> m_database;
     std::unique_ptr<SqliteRecordTable> m_records;
-    Statement m_insertion; ///< prepared on first use
-    Statement m_removal;
+    SqliteConnection::Statement m_insertion; ///< prepared on first use
+    SqliteConnection::Statement m_removal;
     std::map<std::string, Value, std::less<>> m_values;
     using Keys = std::set<std::string, std::less<>>;
     Keys m_leftOver; ///< keys whose values could not be stored yet
@@ -79,13 +64,6 @@ class SqliteUserDefaults : public UserDefaults {
     bool m_hasRecords = false; ///< false for a version 1 database that is opened read-only
     bool m_inTransaction = false;
     std::optional<Error> m_transactionFailure;
-    Durability m_durability = Durability::onDisk; ///< the connection's current setting
 };
-
-/// The error category of SQLite's result codes.
-const std::error_category& sqliteCategory();
-
-/// Returns the code with that name, or nullopt if the category has no message for it.
-std::optional<std::error_code> databaseCodeNamed(std::string_view name);
 
 } // namespace vexmoor

@@ -21,6 +21,7 @@ struct Invocation {
         stats,
         settings,
         integrate,
+        doctor,
         probe,
         help,
         complete, ///< prints the items that a shell completion offers

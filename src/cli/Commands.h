@@ -13,6 +13,7 @@ int runHistory(const Invocation& invocation);
 int runStats(const Invocation& invocation);
 int runSettings(const Invocation& invocation);
 int runIntegrate(const Invocation& invocation);
+int runDoctor(const Invocation& invocation);
 
 /// Replaces this process with the desktop application. Returns only if that fails.
 int runDesktop(const Invocation& invocation);

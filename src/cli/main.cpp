@@ -31,6 +31,8 @@ int run(const vexmoor::Invocation& invocation) {
         return vexmoor::runSettings(invocation);
     case Command::integrate:
         return vexmoor::runIntegrate(invocation);
+    case Command::doctor:
+        return vexmoor::runDoctor(invocation);
     }
     return 0;
 }

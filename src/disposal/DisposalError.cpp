@@ -1,7 +1,7 @@
 #include "DisposalError.h"
 
 #include "base/Path.h"
-#include "base/SqliteUserDefaults.h"
+#include "base/SqliteError.h"
 #include "base/Text.h"
 
 #include <algorithm>

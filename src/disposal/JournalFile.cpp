@@ -103,8 +103,10 @@ Result<void> syncFolder(const Path& folder) {
 
 Result<JournalFile> JournalFile::open(const Path& path) {
     FileDescriptor descriptor(::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
-    if (!descriptor)
-        return Error::fromErrno(errno, "read", path);
+    if (!descriptor) {
+        const bool isNoFile = errno == EISDIR || errno == ELOOP || errno == ENXIO;
+        return Error::fromErrno(isNoFile ? EBADMSG : errno, "read", path);
+    }
     struct stat status {};
     if (::fstat(descriptor.get(), &status) != 0)
         return Error::fromErrno(errno, "read", path);

@@ -291,9 +291,13 @@ Result<void> TrashDirectory::writeInfo(const std::string& name, const std::strin
     const auto failure = [&] { return Error::fromErrno(errno, "write", m_path / "info" / file); };
     if (!info)
         return failure();
-    struct stat made {};
-    if (::fstat(info.get(), &made) == 0 && (made.st_mode & kInfoRights) != kInfoRights)
-        ::fchmod(info.get(), kInfoRights); // the umask took them
+    // What the umask takes from one it takes from all.
+    if (struct stat made{}; !m_givesInfoRights && ::fstat(info.get(), &made) == 0) {
+        if ((made.st_mode & kInfoRights) == kInfoRights)
+            m_givesInfoRights = true;
+        else
+            ::fchmod(info.get(), kInfoRights);
+    }
     std::string_view rest = text;
     while (!rest.empty()) {
         const ssize_t written = ::write(info.get(), rest.data(), rest.size());

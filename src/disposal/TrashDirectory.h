@@ -152,7 +152,8 @@ class TrashDirectory {
     std::uint64_t m_mountId = 0;
     std::string m_volume; ///< name of a volume's file system
     bool m_hasStableInodes = false;
-    bool m_isNew = false; ///< made by us, and nothing is in it yet
+    bool m_givesInfoRights = false; ///< info files are made with the rights that they need
+    bool m_isNew = false;           ///< made by us, and nothing is in it yet
     DirectorySizes m_sizes;
     std::string m_lastClashName;
     unsigned m_lastClashNumber = 1;

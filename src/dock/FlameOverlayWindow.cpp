@@ -33,6 +33,10 @@ void FlameOverlayWindow::showFlame(const PixelCanvas& flame, const DeskRect& fra
     const PhysicalScreen& screen =
         nearestScreen(screens, QPointF(points.center().x(), points.bottom() - 1).toPoint());
     const QRect physical = screen.physical(points);
+    if (native::isFullscreenAt(physical)) {
+        hide();
+        return;
+    }
     QImage image = enlarged(flame, physical.size());
     image.setDevicePixelRatio(screen.ratio);
     if (physical != m_place)

@@ -10,8 +10,8 @@
 
 namespace vexmoor {
 
-/// The borderless window above the tile in which the flames rise. It stays on top and accepts no
-/// input or focus. Main thread.
+/// The borderless window above the tile in which the flames rise. It stays above everything except
+/// fullscreen windows, and accepts no input or focus. Main thread.
 class FlameOverlayWindow : public QWidget, public FlameWindow {
     Q_OBJECT
 

@@ -1,25 +1,36 @@
 #include "TileChoice.h"
 
 #include "WindowTile.h"
-#include "XwaylandTile.h"
 
 #include "wayland/LayerTile.h"
 
 #include <QGuiApplication>
 
+#include <utility>
+
 namespace vexmoor {
 namespace {
 
-/// Returns null if there is no Wayland compositor or it does not support layers.
-std::unique_ptr<Tile> layerTile(UserDefaults& defaults, const DisplayFacts& facts) {
+using Reason = TileChoice::Reason;
+
+/// The connection is null unless the compositor shows the tile.
+std::pair<TileChoice, std::unique_ptr<wayland::WaylandConnection>> choose() {
+    TileChoice choice{.facts = DisplayFacts::ofSession()};
     const bool isWayland =
-        facts.isXwayland || QGuiApplication::platformName() == QStringLiteral("wayland");
-    if (!isWayland || qgetenv(kTileVariable) == "xwayland")
-        return nullptr;
+        choice.facts.isXwayland || QGuiApplication::platformName() == QStringLiteral("wayland");
+    if (!isWayland)
+        return {choice, nullptr};
+    if (qgetenv(kTileVariable) == "xwayland") {
+        choice.reason = Reason::isWanted;
+        return {choice, nullptr};
+    }
     auto connection = wayland::WaylandConnection::open();
-    if (!connection || !connection->canShowTile())
-        return nullptr;
-    return std::make_unique<wayland::LayerTile>(defaults, std::move(connection));
+    if (!connection || !connection->canShowTile()) {
+        choice.reason = Reason::compositorLacksLayers;
+        return {choice, nullptr};
+    }
+    choice.reason = Reason::compositorHasLayers;
+    return {choice, std::move(connection)};
 }
 
 } // namespace
@@ -28,11 +39,15 @@ bool compositorAnswers() {
     return wayland::WaylandConnection::open() != nullptr;
 }
 
+TileChoice TileChoice::forSession() {
+    return choose().first;
+}
+
 std::unique_ptr<Tile> makeTile(UserDefaults& defaults) {
-    const DisplayFacts facts = DisplayFacts::ofSession();
-    if (auto tile = layerTile(defaults, facts))
-        return tile;
-    return std::make_unique<WindowTile>(defaults, tileHandling(facts));
+    auto [choice, connection] = choose();
+    if (connection)
+        return std::make_unique<wayland::LayerTile>(defaults, std::move(connection));
+    return std::make_unique<WindowTile>(defaults, tileHandling(choice.facts));
 }
 
 } // namespace vexmoor

@@ -3,8 +3,8 @@
 #include "base/JsonReader.h"
 #include "disposal/DisposalError.h"
 #include "disposal/RecordJson.h"
-#include "disposal/TrashDirectory.h"
-#include "intake/VolumeCheck.h"
+#include "intake/BinLook.h"
+#include "intake/BinnedSearch.h"
 
 #include <nlohmann/json.hpp>
 
@@ -17,39 +17,8 @@ namespace {
 
 constexpr std::size_t kListedCandidates = 8;
 
-std::string bytesOf(const Uuid& id) {
-    return {id.bytes.begin(), id.bytes.end()};
-}
-
 std::optional<Sacrifice> itemOf(const RecordTable::Record& record) {
     return recordFromJson(parsedJson(record.content));
-}
-
-/// The bytes that the item was called by.
-std::string nameOf(const Sacrifice& item) {
-    return lastComponent(*item.original);
-}
-
-/// Looks for items in their Bins, and waits for no volume that does not answer.
-class BinLook {
-  public:
-    bool isInBin(const Sacrifice& item) {
-        return m_volumes.answersFor(*item.trashed) && fileStatus(*item.trashed).ok();
-    }
-    /// On a volume that is not there it may still be in the Bin.
-    bool isGone(const Sacrifice& item) {
-        return m_volumes.answersFor(*item.trashed) && !fileStatus(*item.trashed) &&
-               !TrashDirectory::isOnAbsentVolume(*item.trashed);
-    }
-
-  private:
-    VolumeCheck m_volumes;
-};
-
-std::string upperCase(std::string text) {
-    std::ranges::transform(text, text.begin(),
-                           [](char c) { return c >= 'a' && c <= 'z' ? char(c - 'a' + 'A') : c; });
-    return text;
 }
 
 std::string shortId(const Sacrifice& item) {
@@ -67,109 +36,13 @@ Failure ambiguous(const std::string& wanted, const std::vector<Sacrifice>& candi
     return {displayText(wanted), std::move(error)};
 }
 
-/// What was named, prepared for going through the records once.
-class Search {
-  public:
-    explicit Search(const std::vector<std::string>& wanted) {
-        for (const auto& text : wanted) {
-            if (const auto id = Uuid::fromString(text))
-                m_ids.insert(bytesOf(*id));
-            m_names.insert(isPath(text) ? lastComponent(text) : text);
-            if (text.size() >= BinnedItems::kShortId)
-                m_beginnings.insert(upperCase(text));
-        }
-    }
-
-    [[nodiscard]] bool concerns(const RecordTable::Record& record) const {
-        return m_ids.contains(record.id) || m_names.contains(record.name) ||
-               m_names.contains(displayText(record.name)) || hasBeginning(record.id);
-    }
-
-    void take(const Sacrifice& item) {
-        m_byId.emplace(item.id.toString(), m_found.size());
-        m_byName[nameOf(item)].push_back(m_found.size());
-        if (item.name != nameOf(item))
-            m_byName[item.name].push_back(m_found.size());
-        m_found.push_back(item);
-    }
-
-    /// The items that the text can mean, newest first, one for each path.
-    [[nodiscard]] std::vector<Sacrifice> meant(const std::string& text) {
-        if (const auto id = Uuid::fromString(text))
-            return ofPaths(withIds(id->toString()));
-        auto items = ofPaths(isPath(text) ? atPath(standardized(text)) : called(text));
-        if (items.empty() && text.size() >= BinnedItems::kShortId)
-            items = withIds(upperCase(text));
-        return items;
-    }
-
-  private:
-    static bool isPath(const std::string& text) { return text.find('/') != std::string::npos; }
-
-    [[nodiscard]] bool hasBeginning(const std::string& idBytes) const {
-        if (m_beginnings.empty())
-            return false;
-        Uuid id;
-        std::copy_n(idBytes.begin(), std::min(idBytes.size(), id.bytes.size()), id.bytes.begin());
-        const auto text = id.toString();
-        const auto after = m_beginnings.upper_bound(text);
-        return after != m_beginnings.begin() && text.starts_with(*std::prev(after));
-    }
-
-    [[nodiscard]] std::vector<Sacrifice> withIds(const std::string& beginning) const {
-        std::vector<Sacrifice> items;
-        for (auto found = m_byId.lower_bound(beginning);
-             found != m_byId.end() && found->first.starts_with(beginning); ++found)
-            items.push_back(m_found[found->second]);
-        return items;
-    }
-
-    [[nodiscard]] std::vector<Sacrifice> called(const std::string& name) const {
-        std::vector<Sacrifice> items;
-        if (const auto found = m_byName.find(name); found != m_byName.end())
-            for (const auto index : found->second)
-                items.push_back(m_found[index]);
-        // The name itself counts before a text that lists show for another one.
-        if (std::ranges::any_of(items, [&](const auto& item) { return nameOf(item) == name; }))
-            std::erase_if(items, [&](const auto& item) { return nameOf(item) != name; });
-        return items;
-    }
-
-    [[nodiscard]] std::vector<Sacrifice> atPath(const Path& path) const {
-        auto items = called(lastComponent(path));
-        std::erase_if(items, [&](const auto& item) { return !(*item.original == path); });
-        return items;
-    }
-
-    /// Of each path the newest that is not gone; where all are gone, the newest.
-    std::vector<Sacrifice> ofPaths(std::vector<Sacrifice> items) {
-        if (items.empty())
-            return items;
-        std::vector<Sacrifice> kept;
-        for (const auto& item : items)
-            if (std::ranges::none_of(
-                    kept, [&](const auto& one) { return *one.original == *item.original; }) &&
-                !m_look.isGone(item))
-                kept.push_back(item);
-        return kept.empty() ? std::vector{std::move(items.front())} : kept;
-    }
-
-    BinLook m_look;
-    std::set<std::string> m_ids;
-    std::set<std::string> m_names;
-    std::set<std::string> m_beginnings;
-    std::vector<Sacrifice> m_found; ///< newest first
-    std::map<std::string, std::size_t> m_byId;
-    std::map<std::string, std::vector<std::size_t>> m_byName;
-};
-
 } // namespace
 
 void BinnedItems::add(std::int64_t batch, const std::vector<Sacrifice>& items) {
     bool added = false;
     for (const auto& item : items)
         if (item.canRestore()) {
-            m_table.append({batch, bytesOf(item.id), nameOf(item), recordText(item)});
+            m_table.append({batch, idBytes(item.id), originalName(item), recordText(item)});
             added = true;
         }
     if (added)
@@ -179,7 +52,7 @@ void BinnedItems::add(std::int64_t batch, const std::vector<Sacrifice>& items) {
 void BinnedItems::remove(const std::set<Uuid>& ids) {
     std::set<std::string> keys;
     for (const auto& id : ids)
-        keys.insert(bytesOf(id));
+        keys.insert(idBytes(id));
     m_table.remove(std::move(keys));
 }
 
@@ -188,7 +61,7 @@ void BinnedItems::remove(const std::set<Uuid>& ids) {
 void BinnedItems::visit(const Filter& filter, const Visitor& visitor) const {
     std::map<std::string, const Sacrifice*> recent;
     for (const auto& item : m_ledger.recent.get())
-        recent[bytesOf(item.id)] = &item;
+        recent[idBytes(item.id)] = &item;
     std::set<std::string> places;
     // A table that cannot be read has nothing to offer; the items stay in the Bin.
     (void)m_table.visit([&](const RecordTable::Record& record) {
@@ -208,7 +81,7 @@ void BinnedItems::visit(const Filter& filter, const Visitor& visitor) const {
 }
 
 std::vector<Sacrifice> BinnedItems::lastBatch() const {
-    BinLook look;
+    BinLook look(m_volumes);
     std::vector<Sacrifice> items;
     std::int64_t number = 0;
     visit(
@@ -226,7 +99,7 @@ std::vector<Sacrifice> BinnedItems::lastBatch() const {
 }
 
 std::vector<Sacrifice> BinnedItems::newest(std::size_t count) const {
-    BinLook look;
+    BinLook look(m_volumes);
     std::vector<Sacrifice> items;
     visit([](const auto&) { return Look::take; },
           [&](std::int64_t, const Sacrifice& item) {
@@ -259,6 +132,28 @@ BinnedItems::matching(const std::function<bool(const std::string& name)>& matche
     return items;
 }
 
+std::vector<Sacrifice> BinnedItems::inVolumeBin(const Path& bin, std::size_t most,
+                                                std::size_t records,
+                                                std::optional<std::int64_t> withoutBatch) const {
+    std::vector<Sacrifice> items;
+    std::size_t looks = 0;
+    visit(
+        [&](const auto& record) {
+            if (record.group == withoutBatch)
+                return Look::pass;
+            if (items.size() >= most || ++looks > records)
+                return Look::stop;
+            // Much cheaper than to understand it, which few need.
+            return record.content.find("/.Trash") == std::string::npos ? Look::pass : Look::take;
+        },
+        [&](std::int64_t, const Sacrifice& item) {
+            if (Path(*item.trashed).parent_path().parent_path() == bin)
+                items.push_back(item);
+            return true;
+        });
+    return items;
+}
+
 std::vector<Sacrifice> BinnedItems::all() const {
     std::vector<Sacrifice> items;
     visit([&](const Sacrifice& item) {
@@ -269,7 +164,7 @@ std::vector<Sacrifice> BinnedItems::all() const {
 }
 
 BinnedItems::Named BinnedItems::named(const std::vector<std::string>& wanted) const {
-    Search search(wanted);
+    BinnedSearch search(wanted, BinLook(m_volumes));
     visit([&](const auto& record) { return search.concerns(record) ? Look::take : Look::pass; },
           [&](std::int64_t, const Sacrifice& item) {
               search.take(item);
@@ -300,7 +195,7 @@ BinnedItems::Named BinnedItems::toPutBack(const std::vector<std::string>& wanted
 std::vector<Sacrifice> BinnedItems::current(std::vector<Sacrifice> items) const {
     std::map<std::string, const Sacrifice*> wanted;
     for (const auto& item : items)
-        wanted.emplace(bytesOf(item.id), &item);
+        wanted.emplace(idBytes(item.id), &item);
     std::map<std::string, Sacrifice> left;
     (void)m_table.visit([&](const RecordTable::Record& record) {
         const auto known = wanted.find(record.id);
@@ -317,7 +212,7 @@ std::vector<Sacrifice> BinnedItems::current(std::vector<Sacrifice> items) const 
         recent[item.id] = &item;
     std::vector<Sacrifice> current;
     for (const auto& item : items) {
-        const auto found = left.find(bytesOf(item.id));
+        const auto found = left.find(idBytes(item.id));
         const auto known = recent.find(item.id);
         if (found != left.end() && (known == recent.end() || known->second->canRestore()))
             current.push_back(found->second);
@@ -325,10 +220,18 @@ std::vector<Sacrifice> BinnedItems::current(std::vector<Sacrifice> items) const 
     return current;
 }
 
+bool BinnedItems::hasAny() const {
+    return !newest(1).empty();
+}
+
 bool BinnedItems::hasAny(const std::vector<Sacrifice>& items) const {
-    BinLook look;
+    BinLook look(m_volumes);
     return std::ranges::any_of(current(items),
                                [&](const Sacrifice& item) { return look.isInBin(item); });
+}
+
+bool isInHomeBin(const Sacrifice& item, const UserDirectories& directories) {
+    return Path(*item.trashed).parent_path() == directories.dataHome / "Trash/files";
 }
 
 } // namespace vexmoor

@@ -3,6 +3,8 @@
 #include "base/RecordTable.h"
 #include "disposal/Ledger.h"
 #include "intake/Ports.h"
+#include "intake/VolumeCheck.h"
+#include "platform/UserDirectories.h"
 
 #include <functional>
 #include <set>
@@ -13,10 +15,14 @@ namespace vexmoor {
 
 /// The items that were put into a Bin and neither put back nor deleted since: the way back of each,
 /// however long ago it went. They stand in a table of the database; add() and remove() belong to
-/// the transaction of the batch. Main thread.
+/// the transaction of the batch. Copies share what they know of volumes. Main thread.
 class BinnedItems {
   public:
-    BinnedItems(const Ledger& ledger, RecordTable& table) : m_ledger(ledger), m_table(table) {}
+    /// `patience`: how long it waits for a volume. What lies on one that has not answered by then
+    /// counts as in the Bin until it is certain that the volume hangs.
+    BinnedItems(const Ledger& ledger, RecordTable& table,
+                std::chrono::milliseconds patience = VolumeLooks::kTimeout)
+        : m_ledger(ledger), m_table(table), m_volumes(std::make_shared<VolumeLooks>(patience)) {}
 
     /// Adds those of a batch that can be put back, in the order of disposal. Above kMost items the
     /// oldest are dropped.
@@ -36,6 +42,12 @@ class BinnedItems {
     /// The newest `most` whose name, as bytes, matches, whether or not they are found in the Bin.
     [[nodiscard]] std::vector<Sacrifice>
     matching(const std::function<bool(const std::string& name)>& matches, std::size_t most) const;
+
+    /// The newest `most` in that Bin, which is at the top of a volume, among the newest `records`;
+    /// without those of one batch. Newest first, whether or not they are found there.
+    [[nodiscard]] std::vector<Sacrifice>
+    inVolumeBin(const Path& bin, std::size_t most, std::size_t records,
+                std::optional<std::int64_t> withoutBatch = std::nullopt) const;
 
     /// All that can still be put back, newest first, whether or not it is found in the Bin.
     [[nodiscard]] std::vector<Sacrifice> all() const;
@@ -61,6 +73,9 @@ class BinnedItems {
     /// Whether one of the items can still be put back and lies in the Bin.
     [[nodiscard]] bool hasAny(const std::vector<Sacrifice>& items) const;
 
+    /// Whether lastBatch() has any.
+    [[nodiscard]] bool hasAny() const;
+
     /// Characters of an id that lists show.
     static constexpr std::size_t kShortId = 8;
     static constexpr std::int64_t kMost = 100'000;
@@ -75,6 +90,10 @@ class BinnedItems {
 
     const Ledger& m_ledger;
     RecordTable& m_table;
+    std::shared_ptr<VolumeLooks> m_volumes;
 };
+
+/// Whether an item that went to the Bin went to that of the home folder. Looks at nothing.
+bool isInHomeBin(const Sacrifice& item, const UserDirectories& directories);
 
 } // namespace vexmoor

@@ -3,6 +3,7 @@
 #include "disposal/Disposer.h"
 #include "intake/BatchResult.h"
 #include "intake/GroupedWork.h"
+#include "intake/PicturePrefetch.h"
 #include "progression/Progression.h"
 
 #include <map>
@@ -28,8 +29,8 @@ class DisposalJob : private GroupedWork<FedItem> {
     struct Input {
         const std::vector<StoredPath>& items; ///< outlive the job
         DisposeMode mode = DisposeMode::bin;
-        SeenItems seen; ///< of all items, or empty where nobody was asked
-        std::map<std::string, PicturePointer> thumbnails; ///< by path
+        SeenItems seen;          ///< of all items, or empty where nobody was asked
+        ItemPictures thumbnails; ///< of some
         JournalStart start{};
     };
 

@@ -7,28 +7,27 @@
 
 namespace vexmoor {
 
+/// What every batch has.
 struct Intake::Batch {
+    Dialogs& dialogs;
+    BatchCompletion completion;
+    std::vector<Failure> missing{}; ///< items that failed before it began
+    RunningBatches::Meter meter{};
+};
+
+struct Intake::FedBatch : Batch {
     FedItems fed;
     DisposeMode mode = DisposeMode::bin;
     bool fromFinder = false;
-    std::map<std::string, PicturePointer> thumbnails{};
-    std::size_t thumbnailsAwaited = 0;
-    Dialogs& dialogs;
-    RunningBatches::Meter meter{};
-    BatchCompletion completion;
 };
 
 /// Items that are put back or deleted.
-struct Intake::BinBatch {
+struct Intake::BinBatch : Batch {
     JournalKind kind;
-    std::vector<Sacrifice> items;
-    std::vector<Failure> missing;
-    Dialogs& dialogs;
-    RunningBatches::Meter meter;
-    BatchCompletion completion;
+    std::vector<Sacrifice> items{};
     /// What the batches that are not over have put back or deleted: the ledger, which this one's
     /// items were looked up in, did not know it yet.
-    std::shared_ptr<std::set<Uuid>> takenOut;
+    std::shared_ptr<std::set<Uuid>> takenOut{};
 };
 
 namespace {
@@ -44,14 +43,6 @@ void finishDeclined(const BatchCompletion& completion) {
     finish(completion, std::move(result));
 }
 
-/// What went wrong beside the items themselves.
-void tell(Dialogs& dialogs, const BatchResult& result) {
-    if (result.storeError)
-        dialogs.report(storeFailure(*result.storeError));
-    if (!result.untouched.empty())
-        dialogs.report(stoppedReport(result.untouched.size()));
-}
-
 std::vector<Sacrifice> restorable(std::vector<Sacrifice> items) {
     std::erase_if(items, [](const Sacrifice& item) { return !item.canRestore(); });
     return items;
@@ -59,18 +50,20 @@ std::vector<Sacrifice> restorable(std::vector<Sacrifice> items) {
 
 } // namespace
 
-Intake::Intake(Parts parts) : m_parts(std::move(parts)), m_settlement(m_parts.defaults) {}
+Intake::Intake(Parts parts)
+    : m_parts(std::move(parts)), m_settlement(m_parts.defaults),
+      m_infoRepair(
+          {m_parts.binnedItems, m_parts.directories, m_parts.main, m_parts.work, m_batches}) {}
 
 void Intake::consume(const std::vector<Path>& items, bool fromFinder, BatchCompletion completion,
                      const BatchOptions& options) {
-    const std::shared_ptr<Batch> batch(new Batch{
-        .fed = FedItems::of(items, options.seen, m_inFlight, options.tellsOfThoseOnTheWay),
-        .mode = options.mode.value_or(m_parts.settings.mode.get()),
-        .fromFinder = fromFinder,
-        .dialogs = dialogsOf(options),
-        .completion = std::move(completion)});
+    auto fed = FedItems::of(items, options.seen, m_inFlight, options.tellsOfThoseOnTheWay);
+    Batch common{dialogsOf(options), std::move(completion), std::exchange(fed.refused, {})};
+    const auto batch = std::make_shared<FedBatch>(
+        FedBatch{std::move(common), std::move(fed),
+                 options.mode.value_or(m_parts.settings.mode.get()), fromFinder});
     if (batch->fed.items.empty()) {
-        if (!batch->fed.refused.empty())
+        if (!batch->missing.empty())
             complete(*batch, {});
         else
             finish(batch->completion, {});
@@ -84,7 +77,7 @@ void Intake::consume(const std::vector<Path>& items, bool fromFinder, BatchCompl
         beginFeed(batch, options);
 }
 
-void Intake::askToDissolve(const std::shared_ptr<Batch>& batch, const BatchOptions& options) {
+void Intake::askToDissolve(const std::shared_ptr<FedBatch>& batch, const BatchOptions& options) {
     batch->fed.look();
     batch->dialogs.ask(dissolveQuestion(batch->fed.items.size(), firstNames(batch->fed.items)),
                        [this, batch, options](const Answer& answer) {
@@ -101,49 +94,34 @@ void Intake::askToDissolve(const std::shared_ptr<Batch>& batch, const BatchOptio
                        });
 }
 
-void Intake::beginFeed(const std::shared_ptr<Batch>& batch, const BatchOptions& options) {
+void Intake::beginFeed(const std::shared_ptr<FedBatch>& batch, const BatchOptions& options) {
     if (batch->mode == DisposeMode::dissolve)
         disarm(batch->fromFinder); // what is dissolved can't be undone
     batch->meter = m_batches.begin(options.meter);
     if (m_parts.settings.sound.get())
         m_parts.sizzle.play();
-    prefetch(batch);
-}
-
-/// Disposal begins when all thumbnails that were asked for have been answered.
-void Intake::prefetch(const std::shared_ptr<Batch>& batch) {
+    const auto first = batch->fed.items.begin();
     const auto count = std::min(batch->fed.items.size(), DisposalJob::kPictured);
-    batch->thumbnailsAwaited = count + 1; // one for the asking itself
-    const auto answered = [this, batch] {
-        if (--batch->thumbnailsAwaited == 0)
-            dispose(batch);
-    };
-    for (std::size_t i = 0; i < count; ++i) {
-        const Path item = batch->fed.items[i];
-        m_parts.thumbnails.load(item, [batch, answered, item](PicturePointer picture) {
-            if (picture)
-                batch->thumbnails[item.native()] = std::move(picture);
-            answered();
+    prefetchPictures(m_parts.thumbnails, {first, first + static_cast<std::ptrdiff_t>(count)},
+                     [this, batch](ItemPictures pictures) { dispose(batch, std::move(pictures)); });
+}
+
+void Intake::dispose(const std::shared_ptr<FedBatch>& batch, ItemPictures pictures) {
+    m_parts.work.post(
+        [this, batch, pictures = std::move(pictures), start = m_settlement.start()]() mutable {
+            DisposalJob job(
+                {batch->fed.items, batch->mode, batch->fed.seen, std::move(pictures), start},
+                {m_parts.directories, m_parts.journal, m_parts.thumbnails, *batch->meter,
+                 m_parts.clock, [this](std::vector<PicturePointer> burning) {
+                     m_parts.main.post(
+                         [this, burning = std::move(burning)] { m_parts.animation.play(burning); });
+                 }});
+            const auto output = std::make_shared<DisposalJob::Output>(job.run());
+            m_parts.main.post([this, batch, output] { complete(*batch, std::move(*output)); });
         });
-    }
-    answered();
 }
 
-void Intake::dispose(const std::shared_ptr<Batch>& batch) {
-    m_parts.work.post([this, batch, start = m_settlement.start()] {
-        DisposalJob job(
-            {batch->fed.items, batch->mode, batch->fed.seen, std::move(batch->thumbnails), start},
-            {m_parts.directories, m_parts.journal, m_parts.thumbnails, *batch->meter, m_parts.clock,
-             [this](std::vector<PicturePointer> pictures) {
-                 m_parts.main.post(
-                     [this, pictures = std::move(pictures)] { m_parts.animation.play(pictures); });
-             }});
-        const auto output = std::make_shared<DisposalJob::Output>(job.run());
-        m_parts.main.post([this, batch, output] { complete(*batch, std::move(*output)); });
-    });
-}
-
-void Intake::complete(Batch& batch, DisposalJob::Output output) {
+void Intake::complete(FedBatch& batch, DisposalJob::Output output) {
     auto& result = output.result;
     for (const auto& item : batch.fed.items)
         m_inFlight.erase(item.native());
@@ -155,15 +133,9 @@ void Intake::complete(Batch& batch, DisposalJob::Output output) {
         result.unlocked = m_parts.progression.record(output.offerings, batch.mode);
     });
     registerUndo(result.done, batch.fromFinder);
-    result.failures.insert(result.failures.begin(), batch.fed.refused.begin(),
-                           batch.fed.refused.end());
-    tell(batch.dialogs, result);
-    if (!result.failures.empty())
-        batch.dialogs.report(intakeFailures(result.failures));
-    if (!result.unlocked.empty())
-        m_parts.progression.notify(result.unlocked);
-    finish(batch.completion, std::move(result));
-    m_batches.end(batch.meter);
+    if (output.journal)
+        m_infoRepair.lookAfter(result.done, output.journal->number);
+    conclude(batch, std::move(result), &intakeFailures);
 }
 
 void Intake::registerUndo(const std::vector<Sacrifice>& done, bool fromFinder) {
@@ -228,27 +200,24 @@ void Intake::beginBinJob(JournalKind kind, std::vector<Sacrifice> items, BatchCo
     auto takenOut = m_takenOut.lock();
     if (!takenOut)
         m_takenOut = takenOut = std::make_shared<std::set<Uuid>>();
-    runBinJob(std::shared_ptr<BinBatch>(
-        new BinBatch{kind, std::move(items), options.missing, dialogsOf(options),
-                     m_batches.begin(options.meter), std::move(completion), std::move(takenOut)}));
-}
-
-void Intake::finishWithoutItems(JournalKind kind, BatchCompletion completion,
-                                const BatchOptions& options) {
-    BinBatch batch{kind,   {}, options.missing, dialogsOf(options), nullptr, std::move(completion),
-                   nullptr};
-    if (batch.missing.empty())
-        batch.dialogs.beep();
-    completeBinJob(batch, {});
-}
-
-void Intake::runBinJob(const std::shared_ptr<BinBatch>& batch) {
+    Batch common{dialogsOf(options), std::move(completion), options.missing,
+                 m_batches.begin(options.meter)};
+    const auto batch = std::make_shared<BinBatch>(
+        BinBatch{std::move(common), kind, std::move(items), std::move(takenOut)});
     m_parts.work.post([this, batch, start = m_settlement.start()] {
         BinJob job(batch->kind, m_parts.directories, m_parts.journal, *batch->meter, start,
                    batch->items, *batch->takenOut);
         const auto output = std::make_shared<BinJob::Output>(job.run());
         m_parts.main.post([this, batch, output] { completeBinJob(*batch, std::move(*output)); });
     });
+}
+
+void Intake::finishWithoutItems(JournalKind kind, BatchCompletion completion,
+                                const BatchOptions& options) {
+    BinBatch batch{{dialogsOf(options), std::move(completion), options.missing}, kind};
+    if (batch.missing.empty())
+        batch.dialogs.beep();
+    completeBinJob(batch, {});
 }
 
 void Intake::completeBinJob(BinBatch& batch, BinJob::Output output) {
@@ -258,13 +227,9 @@ void Intake::completeBinJob(BinBatch& batch, BinJob::Output output) {
         result.storeError = m_settlement.commit(output.journal, [&] { mark(output, isPutBack); });
     if (m_parts.undoStack != nullptr)
         m_parts.undoStack->refresh();
-    result.failures.insert(result.failures.begin(), batch.missing.begin(), batch.missing.end());
-    tell(batch.dialogs, result);
-    if (!result.failures.empty())
-        batch.dialogs.report(isPutBack ? putBackFailures(result.failures)
-                                       : deleteFailures(result.failures));
-    finish(batch.completion, std::move(result));
-    m_batches.end(batch.meter);
+    if (output.journal)
+        m_infoRepair.lookAfter(result.done, output.journal->number);
+    conclude(batch, std::move(result), isPutBack ? &putBackFailures : &deleteFailures);
 }
 
 void Intake::mark(const BinJob::Output& output, bool isPutBack) {
@@ -273,6 +238,21 @@ void Intake::mark(const BinJob::Output& output, bool isPutBack) {
                         isPutBack ? none : output.done);
     m_parts.binnedItems.remove(output.done);
     m_parts.binnedItems.remove(output.lost);
+}
+
+/// Reports what went wrong, announces what was earned, answers the caller.
+void Intake::conclude(Batch& batch, BatchResult result, Report reportOf) {
+    result.failures.insert(result.failures.begin(), batch.missing.begin(), batch.missing.end());
+    if (result.storeError)
+        batch.dialogs.report(storeFailure(*result.storeError));
+    if (!result.untouched.empty())
+        batch.dialogs.report(stoppedReport(result.untouched.size()));
+    if (!result.failures.empty())
+        batch.dialogs.report(reportOf(result.failures));
+    if (!result.unlocked.empty())
+        m_parts.progression.notify(result.unlocked);
+    finish(batch.completion, std::move(result));
+    m_batches.end(batch.meter);
 }
 
 Dialogs& Intake::dialogsOf(const BatchOptions& options) const {

@@ -7,6 +7,8 @@
 #include "intake/BinnedItems.h"
 #include "intake/DisposalJob.h"
 #include "intake/FedItems.h"
+#include "intake/InfoRepair.h"
+#include "intake/PicturePrefetch.h"
 #include "intake/RunningBatches.h"
 #include "intake/Settlement.h"
 #include "intake/UndoStack.h"
@@ -91,13 +93,14 @@ class Intake {
 
   private:
     struct Batch;
+    struct FedBatch;
     struct BinBatch;
+    using Report = FailureReport (*)(std::vector<Failure> failures);
 
-    void askToDissolve(const std::shared_ptr<Batch>& batch, const BatchOptions& options);
-    void beginFeed(const std::shared_ptr<Batch>& batch, const BatchOptions& options);
-    void prefetch(const std::shared_ptr<Batch>& batch);
-    void dispose(const std::shared_ptr<Batch>& batch);
-    void complete(Batch& batch, DisposalJob::Output output);
+    void askToDissolve(const std::shared_ptr<FedBatch>& batch, const BatchOptions& options);
+    void beginFeed(const std::shared_ptr<FedBatch>& batch, const BatchOptions& options);
+    void dispose(const std::shared_ptr<FedBatch>& batch, ItemPictures pictures);
+    void complete(FedBatch& batch, DisposalJob::Output output);
     void registerUndo(const std::vector<Sacrifice>& done, bool fromFinder);
     void beginDeletion(const std::vector<Sacrifice>& items, BatchCompletion completion,
                        BatchOptions options);
@@ -105,15 +108,16 @@ class Intake {
                      const BatchOptions& options);
     void finishWithoutItems(JournalKind kind, BatchCompletion completion,
                             const BatchOptions& options);
-    void runBinJob(const std::shared_ptr<BinBatch>& batch);
     void completeBinJob(BinBatch& batch, BinJob::Output output);
     void mark(const BinJob::Output& output, bool isPutBack);
+    void conclude(Batch& batch, BatchResult result, Report reportOf);
     [[nodiscard]] Dialogs& dialogsOf(const BatchOptions& options) const;
     void disarm(bool fromFinder);
 
     Parts m_parts;
     Settlement m_settlement;
     RunningBatches m_batches;
+    VolumeInfoRepair m_infoRepair;
     std::set<std::string> m_inFlight;
     std::weak_ptr<std::set<Uuid>> m_takenOut; ///< see BinBatch; the work queue's own
 };

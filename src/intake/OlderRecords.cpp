@@ -1,5 +1,6 @@
 #include "OlderRecords.h"
 
+#include <algorithm>
 #include <map>
 
 namespace vexmoor {
@@ -63,6 +64,23 @@ Result<void> adoptOlderRecords(OlderJournals& journals, UserDefaults& defaults,
     for (const auto number : closed)
         journals.removeClosed(number);
     return {};
+}
+
+JournalBatch withoutKnown(JournalBatch batch, const Ledger& ledger,
+                          const UserDirectories& directories) {
+    std::erase_if(batch.entries, [&](const JournalEntry& entry) {
+        if (entry.outcome != JournalEntry::Outcome::unknown)
+            return true;
+        const bool couldWait = batch.mode == DisposeMode::dissolve
+                                   ? entry.volume.has_value()
+                                   : !isInHomeBin(entry.sacrifice, directories);
+        if (!couldWait)
+            return true;
+        const auto& recent = ledger.recent.get();
+        const auto known = std::ranges::find(recent, entry.sacrifice.id, &Sacrifice::id);
+        return known != recent.end() && (batch.kind == JournalKind::feed || !known->canRestore());
+    });
+    return batch;
 }
 
 std::vector<Sacrifice> binnedWithoutRecord(const JournalBatch& batch, const JournalBatch& open,

@@ -18,6 +18,12 @@ Result<void> adoptOlderRecords(OlderJournals& journals, UserDefaults& defaults,
 std::vector<Sacrifice> binnedWithoutRecord(const JournalBatch& batch, const JournalBatch& open,
                                            const BinnedItems& binnedItems, Disposer& disposer);
 
+/// Of a batch that an earlier version counted, the entries that had to wait for their volumes, as
+/// far as the ledger knows. In the home Bin nothing had to: those items were counted, also where a
+/// power cut took the notes of it.
+JournalBatch withoutKnown(JournalBatch batch, const Ledger& ledger,
+                          const UserDirectories& directories);
+
 bool areOlderRecordsAdopted(const OlderJournals& journals, const UserDefaults& defaults);
 
 } // namespace vexmoor

@@ -1,10 +1,10 @@
 #include "Recovery.h"
 
 #include "disposal/Disposer.h"
+#include "intake/InfoRepair.h"
+#include "intake/IntentCheck.h"
 #include "intake/OlderRecords.h"
 #include "intake/Settlement.h"
-#include "intake/VolumeCheck.h"
-#include "platform/Volume.h"
 
 #include <algorithm>
 
@@ -17,34 +17,15 @@ using Outcome = JournalEntry::Outcome;
 /// Batches with items on volumes that were not there, as lines of a journal.
 constexpr const char* kWaitingKey = "journal.waiting";
 
-bool liesAt(const Path& path, std::uint64_t inode) {
-    const auto status = fileStatus(path);
-    return status && status->identity.inode == inode;
-}
-
-bool isGone(const Path& path) {
-    const auto status = fileStatus(path);
-    return !status && status.error().code == std::errc::no_such_file_or_directory;
-}
-
-/// Of an item in the home Bin: other volumes may be gone, or hang.
-bool isInHomeBin(const Sacrifice& item, const UserDirectories& directories) {
-    return Path(*item.trashed).parent_path() == directories.dataHome / "Trash/files";
-}
-
-/// A power cut empties the info files that were written last, as their names reach the disk before
-/// what is in them. So the newest tells.
+/// Whether a power cut emptied info files of the home Bin; other volumes may be gone, or hang.
 bool areInfosEmpty(const BinnedItems& binnedItems, const UserDirectories& directories) {
     constexpr int kMostLooks = 16;
     int looks = 0;
     bool isEmpty = false;
     binnedItems.visit([&](const Sacrifice& item) {
-        if (!isInHomeBin(item, directories) || !fileStatus(*item.trashed))
-            return ++looks < kMostLooks;
-        const auto info = fileStatus(directories.dataHome / "Trash/info" /
-                                     infoName(lastComponent(*item.trashed)));
-        isEmpty = !info || info->size == 0;
-        return false;
+        const auto lacks = isInHomeBin(item, directories) ? lacksInfo(item) : std::nullopt;
+        isEmpty = lacks.value_or(false);
+        return !lacks && ++looks < kMostLooks;
     });
     return isEmpty;
 }
@@ -62,7 +43,7 @@ class Recoverer {
               Progression& progression, BinnedItems binnedItems, const UserDirectories& directories)
         : m_journal(journal), m_older(std::move(older)), m_defaults(defaults), m_ledger(ledger),
           m_progression(progression), m_binnedItems(binnedItems), m_directories(directories),
-          m_disposer(directories, nullptr) {}
+          m_disposer(directories, nullptr), m_intents(m_disposer) {}
 
     RecoveryReport run() {
         m_mark = {m_defaults.integer(Settlement::kRecordedKey).value_or(0),
@@ -85,16 +66,11 @@ class Recoverer {
         return std::move(m_report);
     }
 
-    /// Of the recorded items, the newest first, as far back as some of them lack one.
+    /// Of the recorded items.
     void repairInfos() {
-        constexpr int kMostWhole = 1000;
-        int whole = 0;
+        InfoRepair infos(m_disposer);
         m_binnedItems.visit([&](const Sacrifice& item) {
-            if (!isInHomeBin(item, m_directories))
-                return true;
-            const auto repaired = m_disposer.repairInfo(*item.trashed, item.binRecord());
-            whole = repaired && *repaired ? 0 : whole + 1;
-            return whole < kMostWhole;
+            return !isInHomeBin(item, m_directories) || infos.repair(item);
         });
     }
 
@@ -127,7 +103,7 @@ class Recoverer {
                 continue;
             }
             const bool isNew = number > m_mark.number;
-            const auto open = isNew ? *batch : withoutKnown(*batch);
+            const auto open = isNew ? *batch : withoutKnown(*batch, m_ledger, m_directories);
             if (!isNew)
                 m_counted.emplace_back(
                     number, binnedWithoutRecord(*batch, open, m_binnedItems, m_disposer));
@@ -146,25 +122,6 @@ class Recoverer {
         m_hasNews = true;
         const auto aside = m_older.setAside(number);
         return aside ? disposalError(DisposalError::journalSetAside, *aside) : aside.error();
-    }
-
-    /// Of a batch that was recorded, what had to wait. In the home Bin nothing had to: those items
-    /// were counted, also where a power cut took the notes of it.
-    [[nodiscard]] JournalBatch withoutKnown(JournalBatch batch) const {
-        std::erase_if(batch.entries, [&](const JournalEntry& entry) {
-            if (entry.outcome != Outcome::unknown)
-                return true;
-            const bool couldWait = batch.mode == DisposeMode::dissolve
-                                       ? entry.volume.has_value()
-                                       : !isInHomeBin(entry.sacrifice, m_directories);
-            if (!couldWait)
-                return true;
-            const auto& recent = m_ledger.recent.get();
-            const auto known = std::ranges::find(recent, entry.sacrifice.id, &Sacrifice::id);
-            return known != recent.end() &&
-                   (batch.kind == JournalKind::feed || !known->canRestore());
-        });
-        return batch;
     }
 
     void takeJournal() {
@@ -208,7 +165,7 @@ class Recoverer {
         recorded.batch.entries.clear();
         JournalBatch waiting = recorded.batch;
         for (const auto& entry : batch.entries) {
-            if (entry.outcome != Outcome::failed && mustWait(batch, entry))
+            if (entry.outcome != Outcome::failed && m_intents.mustWait(batch, entry))
                 waiting.entries.push_back(entry);
             else
                 decide(batch, entry, recorded);
@@ -233,31 +190,11 @@ class Recoverer {
                               : disposalError(DisposalError::volumeAway, *first.original));
     }
 
-    /// Whether it cannot be seen now what became of the item.
-    bool mustWait(const JournalBatch& batch, const JournalEntry& entry) {
-        const auto& place = entry.sacrifice.trashed;
-        if (place)
-            return !m_volumes.answers(Path(*place).parent_path()) ||
-                   TrashDirectory::isOnAbsentVolume(*place);
-        if (batch.mode != DisposeMode::dissolve || !entry.volume)
-            return false;
-        if (!m_volumes.answers(*entry.volume))
-            return true;
-        const auto status = fileStatus(*entry.volume);
-        return !status || !status->isMountPoint || isOther(entry);
-    }
-
-    /// Whether another volume than the item's is mounted in its place.
-    static bool isOther(const JournalEntry& entry) {
-        const auto top = openFolder(*entry.volume);
-        return !entry.fileSystem.empty() && (!top || volumeName(top->get()) != entry.fileSystem);
-    }
-
     void decide(const JournalBatch& batch, const JournalEntry& entry, Recorded& recorded) {
         const auto& sacrifice = entry.sacrifice;
         if (entry.outcome == Outcome::unknown)
             returnLeaving(entry);
-        const bool didHappen = happened(batch, entry);
+        const bool didHappen = m_intents.happened(batch, entry);
         if (entry.outcome == Outcome::unknown)
             removeLeftInfo(batch, entry);
         if (!didHappen) {
@@ -273,28 +210,6 @@ class Recoverer {
             {sacrifice.original.value_or(sacrifice.name), sacrifice.bytes, entry.isFolder});
         if (batch.mode == DisposeMode::dissolve)
             recorded.sacrifices.back().original.reset();
-    }
-
-    /// Whether what was intended for the item took place. What was done may be undone by a power
-    /// cut, which can keep the note and lose the move.
-    [[nodiscard]] bool happened(const JournalBatch& batch, const JournalEntry& entry) {
-        const auto& sacrifice = entry.sacrifice;
-        const bool isDone = entry.outcome == Outcome::done;
-        if (entry.outcome == Outcome::failed)
-            return false;
-        if (batch.mode == DisposeMode::dissolve)
-            return isDone ? !liesAt(*sacrifice.original, entry.inode) : isGone(*sacrifice.original);
-        const bool isInBin = liesAt(*sacrifice.trashed, entry.inode) ||
-                             m_disposer.check(*sacrifice.trashed, sacrifice.binRecord());
-        switch (batch.kind) {
-        case JournalKind::feed:
-            return isInBin || (isDone && !liesAt(*sacrifice.original, entry.inode));
-        case JournalKind::putBack:
-            return !isInBin && (isDone || liesAt(*entry.destination, entry.inode));
-        case JournalKind::erase:
-            return !isInBin && (isDone || isGone(*sacrifice.trashed));
-        }
-        return false;
     }
 
     /// An item that was on its way out of the Bin is in none of its places.
@@ -371,7 +286,7 @@ class Recoverer {
     BinnedItems m_binnedItems;
     UserDirectories m_directories;
     Disposer m_disposer;
-    VolumeCheck m_volumes;
+    IntentCheck m_intents;
     JournalMark m_mark;
     bool m_hasNews = false;
     std::vector<Recorded> m_recorded;

@@ -8,8 +8,7 @@
 
 namespace vexmoor {
 
-/// Named actions that undo what was done, newest on top. Nothing registers a redo, so there is
-/// never one. Main thread only.
+/// Named actions that undo what was done, newest on top. There is no redo. Main thread only.
 class UndoStack {
   public:
     static constexpr std::size_t kDeepest = 100;
@@ -23,10 +22,8 @@ class UndoStack {
 
     /// Takes the newest actions off that have nothing left to do.
     void refresh();
-    void redo() {}
 
     [[nodiscard]] bool canUndo() const { return !m_actions.empty(); }
-    [[nodiscard]] bool canRedo() const { return false; }
 
     /// The newest action's name; empty where there is none.
     [[nodiscard]] const std::string& undoActionName() const { return m_name.get(); }
@@ -37,7 +34,6 @@ class UndoStack {
 
     /// "Undo", with the action's name where there is one.
     [[nodiscard]] std::string undoMenuItemTitle() const;
-    [[nodiscard]] std::string redoMenuItemTitle() const { return "Redo"; }
 
   private:
     struct Action {

@@ -2,35 +2,59 @@
 
 #include "disposal/TrashDirectory.h"
 
+#include <algorithm>
 #include <condition_variable>
-#include <memory>
 #include <mutex>
 #include <thread>
 
 namespace vexmoor {
 
-bool VolumeCheck::answersFor(const Path& place) {
-    return !TrashDirectory::isOfVolume(place) || answers(place.parent_path());
-}
+namespace {
 
-bool VolumeCheck::answers(const Path& folder) {
-    if (const auto known = m_known.find(folder); known != m_known.end())
-        return known->second;
-    struct Look {
-        std::mutex mutex;
-        std::condition_variable over;
-        bool isOver = false;
-    };
-    const auto look = std::make_shared<Look>();
-    // A call that hangs can't be ended, so nothing waits for its thread.
+using Moments = std::chrono::steady_clock;
+
+} // namespace
+
+struct VolumeLooks::Look {
+    const Moments::time_point begun = Moments::now();
+    std::mutex mutex;
+    std::condition_variable over;
+    bool isOver = false;
+
+    bool isOverBy(Moments::time_point moment) {
+        std::unique_lock lock(mutex);
+        return over.wait_until(lock, moment, [this] { return isOver; });
+    }
+};
+
+std::shared_ptr<VolumeLooks::Look> VolumeLooks::begin(const Path& folder) {
+    auto look = std::make_shared<Look>();
     std::thread([look, folder] {
         (void)fileStatus(folder / ".");
         const std::lock_guard lock(look->mutex);
         look->isOver = true;
         look->over.notify_one();
     }).detach();
-    std::unique_lock lock(look->mutex);
-    return m_known[folder] = look->over.wait_for(lock, kTimeout, [&] { return look->isOver; });
+    return look;
+}
+
+VolumeLooks::Answer VolumeLooks::answer(const Path& folder) {
+    auto& look = m_looks[folder];
+    if (!look || look->isOverBy({})) // an answer of a while ago says nothing of now
+        look = begin(folder);
+    const auto timeout = look->begun + kTimeout;
+    if (look->isOverBy(std::min(Moments::now() + m_patience, timeout)))
+        return Answer::yes;
+    return Moments::now() < timeout ? Answer::notYet : Answer::no;
+}
+
+VolumeCheck::Answer VolumeCheck::answer(const Path& folder) {
+    const auto known = m_known.find(folder);
+    return known != m_known.end() ? known->second : m_known[folder] = m_looks->answer(folder);
+}
+
+VolumeCheck::Answer VolumeCheck::answerFor(const Path& place) {
+    return TrashDirectory::isOfVolume(place) ? answer(place.parent_path()) : Answer::yes;
 }
 
 } // namespace vexmoor

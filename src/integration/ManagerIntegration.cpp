@@ -73,6 +73,13 @@ Result<void> ManagerIntegration::removeMenu(CreatedPaths& created) const {
     return removed;
 }
 
+bool needsRestart(const KeyState& state) {
+    return state.validity.needsRestart &&
+           std::ranges::any_of(processesOf(state.manager->programs), [&](const auto& process) {
+               return !state.validity.isEffectiveFor(process.started);
+           });
+}
+
 KeyState ManagerIntegration::key() const {
     KeyState state;
     state.manager = &m_manager;
@@ -96,11 +103,7 @@ KeyState ManagerIntegration::key() const {
     if (*status != AcceleratorStatus::installed)
         return state;
     state.validity = file->validity();
-    state.waitsForRestart =
-        state.validity.needsRestart &&
-        std::ranges::any_of(processesOf(m_manager.programs), [&](const auto& process) {
-            return !state.validity.isEffectiveFor(process.started);
-        });
+    state.waitsForRestart = needsRestart(state);
     return state;
 }
 

@@ -21,6 +21,9 @@ struct KeyState {
     std::optional<Error> error;   ///< why it could not be installed, removed or read
 };
 
+/// True if a running process of the file manager does not have the installed key yet.
+[[nodiscard]] bool needsRestart(const KeyState& state);
+
 /// Manages our menu entry in one file manager and its Ctrl+Backspace binding. Each call reads the
 /// state again, which can take seconds if the file manager has to report its version. Not
 /// thread-safe.

@@ -33,6 +33,9 @@ class MountTable {
     /// Returns all mounts of the same file system, including this one.
     std::vector<Mount> mountsOfSame(const Mount& mount);
 
+    /// Returns all mounts in mount order: a later one may hide earlier ones.
+    std::vector<Mount> all();
+
     /// True if the mount table could not be read.
     bool isUnknown();
 

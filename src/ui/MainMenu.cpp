@@ -50,12 +50,11 @@ void MainMenu::addApplicationMenu() {
 
 void MainMenu::addEditMenu(UndoStack& undoStack) {
     QAction* const undo = makeItem(tr("Undo"), "Ctrl+Z", &MainMenu::undoChosen);
-    QAction* const redo = makeItem(tr("Redo"), "Ctrl+Shift+Z", &MainMenu::redoChosen);
-    m_undoTitle = undoStack.subscribe([&undoStack, undo, redo](const std::string&) {
+    QAction* const redo = makeItem(tr("Redo"), "Ctrl+Shift+Z");
+    redo->setEnabled(false); // no action can be redone
+    m_undoTitle = undoStack.subscribe([&undoStack, undo](const std::string&) {
         undo->setText(QString::fromStdString(undoStack.undoMenuItemTitle()));
         undo->setEnabled(undoStack.canUndo());
-        redo->setText(QString::fromStdString(undoStack.redoMenuItemTitle()));
-        redo->setEnabled(undoStack.canRedo());
     });
     Menu menu{tr("&Edit"), {undo, redo, makeSeparator()}};
     const auto add = [&](const QString& title, const char* key, EditActions::Command command) {

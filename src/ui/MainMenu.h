@@ -44,7 +44,6 @@ class MainMenu : public QObject {
     void onboardingChosen();
     void quitChosen();
     void undoChosen();
-    void redoChosen();
     void unlockAllChosen();
     void resetChosen();
 

@@ -25,6 +25,8 @@ class Onboarding {
         captured,  ///< captured from the keyboard in all file managers; needs the accessibility bus
         available, ///< a file manager can bind it, or this is unknown yet
         bound,     ///< a file manager binds it
+        blocked,   ///< a file manager could bind it, but another key of the user or a failure
+                   ///< prevents it
         none,      ///< no installed file manager can bind it
     };
 
@@ -107,7 +109,9 @@ class Onboarding {
     void changed() const;
     [[nodiscard]] bool keyIsAllowed() const;
     [[nodiscard]] bool keyWorks() const;
-    [[nodiscard]] bool hasNoKey() const { return m_facts.key == KeyWay::none; }
+    [[nodiscard]] bool hasNoKey() const {
+        return m_facts.key == KeyWay::blocked || m_facts.key == KeyWay::none;
+    }
     [[nodiscard]] Status automationStatus() const;
     [[nodiscard]] Status folderStatus() const;
 

@@ -1,5 +1,7 @@
 #include "base/SqliteUserDefaults.h"
 
+#include "base/SqliteError.h"
+
 #include "support/RawDatabase.h"
 #include "support/TemporaryDirectory.h"
 
@@ -237,6 +239,32 @@ TEST_F(SqliteUserDefaultsTest, RenamesACorruptDatabaseWithItsLogAndCreatesANewOn
         EXPECT_EQ(stored("fresh"), UserDefaults::Value(true));
     }
     EXPECT_THAT(m_failures, IsEmpty());
+}
+
+TEST_F(SqliteUserDefaultsTest, ReplacesWhatIsNotADatabaseFileWithoutBlocking) {
+    const std::pair<const char*, std::function<void()>> cases[] = {
+        {"a pipe", [&] { ASSERT_EQ(mkfifo(m_file.c_str(), 0600), 0); }},
+        {"a folder", [&] { fs::create_directory(m_file); }},
+        {"a device", [&] { fs::create_symlink("/dev/zero", m_file); }},
+        {"a huge file",
+         [&] {
+             m_directory.write("data/defaults.db", "");
+             fs::resize_file(m_file, std::uintmax_t{1} << 40);
+         }},
+    };
+    fs::create_directory(m_file.parent_path());
+    for (const auto& [what, make] : cases) {
+        SCOPED_TRACE(what);
+        make();
+        EXPECT_FALSE(open(Access::readOnly));
+        const auto defaults = open();
+        ASSERT_TRUE(defaults) << defaults.error().message();
+        EXPECT_EQ((*defaults)->setAside(), beside(".corrupt-1"));
+        (*defaults)->assign("kept", true);
+        EXPECT_THAT(m_failures, IsEmpty());
+        fs::remove_all(m_file.parent_path());
+        fs::create_directory(m_file.parent_path());
+    }
 }
 
 TEST_F(SqliteUserDefaultsTest, DoesNotReuseTheNameOfAnEarlierCorruptDatabase) {

@@ -2,6 +2,7 @@
 
 #include "base/FileDescriptor.h"
 #include "support/BackgroundProgram.h"
+#include "support/RawDatabase.h"
 
 #include <fcntl.h>
 #include <sqlite3.h>
@@ -138,7 +139,8 @@ TEST_F(AdversityTest, ReportsThatItWaitsForAnotherCommand) {
 
 TEST_F(AdversityTest, PrintsOneDocumentWhenACommandIsRefused) {
     make("a");
-    m_scratch.write("home/data/vexmoor/defaults.db/file", "no database");
+    ASSERT_EQ(run({"settings", "sound", "on"}).status, 0);
+    RawDatabase(m_data / "vexmoor/defaults.db").run("PRAGMA user_version = 99"); // a newer one
     for (std::vector<std::string> arguments : {std::vector<std::string>{"feed", "a"},
                                                {"feed", "--mode", "dissolve", "a"},
                                                {"put-back"},

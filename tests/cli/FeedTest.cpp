@@ -125,6 +125,12 @@ TEST_F(FeedTest, PutsBackTheNewestOrTheWholeLastBatch) {
     EXPECT_EQ(fed.status, 0) << fed.errors;
     EXPECT_THAT(fed.output, HasSubstr("300 items"));
     EXPECT_EQ(json({"history", "-n", "999", "--json"}).size(), 40U);
+    const auto all = json({"history", "--all", "--json"});
+    ASSERT_EQ(all.size(), names.size());
+    EXPECT_EQ(all[0]["original"], (m_files / "item-299").string());
+    EXPECT_EQ(all[299]["original"], (m_files / "item-000").string());
+    EXPECT_EQ(json({"history", "--all", "-n", "45", "--json"}).size(), 45U);
+    EXPECT_THAT(run({"history", "--all"}).output, HasSubstr("item-007"));
 
     EXPECT_EQ(run({"put-back", "--last", "2"}).status, 0);
     EXPECT_THAT(namesIn(m_files), ElementsAre("item-298", "item-299"));

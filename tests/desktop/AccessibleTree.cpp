@@ -12,6 +12,7 @@ namespace {
 const QString kAccessible = QStringLiteral("org.a11y.atspi.Accessible");
 constexpr int kShowingBit = 25;
 constexpr int kEnabledBit = 8;
+constexpr int kCheckedBit = 4;
 
 QString addressFrom(const QDBusConnection& session) {
     const auto reply = session.call(QDBusMessage::createMethodCall("org.a11y.Bus", "/org/a11y/bus",
@@ -71,8 +72,12 @@ std::vector<AccessibleTree::Reference> AccessibleTree::childrenOf(const Referenc
 }
 
 std::string AccessibleTree::nameOf(const Reference& element) const {
+    return propertyOf(element, "Name");
+}
+
+std::string AccessibleTree::propertyOf(const Reference& element, const char* property) const {
     const auto answer =
-        ask(element, "org.freedesktop.DBus.Properties", "Get", {kAccessible, "Name"});
+        ask(element, "org.freedesktop.DBus.Properties", "Get", {kAccessible, property});
     return answer.isEmpty() ? std::string()
                             : answer.at(0).value<QDBusVariant>().variant().toString().toStdString();
 }
@@ -80,12 +85,15 @@ std::string AccessibleTree::nameOf(const Reference& element) const {
 void AccessibleTree::collect(const Reference& element, std::vector<AccessibleElement>& all) const {
     AccessibleElement found;
     found.name = nameOf(element);
+    found.description = propertyOf(element, "Description");
     if (const auto role = ask(element, kAccessible, "GetRoleName"); !role.isEmpty())
         found.role = role.at(0).toString();
     if (const auto state = ask(element, kAccessible, "GetState"); !state.isEmpty()) {
         const auto words = qdbus_cast<QList<uint>>(state.at(0).value<QDBusArgument>());
-        found.isShowing = !words.isEmpty() && (words.at(0) >> kShowingBit & 1U) != 0;
-        found.isEnabled = !words.isEmpty() && (words.at(0) >> kEnabledBit & 1U) != 0;
+        const uint states = words.value(0);
+        found.isShowing = (states >> kShowingBit & 1U) != 0;
+        found.isEnabled = (states >> kEnabledBit & 1U) != 0;
+        found.isChecked = (states >> kCheckedBit & 1U) != 0;
     }
     const auto extents = ask(element, "org.a11y.atspi.Component", "GetExtents", {0U});
     if (!extents.isEmpty()) {

@@ -12,9 +12,11 @@ namespace vexmoor::test {
 struct AccessibleElement {
     QString role; ///< as AT-SPI names it: "push button"
     std::string name;
+    std::string description;
     QRect place; ///< on the screen, in what the program takes for pixels
     bool isShowing = false;
     bool isEnabled = false;
+    bool isChecked = false;
 };
 
 /// Reads programs as a screen reader does, over the accessibility bus of a session.
@@ -36,6 +38,7 @@ class AccessibleTree {
     };
     [[nodiscard]] std::vector<Reference> childrenOf(const Reference& element) const;
     [[nodiscard]] std::string nameOf(const Reference& element) const;
+    [[nodiscard]] std::string propertyOf(const Reference& element, const char* property) const;
     void collect(const Reference& element, std::vector<AccessibleElement>& all) const;
     [[nodiscard]] QList<QVariant> ask(const Reference& element, const QString& interface,
                                       const QString& method,

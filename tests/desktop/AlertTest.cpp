@@ -100,6 +100,24 @@ TEST_F(AlertTest, LeavesNoFailureUntoldWhenTheProgramIsToEnd) {
                                               testing::StartsWith("The cauldron rejected last")));
 }
 
+TEST_F(AlertTest, LogsFailuresWhenTheProgramIsToEndWhereThereAreNoNotifications) {
+    session->endNotifications();
+    session->run({VEXMOOR_PROGRAM, "settings", "confirmDissolve", "off"});
+    const Path log = session->home() / "log";
+    auto program = session->start(
+        {"sh", "-c", "exec \"$0\" --background 2>" + log.native(), VEXMOOR_DESKTOP_PROGRAM});
+    ASSERT_TRUE(eventually([this] { return session->hasService(Cauldron::kName); }));
+    for (const char* name : {"seen", "waiting"})
+        EXPECT_EQ(session->command({VEXMOOR_PROGRAM, "feed", "--from-menu", session->home() / name})
+                      .run()
+                      .status,
+                  1);
+    program.signal(SIGTERM);
+    EXPECT_EQ(program.end(), 0);
+    EXPECT_THAT(contents(log),
+                testing::HasSubstr("vexmoor-desktop: The cauldron rejected waiting"));
+}
+
 TEST_F(AlertTest, ComesOnTopOnTheWorkspaceThatTheUserWorksOn) {
     start({});
     ASSERT_TRUE(eventually([&] { return cauldron->statsWindow().has_value(); }));

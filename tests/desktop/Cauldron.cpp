@@ -95,6 +95,17 @@ std::vector<AccessibleElement> Cauldron::elements() const {
     return AccessibleTree(m_session.bus()).elementsOf("Vexmoor");
 }
 
+std::optional<AccessibleElement> Cauldron::element(const std::string& beginning) const {
+    std::optional<AccessibleElement> found;
+    eventually([&] {
+        for (const AccessibleElement& one : elements())
+            if (one.isShowing && one.name.starts_with(beginning))
+                found = one;
+        return found.has_value();
+    });
+    return found;
+}
+
 nlohmann::json Cauldron::history() const {
     return nlohmann::json::parse(m_session.run({VEXMOOR_PROGRAM, "history", "--json"}));
 }

@@ -39,6 +39,8 @@ class Cauldron {
     [[nodiscard]] bool isAlerting() const;
     /// What its alerts and windows say to a screen reader.
     [[nodiscard]] std::vector<AccessibleElement> elements() const;
+    /// Waits for an element that is shown and whose name begins so; nothing where none comes.
+    [[nodiscard]] std::optional<AccessibleElement> element(const std::string& beginning) const;
 
     /// The history as the command line has it, newest first.
     [[nodiscard]] nlohmann::json history() const;

@@ -1,6 +1,8 @@
 #include "DesktopTest.h"
 #include "FileManagerWindow.h"
 
+#include <QImage>
+
 #include <algorithm>
 
 namespace vexmoor {
@@ -23,14 +25,8 @@ struct HistoryTest : DesktopTest {
 
     /// Waits for an element that can be seen whose name begins so.
     [[nodiscard]] std::optional<AccessibleElement> element(const std::string& beginning) const {
-        std::optional<AccessibleElement> found;
-        const bool isThere = eventually([&] {
-            for (const AccessibleElement& one : cauldron->elements())
-                if (one.isShowing && one.name.starts_with(beginning))
-                    found = one;
-            return found.has_value();
-        });
-        EXPECT_TRUE(isThere) << beginning;
+        const auto found = cauldron->element(beginning);
+        EXPECT_TRUE(found) << beginning;
         return found;
     }
     [[nodiscard]] bool shows(const std::string& beginning) const {
@@ -81,6 +77,20 @@ TEST_F(HistoryTest, TestsTheFlamesAndOpensTheSettingsByItsButtons) {
     ASSERT_TRUE(shows("Dissolve forever")) << "in the settings tab";
     session->click(element("Dissolve forever").value().place.center());
     EXPECT_TRUE(eventually([&] { return cauldron->setting("mode") == "bin"; }));
+}
+
+TEST_F(HistoryTest, ShowsThePreviewsOfPictures) {
+    constexpr QRgb kMagenta = qRgb(255, 0, 255);
+    const Path file = session->write("picture.png", "");
+    QImage image(256, 256, QImage::Format_RGB32);
+    image.fill(kMagenta);
+    ASSERT_TRUE(image.save(QString::fromStdString(file), "png"));
+    ASSERT_EQ(cauldron->feed({file}), 0);
+    const auto row = element("picture.png, In the Bin · ");
+    ASSERT_TRUE(row);
+    EXPECT_TRUE(eventually(
+        [&] { return countOf(session->screen().picture().copy(row->place), {kMagenta}) > 200; }));
+    session->screen().keepPicture("history-preview");
 }
 
 TEST_F(HistoryTest, FindsItemsThatTheHistoryDroppedByTheirNames) {

@@ -193,6 +193,19 @@ TEST_F(KeyRulesTest, FeedsAHeldKeyOnceAndNothingWhereNothingIsSelected) {
     expectTheKeyToFeedNow(4);
 }
 
+TEST_F(KeyRulesTest, BeepsAtCtrlZWhileThereIsNothingToPutBackYet) {
+    open();
+    session->run({VEXMOOR_PROGRAM, "settings", "mode", "dissolve"});
+    ASSERT_TRUE(manager->selectAll(2));
+    feedByKey();
+    ASSERT_TRUE(cauldron->alerts("Dissolve 2 items forever?"));
+    session->xdotool("windowactivate --sync " + std::to_string(manager->id()));
+    session->screen().watchBells();
+    undoByKey();
+    EXPECT_TRUE(eventually([this] { return session->screen().hasBeeped(); }));
+    EXPECT_EQ(tree().size(), 2u);
+}
+
 TEST_F(KeyRulesTest, LeavesCtrlZToTheFileManagerAfterAClick) {
     open();
     ASSERT_TRUE(manager->selectAll(2));

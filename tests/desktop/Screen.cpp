@@ -2,6 +2,10 @@
 
 #include "support/PaintRoot.h"
 
+#define explicit explicit_ // a member of that header
+#include <xcb/xkb.h>
+#undef explicit
+
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
@@ -99,7 +103,26 @@ void Screen::watchLaunches() {
     xcb_flush(m_x);
 }
 
+void Screen::watchBells() {
+    m_bellEvent = xcb_get_extension_data(m_x, &xcb_xkb_id)->first_event;
+    (void)owned(xcb_xkb_use_extension_reply(
+        m_x, xcb_xkb_use_extension(m_x, XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION), nullptr));
+    constexpr auto kBells = XCB_XKB_EVENT_TYPE_BELL_NOTIFY;
+    xcb_xkb_select_events(m_x, XCB_XKB_ID_USE_CORE_KBD, kBells, 0, kBells, 0, 0, nullptr);
+    xcb_flush(m_x);
+}
+
+bool Screen::hasBeeped() {
+    readEvents();
+    return m_hasBeeped;
+}
+
 std::string Screen::launchMessages() {
+    readEvents();
+    return m_launchMessages;
+}
+
+void Screen::readEvents() {
     while (const auto event = owned(xcb_poll_for_event(m_x))) {
         const auto* const message =
             reinterpret_cast<const xcb_client_message_event_t*>(event.get());
@@ -107,8 +130,8 @@ std::string Screen::launchMessages() {
         if (kind == XCB_CLIENT_MESSAGE && message->format == 8)
             m_launchMessages.append(reinterpret_cast<const char*>(message->data.data8),
                                     sizeof message->data.data8);
+        m_hasBeeped = m_hasBeeped || (m_bellEvent != 0 && kind == m_bellEvent);
     }
-    return m_launchMessages;
 }
 
 xcb_atom_t Screen::atom(const char* name) const {

@@ -46,6 +46,11 @@ class Screen {
     void watchLaunches();
     [[nodiscard]] std::string launchMessages();
 
+    /// From now on, the beeps of programs.
+    void watchBells();
+    /// Whether one has beeped since then.
+    [[nodiscard]] bool hasBeeped();
+
     /// The window that keys go to.
     [[nodiscard]] std::optional<SeenWindow> active() const;
 
@@ -53,10 +58,13 @@ class Screen {
     [[nodiscard]] xcb_atom_t atom(const char* name) const;
     [[nodiscard]] std::string property(xcb_window_t window, const char* name) const;
     [[nodiscard]] std::optional<SeenWindow> seen(xcb_window_t window, bool isManaged) const;
+    void readEvents();
 
     xcb_connection_t* m_x;
     const xcb_screen_t* m_screen;
     std::string m_launchMessages;
+    int m_bellEvent = 0; ///< the number of the keyboard extension's events
+    bool m_hasBeeped = false;
 };
 
 /// How many pixels of the picture have one of the colours.

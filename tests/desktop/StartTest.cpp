@@ -1,4 +1,9 @@
 #include "DesktopTest.h"
+#include "SessionManager.h"
+
+#include "desktopbus/FakeService.h"
+#include "intake/WriterLock.h"
+#include "support/MainLoop.h"
 
 #include <QDBusConnectionInterface>
 
@@ -115,16 +120,96 @@ TEST_F(StartTest, IsStartedByTheBusToOpenFiles) {
     }));
 }
 
-TEST_F(StartTest, IsKnownToTheDesktopByTheClassThatItsEntryNames) {
-    start();
+TEST_F(StartTest, IsKnownToTheDesktopByItsEntryAndHasAnIcon) {
+    start({});
+    ASSERT_TRUE(eventually([&] { return cauldron->statsWindow().has_value(); }));
+    const std::string id = std::to_string(cauldron->statsWindow()->id);
+    EXPECT_THAT(session->run({"xprop", "-id", id, "_NET_WM_ICON"}), testing::HasSubstr("Icon ("));
     EXPECT_THAT(
         contents(Path(VEXMOOR_PACKAGING) / "org.vexmoor.Vexmoor.desktop"),
         testing::HasSubstr("\nStartupWMClass=" + cauldron->tile().value().className + "\n"));
 }
 
+/// Starts that end or wait before there is a tile.
+struct RefusedStartTest : StartTest {
+    [[nodiscard]] bool shows(const std::string& sentence) const {
+        return eventuallyInLoop([&] {
+            const auto active = session->screen().active();
+            if (!active || !active->isDialog)
+                return false;
+            const auto all = AccessibleTree(session->bus()).elementsOf("Vexmoor");
+            return std::ranges::any_of(all, [&](const AccessibleElement& element) {
+                return element.isShowing && element.name == sentence;
+            });
+        });
+    }
+    void begin() {
+        program.reset(new BackgroundProgram(session->start(Cauldron::words({items[0]}))));
+    }
+    /// Presses the key at the dialog with that sentence; the start then ends.
+    void expectRefusal(const std::string& sentence, const char* key = "Return") {
+        ASSERT_TRUE(shows(sentence)) << sentence;
+        session->press(key);
+        constexpr int kRefused = 3;
+        EXPECT_EQ(program->end(), kRefused);
+        EXPECT_TRUE(std::filesystem::exists(items[0]));
+    }
+    const Path data = ".local/share/vexmoor";
+    std::unique_ptr<BackgroundProgram> program;
+};
+
+TEST_F(RefusedStartTest, SaysThatItCannotOpenTheHistory) {
+    std::filesystem::remove_all(session->home() / data);
+    std::filesystem::create_directories(session->home() / data / "defaults.db");
+    begin();
+    expectRefusal("Vexmoor can't open its history");
+}
+
+TEST_F(RefusedStartTest, WaitsForACommandUntilItIsCancelled) {
+    auto command = WriterLock::tryTake(session->home() / data / WriterLock::kFileName,
+                                       WriterLock::Role::command);
+    ASSERT_TRUE(command && *command);
+    begin();
+    ASSERT_TRUE(shows("Vexmoor is still at work"));
+    session->press("Escape");
+    expectRefusal("Vexmoor did not start");
+    begin();
+    ASSERT_TRUE(shows("Vexmoor is still at work"));
+    command->reset();
+    EXPECT_TRUE(isGone(items[0]));
+}
+
+TEST_F(RefusedStartTest, SaysThatItRunsInAnotherSession) {
+    start({"--background"}, {{"DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere"}});
+    begin();
+    expectRefusal("Vexmoor is running already");
+}
+
+TEST_F(RefusedStartTest, SaysThatTheRunningProgramDoesNotAnswer) {
+    const FakeService running(session->bus(), Cauldron::kName, [](const QDBusMessage& call) {
+        return call.createErrorReply(QDBusError::InternalError, "broken");
+    });
+    begin();
+    expectRefusal("But it does not answer.");
+}
+
+TEST_F(RefusedStartTest, TakesThePlaceOfAProgramThatIsQuitting) {
+    auto ending = std::make_unique<FakeService>(
+        session->bus(), Cauldron::kName, [](const QDBusMessage& call) {
+            return call.createErrorReply(QStringLiteral("org.vexmoor.Error.Ending"), "ending");
+        });
+    begin();
+    ASSERT_TRUE(eventuallyInLoop([&] { // it waits, and asks us again and again
+        const auto active = session->screen().active();
+        return active && active->isDialog;
+    }));
+    ending.reset();
+    EXPECT_TRUE(isGone(items[0]));
+}
+
 struct EndCase {
     const char* name;
-    void (*end)(DesktopSession& session, const BackgroundProgram& program);
+    void (*end)(DesktopSession& session, const BackgroundProgram& program, SessionManager& manager);
     int status;
 
     friend void PrintTo(const EndCase& ending, std::ostream* out) { *out << ending.name; }
@@ -139,12 +224,13 @@ TEST_P(EndTest, InTheMiddleOfABatchLeavesAllThatWasDoneOnRecord) {
     for (int i = 0; i < kMany; ++i)
         words.push_back(session->write("Many/" + std::to_string(i), std::to_string(i)));
     const Tree before = treeOf(session->home() / "Many");
-    start(words);
+    SessionManager manager;
+    start(words, {{"SESSION_MANAGER", manager.address()}});
     ASSERT_TRUE(eventually([&] {
         std::error_code none;
         return !std::filesystem::is_empty(bin, none) && !none;
     }));
-    GetParam().end(*session, cauldron->program());
+    GetParam().end(*session, cauldron->program(), manager);
     EXPECT_EQ(cauldron->program().end(), GetParam().status);
     const auto left = treeOf(session->home() / "Many").size();
     const auto done = treeOf(bin).size();
@@ -159,13 +245,21 @@ TEST_P(EndTest, InTheMiddleOfABatchLeavesAllThatWasDoneOnRecord) {
 
 INSTANTIATE_TEST_SUITE_P(
     Ways, EndTest,
-    testing::Values(
-        EndCase{"BySignal",
-                [](DesktopSession&, const BackgroundProgram& program) { program.signal(SIGTERM); },
-                0},
-        EndCase{"ByTheDisplaysDeath",
-                [](DesktopSession& session, const BackgroundProgram&) { session.display().die(); },
-                1}),
+    testing::Values(EndCase{"BySignal",
+                            [](DesktopSession&, const BackgroundProgram& program, SessionManager&) {
+                                program.signal(SIGTERM);
+                            },
+                            0},
+                    EndCase{"ByTheSessionManager",
+                            [](DesktopSession&, const BackgroundProgram&, SessionManager& manager) {
+                                manager.endSession();
+                            },
+                            0},
+                    EndCase{"ByTheDisplaysDeath",
+                            [](DesktopSession& session, const BackgroundProgram&, SessionManager&) {
+                                session.display().die();
+                            },
+                            1}),
     [](const auto& ending) { return std::string(ending.param.name); });
 
 } // namespace

@@ -77,8 +77,8 @@ TEST_F(SurroundingsTest, WaitsForNoSoundServerThatHangs) {
 }
 
 TEST_F(SurroundingsTest, StandsStillWhileTheScreenIsLocked) {
-    openSession();
-    start({});
+    openSession({.onboarded = false});
+    start({}); // the walkthrough moves, beside the tile
     ASSERT_TRUE(eventually([&] { return cauldron->statsWindow().has_value(); }));
     session->bus().registerService(kScreenSaver);
     EXPECT_FALSE(standsStill());

@@ -2,6 +2,7 @@
 #include "DesktopTest.h"
 
 #include "desktopbus/FakeService.h"
+#include "desktopbus/FakeSettingsPortal.h"
 #include "support/MainLoop.h"
 
 #include <algorithm>
@@ -26,11 +27,11 @@ struct TrayTest : DesktopTest {
     [[nodiscard]] bool hasIcons(int count) const {
         return eventually([&] { return tray->icons() == count; });
     }
-    /// The pot's silhouette in its outline.
-    [[nodiscard]] bool showsPot() const {
-        return eventually([&] {
+    /// The pot's silhouette, filled with that colour.
+    [[nodiscard]] bool showsPot(QRgb colour = kForLight) const {
+        return eventuallyInLoop([&] {
             const QRect place = tray->place().value_or(QRect());
-            return countOf(session->screen().picture().copy(place), {qRgb(0x36, 0x36, 0x3c)}) > 50;
+            return countOf(session->screen().picture().copy(place), {colour}) > 50;
         });
     }
     void set(const std::string& setting, const std::string& value) const {
@@ -53,6 +54,8 @@ struct TrayTest : DesktopTest {
         start({"--background"}, {{"PATH", own + ":" + std::getenv("PATH")}});
     }
 
+    static constexpr QRgb kForLight = qRgb(0x36, 0x36, 0x3c);
+    static constexpr QRgb kForDark = qRgb(0xf4, 0xf4, 0xf6);
     std::unique_ptr<Tray> tray;
 };
 
@@ -81,6 +84,18 @@ TEST_F(TrayTest, ShowsItsIconWheneverThereIsATrayAndItIsWanted) {
     start();
     EXPECT_TRUE(eventually([&] { return cauldron->tile().has_value(); }));
     EXPECT_EQ(tray->icons(), 0);
+}
+
+TEST_F(TrayTest, ColoursItsIconByTheDesktopsChoiceOfLightAndDark) {
+    const QString appearance = "org.freedesktop.appearance";
+    FakeSettingsPortal portal(session->bus(), {{appearance, {{"color-scheme", 1U}}}});
+    start();
+    openTray();
+    EXPECT_TRUE(showsPot(kForDark));
+    portal.set(appearance, "color-scheme", 2U);
+    EXPECT_TRUE(showsPot(kForLight));
+    portal.set(appearance, "color-scheme", 1U);
+    EXPECT_TRUE(showsPot(kForDark));
 }
 
 TEST_F(TrayTest, OpensItsPopupByAClickAndWorksByKeys) {

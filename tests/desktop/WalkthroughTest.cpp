@@ -1,5 +1,6 @@
 #include "DesktopTest.h"
 
+#include "desktopbus/FakeService.h"
 #include "desktopbus/FakeSettingsPortal.h"
 #include "support/MainLoop.h"
 
@@ -82,6 +83,29 @@ TEST_F(WalkthroughTest, LeadsFromTheFirstStartToTheStatsWindowByReturnAlone) {
     EXPECT_TRUE(statsComesAlone()) << "it was finished";
 }
 
+TEST_F(WalkthroughTest, AnswersTheLauncherWhereItComesFirst) {
+    openSession({.onboarded = false});
+    start();
+    auto second = session->command(Cauldron::words({}));
+    EXPECT_EQ(second.with("DESKTOP_STARTUP_ID", "launcher/1_TIME1000").run().status, 0);
+    ASSERT_TRUE(hasKeyboard());
+    EXPECT_THAT(
+        session->run({"xprop", "-id", std::to_string(walkthrough()->id), "_NET_STARTUP_ID"}),
+        testing::HasSubstr("launcher/1_TIME1000"));
+}
+
+TEST_F(WalkthroughTest, LeadsToTheSettingsWhereTheConsentWasRefused) {
+    openSession({.onboarded = false});
+    start({});
+    pressOn(kWelcome, "Return");
+    pressOn(kFlames, "Return");
+    pressOn(kKey, "Return");
+    ASSERT_TRUE(shows("Allow")) << "it is asked";
+    session->press("Escape");
+    pressOn(kKey, "Return");
+    EXPECT_TRUE(shows("Dissolve forever"));
+}
+
 TEST_F(WalkthroughTest, CanBeSkippedByKeyboard) {
     openSession({.onboarded = false});
     start({});
@@ -146,6 +170,21 @@ TEST_F(WalkthroughTest, ComesFromTheMenuAndShowsThenWhatWasFound) {
         session->press("Escape");
         EXPECT_TRUE(statsComesAlone());
     }
+}
+
+TEST_F(WalkthroughTest, ShowsThePropertiesOfAFolderThatCannotBeRead) {
+    openSession({.onboarded = false});
+    FakeService manager(session->bus(), "org.freedesktop.FileManager1",
+                        [](const QDBusMessage& call) { return call.createReply(); });
+    start({});
+    pressOn(kWelcome, "Return");
+    pressOn(kFlames, "Return");
+    pressOn(kKey, "Tab space");
+    pressOn(kFolders, "Return");
+    const auto link = cauldron->element("Look at the missing folders");
+    ASSERT_TRUE(link);
+    session->click(link->place.center());
+    EXPECT_TRUE(eventuallyInLoop([&] { return manager.calls.contains("ShowItemProperties"); }));
 }
 
 TEST_F(WalkthroughTest, FollowsTheDesktopsChoiceOfLightAndDark) {

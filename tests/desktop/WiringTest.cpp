@@ -1,4 +1,5 @@
 #include "DesktopTest.h"
+#include "FileManagerWindow.h"
 
 #include "desktopbus/FakeService.h"
 #include "desktopbus/FakeSettingsPortal.h"
@@ -11,6 +12,7 @@
 #include <QDBusUnixFileDescriptor>
 
 #include <algorithm>
+#include <chrono>
 #include <unistd.h>
 
 // What the program's parts mean to each other: each test fails if one of the connections between
@@ -22,6 +24,7 @@ namespace {
 using namespace test;
 using testing::Contains;
 using testing::Each;
+using testing::HasSubstr;
 using testing::StartsWith;
 
 struct WiringTest : DesktopTest {
@@ -33,6 +36,10 @@ struct WiringTest : DesktopTest {
     /// Sets it by the command line, which the running program carries out.
     void set(const std::string& setting, const std::string& value) const {
         session->run({VEXMOOR_PROGRAM, "settings", setting, value});
+    }
+    void act(const char* action) const {
+        session->call(Cauldron::application(), "ActivateAction",
+                      {action, QVariantList{}, QVariantMap{}});
     }
     [[nodiscard]] bool feeds(const std::string& name) const {
         const Path item = session->write(name, name);
@@ -79,6 +86,7 @@ TEST_F(WiringTest, KeepsFlamesAndSoundAsTheirSettingsSay) {
     ASSERT_TRUE(session->sound().recordsAnother(0.1));
     const int idle = onTheTile(light);
     ASSERT_TRUE(feeds("quiet"));
+    act("test-flames");
     EXPECT_TRUE(eventually([&] { return onTheTile(light) > idle + 120; })) << "burns inside";
     EXPECT_FALSE(cauldron->flames());
     ASSERT_TRUE(session->sound().recordsAnother(1));
@@ -86,8 +94,9 @@ TEST_F(WiringTest, KeepsFlamesAndSoundAsTheirSettingsSay) {
 
     set("escapeDock", "on");
     set("sound", "on");
-    ASSERT_TRUE(feeds("loud"));
+    act("test-flames");
     EXPECT_TRUE(cauldron->burns());
+    EXPECT_EQ(cauldron->history().size(), 1U);
     EXPECT_TRUE(
         eventually([&] { return beginning(session->sound().recorded(), sizzle).has_value(); }));
 }
@@ -113,11 +122,46 @@ TEST_F(WiringTest, OpensTheBinForALauncher) {
     const Path gio = session->write("programs/gio", "#!/bin/sh\necho \"$@\" > \"$HOME/opened\"\n");
     std::filesystem::permissions(gio, std::filesystem::perms::owner_all);
     start({"--background"}, {{"PATH", gio.parent_path().native() + ":/usr/bin:/bin"}});
-    session->call(Cauldron::application(), "ActivateAction",
-                  {"open-bin", QVariantList{}, QVariantMap{}});
+    act("open-bin");
     const Path opened = session->home() / "opened";
     EXPECT_TRUE(eventually(
         [&] { return std::filesystem::exists(opened) && contents(opened) == "open trash:///\n"; }));
+    act("settings");
+    EXPECT_TRUE(statsWindowComes());
+}
+
+TEST_F(WiringTest, PutsBackTheNewestThatIsStillInTheBin) {
+    start();
+    ASSERT_TRUE(feeds("old") && cauldron->records(1));
+    EXPECT_EQ(quit(), 0);
+    start();
+    ASSERT_TRUE(feeds("new") && cauldron->records(2));
+    session->run({VEXMOOR_PROGRAM, "put-back", cauldron->history()[0]["id"]});
+    ASSERT_TRUE(cauldron->records(1, "restored"));
+    cauldron->putBack();
+    EXPECT_TRUE(cauldron->records(2, "restored")) << "of an earlier run";
+}
+
+TEST_F(WiringTest, BringsItsWindowToTheFrontAndIntoTheScreen) {
+    start({});
+    ASSERT_TRUE(statsWindowComes());
+    const std::string id = std::to_string(cauldron->statsWindow()->id);
+    const auto comesToTheFront = [&] {
+        EXPECT_EQ(cauldron->feed({}), 0);
+        return eventually([&] {
+            const auto active = session->screen().active();
+            return active && std::to_string(active->id) == id;
+        });
+    };
+    session->xdotool("windowminimize --sync " + id);
+    ASSERT_TRUE(eventually([&] { return !cauldron->statsWindow(); }));
+    EXPECT_TRUE(comesToTheFront());
+    const FileManagerWindow other(*session, DrivenFileManager::kPcmanfmQt, session->home());
+    EXPECT_TRUE(comesToTheFront());
+    session->xdotool("windowmove --sync " + id + " 1200 700");
+    EXPECT_TRUE(comesToTheFront());
+    EXPECT_TRUE(eventually(
+        [&] { return QRect(0, 0, 1280, 800).contains(cauldron->statsWindow()->frame); }));
 }
 
 TEST_F(WiringTest, RecordsAndReportsAtItsStartWhatAKillCutOff) {
@@ -153,10 +197,46 @@ TEST_F(WiringTest, ReportsAStoreThatCannotBeReadOrWritten) {
     ASSERT_TRUE(eventually([&] { return !cauldron->isAlerting(); }));
 
     RawDatabase other(database());
-    other.run("BEGIN IMMEDIATE");
-    ASSERT_TRUE(feeds("unrecorded"));
-    EXPECT_TRUE(cauldron->alerts("The history couldn't be saved"));
-    other.run("ROLLBACK");
+    other.run("CREATE TRIGGER refuse BEFORE INSERT ON defaults "
+              "BEGIN SELECT RAISE(ABORT, 'refused'); END");
+    const auto isReported = [this] {
+        EXPECT_TRUE(cauldron->alerts("The history couldn't be saved"));
+        session->press("Return");
+        return eventually([this] { return !cauldron->isAlerting(); });
+    };
+    ASSERT_EQ(cauldron->feed({}), 0);
+    ASSERT_TRUE(statsWindowComes());
+    ASSERT_TRUE(isReported()) << "the place of the window is stored";
+    const auto set = session->command({VEXMOOR_PROGRAM, "settings", "sound", "off"}).run();
+    EXPECT_NE(set.status, 0);
+    EXPECT_THAT(set.errors, HasSubstr("The setting could not be saved"));
+    EXPECT_FALSE(cauldron->isAlerting()) << "the command line reports it";
+    session->xdotool("windowsize --sync " + std::to_string(cauldron->statsWindow()->id) +
+                     " 400 600");
+    ASSERT_TRUE(isReported());
+    ASSERT_TRUE(feeds("unrecorded") && isReported());
+    other.run("DROP TRIGGER refuse");
+    cauldron->putBack();
+    EXPECT_TRUE(cauldron->records(1, "restored"));
+    EXPECT_TRUE(std::filesystem::exists(session->home() / "unrecorded"));
+}
+
+TEST_F(WiringTest, ReportsAtItsStartWhatWasLeftHalfDissolvedAndADamagedJournal) {
+    set("mode", "dissolve");
+    set("confirmDissolve", "off");
+    for (const char* const name : {"Things/one", "Things/two", "Things/three"})
+        session->write(name, name);
+    auto killed =
+        session->start(Cauldron::words({session->home() / "Things"}),
+                       {{"LD_PRELOAD", KILL_AFTER_LIBRARY}, {"KILL_AFTER", "unlinkat 2"}});
+    EXPECT_EQ(killed.end(), -1);
+    start();
+    EXPECT_TRUE(cauldron->alerts("The cauldron rejected Things"));
+    EXPECT_EQ(quit(), 0);
+
+    session->write(".local/share/vexmoor/journal/current", std::string(8192, 'x'));
+    start();
+    EXPECT_TRUE(cauldron->alerts("The journal of an earlier batch couldn't be settled"));
 }
 
 TEST_F(WiringTest, OpensTheWindowWhereItWasByAClickOnANotification) {
@@ -181,20 +261,52 @@ TEST_F(WiringTest, OpensTheWindowWhereItWasByAClickOnANotification) {
     EXPECT_TRUE(eventually([&] { return cauldron->statsWindow()->frame == frame; }));
 }
 
-TEST_F(WiringTest, ShowsNoFlamesWhileTheDesktopWantsLessMotion) {
+TEST_F(WiringTest, PassesTheTokenOfAClickedNotificationToItsWindow) {
+    const QString name = "org.freedesktop.Notifications";
+    const QString path = "/org/freedesktop/Notifications";
+    session->endNotifications();
+    FakeService server(session->bus(), name, [](const QDBusMessage& call) {
+        if (call.member() == QStringLiteral("Notify"))
+            return call.createReply(1U);
+        return call.createReply(QStringList{"actions"});
+    });
+    start();
+    session->screen().watchLaunches();
+    ASSERT_TRUE(feeds("item"));
+    EXPECT_TRUE(eventuallyInLoop([&] {
+        server.emitSignal(path, name, "ActivationToken", {1U, "notification/1_TIME1000"});
+        server.emitSignal(path, name, "ActionInvoked", {1U, "default"});
+        return cauldron->statsWindow().has_value();
+    }));
+    EXPECT_TRUE(eventually([&] {
+        return session->screen().launchMessages().find("remove: ID=\"notification/1_TIME1000\"") !=
+               std::string::npos;
+    }));
+    EXPECT_THAT(session->run({"xprop", "-id", std::to_string(cauldron->statsWindow()->id),
+                              "_NET_STARTUP_ID"}),
+                HasSubstr("notification/1_TIME1000"));
+}
+
+TEST_F(WiringTest, StandsStillWhileTheDesktopWantsLessMotion) {
     const QString group = "org.gnome.desktop.interface";
     FakeSettingsPortal portal(session->bus(), {{group, {{"enable-animations", false}}}});
     start();
-    portal.set(group, "enable-animations", false);
-    const auto burnsNow = [&] {
-        const auto items = cauldron->history().size();
-        EXPECT_TRUE(feeds("item " + std::to_string(items)));
-        EXPECT_TRUE(cauldron->records(items + 1));
-        return cauldron->flames().has_value();
+    const auto moves = [&] {
+        constexpr auto kLong = std::chrono::milliseconds(500); // several frames of the pot
+        const QImage first = session->screen().picture();
+        const auto begin = std::chrono::steady_clock::now();
+        while (std::chrono::steady_clock::now() - begin < kLong) {
+            QCoreApplication::processEvents();
+            if (session->screen().picture() != first)
+                return true;
+        }
+        return false;
     };
-    EXPECT_TRUE(eventuallyInLoop([&] { return !burnsNow(); }));
+    EXPECT_TRUE(eventuallyInLoop([&] { return !moves(); }));
     portal.set(group, "enable-animations", true);
-    EXPECT_TRUE(eventuallyInLoop([&] { return burnsNow(); }));
+    EXPECT_TRUE(eventuallyInLoop(moves));
+    portal.set(group, "enable-animations", false);
+    EXPECT_TRUE(eventuallyInLoop([&] { return !moves(); }));
 }
 
 TEST_F(WiringTest, EndsBeforeTheSystemShutsDownAndDelaysThatWhileItWorks) {

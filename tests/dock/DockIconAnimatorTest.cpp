@@ -251,6 +251,21 @@ TEST_F(DockIconAnimatorTest, DecidesForEachDropWhetherFlamesMayLeave) {
     EXPECT_EQ(flames.shown.size(), 36U) << "the first one was not cut short";
 }
 
+TEST_F(DockIconAnimatorTest, BurnsInThePotWhereNoScreenIsAboveTheTile) {
+    const auto escapes = [this](double top) {
+        item->m_position = QPointF(600, top);
+        animator.play(images(1));
+        frame();
+        const bool seen = flames.visible;
+        framesToTheEnd();
+        return seen;
+    };
+    EXPECT_TRUE(escapes(100));
+    EXPECT_FALSE(escapes(0)) << "most of the flame would be above the screen";
+    screens.rects.push_back({0, 800, 1280, 800});
+    EXPECT_TRUE(escapes(0)) << "another screen is there";
+}
+
 TEST_F(DockIconAnimatorTest, RestartsTheIdleAnimationAfterABurn) {
     const auto idle = [](int tick) {
         return CauldronArt::idle(tick, false, 0, Skin::iron()).crop(0, 20, 34, 34);

@@ -1,7 +1,7 @@
 #include "intake/BatchReport.h"
 
 #include "base/JsonReader.h"
-#include "base/SqliteUserDefaults.h"
+#include "base/SqliteError.h"
 #include "disposal/DisposalError.h"
 
 #include <gtest/gtest.h>

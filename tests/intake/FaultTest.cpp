@@ -2,7 +2,10 @@
 
 #include "support/Faults.h"
 
+#include <gmock/gmock.h>
+
 #include <cerrno>
+#include <limits>
 
 namespace vexmoor::test {
 
@@ -93,6 +96,23 @@ TEST_F(FaultTest, SyncsTheIntentsOfAGroupOnce) {
     EXPECT_LE(syncsOf([&] { feed(many); }), kSlowMachine);
     EXPECT_LE(syncsOf(putBackLast), kSlowMachine);
     EXPECT_TRUE(exists(many.back()));
+}
+
+TEST_F(FaultTest, CountsSizesThatMakeNoSense) {
+    constexpr auto kMost = std::numeric_limits<std::int64_t>::max();
+    for (const std::uint64_t blocks : {~std::uint64_t{0}, std::uint64_t{1} << 54}) {
+        const Faults::Blocks nonsense(blocks);
+        EXPECT_EQ(feed(make({"a", "b"})).done.size(), 2U);
+        home.write("folder/inside", "x");
+        EXPECT_EQ(feed({home / "folder"}).done.size(), 1U);
+        start();
+        EXPECT_EQ(program->ledger.bytes.get(), kMost);
+        program->intake.restore(program->binnedItems.all());
+        settle();
+        EXPECT_TRUE(exists(home / "a") && exists(home / "folder/inside"));
+    }
+    EXPECT_EQ(program->ledger.count.get(), 6);
+    EXPECT_THAT(around.reports, testing::IsEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Errors, FaultTest,

@@ -174,6 +174,7 @@ class IntakeTest : public testing::Test {
         item.date = clock.now;
         item.original = home / "usb" / name;
         item.trashed = home.write(bin / "files" / name, name);
+        item.facts = ItemFacts::of(*fileStatus(*item.trashed), true);
         home.write(bin / "info" / (name + ".trashinfo"), TrashInfo{name, item.date}.toText());
         program->ledger.record({item});
         program->binnedItems.add(0, {item});

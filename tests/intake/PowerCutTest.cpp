@@ -13,6 +13,7 @@
 #include <sys/mount.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdint>
@@ -231,6 +232,37 @@ TEST_P(PowerCutTest, LosesNoFileNorItsWayBack) {
         putAllBack();
         disk.unmount();
     }
+}
+
+TEST_P(PowerCutTest, RepairsTheBinOfAnotherVolumeThanHomes) {
+    if (const auto reason = disk.make(); !reason.empty())
+        GTEST_SKIP() << "The power can't be cut: " << reason;
+    const Path home = folder / "home";
+    const auto run = [&](std::vector<std::string> arguments) {
+        const auto result = vexmoor(std::move(arguments)).with("HOME", home).run();
+        EXPECT_EQ(result.status, 0) << result.errors;
+    };
+    begin(true);
+    run(feeding());
+    disk.syncNames();
+    disk.cutPower();
+    disk.unmount();
+    ASSERT_EQ(disk.mount(), "");
+    const Path own = disk.top() / (".Trash-" + std::to_string(::geteuid()));
+    const auto isEmpty = [](const auto& entry) { return entry.file_size() == 0; };
+    const auto emptyInfos = [&] {
+        const std::filesystem::directory_iterator infos(own / "info");
+        return std::count_if(std::filesystem::begin(infos), std::filesystem::end(infos), isEmpty);
+    };
+    if (emptyInfos() == 0)
+        GTEST_SKIP() << "The cut has emptied no info file";
+    std::ofstream(disk.top() / "things/next") << "next";
+    run({"feed", "next"});
+    EXPECT_EQ(emptyInfos(), 0);
+    run({"put-back", "--last", std::to_string(2 * kFiles)});
+    for (int i = 0; i < kFiles; ++i)
+        ASSERT_EQ(contents(thing(i)), text(i));
+    disk.unmount();
 }
 
 TEST_P(PowerCutTest, DeletesDissolvesAndPutsBackOnAFullDisk) {

@@ -1,10 +1,14 @@
 #include "IntakeFixture.h"
 
 #include "intake/BinnedItems.h"
+#include "support/BackgroundProgram.h"
 #include "support/DeadVolume.h"
 #include "support/RawDatabase.h"
 
+#include <sys/stat.h>
+
 #include <fstream>
+#include <functional>
 
 namespace vexmoor::test {
 
@@ -164,6 +168,11 @@ TEST_F(RecoveryTest, WaitsForNoVolumeThatDoesNotAnswer) {
     DeadVolume volume(home / "usb");
     if (!volume.mount())
         GTEST_SKIP() << "no volume can be mounted that does not answer";
+    const BinnedItems hasty(program->ledger, program->defaults->records(), {});
+    EXPECT_TRUE(hasty.hasAny({away})) << "not known yet";
+    EXPECT_EQ(hasty.lastBatch().at(0).id, away.id);
+    EXPECT_TRUE(eventually([&] { return !hasty.hasAny({away}); }));
+    EXPECT_EQ(hasty.lastBatch().at(0).id, near[0].id);
     for (const bool hangs : {true, false}) {
         SCOPED_TRACE(hangs ? "it hangs" : "its program is gone");
         if (!hangs)
@@ -222,18 +231,39 @@ TEST_F(RecoveryTest, WritesInfoFilesAgainThatAPowerCutEmptied) {
     EXPECT_FALSE(needsRecovery());
 }
 
+TEST_F(RecoveryTest, WritesInfoFilesOfAVolumeAgainWhenABatchUsesItsBin) {
+    for (const char* const name : {"a", "b", "c", "d"})
+        (void)fedToVolume(name);
+    const auto items = recent();
+    const auto infoOf = [&](const Sacrifice& item) {
+        return Path(*item.trashed).parent_path().parent_path() / "info" / infoName(item.name);
+    };
+    const auto whole = contents(infoOf(items[1]));
+    for (const auto& item : {items[1], items[3]})
+        std::filesystem::resize_file(infoOf(item), 0);
+    start();
+    EXPECT_EQ(contents(infoOf(items[1])), "") << "the volume may be away";
+    program->intake.restore({items[0]});
+    settle();
+    EXPECT_EQ(contents(infoOf(items[1])), whole);
+    EXPECT_NE(contents(infoOf(items[3])), "");
+    EXPECT_EQ(program->intake.batches(), 0U);
+}
+
 TEST_F(RecoveryTest, PutsBackBatchByBatchHoweverLongAgo) {
     constexpr int kBatches = 60;
     for (int i = 0; i < kBatches; ++i)
         feed(make({"a " + std::to_string(i), "b " + std::to_string(i)}));
     for (int i = kBatches; i-- > 0;) {
         start();
+        EXPECT_TRUE(program->binnedItems.hasAny());
         const auto batch = program->binnedItems.lastBatch();
         ASSERT_EQ(batch.size(), 2U) << i;
         EXPECT_EQ(batch[0].name, "b " + std::to_string(i));
         program->intake.restore(batch);
         settle();
     }
+    EXPECT_FALSE(program->binnedItems.hasAny());
     EXPECT_TRUE(program->binnedItems.all().empty());
     EXPECT_TRUE(exists(home / "a 0"));
 }
@@ -390,6 +420,36 @@ TEST_F(RecoveryTest, ReportsAJournalThatShouldHoldSomething) {
         EXPECT_EQ(feed(make({"next"})).done.size(), 1U);
         start();
         EXPECT_TRUE(program->recovery.problems.empty());
+    }
+}
+
+TEST_F(RecoveryTest, WaitsForNothingInPlaceOfTheJournal) {
+    const Path file = directories().ownData() / "journal/current";
+    const std::pair<const char*, std::function<void()>> cases[] = {
+        {"a pipe", [&] { ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0); }},
+        {"a folder", [&] { std::filesystem::create_directory(file); }},
+        {"a device", [&] { std::filesystem::create_symlink("/dev/zero", file); }},
+        {"a huge file",
+         [&] {
+             std::ofstream(file).flush();
+             std::filesystem::resize_file(file, std::uintmax_t{1} << 40);
+         }},
+    };
+    for (const auto& [what, make] : cases) {
+        SCOPED_TRACE(what);
+        feed({home.write("a", "a")});
+        program.reset();
+        std::filesystem::remove(file);
+        make();
+        start();
+        EXPECT_FALSE(program->recovery.problems.empty());
+        const auto next = feed({home.write("b", "b")});
+        EXPECT_EQ(next.done.size(), 1U)
+            << (next.failures.empty() ? "" : describe(next.failures[0].error));
+        start();
+        EXPECT_TRUE(program->recovery.problems.empty()) << "told once";
+        std::filesystem::remove_all(file);
+        program->defaults->assign(Settlement::kPositionKey, std::nullopt);
     }
 }
 

@@ -1,12 +1,11 @@
 #include "Faults.h"
 
+#include <linux/stat.h>
 #include <sys/types.h>
 
 #include <atomic>
 #include <cerrno>
 #include <utility>
-
-struct statx;
 
 namespace vexmoor::test {
 
@@ -18,6 +17,7 @@ std::atomic<int> callsLeft = 0;
 std::atomic<int> errorNumber = 0;
 std::atomic<const char*> failedCall = nullptr;
 std::atomic<bool> lacksNoReplace = false;
+std::atomic<std::uint64_t> claimedBlocks = 0;
 std::function<void()> otherProgram;
 
 /// Returns true and sets errno if this call is the one that fails.
@@ -62,6 +62,14 @@ Faults::~Faults() {
     otherProgram = nullptr;
 }
 
+Faults::Blocks::Blocks(std::uint64_t blocks) {
+    claimedBlocks = blocks;
+}
+
+Faults::Blocks::~Blocks() {
+    claimedBlocks = 0;
+}
+
 int Faults::syncs() {
     return syncCalls;
 }
@@ -102,8 +110,14 @@ VEXMOOR_WRAP(int, unlinkat, (int a, const char* b, int c), (a, b, c))
 VEXMOOR_WRAP(int, unlink, (const char* a), (a))
 VEXMOOR_WRAP(int, mkdirat, (int a, const char* b, mode_t c), (a, b, c))
 VEXMOOR_WRAP(int, mkdir, (const char* a, mode_t b), (a, b))
-VEXMOOR_WRAP(int, statx, (int a, const char* b, int c, unsigned d, struct statx* e),
-             (a, b, c, d, e))
+int __real_statx(int a, const char* b, int c, unsigned d, struct statx* e);
+int __wrap_statx(int a, const char* b, int c, unsigned d, struct statx* e);
+int __wrap_statx(int a, const char* b, int c, unsigned d, struct statx* e) {
+    const int result = fails("statx") ? -1 : __real_statx(a, b, c, d, e);
+    if (const auto blocks = vexmoor::test::claimedBlocks.load(); result == 0 && blocks != 0)
+        e->stx_blocks = blocks;
+    return result;
+}
 int __real_fdatasync(int f);
 int __wrap_fdatasync(int f);
 int __wrap_fdatasync(int f) {

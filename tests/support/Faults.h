@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -25,6 +26,15 @@ class Faults {
 
     /// Returns the name of that call, or nullopt if there were fewer calls.
     [[nodiscard]] static std::optional<std::string> failed();
+
+    /// Makes every file system report this number of blocks for each item, during its lifetime.
+    class Blocks {
+      public:
+        explicit Blocks(std::uint64_t blocks);
+        ~Blocks();
+        Blocks(const Blocks&) = delete;
+        Blocks& operator=(const Blocks&) = delete;
+    };
 
     /// Returns how often our own code has called fdatasync.
     [[nodiscard]] static int syncs();

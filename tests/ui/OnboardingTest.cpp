@@ -141,6 +141,7 @@ TEST_F(OnboardingTest, DescribesThePermissionsOfEachSession) {
         {Page::automation, {false, kGranted, KeyWay::bound}, {.tick = kAllowed}, {"Continue"}},
         {Page::automation, {true, kGranted, KeyWay::none}, kNoKey, {"Continue"}},
         {Page::automation, {true, kDenied, KeyWay::none}, kNoKey, {"Continue"}},
+        {Page::automation, {true, kGranted, KeyWay::blocked}, kNoKey, {"Continue"}},
         {Page::ready,
          {},
          {.caption = "Change permissions any time: Vexmoor menu > Set Up Permissions…"},

@@ -54,6 +54,15 @@ QByteArray property(xcb_window_t window, const char* name, xcb_atom_t type) {
             xcb_get_property_value_length(reply.get())};
 }
 
+/// The values of a property of 32-bit numbers.
+std::vector<std::uint32_t> numbers(const QByteArray& bytes) {
+    std::vector<std::uint32_t> values(static_cast<std::size_t>(bytes.size()) /
+                                      sizeof(std::uint32_t));
+    if (!values.empty())
+        std::memcpy(values.data(), bytes.constData(), values.size() * sizeof(std::uint32_t));
+    return values;
+}
+
 bool hasExtension(std::string_view name) {
     const auto cookie =
         xcb_query_extension(connection(), static_cast<std::uint16_t>(name.size()), name.data());
@@ -77,12 +86,23 @@ bool isXwayland() {
 QString windowManagerName() {
     if (!connection())
         return {};
-    const QByteArray check = property(x11::root(), "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW);
-    xcb_window_t window = XCB_WINDOW_NONE;
-    if (static_cast<std::size_t>(check.size()) < sizeof window)
+    const auto check = numbers(property(x11::root(), "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW));
+    if (check.empty())
         return {};
-    std::memcpy(&window, check.constData(), sizeof window);
-    return QString::fromUtf8(property(window, "_NET_WM_NAME", atom("UTF8_STRING")));
+    return QString::fromUtf8(property(check.front(), "_NET_WM_NAME", atom("UTF8_STRING")));
+}
+
+bool isFullscreenAt(const QRect& wanted) {
+    if (!connection())
+        return false;
+    const auto active = numbers(property(x11::root(), "_NET_ACTIVE_WINDOW", XCB_ATOM_WINDOW));
+    if (active.empty() || active.front() == XCB_WINDOW_NONE)
+        return false;
+    const auto states = numbers(property(active.front(), "_NET_WM_STATE", XCB_ATOM_ATOM));
+    if (std::ranges::find(states, atom("_NET_WM_STATE_FULLSCREEN")) == states.end())
+        return false;
+    const auto covered = geometry(active.front());
+    return covered && covered->intersects(wanted);
 }
 
 bool displayAnswers() {

@@ -73,6 +73,11 @@ std::vector<MountTable::Mount> MountTable::mountsOfSame(const Mount& mount) {
     return mounts;
 }
 
+std::vector<MountTable::Mount> MountTable::all() {
+    refresh();
+    return m_mounts;
+}
+
 bool MountTable::isUnknown() {
     refresh();
     return m_mounts.empty();

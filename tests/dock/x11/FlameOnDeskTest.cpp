@@ -4,6 +4,7 @@
 #include "art/CauldronArt.h"
 #include "dock/DockIconAnimator.h"
 #include "dock/FlameOverlayWindow.h"
+#include "dock/NativeWindow.h"
 #include "dock/OwnDock.h"
 
 #include <QFile>
@@ -167,6 +168,42 @@ TEST_P(FlameOnDeskTest, PassesMouseInputThrough) {
     Desk::mouse(
         {"mousemove", std::to_string(middle.x()), std::to_string(middle.y()), "click", "1"});
     EXPECT_TRUE(eventuallyInLoop([&] { return target.clicks == 1; }));
+}
+
+TEST_P(FlameOnDeskTest, RisesAboveWindowsThatCameLaterButNotAboveFullscreenOnes) {
+    animator->play({std::optional<QImage>()});
+    frames(10);
+    const auto isSeen = [this] {
+        const QRect place = serverGeometry(*flame);
+        const QImage part =
+            desk->screen().copy(QRect(place.topLeft(), QSize(place.width(), 20 * cell())));
+        const Pixel acid = Skin::iron().acid;
+        for (int y = 0; y < part.height(); ++y)
+            for (int x = 0; x < part.width(); ++x)
+                if (part.pixel(x, y) == qRgb(acid.r, acid.g, acid.b))
+                    return true;
+        return false;
+    };
+    ASSERT_TRUE(eventuallyInLoop(isSeen));
+    Target cover;
+    cover.setGeometry(QGuiApplication::primaryScreen()->geometry());
+    cover.show();
+    ASSERT_TRUE(eventuallyInLoop([&] { return !isSeen(); }));
+    frames(1);
+    EXPECT_TRUE(eventuallyInLoop(isSeen)) << "it is raised with each frame";
+    cover.hide();
+
+    QWidget film;
+    film.showFullScreen();
+    ASSERT_TRUE(eventuallyInLoop([&] { return film.isActiveWindow() && film.isFullScreen(); }));
+    ASSERT_TRUE(eventuallyInLoop([&] { return native::isFullscreenAt(serverGeometry(*flame)); }));
+    frames(1);
+    EXPECT_FALSE(flame->isVisible());
+    EXPECT_TRUE(animator->isPlaying()) << "in the tile it goes on";
+    film.hide();
+    ASSERT_TRUE(eventuallyInLoop([&] { return !native::isFullscreenAt(serverGeometry(*flame)); }));
+    frames(1);
+    EXPECT_TRUE(flame->isVisible());
 }
 
 const QColor kDusk(0x5b, 0x4a, 0x6e);

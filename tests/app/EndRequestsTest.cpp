@@ -1,19 +1,25 @@
-#include "app/QuitEvents.h"
+#include "app/EndRequests.h"
 
 #include "support/MainLoop.h"
 
 #include <QTimer>
 
+#include <csignal>
+
 namespace vexmoor::test {
 namespace {
 
-TEST(QuitEventsTest, LeaveTheEventLoopToItsOwner) {
+TEST(EndRequestsTest, AreSignalsAndQuitEventsAndLeaveTheEventLoopToItsOwner) {
     constexpr int kOwnStatus = 7;
-    const QuitEvents events;
+    const EndRequests ends;
     int requests = 0;
-    QObject::connect(&events, &QuitEvents::endRequested, [&] {
-        if (++requests == 2)
+    QObject::connect(&ends, &EndRequests::endRequested, [&] {
+        constexpr int kSignals[] = {SIGTERM, SIGINT, SIGHUP};
+        constexpr int kQuitEvents = 2;
+        if (const int next = ++requests - kQuitEvents; next == std::ssize(kSignals))
             QCoreApplication::exit(kOwnStatus);
+        else if (next >= 0)
+            std::raise(kSignals[next]);
     });
     QTimer::singleShot(0, [] {
         QCoreApplication::quit();
@@ -21,7 +27,6 @@ TEST(QuitEventsTest, LeaveTheEventLoopToItsOwner) {
         QCoreApplication::sendEvent(QCoreApplication::instance(), &fromSessionManager);
     });
     EXPECT_EQ(QCoreApplication::exec(), kOwnStatus);
-    EXPECT_EQ(requests, 2);
 }
 
 } // namespace
