@@ -34,7 +34,7 @@ const char* codeOf(TileHandling::Manager manager) {
         return "managed";
     case Manager::windowManagerWithFocus:
         return "managedWithFocus";
-    case Manager::nobody:
+    case Manager::none:
         return "unmanaged";
     }
     return "";
