@@ -27,7 +27,7 @@ class AccessibleTree {
     AccessibleTree(const AccessibleTree&) = delete;
     AccessibleTree& operator=(const AccessibleTree&) = delete;
 
-    /// Returns all elements of the program, parents after their children; none if the program is
+    /// Returns all elements of the program, each before its children; none if the program is
     /// not accessible.
     [[nodiscard]] std::vector<AccessibleElement> elementsOf(const std::string& program) const;
 
