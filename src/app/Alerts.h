@@ -17,8 +17,8 @@
 namespace vexmoor {
 
 /// Shows questions and reports as alerts, one at a time in the order of the calls. An alert opens
-/// on top, on the current workspace, wherever the program's window is. It blocks nothing: items
-/// dropped in the meantime are taken. Main thread.
+/// on top, on the current workspace, independent of the program's window. It blocks nothing:
+/// dropped items are still accepted. Main thread.
 class Alerts : public QObject, public Dialogs {
     Q_OBJECT
 
@@ -42,11 +42,11 @@ class Alerts : public QObject, public Dialogs {
 
     void beep() override;
 
-    /// Shows the answer to something that the user asked for, without a beep. Returns at once.
+    /// Shows the result of a user's request, without a beep. Returns at once.
     void inform(const QString& message, const QString& informative);
 
-    /// Closes all alerts and answers questions with no. Later questions are answered with no too;
-    /// later reports, and those that were not on the screen yet, go to `instead`.
+    /// Closes all alerts and answers all questions with no, later ones too. Later reports, and
+    /// those not shown yet, go to `instead`.
     void close(std::function<void(const FailureReport&)> instead);
 
   private:
@@ -59,7 +59,7 @@ class Alerts : public QObject, public Dialogs {
     /// The reports that share one alert.
     struct Rest {
         std::size_t count = 0;
-        std::vector<std::string> lines; ///< of the first
+        std::vector<std::string> lines; ///< for the first reports
     };
 
     void await(Turn turn);
@@ -69,7 +69,7 @@ class Alerts : public QObject, public Dialogs {
     void firstIsOver();
 
     MakeFrameTimer m_makeTimer;
-    std::deque<Turn> m_turns; ///< the first is on the screen
+    std::deque<Turn> m_turns; ///< the first one is shown
     Rest m_rest;
     std::function<void(const FailureReport&)> m_instead;
 };

@@ -23,7 +23,7 @@ namespace vexmoor {
 
 namespace {
 
-/// How long a menu or a put-back, which the user waits for, waits for a volume.
+/// Timeout for a volume while the user waits for a menu or a put-back.
 constexpr std::chrono::milliseconds kVolumePatience{100};
 
 } // namespace
@@ -71,7 +71,7 @@ AppDelegate::~AppDelegate() {
     if (m_commands)
         m_commands->giveBack(ApplicationService::kName);
     m_work.reset();                              // first: its jobs use the other parts
-    m_alerts.close([](const FailureReport&) {}); // its answers go to the other parts
+    m_alerts.close([](const FailureReport&) {}); // the answers of its questions use the other parts
 }
 
 void AppDelegate::finishLaunching(const LaunchOptions& options) {
@@ -316,8 +316,8 @@ QString AppDelegate::describe() const {
 }
 
 void AppDelegate::quit() {
-    // Each with its own id, because an id that is used twice replaces the earlier notification.
-    // They are logged too, for sessions without notifications.
+    // Uses distinct ids, because a repeated id replaces the earlier notification. Logs them too,
+    // for sessions without notifications.
     m_alerts.close([this](const FailureReport& report) {
         std::cerr << "vexmoor-desktop: " << report.message << ". " << report.informative << "\n";
         m_notifications.post(
@@ -333,7 +333,7 @@ void AppDelegate::quit() {
     }));
 }
 
-/// When the bus answers, the messages sent before have left this process.
+/// Waits for a reply from the bus, which arrives after all earlier messages have been sent.
 void AppDelegate::flushBus() {
     constexpr int kPatienceMilliseconds = 1000;
     const QString bus = QStringLiteral("org.freedesktop.DBus");

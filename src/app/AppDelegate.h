@@ -43,8 +43,8 @@
 
 namespace vexmoor {
 
-/// The composition root of the desktop program: owns all parts that live as long as the program,
-/// connects them, and passes the items that arrive in any way to the intake. Main thread.
+/// The composition root of the desktop program: owns and connects the parts that live as long as
+/// the program, and passes items from all sources to the intake. Main thread.
 class AppDelegate : public QObject {
     Q_OBJECT
 
@@ -62,13 +62,13 @@ class AppDelegate : public QObject {
     void showStats();
     void showSettings();
     void showOnboarding();
-    /// Shows the walkthrough if it comes first, else the main window.
+    /// Shows the walkthrough if it is due, otherwise the main window.
     void activate();
     void testFlames();
     void undo();
 
-    /// Quits as soon as the current item is done; the rest of its batch stays untouched. May be
-    /// called again meanwhile.
+    /// Quits when the current item is done; the rest of its batch stays untouched. May be called
+    /// again before that.
     void quit();
 
   private:
@@ -129,12 +129,12 @@ class AppDelegate : public QObject {
     Updater m_updater;
     UpdateCommand m_updateCommand;
     BinOpener m_binOpener;
-    Compositor m_compositor; ///< whether menus can be translucent
+    Compositor m_compositor; ///< reports whether menus can be translucent
     MenuBar m_menuBar;
     MainMenu m_mainMenu;
-    QByteArray m_startup; ///< the startup id that a launcher waits for; empty if none does
+    QByteArray m_startup; ///< the startup id of a waiting launcher; empty if there is none
     bool m_receivedFilesAtLaunch = false;
-    int m_reportsAtEnd = 0; ///< posted as notifications since quit()
+    int m_reportsAtEnd = 0; ///< number of notifications posted since quit()
     std::vector<Subscription> m_subscriptions;
 };
 

@@ -2,7 +2,7 @@
 
 #include "ui/AboutPanel.h"
 
-// The actions of the menu entries.
+// AppDelegate: the actions of the menu entries.
 
 namespace vexmoor {
 
@@ -45,7 +45,7 @@ void AppDelegate::wireMainMenu() {
     connect(&m_mainMenu, &MainMenu::onboardingChosen, this, &AppDelegate::showOnboarding);
     connect(&m_mainMenu, &MainMenu::quitChosen, this, &AppDelegate::quit);
     connect(&m_mainMenu, &MainMenu::undoChosen, this, &AppDelegate::undo);
-    // The stats window is shown: only its menu bar has these.
+    // Only the menu bar of the stats window has these, so that window exists.
     connect(&m_mainMenu, &MainMenu::unlockAllChosen, this, [this] { m_progression.unlockAll(); });
     connect(&m_mainMenu, &MainMenu::resetChosen, this, [this] { m_progression.reset(); });
 }

@@ -68,7 +68,7 @@ void ApplicationService::take(std::function<void()> order, const QVariantMap& pl
         if (!startup.isEmpty())
             emit startupEnded();
     });
-    if (m_delivers) // queued: the sender must not wait until the user has answered
+    if (m_delivers) // queued: the sender must not wait for the user's answer
         QMetaObject::invokeMethod(this, &ApplicationService::deliverOrders, Qt::QueuedConnection);
 }
 

@@ -14,10 +14,10 @@
 
 namespace vexmoor {
 
-/// The program's object on the session bus. One process owns the name; later starts send their
-/// orders to it (org.freedesktop.Application of the Desktop Entry Specification, and the
-/// diagnostic). An order is emitted as a signal after its sender has got the reply; orders that
-/// arrive during start-up wait for deliverOrders(). Main thread.
+/// The program's object on the session bus. One process owns the name; later starts forward their
+/// requests to it (org.freedesktop.Application of the Desktop Entry Specification, and the
+/// diagnostic). Emits a request as a signal after its sender has received the reply; requests
+/// during start-up wait for deliverOrders(). Main thread.
 class ApplicationService : public QObject {
     Q_OBJECT
 
@@ -25,8 +25,8 @@ class ApplicationService : public QObject {
     static constexpr const char* kName = "org.vexmoor.Vexmoor";
     static constexpr const char* kPath = "/org/vexmoor/Vexmoor";
 
-    /// Calls block until the bus has answered, so that a start does not end before its order has
-    /// arrived.
+    /// Calls block until the bus has answered, so that a start does not exit before its request is
+    /// delivered.
     explicit ApplicationService(QDBusConnection bus);
 
     enum class Claim {
@@ -36,25 +36,25 @@ class ApplicationService : public QObject {
     };
     Claim claimName();
 
-    /// Emits the waiting orders, and from now on each one as it arrives.
+    /// Emits the waiting requests, and from now on each one when it arrives.
     void deliverOrders();
 
-    /// Emits the waiting orders, and from now on refuses new ones.
+    /// Emits the waiting requests, and refuses later ones.
     void stopTaking();
     [[nodiscard]] bool hasOrders() const { return !m_waiting.empty(); }
 
     enum class Forwarding {
         taken,
-        ending,     ///< the owner refuses new orders, or has quit
+        ending,     ///< the owner refuses new requests, or has quit
         unanswered, ///< the owner exists but did not answer in time
     };
-    /// Sends an order to the owner of the name. `startup` is the launcher's id of the start that
-    /// the order came with; empty where it has none.
+    /// Sends a request to the owner of the name. `startup` is the launcher's startup id; empty if
+    /// there is none.
     [[nodiscard]] Forwarding forwardActivate(const std::string& startup) const;
     [[nodiscard]] Forwarding forwardOpen(const std::vector<Path>& items, int others,
                                          const std::string& startup) const;
 
-    /// The diagnostic as the owner of the name reports it; nullopt if there is no owner.
+    /// Returns the diagnostic of the owner of the name; nullopt if there is no owner.
     [[nodiscard]] std::optional<QString> forwardProbe() const { return forward("Probe"); }
     [[nodiscard]] std::optional<QString> forwardDescribe() const { return forward("Describe"); }
 
@@ -64,16 +64,16 @@ class ApplicationService : public QObject {
     void setDescription(std::function<QString()> describe) { m_describe = std::move(describe); }
     [[nodiscard]] QString describe() const { return m_describe ? m_describe() : QString(); }
 
-    /// Queues the order of `message` with the launcher's startup id, if it has one.
+    /// Queues the request in `message` with the launcher's startup id, if any.
     void take(std::function<void()> order, const QVariantMap& platformData,
               const QDBusMessage& message);
 
   signals:
-    /// Emitted before and after an order for which a launcher waits.
+    /// Emitted before and after a request for which a launcher waits.
     void startupBegun(const QByteArray& id);
     void startupEnded();
     void activateRequested();
-    /// `items` are local; `others` counts the named items that are not on this computer.
+    /// `items` are local; `others` is the number of items that are not on this computer.
     void openRequested(const std::vector<vexmoor::Path>& items, int others);
     void actionRequested(const QString& name);
 

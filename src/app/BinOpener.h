@@ -11,7 +11,7 @@
 
 namespace vexmoor {
 
-/// Opens the Bin in the user's file manager: as trash:///, or else as the folder of the home's Bin.
+/// Opens the Bin in the user's file manager: as trash:///, otherwise as the folder of the home Bin.
 /// Main thread.
 class BinOpener : public QObject {
     Q_OBJECT
@@ -22,14 +22,15 @@ class BinOpener : public QObject {
 
     explicit BinOpener(std::vector<Way> ways) : m_ways(std::move(ways)) {}
 
-    /// The commands of this system, best first; `folder` holds the items of the home's Bin.
+    /// Returns the commands for this system, best first; `folder` contains the items of the home
+    /// Bin.
     static std::vector<Way> waysTo(const Path& folder);
 
     /// Tries the commands until one succeeds. A command may run as long as the file manager.
     void open();
 
   signals:
-    /// No command succeeded; `reason` is the last one's message.
+    /// Emitted if no command succeeded; `problem` is the last one's message.
     void failed(const QString& problem);
 
   private:

@@ -24,10 +24,11 @@ constexpr const char* kUsage = "org.vexmoor.Error.Usage";
 constexpr const char* kRefused = "org.vexmoor.Error.Refused";
 constexpr const char* kEnding = "org.vexmoor.Error.Ending";
 constexpr const char* kReportTooLong = "org.vexmoor.Error.ReportTooLong";
-constexpr std::size_t kLongestReport = std::size_t{64} << 20; ///< half of the largest D-Bus message
+constexpr std::size_t kLongestReport = std::size_t{64} << 20; ///< half of the maximum D-Bus message
 
-// Limits, as each batch and each call takes memory.
-constexpr std::size_t kMostCalls = 256; ///< batches that run or ask at the same time; more wait
+// Limits of memory use.
+constexpr std::size_t kMostCalls =
+    256; ///< batches that are running or asking at the same time; further ones wait
 constexpr std::size_t kMostWaiting = 1024;
 
 std::vector<std::string> texts(const QStringList& items) {
@@ -36,7 +37,7 @@ std::vector<std::string> texts(const QStringList& items) {
     return result;
 }
 
-/// Returns nullopt if one of them is not an absolute path, or holds a NUL that would cut it off.
+/// Returns nullopt if a path is not absolute, or contains a NUL, which would truncate it.
 std::optional<std::vector<Path>> paths(const QByteArrayList& items) {
     std::vector<Path> result;
     for (const auto& item : items) {
@@ -49,9 +50,9 @@ std::optional<std::vector<Path>> paths(const QByteArrayList& items) {
 
 } // namespace
 
-/// A call whose batch is not over. It serves as the batch's dialogs: it answers yes, because the
-/// caller has asked the user, and shows nothing, because the caller prints the failures. If the
-/// caller has disconnected, the desktop's dialogs show them.
+/// A call whose batch is unfinished. Serves as the batch's dialogs: answers yes, because the caller
+/// has asked the user, and shows nothing, because the caller prints the failures. If the caller has
+/// disconnected, the desktop's dialogs show them.
 class CommandService::Call : public Dialogs {
   public:
     Call(QDBusMessage message, bool asks, Begin begin, const QDBusConnection& bus, Dialogs& desktop)
@@ -92,7 +93,7 @@ class CommandService::Call : public Dialogs {
 CommandService::CommandService(QObject& object, QDBusConnection bus, Parts parts)
     : QDBusAbstractAdaptor(&object), m_bus(std::move(bus)), m_parts(std::move(parts)) {
     qDBusRegisterMetaType<QByteArrayList>();
-    // Asking the bus who is there would have to wait for everything that a flood has sent.
+    // Watches the callers' names: a query to the bus would wait behind all messages of a flood.
     const QString daemon = QStringLiteral("org.freedesktop.DBus");
     m_bus.connect(daemon, QStringLiteral("/org/freedesktop/DBus"), daemon,
                   QStringLiteral("NameOwnerChanged"), {QString(), QString(), QStringLiteral("")},
@@ -100,7 +101,7 @@ CommandService::CommandService(QObject& object, QDBusConnection bus, Parts parts
 }
 
 CommandService::~CommandService() {
-    if (m_bus.isConnected()) // a round trip: what was sent before has arrived
+    if (m_bus.isConnected()) // a round trip, so that earlier messages have arrived
         (void)m_bus.interface()->serviceOwner(QStringLiteral("org.freedesktop.DBus"));
 }
 
@@ -269,7 +270,7 @@ void CommandService::answer(Call& call, BatchResult result) {
     else if (message.isReplyRequired())
         m_bus.send(message.createReply(QString::fromStdString(text)));
     std::erase_if(m_calls, [&](const auto& one) { return one.get() == &call; });
-    if (!m_waiting.empty() || m_dropped > 0) // queued: the intake is in the middle of its own work
+    if (!m_waiting.empty() || m_dropped > 0) // queued, because the intake is still processing
         QMetaObject::invokeMethod(this, &CommandService::beginWaiting, Qt::QueuedConnection);
 }
 

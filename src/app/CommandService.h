@@ -19,9 +19,9 @@
 
 namespace vexmoor {
 
-/// The interface through which the command line hands its work to the running program
-/// (docs/dbus.md). The reply to a call comes when its batch is over and holds the outcome of every
-/// item. Main thread.
+/// The D-Bus interface through which the command line hands work to the running program
+/// (docs/dbus.md). Replies to a call when its batch is finished, with the result of each item. Main
+/// thread.
 class CommandService : public QDBusAbstractAdaptor {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.vexmoor.Commands1")
@@ -36,7 +36,8 @@ class CommandService : public QDBusAbstractAdaptor {
         Dialogs& dialogs; ///< shows failures whose caller has disconnected
         /// Runs an assignment. Returns the error if it could not be stored.
         std::function<std::optional<Error>(const std::function<void()>&)> store;
-        /// Called when a file manager's menu command feeds. Returns whether its key caused that.
+        /// Called when a file manager's menu command feeds. Returns whether the key triggered the
+        /// command.
         std::function<bool()> fedByMenuCommand;
     };
 
@@ -46,8 +47,8 @@ class CommandService : public QDBusAbstractAdaptor {
     /// Blocks until the replies have been sent.
     ~CommandService() override;
 
-    /// Releases the name and refuses the calls that still wait, so that every caller gets a reply.
-    /// Call it after the intake has been stopped.
+    /// Releases the name and refuses the waiting calls, so that each caller gets a reply. Must be
+    /// called after the intake has been stopped.
     void giveBack(const char* name);
 
   public slots:
@@ -75,9 +76,9 @@ class CommandService : public QDBusAbstractAdaptor {
 
     QDBusConnection m_bus;
     Parts m_parts;
-    std::vector<std::shared_ptr<Call>> m_calls;  ///< whose batches are running
-    std::deque<std::shared_ptr<Call>> m_waiting; ///< whose batches have not begun, oldest first
-    std::size_t m_dropped = 0;                   ///< dropped without a reply, not logged yet
+    std::vector<std::shared_ptr<Call>> m_calls;  ///< with running batches
+    std::deque<std::shared_ptr<Call>> m_waiting; ///< with batches that have not begun, oldest first
+    std::size_t m_dropped = 0; ///< number of calls dropped without a reply and not logged yet
 };
 
 } // namespace vexmoor

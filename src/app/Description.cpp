@@ -44,7 +44,7 @@ Json versions() {
     return {{"version", VEXMOOR_VERSION}, {"qt", qVersion()}};
 }
 
-/// In physical pixels.
+/// Returns the screens in physical pixels.
 Json screens() {
     Json all = Json::array();
     for (const QScreen* screen : QGuiApplication::screens()) {

@@ -7,18 +7,18 @@
 
 namespace vexmoor {
 
-/// The tile of the program that runs.
+/// The tile of the running program.
 struct RunningTile {
     bool isShown = false;
-    bool isFound = false; ///< by way of the dock's accessibility tree, so that flames can rise
+    bool isFound = false; ///< in the dock's accessibility tree, so that flames can rise
 };
 
-/// What the program sees of the session, as a JSON document (docs/dbus.md, Describe). Nothing
-/// private is in it. Needs the application; main thread.
+/// Describes the session as a JSON document (docs/dbus.md, Describe), without private data.
+/// Requires the application; main thread.
 std::string describeSession(const std::optional<RunningTile>& tile);
 
-/// The same without an application, where nothing can be shown: `reason` is "noXwayland" or
-/// "noDisplay".
+/// Like describeSession(), without an application, if no display is available: `reason` is
+/// "noXwayland" or "noDisplay".
 std::string describeMissing(const char* reason);
 
 } // namespace vexmoor

@@ -5,8 +5,8 @@
 
 namespace vexmoor {
 
-/// All ways in which the system asks the program to end: signals, and Qt's quit events. Needs the
-/// application; main thread.
+/// Emits the system's requests to quit: signals, and Qt's quit events. Requires the application;
+/// main thread.
 class EndRequests : public QObject {
     Q_OBJECT
 

@@ -68,7 +68,7 @@ void FileManagerKey::begin() {
     connect(&m_focusReports, &FocusReports::turningOnFailed, this, [this](const QString& reason) {
         notify("key-support", tr("Accessibility support couldn't be turned on"), reason);
     });
-    // Before the next retry.
+    // Retry immediately instead of at the next interval.
     connect(&m_parts.accessibility, &AccessibilityBus::answersChanged, this, [this] { capture(); });
 }
 
@@ -86,7 +86,7 @@ void FileManagerKey::capture() {
         m_hotkey->stop();
 }
 
-/// While the user has not answered, an accelerator installed by `vexmoor integrate` stays.
+/// Until the user has answered, keeps an accelerator installed by `vexmoor integrate`.
 void FileManagerKey::updateAccelerators() {
     const auto consent = m_automation.status().get();
     const bool captures = m_parts.settings.captureFinderDelete.get();

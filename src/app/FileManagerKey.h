@@ -48,13 +48,13 @@ class FileManagerKey : public QObject {
     /// Starts following the setting and the consent.
     void begin();
 
-    /// Whether this session allows capturing keys and querying the selection.
+    /// True if this session allows capturing keys and querying the selection.
     [[nodiscard]] bool canCapture() const { return m_capture->isPossible(); }
 
-    /// How the key arrives, as far as is known; updated by lookAgain() and every change.
+    /// Returns how the key works, as last read; updated by lookAgain() and by every change.
     [[nodiscard]] KeyOutlook outlook() const;
 
-    /// Whether a file manager's menu has our entry, as far as is known.
+    /// True if a file manager's menu had our entry when last read.
     [[nodiscard]] bool hasMenuEntry() const { return m_hasMenuEntry; }
 
     /// Starts reading the file managers' configuration again. Returns at once.
@@ -64,10 +64,11 @@ class FileManagerKey : public QObject {
     Automation& automation() { return m_automation; }
     FocusReports& focusReports() { return m_focusReports; }
 
-    /// Feeds the file manager's selection. Asks for the consent first if it is missing.
+    /// Feeds the file manager's selection. Asks for consent first if it is missing.
     void feedSelection();
 
-    /// Reports that a file manager's menu command fed items. \return whether the key caused it.
+    /// Must be called when a file manager's menu command has fed items. Returns whether the key
+    /// triggered it.
     bool fedByMenuCommand() { return m_hotkey->fedByMenuCommand(); }
 
     /// Reports that the selection cannot be read, and offers the settings.

@@ -7,8 +7,8 @@
 
 namespace vexmoor {
 
-/// Knows whether file managers report the focus on the accessibility bus. A program does so only if
-/// the session's accessibility support was on when it started. Main thread.
+/// Tracks whether file managers report the focus on the accessibility bus. A program does so only
+/// if the session's accessibility support was on when it started. Main thread.
 class FocusReports : public QObject {
     Q_OBJECT
 
@@ -17,18 +17,19 @@ class FocusReports : public QObject {
 
     [[nodiscard]] Permissions::FocusReports state() const { return m_state; }
 
-    /// Called when a file manager was asked for its focus and has never reported one.
+    /// Called if a file manager was queried for its focus and has never reported one.
     void setMissing();
 
-    /// Called when the key was taken in a file manager, which after turnOn() is assumed to be the
-    /// one that was asked.
+    /// Called when the key worked in a file manager; after turnOn() that is assumed to be the one
+    /// that was queried.
     void keyWorked();
 
     /// Turns the session's accessibility support on. Running programs notice it when restarted.
     void turnOn();
 
   signals:
-    /// Accessibility support could not be turned on. `reason` is the bus's error message.
+    /// Emitted if accessibility support could not be turned on. `reason` is the bus's error
+    /// message.
     void turningOnFailed(const QString& reason);
 
   private:

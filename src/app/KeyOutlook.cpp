@@ -14,7 +14,7 @@ std::optional<Kind> hintOf(const KeyState& state, bool canCapture) {
     case AcceleratorStatus::unsupported:
         return canCapture ? std::nullopt : std::optional(Kind::menuOnly);
     case AcceleratorStatus::installed:
-        // Until then the key is captured, where that is possible.
+        // Until the restart the key is captured, if possible.
         return state.waitsForRestart && !canCapture ? std::optional(Kind::needsRestart)
                                                     : std::nullopt;
     case AcceleratorStatus::notInstalled:

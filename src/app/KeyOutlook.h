@@ -9,14 +9,14 @@
 
 namespace vexmoor {
 
-/// What the session and the file managers that are installed make of Ctrl+Backspace. A value.
+/// How Ctrl+Backspace works in this session and in the installed file managers.
 struct KeyOutlook {
-    bool canCapture = false;                     ///< from the keyboard, in every file manager
-    std::optional<std::vector<KeyState>> states; ///< nothing until the file managers were looked at
+    bool canCapture = false;                     ///< from the keyboard, in all file managers
+    std::optional<std::vector<KeyState>> states; ///< nullopt until they have been read
 
     [[nodiscard]] Onboarding::KeyWay way() const;
 
-    /// Where the key does not work although it is on, and why.
+    /// Returns where the key does not work although it is on, and why.
     [[nodiscard]] std::vector<Permissions::KeyHint> hints() const;
 };
 

@@ -9,9 +9,9 @@
 
 namespace vexmoor {
 
-/// The diagnostic's three lines: whether the accessibility service answers, the tile's rectangle
-/// ("nil" if it was not found), the screens. Rectangles as x, y, width, height in points, from
-/// the bottom-left corner of the primary screen.
+/// Returns the diagnostic's three lines: whether the accessibility service answers, the tile's
+/// rectangle ("nil" if it was not found), the screens. Rectangles are x, y, width, height in
+/// points, from the bottom-left corner of the primary screen.
 QString probeText(bool accessible, const std::optional<DeskRect>& tile,
                   const std::vector<DeskRect>& screens);
 

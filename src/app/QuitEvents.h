@@ -4,8 +4,8 @@
 
 namespace vexmoor {
 
-/// Emits a signal for the events that ask the application to quit (the session manager's "die"
-/// among them). Without it Qt leaves the event loop at once, in the middle of a batch. Needs a
+/// Emits a signal for the events that ask the application to quit, including the session manager's
+/// "die". Without it, Qt leaves the event loop immediately, in the middle of a batch. Requires a
 /// QCoreApplication. Main thread.
 class QuitEvents : public QObject {
     Q_OBJECT

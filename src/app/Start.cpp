@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 
 constexpr auto kPause = 50ms;
 constexpr auto kEndOfAnother = 3s;
-constexpr auto kSilentWait = 700ms; ///< before the user sees what is being waited for
+constexpr auto kSilentWait = 700ms; ///< before the dialog is shown
 
 /// Shows the reason in a message box and writes it to stderr.
 Start::Outcome refuse(const QString& message, const QString& informative) {
@@ -100,8 +100,7 @@ Result<std::optional<WriterLock>> Start::waitForLock(const Path& file) {
     return lock;
 }
 
-/// Runs the event loop until `isOver`, or until the user cancels the dialog that shows what is
-/// being waited for.
+/// Runs the event loop until `isOver` returns true or the user cancels the dialog.
 void Start::waitUntil(const QString& message, const QString& informative,
                       const std::function<bool()>& isOver) {
     if (isOver())
@@ -124,7 +123,7 @@ void Start::waitUntil(const QString& message, const QString& informative,
     loop.exec();
 }
 
-/// Reports the cancelled start only if it, or another start that waited for it, had items to feed.
+/// Reports a cancelled start only if it, or another start that waited for it, had items to feed.
 Start::Outcome Start::refuseForUser() const {
     if (m_options.items.empty() && !m_service.hasOrders())
         return Outcome::refused;

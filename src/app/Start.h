@@ -20,14 +20,14 @@ class Start {
   public:
     enum class Outcome {
         running,   ///< this process has opened the stores
-        forwarded, ///< a running instance has taken the orders
+        forwarded, ///< a running instance has accepted the requests
         refused,   ///< the user has been shown why
     };
 
     Start(ApplicationService& service, const LaunchOptions& options);
 
-    /// Waits, with the event loop running, while a command of the command line works or an earlier
-    /// instance quits.
+    /// Runs the event loop while it waits for a command or for an earlier instance that is
+    /// quitting.
     Outcome begin();
 
     /// Valid only after `running`.

@@ -39,11 +39,11 @@ class Walkthrough : public QObject {
     explicit Walkthrough(Parts parts);
     ~Walkthrough() override;
 
-    /// Whether to show it instead of the main window: it is open, or it was never finished and has
-    /// not been shown in this run.
+    /// True if it must be shown instead of the main window: it is open, or it was never finished
+    /// and has not been shown in this run.
     [[nodiscard]] bool comesFirst() const;
 
-    /// Raises it, or opens it at its first page. Returns the window.
+    /// Raises it, or opens it at its first page; returns the window.
     QWidget& show();
 
   signals:

@@ -26,7 +26,7 @@ namespace {
 using namespace vexmoor;
 
 constexpr int kUsage = 2;
-constexpr int kRefused = 3; ///< refused, or something that it needs is missing
+constexpr int kRefused = 3; ///< refused, or a requirement is missing
 constexpr const char* kPlatform = "QT_QPA_PLATFORM";
 
 int runProbe(const ApplicationService& service, const QDBusConnection& bus) {
@@ -66,7 +66,7 @@ int run(const LaunchOptions& options) {
     return QApplication::exec();
 }
 
-/// Chooses X11, which windows of this program need; under Wayland that is XWayland.
+/// Selects X11, which the program's windows require; under Wayland that is XWayland.
 void choosePlatform() {
     if (!qEnvironmentVariableIsSet(kPlatform))
         qputenv(kPlatform, "xcb");
@@ -82,7 +82,7 @@ void nameApplication() {
 
 enum class Missing { nothing, xwayland, display };
 
-/// Returns what keeps windows from being shown.
+/// Returns why windows cannot be shown.
 Missing missingDisplay() {
     if (qgetenv(kPlatform) != "xcb" || native::displayAnswers())
         return Missing::nothing;
@@ -112,7 +112,7 @@ int reportMissing(Missing missing, const LaunchOptions& options) {
 
 int main(int argc, char** argv) {
     useUserLocale();
-    std::error_code gone; // without a current folder, relative paths name nothing
+    std::error_code gone; // without a working directory, relative paths are invalid
     auto options = LaunchOptions::fromArguments({argv + std::min(argc, 1), argv + argc},
                                                 std::filesystem::current_path(gone));
     options.startup =
@@ -133,7 +133,7 @@ int main(int argc, char** argv) {
         return reportMissing(missing, options);
     QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC,
-                   "C"); // Qt sets the user's; files and JSON need the C locale's numbers
+                   "C"); // Qt sets the user's locale; files and JSON need the C locale's numbers
     installTranslators();
     nameApplication();
     QApplication::setDesktopFileName(QLatin1String(ApplicationService::kName));

@@ -50,8 +50,8 @@ Refusal declined() {
     return {kRefused, "declined", [] { return text("Nothing was touched."); }};
 }
 
-/// Asks for each item, and leaves out those that the user declines. A missing one is kept unasked:
-/// its failure is reported.
+/// Asks for each item and removes those that the user declines. Keeps missing items without asking;
+/// their failure is reported.
 std::optional<Refusal> askForEach(Invocation& invocation) {
     TerminalDialogs dialogs(invocation.yes);
     std::vector<std::string> confirmed;
@@ -69,7 +69,7 @@ std::optional<Refusal> askForEach(Invocation& invocation) {
                                       : std::nullopt;
 }
 
-/// The batch in this process, where nobody else writes.
+/// Runs the batch in this process, which holds the writer lock.
 Outcome carryOutHere(Session& session, const Invocation& invocation, MenuDialogs& menu) {
     BatchResult result;
     auto options = session.options();
@@ -146,7 +146,7 @@ void forgiveMissing(BatchReport& report) {
     });
 }
 
-/// `feed -f` without a path, such as a pattern that matched nothing.
+/// True for `feed -f` without a path, for example after a pattern that matched nothing.
 bool isForcedNothing(const Invocation& invocation) {
     return invocation.force && invocation.items.empty();
 }

@@ -4,14 +4,14 @@
 #include <cstdint>
 #include <string>
 
-// Columns of a table on the terminal. A width counts characters, not bytes.
+// Formatting of terminal tables. A width counts characters, not bytes.
 
 namespace vexmoor {
 
-/// How many a text of UTF-8 has.
+/// Returns the number of characters in a UTF-8 text.
 std::size_t characters(const std::string& cell);
 
-/// A size; "0 KB" where there is nothing, since digits stand below digits.
+/// Formats a size for a right-aligned column. Zero is "0 KB", so that digits stay below digits.
 std::string sizeText(std::int64_t bytes);
 
 std::string leftAligned(std::string cell, std::size_t width);

@@ -20,7 +20,7 @@ namespace {
 
 using Command = Invocation::Command;
 
-/// Reads the words from left to right; the first complaint ends it.
+/// Parses the words from left to right and stops at the first usage error.
 class Parser {
   public:
     explicit Parser(std::vector<std::string> words) : m_words(std::move(words)) {}
@@ -83,7 +83,7 @@ class Parser {
         return std::filesystem::exists(std::filesystem::symlink_status(name, code));
     }
 
-    /// Returns the command that an unknown word may mean; empty if none is near.
+    /// Returns the command closest to an unknown word; empty if none is close enough.
     static std::string commandFor(const std::string& word) {
         if (word == "version")
             return "--version";
@@ -118,7 +118,7 @@ class Parser {
         return name.empty() || found == options.end() ? nullptr : &*found;
     }
 
-    /// "-rf", "-n5", "-n 5".
+    /// Parses joined short options: "-rf", "-n5", "-n 5".
     void takeLetters(const std::string& word) {
         for (std::size_t i = 1; i < word.size() && m_complaint.empty(); ++i) {
             const auto& options = m_command->options;
@@ -202,7 +202,7 @@ class Parser {
         return name.empty() ? "" : "--" + name;
     }
 
-    /// Gives the words to the command's arguments in their order.
+    /// Assigns the words to the command's arguments in order.
     void takeArguments() {
         std::size_t next = 0;
         for (const auto& argument : m_command->arguments) {
@@ -252,8 +252,8 @@ class Parser {
                            : didYouMean(meant));
     }
 
-    /// An empty word is mostly a shell's variable that was not set; it must not come to stand for
-    /// the current folder.
+    /// Rejects an empty word: it is usually an unset shell variable and must not mean the current
+    /// folder.
     void complainAboutEmpty(std::string_view argument) {
         m_complaint = text("%1 is empty. Nothing was touched.", {argument});
     }
@@ -270,7 +270,7 @@ class Parser {
 
     std::vector<std::string> m_words;
     std::size_t m_next = 0;
-    bool m_isLiteral = false; ///< behind "--"
+    bool m_isLiteral = false; ///< after "--"
     const CommandDescription* m_command = &programDescription();
     std::vector<std::string> m_arguments;
     std::set<std::string> m_given;
@@ -278,7 +278,7 @@ class Parser {
     std::string m_complaint;
 };
 
-/// File managers hand over URIs where a name could not be told from two.
+/// Decodes file URIs: file managers pass them for names that a command line cannot represent.
 void decodeUris(std::vector<std::string>& items) {
     for (auto& item : items)
         if (item.starts_with("file:///"))
@@ -286,7 +286,7 @@ void decodeUris(std::vector<std::string>& items) {
                 item = path->native();
 }
 
-/// `vexmoor feed --help`, `vexmoor help feed`, `vexmoor help`.
+/// Returns the help for `vexmoor feed --help`, `vexmoor help feed` and `vexmoor help`.
 std::string helpFor(const CommandDescription& command, const Invocation& invocation) {
     if (command.command != Command::help || invocation.help)
         return helpText(command);

@@ -10,7 +10,7 @@
 
 namespace vexmoor {
 
-/// What the user asked for on the command line.
+/// A parsed command line.
 struct Invocation {
     enum class Command {
         open,
@@ -24,39 +24,39 @@ struct Invocation {
         doctor,
         probe,
         help,
-        complete, ///< the names that a shell offers
+        complete, ///< prints the items that a shell completion offers
     };
 
     Command command = Command::open;
     bool json = false;
-    bool quiet = false; ///< failures only
+    bool quiet = false; ///< print failures only
     bool yes = false;
-    bool fromMenu = false;          ///< nobody reads a terminal
-    bool force = false;             ///< what is missing is no failure
-    bool asksEach = false;          ///< before each item
-    bool recursive = false;         ///< changes nothing: folders go whole
-    bool verbose = false;           ///< names each item, however many there are
-    std::vector<std::string> items; ///< paths, ids, names
-    std::vector<FileIdentity> seen; ///< what stood at each path when it was asked
-    std::vector<Failure> missing;   ///< names among them that meant nothing when it was asked
-    std::string mode;               ///< empty: that of the settings
-    std::size_t last = 0;           ///< 0: not given
-    std::size_t number = 0;         ///< of the history, at most; 0 where it was not given
+    bool fromMenu = false;          ///< called from a menu: there is no terminal to ask on
+    bool force = false;             ///< ignore paths that do not exist
+    bool asksEach = false;          ///< ask before each item
+    bool recursive = false;         ///< no effect: folders are always fed whole
+    bool verbose = false;           ///< list each item, even if there are many
+    std::vector<std::string> items; ///< paths, ids or names
+    std::vector<FileIdentity> seen; ///< the file at each path when the user confirmed
+    std::vector<Failure> missing;   ///< names that matched nothing when the user confirmed
+    std::string mode;               ///< empty: use the setting
+    std::size_t last = 0;           ///< number of items; 0 if not given
+    std::size_t number = 0;         ///< maximum length of the history; 0 if not given
     bool all = false;
     std::string name;
     std::string value;
-    std::string action; ///< of integrate; empty: status
+    std::string action; ///< of integrate; empty means status
     bool help = false;
     bool version = false;
     bool probe = false;
 };
 
-// The ids of the command integrate that are no file manager's: the start with the session, and a
-// former one of Dolphin.
+// Ids of the integrate command that name no file manager: the autostart entry, and a former id of
+// Dolphin.
 inline constexpr const char* kAutostartId = "autostart";
 inline constexpr const char* kFormerDolphinId = "kio";
 
-/// Either an invocation, or what to print and the status to end with (help, version, usage errors).
+/// Either an invocation, or text to print and an exit status (help, version, usage errors).
 struct ParsedCommandLine {
     std::optional<Invocation> invocation;
     std::string output;
@@ -64,8 +64,8 @@ struct ParsedCommandLine {
     int status = 0;
 };
 
-/// Parses by the table of the commands (CommandTable.h). Options may stand among the names; behind
-/// "--" every word is a name.
+/// Parses the command line by the table in CommandTable.h. Options may be mixed with names; every
+/// word after "--" is a name.
 ParsedCommandLine parseCommandLine(int argc, const char* const* argv);
 
 } // namespace vexmoor

@@ -248,7 +248,8 @@ constexpr CommandDescription kCommands[] = {
      .arguments = kHelpArguments},
 };
 
-// For the shells' completions: prints the items that a word can become (docs/command-line.md).
+// Used by the shell completions: prints the items that a word can be completed to
+// (docs/command-line.md).
 constexpr Argument kCompleteArguments[] = {
     {"WORD", Kind::choice, &Invocation::items, "", false},
 };

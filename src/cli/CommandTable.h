@@ -9,46 +9,47 @@
 #include <variant>
 #include <vector>
 
-// The one description of the command line: parsing, complaints, help, completions and the manual
-// come from it. Its texts are marked(); text() translates them where they are shown.
+// The only description of the command line: parsing, usage errors, help, completions and the manual
+// are generated from it. Texts are marked() here and translated by text() when shown.
 
 namespace vexmoor {
 
-/// What a value can be.
+/// Returns the allowed values of an option or argument.
 using Choices = std::vector<std::string> (*)();
 
 struct Option {
     std::string_view letters; ///< "rR" for -r and -R; may be empty
     std::string_view name;    ///< "force" for --force; may be empty
-    /// Where its value is stored. A bool takes none, a number is a whole one of 1 or more.
+    /// Where the value is stored. A bool takes no value; a number must be an integer of at least 1.
     std::variant<bool Invocation::*, std::size_t Invocation::*, std::string Invocation::*> target;
     const char* description;
-    std::string_view value = {};        ///< what stands for its value: "N"
-    Choices choices = nullptr;          ///< of the value; null: it is not one of a few
-    bool Invocation::*undoes = nullptr; ///< of two contrary options the last one counts
+    std::string_view value = {}; ///< placeholder of the value in the help: "N"
+    Choices choices = nullptr;   ///< allowed values; null if any value is allowed
+    bool Invocation::*undoes =
+        nullptr; ///< the opposite option; the last of the two given takes effect
 
     [[nodiscard]] bool takesValue() const {
         return !std::holds_alternative<bool Invocation::*>(target);
     }
-    /// As they are typed, letters first: "-r", "-R", "--recursive".
+    /// Returns all spellings, letters first: "-r", "-R", "--recursive".
     [[nodiscard]] std::vector<std::string> names() const;
     /// The name used in messages: "--recursive", or "-n" if there is no long one.
     [[nodiscard]] std::string mainName() const;
 };
 
-/// A word that is no option. Those of a command are given in their order.
+/// A positional argument. Arguments are listed in their order.
 struct Argument {
-    /// What completes it.
+    /// What the shells complete it with.
     enum class Kind { choice, file, binnedItem, settingValue };
 
     std::string_view name; ///< "PATH"
     Kind kind;
-    /// Where the word is stored. A list takes all words that are left.
+    /// Where the word is stored. A list takes all remaining words.
     std::variant<std::string Invocation::*, std::vector<std::string> Invocation::*> target;
     const char* description;
     bool isRequired = false;
     Choices choices = nullptr;
-    const char* complaint = ""; ///< about a word that is no choice, "%1"
+    const char* complaint = ""; ///< usage error for a word that is not a choice; "%1" is the word
 
     [[nodiscard]] bool isRepeated() const {
         return std::holds_alternative<std::vector<std::string> Invocation::*>(target);
@@ -66,24 +67,25 @@ struct CommandDescription {
     const char* summary;
     std::span<const Option> options;
     std::span<const Argument> arguments = {};
-    const char* details = ""; ///< paragraphs of the help, an empty line between two
+    const char* details = ""; ///< help paragraphs, separated by empty lines
     std::span<const Example> examples = {};
-    /// What cannot be given together: main names of options, names of arguments.
+    /// Pairs that cannot be combined: main names of options, names of arguments.
     std::span<const std::pair<std::string_view, std::string_view>> conflicts = {};
-    /// What else is typed for it, separated by spaces; it is suggested then.
+    /// Other words that users may type for the command, separated by spaces; the error suggests the
+    /// command.
     std::string_view synonyms = {};
 };
 
-/// The program itself: what can stand before a command, or without one.
+/// Describes the program itself: what may precede or replace a command.
 const CommandDescription& programDescription();
 
-/// In the order of showing.
+/// Returns all commands in the order in which they are shown.
 std::span<const CommandDescription> commandDescriptions();
 
-/// The command of that name, one that is not shown too; null if there is none.
+/// Returns the command with that name, including hidden ones; null if there is none.
 const CommandDescription* commandNamed(std::string_view name);
 
-/// "feed", "put-back", …
+/// Returns the names of the shown commands: "feed", "put-back", …
 std::vector<std::string> commandNames();
 
 std::string joined(const std::vector<std::string>& words, std::string_view between);

@@ -4,9 +4,9 @@
 
 namespace vexmoor {
 
-// One function a command; each prints its result and answers the exit status.
+// Each function runs one command, prints its result and returns the exit status.
 
-/// Feed, put-back and delete.
+/// Runs feed, put-back or delete.
 int runBatch(const Invocation& invocation);
 int runComplete(const Invocation& invocation);
 int runHistory(const Invocation& invocation);
@@ -15,7 +15,7 @@ int runSettings(const Invocation& invocation);
 int runIntegrate(const Invocation& invocation);
 int runDoctor(const Invocation& invocation);
 
-/// Starts the desktop application in place of this process; returns only where that fails.
+/// Replaces this process with the desktop application. Returns only if that fails.
 int runDesktop(const Invocation& invocation);
 
 } // namespace vexmoor

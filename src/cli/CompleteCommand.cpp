@@ -15,20 +15,20 @@ namespace {
 
 constexpr std::size_t kMostCandidates = 200;
 
-/// Whether a name can stand on a line, and on a command line without being taken for an option.
+/// True if a name fits on one line and cannot be mistaken for an option.
 bool isPlain(const std::string& name) {
     return isValidUtf8(name) && printable(name) == name && !name.starts_with('-');
 }
 
-/// Returns what the word is completed to: the name of the item or, if the word has a slash, its
-/// path; the id if that is not plain.
+/// Returns the completion of the word: the item's name or, if the word has a slash, its path; the
+/// item's id if that is not plain.
 std::string candidateFor(const Sacrifice& item, const std::string& word) {
     const auto& path = item.original->native();
     const auto name = word.find('/') == std::string::npos ? lastComponent(path) : path;
     return isPlain(name) ? name : item.id.toString().substr(0, BinnedItems::kShortId);
 }
 
-/// Returns the size and the folder of the item, after its name if the candidate is an id.
+/// Returns the item's size and folder, preceded by its name if the candidate is an id.
 std::string meaningOf(const Sacrifice& item, const std::string& candidate) {
     const auto name = lastComponent(*item.original);
     const auto shown = candidate.ends_with(name) ? "" : printable(displayText(name)) + ", ";
@@ -38,8 +38,8 @@ std::string meaningOf(const Sacrifice& item, const std::string& candidate) {
 
 } // namespace
 
-/// Prints a line for each candidate: the word, a tab, the description. Errors are not reported: the
-/// shell would show them in the middle of the command line.
+/// Prints a line for each candidate: the word, a tab, the description. Reports no errors: the shell
+/// would show them in the middle of the command line.
 int runComplete(const Invocation& invocation) {
     const std::string word = invocation.items.empty() ? "" : invocation.items.front();
     const auto session = Session::openForLooking();

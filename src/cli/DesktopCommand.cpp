@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char* kProgram = "vexmoor-desktop";
 
-/// The program that was installed beside this one, whatever the search path says.
+/// Returns the desktop application in this program's own folder, regardless of the search path.
 Path programBeside() {
     std::error_code code;
     const Path self = std::filesystem::read_symlink("/proc/self/exe", code);

@@ -12,7 +12,8 @@ using Json = nlohmann::ordered_json;
 
 namespace {
 
-constexpr std::chrono::seconds kTimeout{12}; ///< longer than it waits for a running one itself
+constexpr std::chrono::seconds kTimeout{
+    12}; ///< longer than the desktop program's own timeout for a running instance
 
 Json desktopAnswer() {
     const auto program = desktopProgram();

@@ -13,8 +13,8 @@
 
 namespace vexmoor {
 
-/// One topic of `vexmoor doctor`: for programs an object or array, for people lines of a label and
-/// what was found. Nothing in it is private: no names of files, of volumes or of the user.
+/// One topic of `vexmoor doctor`: an object or array for programs, and lines with a label and a
+/// finding for people. Contains nothing private: no names of files, volumes or the user.
 struct DoctorTopic {
     struct Line {
         std::string label;
@@ -26,29 +26,29 @@ struct DoctorTopic {
     std::vector<Line> lines;
 };
 
-/// What the topics look into. Nothing is changed and no program is started by it, but for the
-/// desktop program, which is asked.
+/// What the topics examine. Changes nothing and starts no program except the desktop program, which
+/// reports its state and exits.
 struct DoctorContext {
     UserDirectories directories;
     std::optional<SessionBus> bus;
-    /// What the desktop program sees (docs/dbus.md, Describe); null if it does not answer.
+    /// The answer of the desktop program (docs/dbus.md, Describe); null if it does not answer.
     nlohmann::ordered_json desktop;
-    /// The stores, only read; null if they cannot be.
+    /// The stores, opened read-only; null if they cannot be opened.
     std::unique_ptr<SqliteUserDefaults> defaults;
     std::optional<Error> defaultsError;
 
     static DoctorContext ofProcess();
 
-    /// A value of the desktop program's answer by its JSON pointer ("/tile/reason"); null, empty or
-    /// nullopt if it has none.
+    /// Returns a value of the desktop program's answer by its JSON pointer ("/tile/reason"); null,
+    /// empty or nullopt if it is missing.
     [[nodiscard]] nlohmann::ordered_json desktopValue(const std::string& pointer) const;
     [[nodiscard]] std::string desktopText(const std::string& pointer) const;
     [[nodiscard]] std::optional<bool> desktopSwitch(const std::string& pointer) const;
-    /// "wayland", "x11" or "none": who shows the session's windows.
+    /// Returns the type of session: "wayland", "x11" or "none".
     [[nodiscard]] std::string sessionKind() const;
 };
 
-// One topic each. None waits for longer than seconds, whatever does not answer.
+// Each function examines one topic, with timeouts of a few seconds.
 DoctorTopic doctorVersions(const DoctorContext& context);
 DoctorTopic doctorSession(const DoctorContext& context);
 DoctorTopic doctorTile(const DoctorContext& context);

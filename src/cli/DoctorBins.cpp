@@ -25,10 +25,10 @@ namespace {
 
 constexpr int kTimeoutMilliseconds = 2000;
 
-/// What is seen of one volume. Plain data: it goes through a pipe.
+/// The findings about one volume. Plain data, since it is sent through a pipe.
 struct Look {
-    bool isStored = false; ///< neither a view of the kernel nor a single file
-    bool isHome = false;   ///< the home Bin is the volume's
+    bool isStored = false; ///< neither a pseudo file system nor a single file
+    bool isHome = false;   ///< the volume contains the home Bin
     bool hasBin = false;
     bool canHaveBin = false;
     std::int64_t freeBytes = 0;
@@ -39,7 +39,7 @@ bool isOwnFolder(const Path& path) {
     return status && status->isFolder() && status->owner == ::getuid();
 }
 
-/// May hang with the volume.
+/// Examines a volume; may hang with it.
 Look lookAt(const Path& top, const UserDirectories& directories) {
     Look look;
     const auto folder = openFolder(top);
@@ -61,8 +61,8 @@ Look lookAt(const Path& top, const UserDirectories& directories) {
     return look;
 }
 
-/// nullopt if the volume does not answer in time. A call that hangs may not be ended by anything,
-/// so a process of its own makes it.
+/// Examines a volume in a child process, because a hanging system call cannot be cancelled. Returns
+/// nullopt if the volume does not answer in time.
 std::optional<Look> lookInTime(const Path& top, const UserDirectories& directories) {
     int ends[2];
     if (::pipe2(ends, O_CLOEXEC) != 0)
@@ -72,7 +72,7 @@ std::optional<Look> lookInTime(const Path& top, const UserDirectories& directori
     const pid_t child = ::fork();
     if (child == 0) {
         for (const int inherited : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
-            ::close(inherited); // whose readers would wait for it
+            ::close(inherited); // otherwise its readers would wait for this process
         const Look look = lookAt(top, directories);
         ::_exit(::write(to.get(), &look, sizeof look) == sizeof look ? 0 : 1);
     }
@@ -89,7 +89,7 @@ std::optional<Look> lookInTime(const Path& top, const UserDirectories& directori
     return answers ? std::optional(look) : std::nullopt;
 }
 
-/// Where a volume is mounted, without its name, which may be anything.
+/// Returns the mount point without the volume's name, which may be private.
 std::string placeText(const Path& top, bool isHome) {
     if (isHome)
         return "~";
@@ -121,7 +121,7 @@ std::string sentenceOf(const std::optional<Look>& look) {
                             : text("can have no Bin, %1 free", {room});
 }
 
-/// The kernel's own, which are not even asked.
+/// True for the kernel's own file systems, which are not examined.
 bool isOfKernel(const std::string& type) {
     constexpr const char* kTypes[] = {"autofs",   "binfmt_misc", "bpf",      "cgroup",   "cgroup2",
                                       "configfs", "debugfs",     "devpts",   "devtmpfs", "efivarfs",
@@ -130,7 +130,7 @@ bool isOfKernel(const std::string& type) {
     return std::ranges::find(kTypes, type) != std::end(kTypes);
 }
 
-/// The mounts of volumes, that of the home folder first: it stands for its volume.
+/// Returns the mounts to examine, starting with the home folder's volume.
 std::vector<MountTable::Mount> mountsToLookAt(const UserDirectories& directories) {
     auto mounts = MountTable().all();
     std::erase_if(mounts, [](const auto& mount) { return isOfKernel(mount.type); });
@@ -144,7 +144,7 @@ std::vector<MountTable::Mount> mountsToLookAt(const UserDirectories& directories
 
 DoctorTopic doctorBins(const DoctorContext& context) {
     DoctorTopic topic{.key = "bins", .title = text("Bins"), .json = Json::array(), .lines = {}};
-    std::set<std::string> shown; // by device: a volume may be mounted many times
+    std::set<std::string> shown; // by device, since a volume may be mounted several times
     for (const auto& mount : mountsToLookAt(context.directories)) {
         if (shown.contains(mount.device))
             continue;

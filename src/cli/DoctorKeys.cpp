@@ -11,14 +11,14 @@ using Json = nlohmann::ordered_json;
 
 namespace {
 
-// The user's consent, as src/finder/Automation.cpp stores it.
+// The key under which src/finder/Automation.cpp stores the user's consent.
 constexpr const char* kConsent = "automation";
 
-/// Why the key may feed, or not, in all file managers.
+/// Why the key may feed or not, for all file managers.
 struct Permission {
     bool isOn = true;     ///< the setting
     std::string consent;  ///< "granted", "denied" or "notAsked"
-    bool canGrab = false; ///< on X11 only
+    bool canGrab = false; ///< only on X11
 
     static Permission of(const DoctorContext& context) {
         Permission result;
@@ -38,7 +38,7 @@ std::string sentenceOfConsent(const std::string& consent) {
     return consent == "denied" ? text("not allowed") : text("not asked yet");
 }
 
-/// How Ctrl+Backspace comes from one file manager: "accelerator", "grab" or "menu" only; "none".
+/// Returns how Ctrl+Backspace works in one file manager: "accelerator", "grab", "menu" or "none".
 const char* wayOf(const KeyState& key, bool hasMenu, const Permission& permission) {
     if (key.status == AcceleratorStatus::installed)
         return "accelerator";

@@ -12,10 +12,10 @@ namespace vexmoor {
 
 namespace {
 
-/// Of the items that can be put back, as the records have it.
+/// Counts of the recorded items that can be put back.
 struct Counts {
     std::int64_t all = 0;
-    std::int64_t there = 0; ///< something lies at their place in the Bin
+    std::int64_t there = 0; ///< an item exists at the path in the Bin
     std::int64_t away = 0;  ///< the volume is not mounted or does not answer
     std::int64_t missing = 0;
 };

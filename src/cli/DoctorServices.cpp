@@ -21,7 +21,7 @@ constexpr std::chrono::seconds kTimeout{2};
 constexpr const char* kBus = "org.freedesktop.DBus";
 constexpr const char* kNotifications = "org.freedesktop.Notifications";
 
-/// The services of the session's bus; none of them is started by asking.
+/// The services on the session bus. Queries do not start them.
 class Services {
   public:
     explicit Services(std::optional<SessionBus>& bus) : m_bus(bus) {
@@ -29,7 +29,7 @@ class Services {
             m_startable = reply->texts().value_or(std::vector<std::string>());
     }
 
-    /// "running", "startable" or "missing".
+    /// Returns "running", "startable" or "missing".
     [[nodiscard]] const char* state(const char* name) const {
         auto reply = ask(kBus, "/org/freedesktop/DBus", kBus, "NameHasOwner", name);
         if (reply && reply->boolean().value_or(false))
@@ -83,7 +83,7 @@ const char* soundServer() {
     const char* const runtime = std::getenv("XDG_RUNTIME_DIR");
     const Path folder = runtime != nullptr ? runtime : "";
     if (listensAt(pulseSocket(folder)))
-        return "pulseaudio"; // or PipeWire in its place
+        return "pulseaudio"; // or PipeWire's replacement for it
     return listensAt(folder / "pipewire-0") ? "pipewire" : "missing";
 }
 
@@ -93,14 +93,14 @@ std::string soundText(const std::string& server) {
     return server == "pipewire" ? text("PipeWire without its PulseAudio server") : text("missing");
 }
 
-/// "dunst 1.9.0", as the server names itself.
+/// Returns the notification server's name and version, for example "dunst 1.9.0".
 std::string notificationServer(const Services& services) {
     auto reply = services.ask(kNotifications, "/org/freedesktop/Notifications", kNotifications,
                               "GetServerInformation");
     if (!reply)
         return "";
     const auto name = reply->text();
-    (void)reply->text(); // its vendor
+    (void)reply->text(); // the vendor
     const auto version = reply->text();
     return name && version ? *name + " " + *version : "";
 }

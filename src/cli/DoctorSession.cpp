@@ -20,7 +20,7 @@ std::string orUnknown(const std::string& name) {
     return name.empty() ? text("unknown") : name;
 }
 
-/// "2560 × 1440 at scale 1.5".
+/// Returns, for example, "2560 × 1440 at scale 1.5".
 std::string screenText(const Json& screen) {
     return text("%1 × %2 at scale %3", {std::to_string(screen.value("width", 0)),
                                         std::to_string(screen.value("height", 0)),

@@ -16,7 +16,7 @@ struct Words {
     const char* sentence;
 };
 
-// How the tile is shown, and why: codes of the desktop program's answer.
+// How the tile is shown and why: texts for the codes in the desktop program's answer.
 constexpr Words kReasons[] = {
     {"compositorHasLayers", marked("by the compositor itself, which has zwlr_layer_shell_v1")},
     {"isX11", marked("as a window, since the session is one of X11")},

@@ -12,7 +12,7 @@ namespace vexmoor {
 
 namespace {
 
-/// A value of os-release without its quotes; empty if there is none.
+/// Returns the system's name from os-release; empty if there is none.
 std::string systemName() {
     for (const char* const file : {"/etc/os-release", "/usr/lib/os-release"}) {
         std::ifstream lines(file);

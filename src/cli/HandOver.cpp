@@ -20,7 +20,7 @@ namespace {
 using Command = Invocation::Command;
 using Start = RunningDesktop::Start;
 
-/// Asks what the batch needs a yes for. What was said yes to is what is handed over.
+/// Asks for confirmation if the batch needs it. Only confirmed items are handed over.
 std::optional<Refusal> askFor(Invocation& invocation, const Question& question) {
     TerminalDialogs dialogs(invocation.yes);
     invocation.yes = dialogs.ask(question).confirmed;
@@ -39,7 +39,8 @@ std::size_t countOf(const std::vector<std::string>& items) {
     return distinct.size();
 }
 
-/// Names the mode: the desktop's could be another by the time it takes the command.
+/// Sets the mode explicitly: the setting may change before the desktop application runs the
+/// command.
 std::optional<Refusal> settleFeed(Invocation& invocation, Session& session) {
     const auto mode =
         disposeModeFromRawValue(invocation.mode).value_or(session.settings().mode.get());
@@ -54,9 +55,9 @@ std::optional<Refusal> settleFeed(Invocation& invocation, Session& session) {
     return askFor(invocation, dissolveQuestion(count, firstNames(named)));
 }
 
-/// Names the items by their ids: names are bytes, which the bus does not carry as text; by the time
-/// that the desktop takes the command they could mean others; and names that mean nothing could
-/// mean something that the user was not asked about.
+/// Replaces the items' names by their ids: D-Bus texts cannot carry arbitrary bytes, names may
+/// match other items when the desktop application runs the command, and names without a match may
+/// gain one that the user has not confirmed.
 std::vector<Sacrifice> nameById(Invocation& invocation, const Session& session) {
     auto [items, missing] = session.binnedItems().named(invocation.items);
     std::ranges::move(missing, std::back_inserter(invocation.missing));
@@ -71,7 +72,7 @@ std::optional<Refusal> settleDelete(Invocation& invocation, const Session& sessi
     return items.empty() ? std::nullopt : askFor(invocation, deleteQuestion(items));
 }
 
-/// What was not found is told with the rest.
+/// Adds the names that matched nothing to the reported failures.
 Outcome withMissing(Outcome outcome, const Invocation& invocation) {
     if (auto* const report = std::get_if<BatchReport>(&outcome))
         report->failures.insert(report->failures.end(), invocation.missing.begin(),
@@ -97,7 +98,8 @@ std::optional<Refusal> settle(Invocation& invocation) {
                                                : settleDelete(invocation, **session);
 }
 
-/// The desktop has another current folder. All else of the names is left to it.
+/// Makes the paths absolute: the desktop application has another working directory. Leaves the
+/// names otherwise unchanged.
 Result<std::vector<std::string>> absolute(std::vector<std::string> items) {
     std::string folder;
     for (auto& item : items) {

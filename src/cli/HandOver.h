@@ -7,16 +7,17 @@
 
 namespace vexmoor {
 
-/// Told where a question has nobody to answer it.
+/// The refusal if a question cannot be asked because there is no terminal.
 Refusal noTerminal();
 
-/// Has the running desktop application carry out a command that changes something; what needs a yes
-/// is asked first. Nothing where it has ended meanwhile: then the command is carried out here, and
-/// the invocation holds what was answered, so that nothing is asked twice.
+/// Has the running desktop application carry out a command that changes something. Asks for any
+/// required confirmation first. Returns nullopt if the desktop application has exited; the caller
+/// then carries out the command itself. The invocation holds the answers, so that nothing is asked
+/// twice.
 std::optional<Outcome> handOver(Invocation& invocation);
 
-/// The same for a command of a file manager's menu: the desktop application is started where it
-/// can be, and asks and tells itself.
+/// Like handOver(), for a command from a file manager's menu: starts the desktop application if
+/// possible, which asks and reports in its own windows.
 std::optional<Outcome> handOverFromMenu(const Invocation& invocation);
 
 } // namespace vexmoor

@@ -17,7 +17,8 @@ namespace {
 constexpr std::size_t kWidthOfNoTerminal = 80;
 constexpr std::size_t kNarrowest = 40;
 constexpr std::size_t kWidest = 100;
-constexpr std::size_t kWidestLeft = 32; ///< of the left column; what is wider has a line of its own
+constexpr std::size_t kWidestLeft =
+    32; ///< maximum of the left column; a wider entry has its own line
 constexpr std::size_t kIndent = 2;
 constexpr std::size_t kGap = 2;
 
@@ -26,8 +27,8 @@ struct Row {
     std::string right;
 };
 
-/// Breaks lines between words. The first line starts at column `indent`, to which the others are
-/// indented. Line breaks in the text are kept.
+/// Wraps text between words. The first line starts at column `indent`, the others are indented to
+/// it. Keeps existing line breaks.
 std::string wrapped(const std::string& text, std::size_t indent, std::size_t width) {
     std::string result;
     std::size_t column = indent;

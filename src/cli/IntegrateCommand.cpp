@@ -24,8 +24,8 @@ struct Row {
     std::string title;
     bool hasMenu = true;
     Path file;
-    std::optional<IntegrationStatus> status; ///< nullopt if it could not be found out
-    std::optional<KeyState> key;             ///< nullopt for what has none
+    std::optional<IntegrationStatus> status; ///< nullopt if it could not be determined
+    std::optional<KeyState> key;             ///< nullopt if there is no key
 };
 
 struct Failed {
@@ -33,7 +33,7 @@ struct Failed {
     Error error;
 };
 
-/// In English, as programs read it.
+/// Returns the status in English, for programs.
 const char* asWords(const Row& row) {
     if (!row.hasMenu)
         return marked("unsupported");
@@ -108,7 +108,7 @@ std::string sentenceOf(const Error& error) {
     return text("%1: %2", {file, describe(error)});
 }
 
-/// Carries one action out on what was asked for.
+/// Runs one action on the requested integrations.
 class Integrator {
   public:
     Integrator(const Invocation& invocation, const IntegrationContext& context, bool wantsKey)
@@ -134,14 +134,14 @@ class Integrator {
         });
     }
 
-    /// False if it failed, which is noted.
+    /// False if it failed; the failure is recorded.
     bool succeeded(const std::string& id, const Result<void>& done) {
         if (!done)
             m_failures.push_back({id, done.error()});
         return done.ok();
     }
 
-    /// What is to be removed is looked for even where the file manager is gone.
+    /// Removal does not require the file manager to be installed.
     void carryOut(const ManagerIntegration& integration) {
         const std::string id(integration.manager().id);
         const bool isAsked = m_invocation.items.empty() ? integration.isInstalled() : isNamed(id);
@@ -246,7 +246,7 @@ void printJson(const std::vector<Row>& rows, const std::vector<Failed>& failures
     std::cout << json.dump(2) << "\n";
 }
 
-/// Whether Ctrl+Backspace is to feed the selection.
+/// True if the setting binds Ctrl+Backspace.
 Result<bool> wantsKey() {
     const auto session = Session::openForReading();
     if (!session)

@@ -6,14 +6,15 @@ namespace vexmoor {
 
 namespace {
 
-std::atomic<WorkMeter*> interrupted = nullptr; // a signal handler has no other way to know
+std::atomic<WorkMeter*> interrupted = nullptr; // a signal handler can only reach globals
 
 void stop(int) {
     if (WorkMeter* const meter = interrupted.load())
         meter->stop = true;
 }
 
-/// What is ignored, as nohup and shells have it for what runs in the background, stays so.
+/// Sets a handler, but leaves ignored signals ignored: nohup and shells ignore them for background
+/// processes.
 void handle(int signal, void (*handler)(int)) {
     struct sigaction action {};
     if (sigaction(signal, nullptr, &action) != 0 || action.sa_handler == SIG_IGN)

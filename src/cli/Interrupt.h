@@ -4,12 +4,12 @@
 
 namespace vexmoor {
 
-/// While it lives, the first SIGINT, SIGTERM or SIGHUP sets the meter's `stop`; a second one ends
-/// the process as usual. One at a time.
+/// During its lifetime, the first SIGINT, SIGTERM or SIGHUP sets the meter's `stop`; a second one
+/// has its default effect. Only one may exist at a time.
 class Interrupt {
   public:
-    /// Whose work it is: what others do, SIGHUP does not stop, but ends the process, so that who
-    /// does it knows that nobody is left here to tell the user.
+    /// Which process does the work. If another process does, SIGHUP ends this process instead of
+    /// stopping the work; the other process then knows that it must report the failures itself.
     enum class Work { own, ofOthers };
 
     Interrupt(WorkMeter& meter, Work work);

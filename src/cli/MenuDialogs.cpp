@@ -32,13 +32,13 @@ void MenuDialogs::show() const {
     for (const auto& report : m_reports) {
         auto call = bus->call(kService, kPath, kService, "Notify");
         call.add(std::string("Vexmoor"));
-        call.add(std::uint32_t{0}); // replaces none
+        call.add(std::uint32_t{0}); // replaces no other notification
         call.add(std::string("org.vexmoor.Vexmoor"));
         call.add(report.message);
         call.add(escapes ? xmlEscaped(report.informative) : report.informative);
         call.add(std::vector<std::string>()); // no actions
         call.addEntry("desktop-entry", "org.vexmoor.Vexmoor");
-        call.add(std::int32_t{-1}); // shown as long as the server likes
+        call.add(std::int32_t{-1}); // the server's default timeout
         (void)bus->send(std::move(call), kLimit);
     }
 }

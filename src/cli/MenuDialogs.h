@@ -7,8 +7,8 @@
 
 namespace vexmoor {
 
-/// For a command of a file manager's menu, whose terminal, if it has one, nobody reads: nothing can
-/// be asked, and failures become notifications of the desktop.
+/// Dialogs for a command from a file manager's menu, which has no visible terminal: refuses
+/// questions and shows failures as desktop notifications.
 class MenuDialogs : public Dialogs {
   public:
     void ask(const Question&, std::function<void(const Answer&)> answered) override {
@@ -18,10 +18,11 @@ class MenuDialogs : public Dialogs {
     void report(const FailureReport& report) override { m_reports.push_back(report); }
     void beep() override {}
 
-    /// Whether a question could not be asked.
+    /// True if a question could not be asked.
     [[nodiscard]] bool lackedWindow() const { return m_lackedWindow; }
 
-    /// Shows what was reported. Where the desktop has no notifications, stderr has it all the same.
+    /// Shows the reported failures. Falls back to stderr if the desktop has no notification
+    /// service.
     void show() const;
 
   private:

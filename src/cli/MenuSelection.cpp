@@ -24,7 +24,8 @@ bool areSame(const struct stat& a, const struct stat& b) {
     return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
 }
 
-/// Whether it is the working directory, under whatever name but not as a link in that directory.
+/// True if the folder is the working directory, under any name, but not through a link inside that
+/// directory.
 bool isWorkingDirectory(const Path& folder, const struct stat& found) {
     struct stat here {};
     struct stat parent {};
@@ -36,7 +37,7 @@ bool isProgramOf(const FileManager& manager, const std::string& program) {
     return std::ranges::find(manager.programs, program) != manager.programs.end();
 }
 
-/// The URI as Dolphin compares it: with no more escapes than a path needs.
+/// Returns the URI in Dolphin's spelling, with as few escapes as possible.
 std::string dolphinUri(const std::string& path) {
     std::string uri = "file://";
     for (const char c : path) {
@@ -53,7 +54,7 @@ std::string dolphinUri(const std::string& path) {
     return uri;
 }
 
-/// The objects of its windows; none if it does not answer.
+/// Returns the object paths of Dolphin's windows; none if it does not answer.
 std::vector<std::string> windowsOf(SessionBus& bus, const std::string& service) {
     auto call =
         bus.call(service.c_str(), "/dolphin", "org.freedesktop.DBus.Introspectable", "Introspect");
@@ -103,8 +104,8 @@ MenuSelection askDolphin(const std::vector<RunningProcess>& processes, const std
     return MenuSelection::items;
 }
 
-/// The Dolphins that may have started us: our parent, or any where the session's service manager
-/// starts programs for them.
+/// Returns the Dolphin processes that may have started this one: the parent, or any Dolphin if the
+/// service manager of the session starts programs for it.
 std::vector<RunningProcess> callingDolphins(const std::optional<RunningProcess>& parent) {
     const auto& dolphin = *fileManagerWithId("dolphin");
     if (!parent)

@@ -5,16 +5,16 @@
 
 namespace vexmoor {
 
-/// What a file manager's menu entry or its key means by the paths that it passes.
+/// What the paths passed by a file manager's menu entry or key mean.
 enum class MenuSelection {
     items,   ///< the paths are selected
-    nothing, ///< nothing is selected: no path, or the folder on view
-    unknown, ///< it may be the folder on view; it must not be fed
+    nothing, ///< nothing is selected: no path, or the displayed folder
+    unknown, ///< it may be the displayed folder; it must not be fed
 };
 
-/// Some file managers pass the folder on view if nothing is selected. Thunar makes it the working
-/// directory then. Dolphin is asked over the session bus, if it is what started us. Of PCManFM-Qt,
-/// which cannot be asked, the folders are known whose changes it follows.
+/// Some file managers pass the displayed folder if nothing is selected. Thunar makes it the working
+/// directory. Dolphin is queried over the session bus if it started this process. PCManFM-Qt cannot
+/// be queried; its displayed folders are those that it watches for changes.
 MenuSelection menuSelection(const std::vector<std::string>& items);
 
 } // namespace vexmoor

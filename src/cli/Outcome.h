@@ -10,14 +10,15 @@
 
 namespace vexmoor {
 
-/// Why a command did not do its work, and what it ends with.
+/// Why a command was not carried out, and its exit status.
 struct Refusal {
-    /// `tell` makes the sentence from text(): once for people, once in English for JSON.
+    /// `tell` builds the sentence with text(); it is called once for the user's language and once
+    /// in English for JSON.
     template <std::invocable Tell>
     Refusal(int exitStatus, const char* codeName, const Tell& tell)
         : status(exitStatus), code(codeName), sentence(tell()), english(inEnglish(tell)) {}
 
-    /// The same for a sentence that ends with what describe() says of the error.
+    /// Like above, for a sentence that ends with describe() of the error.
     template <typename Tell>
     Refusal(int exitStatus, const char* codeName, const Error& error, const Tell& tell)
         : Refusal(exitStatus, codeName, [&] { return tell(describe(error)); }) {
@@ -25,10 +26,10 @@ struct Refusal {
     }
 
     int status;
-    std::string code; ///< what programs know it by (docs/command-line.md); it never changes
+    std::string code; ///< stable code for programs (docs/command-line.md)
     std::string sentence;
     std::string english;
-    Path path{}; ///< of the file at fault, if there is one
+    Path path{}; ///< the file at fault, if any
 
   private:
     template <typename Tell>
@@ -38,10 +39,10 @@ struct Refusal {
     }
 };
 
-/// The JSON document of a command that was refused: "error", "code", "message", "path".
+/// Returns the JSON document of a refused command: "error", "code", "message", "path".
 nlohmann::ordered_json toJson(const Refusal& refusal);
 
-/// What became of a command that changes something. Of a setting the report is empty.
+/// The result of a command that changes something. The report is empty for a setting.
 using Outcome = std::variant<BatchReport, Refusal>;
 
 } // namespace vexmoor

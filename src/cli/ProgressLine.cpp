@@ -18,7 +18,7 @@ constexpr auto kBeforeFirst = 300ms;
 constexpr auto kBetween = 100ms;
 constexpr const char* kClearLine = "\r\x1b[K";
 
-/// Empty where nothing is counted yet.
+/// Returns an empty text if nothing is counted yet.
 std::string textOf(const WorkMeter& meter, std::chrono::duration<double> elapsed) {
     const auto entries = meter.entries.load();
     const auto removed = meter.removed.load();

@@ -8,15 +8,15 @@
 
 namespace vexmoor {
 
-/// While it lives, shows on a terminal what a meter counts: items, bytes, rate. Short work shows
-/// nothing, nor does work that has counted nothing yet. Where it is not wanted or stderr is no
-/// terminal, no thread is started.
+/// During its lifetime, shows a meter's items, bytes and rate on the terminal. Shows nothing for
+/// short work, or before anything is counted. Starts no thread if it is disabled or stderr is no
+/// terminal.
 class ProgressLine {
   public:
     explicit ProgressLine(const WorkMeter& meter, bool isWanted = true);
     ~ProgressLine();
 
-    /// Whether there is a terminal for it.
+    /// True if it is enabled and stderr is a terminal.
     [[nodiscard]] bool isShown() const { return m_thread.joinable(); }
 
     ProgressLine(const ProgressLine&) = delete;

@@ -46,7 +46,7 @@ std::string lineFor(Deed deed, std::size_t items, std::string_view size) {
     return {};
 }
 
-/// One that was put back elsewhere than where it was is shown with its new path.
+/// Returns an item's line. Shows the new path if the item was put back elsewhere.
 std::string lineFor(const BatchReport& report, std::size_t index, Deed deed) {
     const auto& item = report.done[index];
     const auto name = printable(item.name);
@@ -71,7 +71,7 @@ void printDone(const BatchReport& report, Deed deed, bool namesAll) {
             std::cout << lineFor(report, i, deed) << "\n";
 }
 
-/// The items as the user wrote them, by their absolute paths.
+/// Maps absolute paths to the paths as typed.
 using TypedItems = std::map<std::string, std::string>;
 
 TypedItems typedItems(const std::vector<std::string>& items) {

@@ -5,14 +5,14 @@
 
 namespace vexmoor {
 
-/// What a batch did with its items.
+/// What a batch does with its items.
 enum class Deed { binned, dissolved, putBack, deleted };
 
-/// Prints what became of a batch in the way that the invocation asks for, failures to stderr with
-/// their paths as they were typed, and returns the exit status.
+/// Prints the result of a batch in the format of the invocation, failures on stderr with their
+/// paths as typed. Returns the exit status.
 int reportBatch(const BatchReport& report, Deed deed, const Invocation& invocation);
 
-/// Prints the JSON document of a command that feeds, puts back or deletes and was refused.
+/// Prints the JSON document of a refused feed, put-back or delete.
 void printRefusal(const Refusal& refusal);
 
 } // namespace vexmoor

@@ -23,19 +23,19 @@ constexpr const char* kBusErrors = "org.freedesktop.DBus.Error.";
 constexpr timespec kPause{0, 50'000'000};
 constexpr int kLooks = 20;
 
-/// Whether the error is one of the bus's own, of these names.
+/// True if the error is one of the bus's own errors with these names.
 bool isOneOf(const BusError& error, std::initializer_list<const char*> names) {
     return std::ranges::any_of(
         names, [&](const char* name) { return error.name == kBusErrors + std::string(name); });
 }
 
-/// Nobody has the name, nor could anybody be started who takes it.
+/// True if no process owns the service's name, nor could one be started.
 bool isAbsent(const BusError& error) {
     return isOneOf(error, {"ServiceUnknown", "NameHasNoOwner", "TimedOut"}) ||
            error.name.starts_with(std::string(kBusErrors) + "Spawn.");
 }
 
-/// It has the name, but not all of it is there yet, or any more.
+/// True if the service's name is owned, but its object is not registered yet, or no more.
 bool isNotReady(const BusError& error) {
     return isOneOf(error, {"UnknownObject", "UnknownInterface", "UnknownMethod"}) ||
            error.name == "org.vexmoor.Error.Ending";
@@ -79,8 +79,8 @@ Refusal noAnswer() {
             }};
 }
 
-/// The work of one call, seen from here: what it has done comes into the meter, and when the meter
-/// is stopped, so is the work.
+/// A call whose work another process does. Copies its progress into the meter, and stops the work
+/// if the meter is stopped.
 class DistantWork {
   public:
     DistantWork(SessionBus& bus, WorkMeter& meter, bool isWatched)
@@ -106,7 +106,7 @@ class DistantWork {
             m_isWatched = readProgress();
     }
 
-    /// False where it is not told.
+    /// Returns false if the service does not report progress.
     bool readProgress() {
         auto answer = m_bus.send(call("Progress"), kPatience);
         auto* const reply = std::get_if<BusReply>(&answer);
@@ -136,7 +136,7 @@ bool RunningDesktop::holdsLock() const {
     return holder && *holder == WriterLock::Role::desktop;
 }
 
-/// Not only at first sight: in whoever has just taken the lock, the one before is still to be read.
+/// Checks the lock repeatedly: just after it is taken, it still names its previous holder.
 bool RunningDesktop::keepsLock() const {
     for (int looks = 0; looks < kLooks; ++looks) {
         if (!holdsLock())

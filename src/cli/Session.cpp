@@ -15,11 +15,12 @@ namespace vexmoor {
 
 namespace {
 
-constexpr int kSilentLooks = 20; ///< at the lock that another command holds: about a second
+constexpr int kSilentLooks =
+    20; ///< polls of a lock held by another command before a message: about a second
 
 } // namespace
 
-/// No pictures, no flames, no sound on a terminal.
+/// Null implementations: a terminal shows no animation and plays no sound.
 class Session::Silence : public BatchAnimation,
                          public SizzlePlayer,
                          public Thumbnails,
@@ -34,9 +35,8 @@ class Session::Silence : public BatchAnimation,
     void disarm() override {}
 };
 
-/// Earned achievements become lines on stderr, which leaves stdout to the command's result, where
-/// that is a terminal: a script or cron gets none. They wait until nothing else is being shown
-/// there.
+/// Collects earned achievements and prints them on stderr after the command's result. Only used on
+/// a terminal, so that scripts and cron get none.
 class Session::Announcer : public NotificationPort {
   public:
     void requestAuthorization(std::function<void(bool)> completion) override { completion(true); }

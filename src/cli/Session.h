@@ -15,30 +15,31 @@ namespace vexmoor {
 /// The command line's composition root: the stores and the intake of one command.
 class Session {
   public:
-    /// How it speaks with the user.
+    /// How a command interacts with the user.
     struct Manner {
-        bool assumesYes = false; ///< no question is asked
-        bool isQuiet = false;    ///< only failures are told
+        bool assumesYes = false; ///< answer all questions with yes
+        bool isQuiet = false;    ///< report failures only
     };
 
-    /// For commands that change something. Holds the writer's lock; waits for other commands to
-    /// end. Nothing is touched where the stores cannot be written. `desktopRuns` is set, and there
-    /// is no session, where the desktop application holds the lock.
+    /// Opens a session for commands that change something. Acquires the writer lock, waiting for
+    /// other commands to finish. Fails without changes if the stores are not writable. If the
+    /// desktop application holds the lock, sets `desktopRuns` and returns null.
     static Result<std::unique_ptr<Session>> openForWriting(Manner manner, bool& desktopRuns);
 
-    /// For commands that only show. Where a batch was cut off and nobody works, it is recorded
-    /// first.
+    /// Opens a session for commands that only read. Records an interrupted batch first if no other
+    /// process is writing.
     static Result<std::unique_ptr<Session>> openForReading();
 
-    /// For the shells' completions: records nothing and reports nothing.
+    /// Opens a session for shell completions: writes and reports nothing.
     static Result<std::unique_ptr<Session>> openForLooking();
 
     ~Session();
 
-    /// Runs what the intake posted, showing how far it is; Ctrl-C ends it between two items.
+    /// Runs the work that the intake posted and shows its progress. Ctrl-C stops it between two
+    /// items.
     void run();
 
-    /// For the command's batch: what it does is counted, and stopped, by the session.
+    /// Returns the options of the command's batch: the session's meter counts and stops it.
     [[nodiscard]] BatchOptions options() const { return {.meter = m_meter}; }
 
     Ledger& ledger() { return *m_ledger; }
@@ -48,7 +49,7 @@ class Session {
     TerminalDialogs& dialogs() { return m_dialogs; }
     [[nodiscard]] BinnedItems binnedItems() const { return {*m_ledger, m_defaults->records()}; }
 
-    /// The last failure to store an assignment, if there was one.
+    /// The last failure to store an assignment, if any.
     [[nodiscard]] const std::optional<Error>& storeError() const { return m_storeError; }
 
   private:

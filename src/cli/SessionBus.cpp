@@ -12,9 +12,9 @@ namespace {
 
 using Microseconds = std::chrono::microseconds;
 
-constexpr std::uint64_t kPause = 100'000; // microseconds between two looks at what is awaited
+constexpr std::uint64_t kPause = 100'000; // microseconds between two polls for a reply
 
-/// The functions of the library that are used.
+/// The functions used from the D-Bus library.
 struct Library {
     decltype(&::sd_bus_open_user) openUser = nullptr;
     decltype(&::sd_bus_get_unique_name) getUniqueName = nullptr;
@@ -210,7 +210,7 @@ Result<SessionBus> SessionBus::connect() {
     if (const int result = library().openUser(&opened); result < 0)
         return Error::fromErrno(-result, "connect");
     SessionBus bus(opened);
-    const char* name = nullptr; // the bus gives it when it has let us in
+    const char* name = nullptr; // assigned by the bus after authentication
     if (const int result = library().getUniqueName(opened, &name); result < 0)
         return Error::fromErrno(-result, "connect");
     return bus;
@@ -258,7 +258,8 @@ void SessionBus::sendOnly(BusCall call) {
     if (call.m_error < 0)
         return;
     library().setExpectReply(call.m_message.get(), 0);
-    (void)library().send(m_bus.get(), call.m_message.get(), nullptr); // a lost bus shows elsewhere
+    (void)library().send(m_bus.get(), call.m_message.get(),
+                         nullptr); // the next call reports a lost connection
 }
 
 } // namespace vexmoor

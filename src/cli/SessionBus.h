@@ -22,8 +22,8 @@ struct BusMessageRelease {
 };
 using BusMessagePointer = std::unique_ptr<sd_bus_message, BusMessageRelease>;
 
-/// A call of a method, to which arguments are added in their order. What can't be added, such as a
-/// text that is not UTF-8, makes the sending fail.
+/// A method call. Arguments are added in order. Sending fails if an argument cannot be encoded,
+/// such as text that is not UTF-8.
 class BusCall {
   public:
     void add(const std::string& text);
@@ -34,10 +34,10 @@ class BusCall {
     void add(const std::vector<std::string>& texts);
     void add(const std::vector<std::uint64_t>& numbers);
     void addByteStrings(const std::vector<std::string>& items);
-    /// A dictionary of one text.
+    /// Adds a dictionary with one text.
     void addEntry(const std::string& key, const std::string& text);
 
-    /// Leaves a service that does not run as it is; else the bus may start it.
+    /// Prevents the bus from starting the service if it does not run.
     void startNothing();
 
   private:
@@ -56,7 +56,7 @@ class BusReply {
   public:
     explicit BusReply(BusMessagePointer message) : m_message(std::move(message)) {}
 
-    // The next argument; nothing where it is something else.
+    // These read the next argument; nullopt if it has another type.
     std::optional<std::string> text();
     std::optional<std::vector<std::string>> texts();
     std::optional<std::uint64_t> number();
@@ -71,11 +71,11 @@ struct BusError {
     std::string message;
 };
 
-/// A connection to the session bus. Its library is loaded when one is made first, since most
-/// commands need none. One thread.
+/// A connection to the session bus. The first connection loads the D-Bus library, since most
+/// commands need none. Not thread-safe.
 class SessionBus {
   public:
-    /// Fails where there is no bus, or no library.
+    /// Fails if there is no session bus or no library.
     static Result<SessionBus> connect();
 
     [[nodiscard]] BusCall call(const char* service, const char* path, const char* interface,
@@ -83,12 +83,12 @@ class SessionBus {
 
     static constexpr auto kForEver = std::chrono::microseconds::max();
 
-    /// Waits for the answer; meanwhile `whileWaiting` is called about ten times a second. It may
-    /// send too.
+    /// Sends the call and waits for the reply. Calls `whileWaiting` about ten times a second, which
+    /// may send calls too.
     std::variant<BusReply, BusError> send(BusCall call, std::chrono::microseconds limit,
                                           const std::function<void()>& whileWaiting = {});
 
-    /// Sends it without an answer.
+    /// Sends the call without waiting for a reply.
     void sendOnly(BusCall call);
 
   private:

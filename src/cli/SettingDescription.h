@@ -5,14 +5,14 @@
 
 namespace vexmoor {
 
-/// What the command line knows of a setting.
+/// The command line's description of a setting.
 struct SettingDescription {
     std::string name;
     const char* description;         ///< marked()
-    std::vector<std::string> values; ///< that it can be set to, the usual spelling of each
+    std::vector<std::string> values; ///< accepted values, the preferred spelling of each
 };
 
-/// All settings, in the order in which they are listed.
+/// Returns all settings in display order.
 const std::vector<SettingDescription>& settingDescriptions();
 
 } // namespace vexmoor

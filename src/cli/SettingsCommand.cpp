@@ -31,7 +31,7 @@ std::string asText(const Json& value) {
     return value.get<std::string>();
 }
 
-/// The complaint about a value, for people and for programs.
+/// Returns the refusal of a value, for people and for programs.
 Refusal refusalFor(const NamedSettings& settings, const Invocation& invocation,
                    NamedSettings::Complaint::Kind kind) {
     const bool isUsage = kind == NamedSettings::Complaint::Kind::usage;
@@ -44,7 +44,7 @@ Refusal refusalFor(const NamedSettings& settings, const Invocation& invocation,
             }};
 }
 
-/// The desktop application refuses in English.
+/// Translates a refusal of the desktop application, which is in English.
 Outcome inUsersLanguage(Outcome outcome, const Invocation& invocation) {
     const auto session = Session::openForReading();
     if (!std::holds_alternative<Refusal>(outcome) || !session)
@@ -82,7 +82,7 @@ Outcome set(Invocation invocation) {
     }
 }
 
-/// Wrong usage has no document.
+/// A usage error has no JSON document.
 int refuse(const Refusal& refusal, bool asJson) {
     if (refusal.status == kUsage) {
         std::cerr << usageComplaint(*commandNamed("settings"), refusal.sentence);

@@ -9,10 +9,10 @@ namespace vexmoor {
 
 namespace {
 
-constexpr std::size_t kLongestWord = 64; ///< what is longer is no mistyped name of ours
-constexpr std::size_t kBeginning = 2;    ///< characters that are enough of a beginning
+constexpr std::size_t kLongestWord = 64; ///< longer words get no suggestion
+constexpr std::size_t kBeginning = 2;    ///< minimum length of a prefix
 
-/// The edits between two words; swapping two neighbours is one.
+/// Returns the edit distance of two words; transposing two neighbours is one edit.
 std::size_t distance(const std::string& a, const std::string& b) {
     std::vector<std::size_t> beforeLast;
     std::vector<std::size_t> last(b.size() + 1);
@@ -32,7 +32,7 @@ std::size_t distance(const std::string& a, const std::string& b) {
     return last.back();
 }
 
-/// How far two words may be from each other: an edit for each three letters of the longer one.
+/// Returns the maximum distance for a suggestion: one edit per three letters of the longer word.
 std::size_t limit(const std::string& a, const std::string& b) {
     return std::max<std::size_t>(1, std::max(a.size(), b.size()) / 3);
 }

@@ -6,11 +6,12 @@
 
 namespace vexmoor {
 
-/// The candidate that a mistyped word most probably means: it is the beginning of it, or few edits
-/// away (letters put in, left out, changed or swapped; case does not count). Empty if none is near.
+/// Returns the candidate closest to a mistyped word: the word is its prefix, or few edits away
+/// (insertion, deletion, substitution, transposition; case is ignored). Empty if none is close
+/// enough.
 std::string nearest(std::string_view word, const std::vector<std::string>& candidates);
 
-/// "Did you mean feed?" with a space before it, to follow a complaint; empty without a suggestion.
+/// Returns " Did you mean feed?", to append to an error message; empty without a suggestion.
 std::string didYouMean(const std::string& suggestion);
 
 } // namespace vexmoor

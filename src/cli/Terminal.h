@@ -11,26 +11,26 @@ namespace vexmoor {
 
 enum class Colour { none, red, green, yellow, dim };
 
-/// The text in a colour where the descriptor is a terminal that shows colours, which NO_COLOR and
-/// TERM=dumb deny; else the text itself.
+/// Returns the text in a colour if the descriptor is a terminal that supports colours; NO_COLOR and
+/// TERM=dumb disable them.
 std::string coloured(const std::string& text, Colour colour, int descriptor);
 
-/// The width of a terminal; nullopt if the descriptor is none, or it does not know.
+/// Returns the width of a terminal; nullopt if the descriptor is no terminal or the width is
+/// unknown.
 std::optional<std::size_t> columnsOf(int descriptor);
 
-/// "vexmoor: …" as a line for stderr.
+/// Returns the sentence as an error message: "vexmoor: …".
 std::string complaint(const std::string& sentence);
 
-/// Prints it.
+/// Prints the sentence as an error message on stderr.
 void complain(const std::string& sentence);
 
-/// The command line's way of asking and telling. Failures are left to the command, which knows them
-/// from its result.
+/// Asks questions on the terminal. Leaves failures to the command, which gets them in its result.
 class TerminalDialogs : public Dialogs {
   public:
     explicit TerminalDialogs(bool assumeYes) : m_assumeYes(assumeYes) {}
 
-    /// Asks on the terminal and waits; without one only --yes confirms.
+    /// Asks on the terminal and waits. Without a terminal, only --yes confirms.
     Answer ask(const Question& question);
     void ask(const Question& question, std::function<void(const Answer&)> answered) override {
         answered(ask(question));
@@ -38,10 +38,10 @@ class TerminalDialogs : public Dialogs {
     void report(const FailureReport&) override {}
     void beep() override {}
 
-    /// Asks one line, "Feed notes.txt?", in the same way.
+    /// Like ask(), for a question of one line: "Feed notes.txt?".
     bool confirms(const std::string& question);
 
-    /// Whether a question could not be asked.
+    /// True if a question could not be asked for lack of a terminal.
     [[nodiscard]] bool lackedTerminal() const { return m_lackedTerminal; }
 
   private:

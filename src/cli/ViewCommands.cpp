@@ -36,7 +36,7 @@ Result<std::unique_ptr<Session>> openOrComplain(bool asJson) {
     return session;
 }
 
-/// For machines, in the local time zone.
+/// Returns the day in ISO 8601, in the local time zone.
 std::string isoDay(Date date) {
     const auto seconds = static_cast<std::time_t>(date.unixSeconds());
     std::tm local{};
@@ -79,7 +79,7 @@ std::string origin(const Sacrifice& item) {
                : "";
 }
 
-/// The recent ones, whatever became of them, and with --all those that can be put back besides.
+/// Returns the recent items in any state; with --all also all others that can be put back.
 std::vector<Sacrifice> historyOf(Session& session, const Invocation& invocation) {
     auto items = session.ledger().recent.get();
     const auto most = invocation.number > 0 ? invocation.number

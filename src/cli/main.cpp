@@ -15,7 +15,7 @@ int run(const vexmoor::Invocation& invocation) {
     switch (invocation.command) {
     case Command::open:
     case Command::probe:
-    case Command::help: // is printed by now
+    case Command::help: // printed by the parser
         return vexmoor::runDesktop(invocation);
     case Command::feed:
     case Command::putBack:

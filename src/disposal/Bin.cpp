@@ -12,7 +12,8 @@ namespace {
 constexpr unsigned kMostNumbers = 10000;
 constexpr mode_t kOrdinaryRights = 0777; // less the umask
 
-/// A record is data: what it names must be a plain absolute path, or nothing is moved there.
+/// True for a plain absolute path. A record may be damaged or forged; nothing is moved to any other
+/// path.
 bool isUsable(const Path& destination) {
     return destination.is_absolute() && destination.has_relative_path() &&
            destination == standardized(destination) &&
@@ -31,7 +32,7 @@ Result<BinnedItem> Bin::put(const HeldItem& item, Date date, const PlaceObserver
     auto binned = take(**bin, item, date, willTake);
     if (!binned && binned.error().code == std::errc::no_such_file_or_directory &&
         !(*bin)->isInPlace()) {
-        // Another program deleted the whole Bin since it was opened: it is made again, once.
+        // Another program has deleted the whole Bin: create it again, once.
         m_byMount.clear();
         m_open.clear();
         bin = binFor(item);
@@ -40,7 +41,7 @@ Result<BinnedItem> Bin::put(const HeldItem& item, Date date, const PlaceObserver
         binned = take(**bin, item, date, willTake);
     }
     if (!binned && binned.error().code == std::errc::cross_device_link && (*bin)->top().empty()) {
-        // One mount, and yet a border that nothing can be renamed across (a btrfs subvolume, say).
+        // Within one mount, renames can still fail at a boundary, for example of a btrfs subvolume.
         auto other = volumeBin(item.parent->status.mountId);
         if (other)
             binned = take(**other, item, date, willTake);
@@ -76,7 +77,7 @@ Result<TrashDirectory*> Bin::volumeBin(std::uint64_t mountId) {
     if (!top)
         return disposalError(DisposalError::noBinOnVolume);
     auto opened = TrashDirectory::openOnVolume(*top, m_directories.user);
-    if (opened && opened->mountId() != mountId) // another volume covers the Bin's place
+    if (opened && opened->mountId() != mountId) // another volume is mounted over the Bin's path
         return disposalError(DisposalError::noBinOnVolume, *top);
     return keep(std::move(opened));
 }
@@ -112,7 +113,7 @@ void Bin::noteSize(const BinnedItem& folder, std::int64_t bytes) {
         (*bin)->noteSize(folder, bytes);
 }
 
-/// The mount that the home Bin lies on or, where it is yet to be made, will lie on.
+/// Returns the mount that contains the home Bin or, if the Bin does not exist, will contain it.
 std::uint64_t Bin::homeMount() {
     if (m_homeMount)
         return *m_homeMount;
@@ -133,7 +134,8 @@ Result<Path> Bin::putBack(const Path& place, const BinRecord& record,
     TrashDirectory& bin = **binOf(place);
     auto landed = land(bin, *item, record.path, willLeave);
     if (landed)
-        // The item is back; an info file that stays behind is listed as empty, nothing worse.
+        // The item is back. An info file that remains is shown as an empty entry, which is
+        // harmless.
         (void)bin.removeInfo(*item);
     else if (fileStatus(bin.leaving(), item->name.c_str()))
         if (auto back = bin.giveBack(*item); !back)
@@ -166,7 +168,7 @@ Result<std::shared_ptr<const HeldFolder>> Bin::openDestination(const Path& desti
     return folder;
 }
 
-/// Where that fails the item may be in the leaving folder.
+/// If it fails, the item may be in the leaving folder.
 Result<Path> Bin::land(TrashDirectory& bin, const TrashDirectory::Found& item,
                        const Path& destination, const DepartureObserver& willLeave) {
     const auto folder = openDestination(destination);
@@ -217,7 +219,7 @@ Result<void> Bin::check(const Path& place, const BinRecord& record) {
 Result<bool> Bin::returnLeaving(const Path& place) {
     const auto bin = binOf(place);
     if (!bin)
-        return false; // opening it again reports why
+        return false; // the next attempt to open it reports the reason
     if (!m_swept.insert((*bin)->path()).second)
         return false;
     return (*bin)->returnLeft(lastComponent(place));
@@ -243,9 +245,9 @@ void Bin::removeLeftInfo(const Path& place, const Path& original) {
     if (!text)
         return;
     const auto info = TrashInfo::fromText(*text);
-    if (text->empty() || (info && (*bin)->names(*info, original))) // empty: cut short
-        (void)(*bin)->removeInfo(
-            {stored, {}, *text}); // left where it is, it is listed as empty, nothing worse
+    if (text->empty() ||
+        (info && (*bin)->names(*info, original)))      // empty: truncated by a power cut
+        (void)(*bin)->removeInfo({stored, {}, *text}); // a remaining info file is harmless
 }
 
 void Bin::flush() {

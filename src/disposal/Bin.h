@@ -8,55 +8,53 @@
 
 namespace vexmoor {
 
-/// The user's Bin: the FreeDesktop.org Trash of each volume (docs/bin.md). It keeps what it opened,
-/// so one serves one batch; flush() at the batch's end. One thread.
+/// The user's Bin: the FreeDesktop.org Trash of each volume (docs/bin.md). Caches open Bins, so use
+/// one instance per batch and call flush() at its end. Not thread-safe.
 class Bin {
   public:
     using PlaceObserver = TrashDirectory::PlaceObserver;
-    /// Told of a binned item that is about to leave, and of the path that is tried for it, empty
-    /// where it is deleted; its failure keeps the item where it is.
+    /// Called before a binned item leaves, with the path to be tried for it (empty if it is
+    /// deleted). If it fails, the item stays.
     using DepartureObserver =
         std::function<Result<void>(const FileStatus& item, const Path& landing)>;
 
     Bin(const UserDirectories& directories, MountTable& mounts, BinGuard& guard);
 
-    /// Moves the item into the Bin of its volume and answers what is there then. It is never
-    /// copied: without a Bin that it can be renamed into it stays where it is.
+    /// Moves the item into the Bin of its volume and returns the item that is there afterwards.
+    /// Never copies: if no Bin accepts the item by a rename, it stays where it is.
     Result<BinnedItem> put(const HeldItem& item, Date date, const PlaceObserver& willTake);
 
     /// Records the allocated bytes of a folder in the Bin, for directorysizes.
     void noteSize(const BinnedItem& folder, std::int64_t bytes);
 
-    /// The place that put() will most likely find for the item.
+    /// Returns the path in the Bin that put() will probably use for the item.
     Result<Path> expectedPlace(const HeldItem& item);
 
-    /// Moves a binned item to the record's path, or beside it under a numbered name where that is
-    /// taken; missing folders are made. Answers where it landed. Only the item of the record
-    /// leaves, whatever else lies at its place by now (TrashDirectory::find), and whatever takes
-    /// its place while it is looked at.
+    /// Moves a binned item to the record's path, or to a numbered name beside it if that is taken.
+    /// Creates missing folders. Returns the new path. Moves only the record's item
+    /// (TrashDirectory::find), even if another program replaces it during the operation.
     Result<Path> putBack(const Path& place, const BinRecord& record,
                          const DepartureObserver& willLeave);
 
-    /// Deletes a binned item beyond recovery, under the same condition.
+    /// Deletes a binned item irrecoverably, with the same checks as putBack().
     Result<void> erase(const Path& place, const BinRecord& record,
                        const DepartureObserver& willLeave, WorkMeter* meter);
 
-    /// Whether the item of the record lies at the place; fails with the reason.
+    /// Succeeds if the record's item is at the place; otherwise fails with the reason.
     Result<void> check(const Path& place, const BinRecord& record);
 
-    /// Brings an item back to its place that a process which ended had taken out of the Bin, with
-    /// all others of that Bin. Answers whether it was so.
+    /// Moves all items that an interrupted process had taken out of this Bin back into it. Returns
+    /// whether the item of this place was one of them.
     Result<bool> returnLeaving(const Path& place);
 
-    /// Writes the info file of the record's item where it is missing or empty. Answers whether it
-    /// was.
+    /// Writes the info file of the record's item if it is missing or empty. Returns whether it was.
     Result<bool> repairInfo(const Path& place, const BinRecord& record);
 
-    /// Removes the info file that an interrupted move left behind: only where the Bin holds no such
-    /// item and the file is the one that was written for `original`, or was cut off before a byte.
+    /// Removes the info file left by an interrupted move: only if the Bin has no such item, and the
+    /// file is empty or was written for `original`.
     void removeLeftInfo(const Path& place, const Path& original);
 
-    /// Writes what is gathered about folders' sizes.
+    /// Writes the collected folder sizes.
     void flush();
 
   private:
@@ -78,7 +76,7 @@ class Bin {
     BinGuard& m_guard;
     std::map<Path, TrashDirectory> m_open;
     std::map<std::uint64_t, TrashDirectory*> m_byMount;
-    std::set<Path> m_swept; ///< Bins that hold nothing any more that a process left leaving
+    std::set<Path> m_swept; ///< Bins whose leaving folder was emptied
     FolderKeeper m_destinations;
     std::optional<std::uint64_t> m_homeMount;
 };

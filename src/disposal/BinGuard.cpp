@@ -12,19 +12,19 @@ namespace vexmoor {
 
 namespace {
 
-/// Names of the Bins at the top of a volume: ".Trash" and ".Trash-$uid", anybody's.
+/// True for names of any user's Bin at the top of a volume: ".Trash" and ".Trash-$uid".
 bool isVolumeBinName(const std::string& name) {
     return name == ".Trash" || name.starts_with(".Trash-");
 }
 
-/// Whether the path is the folder or below it; both are absolute.
+/// True if `path` is `folder` or below it; both must be absolute.
 bool isWithin(const Path& path, const Path& folder) {
     const Path below = path.lexically_relative(folder);
     return !below.empty() && *below.begin() != "..";
 }
 
-/// Visits the folder and those above it, as they really lie in each other, until the visitor says
-/// no or the root is reached.
+/// Visits the folder and its parents, by "..", until the visitor returns false or the root is
+/// reached.
 void climb(int folder, const std::function<bool(const FileIdentity&)>& visitor) {
     FileDescriptor held;
     auto current = fileStatus(folder, "");
@@ -64,8 +64,8 @@ void BinGuard::learnBin(const Path& bin) {
     m_held.emplace_back(bin, DisposalError::holdsBin);
 }
 
-/// The folders and links on the way there hold it, whether it has been made yet or not, and so do
-/// the folders that a link leads into.
+/// Registers every folder and link on the way to the path, whether the path exists or not, and the
+/// parents of each link's target.
 void BinGuard::learnHolders(const Path& path, DisposalError refusal) {
     for (Path part = path;; part = part.parent_path()) {
         const auto status = fileStatus(part);
@@ -107,7 +107,7 @@ std::optional<DisposalError> BinGuard::refusal(const HeldItem& item) {
     return holdsMount(item) ? std::optional(DisposalError::holdsMountPoint) : std::nullopt;
 }
 
-/// The holders are learnt when the first item comes that can be one.
+/// Looks up the holders, which are computed for the first item that can be one.
 std::optional<DisposalError> BinGuard::whatItHolds(const FileIdentity& item) {
     for (const auto& [path, refusal] : std::exchange(m_held, {}))
         learnHolders(path, refusal);
@@ -127,7 +127,7 @@ bool BinGuard::isInsideBin(const HeldFolder& folder) {
     return m_lastRefusal == DisposalError::isInsideBin;
 }
 
-/// Learns about the folder, as the items of a batch mostly lie side by side.
+/// Caches the folder's properties, since a batch's items are usually in one folder.
 void BinGuard::lookAt(const HeldFolder& folder) {
     if (m_lastFolder == folder.status.identity && m_lastMount == folder.status.mountId)
         return;
@@ -147,7 +147,7 @@ void BinGuard::lookAt(const HeldFolder& folder) {
     m_lastRefusal = findRefusalInside(folder);
 }
 
-/// A volume's Bin is found at the top of what is mounted, by whichever mount that is.
+/// Recognises a Bin at the top of a volume through any mount of that volume.
 bool BinGuard::isVolumeBin(const HeldFolder& parent, const std::string& name) const {
     const auto isTop = [this](const MountTable::Mount& mount) {
         return m_lastPath && mount.root == *m_lastPath;

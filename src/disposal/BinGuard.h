@@ -13,19 +13,19 @@
 
 namespace vexmoor {
 
-/// Knows what must never be disposed of: the home folder, mount points and what holds one, the
-/// Bins and this program's own data, what is inside these and what holds them. Files are told by
-/// device and inode, and the Bins of volumes by their place in the file system, so that no other
-/// name, link or bind mount gets past it. What it knows is as of its making, so one serves one
-/// batch. One thread.
+/// Recognises what must not be disposed of: the home folder, mount points, Bins and this program's
+/// own data, everything inside the latter two, and every folder that contains one of these.
+/// Compares files by device and inode, and Bins of volumes by their path in the file system, so
+/// that other names, links and bind mounts are recognised. Its data is not updated, so use one
+/// instance per batch. Not thread-safe.
 class BinGuard {
   public:
     BinGuard(const UserDirectories& directories, MountTable& mounts);
 
-    /// Why the item is refused; nothing where it may go.
+    /// Returns why the item is refused; nullopt if it may be disposed of.
     std::optional<DisposalError> refusal(const HeldItem& item);
 
-    /// Whether the folder is a Bin or inside one.
+    /// True if the folder is a Bin or inside one.
     bool isInsideBin(const HeldFolder& folder);
 
   private:
@@ -43,14 +43,16 @@ class BinGuard {
     std::set<FileIdentity> m_homes;
     std::optional<FileIdentity> m_ownData;
     std::set<FileIdentity> m_bins;
-    std::vector<std::pair<Path, DisposalError>> m_held; ///< of which the holders are not learnt yet
-    std::map<FileIdentity, DisposalError> m_holders;    ///< what these lie in, and why that stays
+    std::vector<std::pair<Path, DisposalError>>
+        m_held; ///< paths whose containing folders are not known yet
+    std::map<FileIdentity, DisposalError>
+        m_holders; ///< folders and links that lead to these, and why they are refused
     std::optional<FileIdentity> m_lastFolder;
     std::uint64_t m_lastMount = 0;
     bool m_lastIsSystem = false;
-    std::optional<DisposalError> m_lastRefusal;  ///< of what is in that folder
-    std::optional<Path> m_lastPath;              ///< of that folder, within its file system
-    std::vector<MountTable::Mount> m_sameVolume; ///< the mounts of that file system
+    std::optional<DisposalError> m_lastRefusal;  ///< of all items in that folder
+    std::optional<Path> m_lastPath;              ///< of that folder, relative to its file system
+    std::vector<MountTable::Mount> m_sameVolume; ///< all mounts of that file system
 };
 
 } // namespace vexmoor

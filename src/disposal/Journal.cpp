@@ -53,7 +53,7 @@ Result<void> Journal::openAt(const JournalStart& start) {
         file = JournalFile::make(this->file());
     if (!file)
         return std::move(file).error();
-    // What is not the stores' generation, recovery has looked at: the stores know all of it.
+    // A file of another generation was handled by recovery: the stores contain all of it.
     m_end = isMissing || file->generation() != start.recorded.generation ? JournalPosition()
                                                                          : start.recorded;
     m_synced = m_end.offset;
@@ -83,7 +83,7 @@ bool Journal::holdsMoreThan(JournalPosition recorded) const {
         return recorded.generation != 0 ||
                file.error().code != std::errc::no_such_file_or_directory;
     if (recorded.generation == 0 && file->generation() == 0)
-        return false; // made, but never written to
+        return false; // the file was created but never written
     return !file->endsAt(recorded);
 }
 

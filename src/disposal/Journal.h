@@ -11,36 +11,36 @@ namespace vexmoor {
 
 class Journal;
 
-/// What the stores know of the journal when a batch begins.
+/// The state of the stores when a batch begins.
 struct JournalStart {
     std::int64_t lastRecorded = 0; ///< number of the newest batch in the stores
-    JournalPosition recorded{};    ///< behind that batch
-    bool isDurable = false;        ///< and the stores are on the disk
+    JournalPosition recorded{};    ///< end of that batch
+    bool isDurable = false;        ///< the stores are synced to the disk up to that batch
 };
 
-/// A batch in the journal.
+/// The position of a batch in the journal.
 struct JournalMark {
     std::int64_t number = 0;
     JournalPosition end{};
 };
 
-/// Writes the journal of one batch (docs/journal.md). Nothing is moved or deleted whose intent is
-/// not on the disk. One thread, and one at a time.
+/// Writes the journal of one batch (docs/journal.md). An item must not be moved or deleted before
+/// its intent is synced. Not thread-safe; only one may exist at a time.
 class JournalWriter {
   public:
     JournalWriter(Journal& journal, std::int64_t number, std::string header);
 
-    /// Gathers what will be done to an item. A second intent for an item (its place was taken)
+    /// Collects the intent of an item. A second intent for the same item (its place was taken)
     /// replaces the first.
     void intend(const JournalEntry& entry) { m_intents += intentLine(entry); }
 
-    /// Puts the gathered intents on the disk; without success they are dropped.
+    /// Writes the collected intents and syncs them. Drops them on failure.
     Result<void> sync();
 
-    /// Notes what became of an item; written with the next intents or the flush.
+    /// Collects the outcome of an item; it is written with the next intents or by flush().
     void note(const std::string& line) { m_outcomes += line; }
 
-    /// Writes what was noted, for the process that comes after a kill.
+    /// Writes the collected outcomes, for recovery after a crash.
     Result<void> flush();
 
     [[nodiscard]] std::int64_t number() const { return m_number; }
@@ -56,33 +56,33 @@ class JournalWriter {
     std::string m_outcomes;
 };
 
-/// The journal of all batches, for the start after a crash: one file, to which batches are added
-/// until it is full and all of them are in stores that are on the disk; then it begins again. The
-/// holder of the writer's lock uses it; one thread at a time.
+/// The journal of all batches, for recovery after a crash. Batches are appended to one file; when
+/// it is full and all its batches are in synced stores, it starts again at its beginning. Used by
+/// the holder of the writer lock; not thread-safe.
 class Journal {
   public:
     explicit Journal(Path folder) : m_folder(std::move(folder)) {}
 
-    /// Begins a batch, under the next number.
+    /// Begins a batch with the next number.
     Result<std::unique_ptr<JournalWriter>> begin(JournalKind kind, DisposeMode mode,
                                                  const JournalStart& start);
 
-    /// Whether a batch may stand in the journal that is not in the stores. Cheap.
+    /// True if the journal may have a batch that is not in the stores. Cheap.
     [[nodiscard]] bool holdsMoreThan(JournalPosition recorded) const;
 
     struct Unrecorded {
         std::vector<JournalBatch> batches; ///< oldest first
         JournalPosition end{};
-        bool isLost = false;    ///< there is nothing, though there was something
-        bool isDamaged = false; ///< something was there that can't be read
+        bool isLost = false;    ///< the journal is empty or missing, but had batches
+        bool isDamaged = false; ///< a part cannot be read
     };
-    /// The batches that are not in the stores.
+    /// Returns the batches that are not in the stores.
     [[nodiscard]] Result<Unrecorded> unrecorded(JournalPosition recorded) const;
 
-    /// Moves the journal's file out of the way and returns where it is.
+    /// Renames the journal's file and returns its new path.
     Result<Path> setAside();
 
-    /// A position from which on the journal should be written anew.
+    /// True if the journal should start again at its beginning.
     [[nodiscard]] static bool isFull(JournalPosition position) {
         return position.offset > JournalFile::kReserve / 2;
     }
@@ -96,10 +96,10 @@ class Journal {
     Result<void> openAt(const JournalStart& start);
 
     Path m_folder;
-    std::optional<JournalFile> m_file; ///< once a batch was begun
+    std::optional<JournalFile> m_file; ///< open once a batch has begun
     JournalPosition m_end{};
-    std::int64_t m_synced = 0; ///< what stands before that is on the disk
-    std::int64_t m_last = 0;   ///< the newest number given out
+    std::int64_t m_synced = 0; ///< everything before this offset is on the disk
+    std::int64_t m_last = 0;   ///< the newest number assigned
 };
 
 } // namespace vexmoor

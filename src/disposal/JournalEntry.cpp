@@ -14,7 +14,7 @@ using Json = nlohmann::ordered_json;
 
 namespace {
 
-constexpr int kFormatVersion = 2; ///< of 1 the lines are the same, but for new keys
+constexpr int kFormatVersion = 2; ///< lines of version 1 are the same, with fewer keys
 constexpr const char* kKindNames[] = {"feed", "put-back", "delete"};
 
 std::optional<JournalKind> kindNamed(const std::string& name) {
@@ -50,7 +50,7 @@ bool hasAllPaths(const JournalBatch& batch, const JournalEntry& entry) {
            (entry.destination || batch.kind != JournalKind::putBack);
 }
 
-/// Gathers lines into batches.
+/// Assembles batches from lines.
 class Gatherer {
   public:
     explicit Gatherer(std::vector<JournalBatch>& batches) : m_batches(batches) {
@@ -58,7 +58,7 @@ class Gatherer {
             resume();
     }
 
-    /// The error's number, 0 where the line made sense.
+    /// Returns an errno value; 0 if the line is valid.
     int take(const Json& line) {
         if (!line.is_object())
             return EBADMSG;
@@ -123,7 +123,7 @@ class Gatherer {
         }
     }
 
-    /// Goes on with the last batch.
+    /// Continues the last batch.
     void resume() {
         m_places.clear();
         const auto& entries = m_batches.back().entries;

@@ -17,11 +17,11 @@ namespace {
 
 constexpr std::string_view kMark = "block ";
 constexpr std::string_view kEnd = "end\n";
-constexpr std::size_t kHeader = 6 + 4 * 17; ///< the mark and four numbers
+constexpr std::size_t kHeader = 6 + 4 * 17; ///< the keyword and four numbers
 constexpr std::int64_t kKeptRoom = 1024 * 1024;
 constexpr std::int64_t kLongest = std::int64_t{1} << 30;
 
-/// A checksum for blocks that a power cut tore, eight bytes at a time.
+/// Detects blocks that a power cut has torn. Processes eight bytes at a time.
 std::uint64_t checksum(std::uint64_t seed, std::string_view text) {
     constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15;
     std::uint64_t sum = seed ^ (text.size() * kFactor);
@@ -35,7 +35,7 @@ std::uint64_t checksum(std::uint64_t seed, std::string_view text) {
     return sum ^ (sum >> 32);
 }
 
-/// 16 hexadecimal digits.
+/// Formats 16 hexadecimal digits.
 std::string number(std::uint64_t value) {
     constexpr int kDigits = 16;
     char digits[kDigits];
@@ -77,7 +77,7 @@ std::optional<Header> headerAt(std::string_view bytes) {
                : std::nullopt;
 }
 
-/// The header of a whole block that stands there.
+/// Returns the header of a valid block at the offset.
 std::optional<Header> blockAt(std::string_view bytes, std::int64_t offset,
                               std::int64_t generation) {
     const auto header = headerAt(bytes);
@@ -172,8 +172,9 @@ Result<std::string> JournalFile::bytesFrom(std::int64_t offset) const {
     return bytes;
 }
 
-/// Where a block can't be read, a later one that counts it among what is on the disk shows that it
-/// was there; without such a one it was just not written whole, and nothing was done after it.
+/// After an unreadable block, searches for a later block that was written after this one was
+/// synced: then the file is damaged. Otherwise the block was being written during the crash, and
+/// none of its intents was carried out.
 Result<JournalFile::Contents> JournalFile::read(JournalPosition from) const {
     const auto bytes = bytesFrom(from.offset);
     if (!bytes)
@@ -183,7 +184,7 @@ Result<JournalFile::Contents> JournalFile::read(JournalPosition from) const {
     Contents contents;
     contents.end = from.offset;
     std::size_t place = 0;
-    std::int64_t unread = -1; ///< where what can't be read begins
+    std::int64_t unread = -1; ///< start of the unreadable part
     while (place < bytes->size()) {
         const auto rest = std::string_view(*bytes).substr(place);
         const auto offset = from.offset + static_cast<std::int64_t>(place);
@@ -231,7 +232,7 @@ Result<std::int64_t> JournalFile::write(JournalPosition at, std::int64_t synced,
         bytes += number(value) + " ";
     bytes += number(header.sum) + "\n" + text;
     const auto end = at.offset + static_cast<std::int64_t>(bytes.size());
-    bytes += kEnd; // which the next block takes the place of
+    bytes += kEnd; // overwritten by the next block
     if (auto written = writeAll(bytes, at.offset); !written)
         return std::move(written).error();
     return end;

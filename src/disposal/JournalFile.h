@@ -10,7 +10,8 @@
 
 namespace vexmoor {
 
-/// A place in the journal's file. Generations count up: each begins the file again at its start.
+/// A position in the journal's file. The generation increases each time the file starts again at
+/// its beginning.
 struct JournalPosition {
     std::int64_t generation = 0;
     std::int64_t offset = 0;
@@ -18,16 +19,16 @@ struct JournalPosition {
     auto operator<=>(const JournalPosition&) const = default;
 };
 
-/// The file of the journal (docs/journal.md): checksummed blocks of text one after the other, in
-/// room that was written before, so that syncing a block writes nothing but its data. One thread.
+/// The journal's file (docs/journal.md): a sequence of checksummed blocks of text. It is
+/// preallocated, so that a sync writes only the data of a block. Not thread-safe.
 class JournalFile {
   public:
-    /// Room that the file keeps at all times, on a full disk too.
+    /// The size that is always allocated, so that a full disk does not prevent small batches.
     static constexpr std::int64_t kReserve = 256 * 1024;
 
-    /// Opens the file; no_such_file_or_directory where there is none.
+    /// Opens the file; fails with no_such_file_or_directory if it does not exist.
     static Result<JournalFile> open(const Path& path);
-    /// Makes the file with its reserve, on the disk when this returns.
+    /// Creates the file with its reserve and syncs it.
     static Result<JournalFile> make(const Path& path);
 
     struct Block {
@@ -36,25 +37,26 @@ class JournalFile {
     };
     struct Contents {
         std::vector<Block> blocks;
-        std::int64_t end = 0;   ///< behind the last block that can be read
-        bool isDamaged = false; ///< blocks that were on the disk can't be read
+        std::int64_t end = 0;   ///< end of the last readable block
+        bool isDamaged = false; ///< blocks that were synced cannot be read
     };
 
-    /// The generation that stands at the file's start; 0 where nothing that makes sense does.
+    /// Returns the generation at the start of the file; 0 if that is not valid.
     [[nodiscard]] std::int64_t generation() const;
 
-    /// Whether the file ends at the position in good order: then nothing stands behind.
+    /// True if the end mark is at the position, so that no block follows.
     [[nodiscard]] bool endsAt(JournalPosition position) const;
 
-    /// The blocks from the position on.
+    /// Reads the blocks from the position on.
     [[nodiscard]] Result<Contents> read(JournalPosition from) const;
 
-    /// Writes a block and returns where it ends. `synced`: what stands before that is on the disk.
+    /// Writes a block and returns its end. `synced` is the offset before which everything is on the
+    /// disk.
     Result<std::int64_t> write(JournalPosition at, std::int64_t synced, const std::string& text);
 
     Result<void> sync();
 
-    /// Releases what a large batch took beyond the reserve.
+    /// Truncates the file to the reserve after a large batch.
     void shrink();
 
   private:

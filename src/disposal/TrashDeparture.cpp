@@ -1,4 +1,4 @@
-// How items leave a TrashDirectory.
+// TrashDirectory: how items leave a Bin.
 #include "TrashDirectory.h"
 
 #include "base/Text.h"
@@ -21,7 +21,7 @@ namespace vexmoor {
 namespace {
 
 constexpr unsigned kNamesToReturnUnder = 64;
-constexpr double kFileTimeTolerance = 2; // seconds; some file systems know no finer
+constexpr double kFileTimeTolerance = 2; // seconds; the coarsest timestamps of common file systems
 
 bool isMissing(const Error& error) {
     return error.code == std::errc::no_such_file_or_directory;
@@ -35,11 +35,11 @@ bool isSameItem(const FileStatus& one, const FileStatus& other) {
     return one.identity == other.identity || ItemFacts::of(one, false).fit(other);
 }
 
-/// Whether any later change of a file, and any other file under its name, shows in its status: a
-/// write shows in the time of change if the last one is more than the clock's step ago, another
-/// file in the time of birth.
+/// True if any later change or replacement of the file is visible in its status: a write changes
+/// the modification time if the last write is more than a clock tick ago; a replacement changes the
+/// birth time.
 bool showsChanges(const FileStatus& status) {
-    constexpr double kClockStep = 0.1; // seconds; ten times what the coarsest kernel has
+    constexpr double kClockStep = 0.1; // seconds; ten times the tick of the slowest kernel clock
     const double modified =
         static_cast<double>(status.modifiedSeconds) + status.modifiedFraction * 1e-9;
     return status.birthNanoseconds != 0 && status.modifiedFraction != 0 &&
@@ -65,12 +65,13 @@ std::vector<std::string> namesIn(int folder) {
     return names;
 }
 
-/// Into a folder that only we use.
+/// Moves an entry into a private folder.
 Result<void> moveToOurs(int from, int to, const char* name) {
     return moveWithoutReplacing(from, name, to, name, [to] { return to; });
 }
 
-/// To move a folder elsewhere changes what ".." means in it, which needs the right to write to it.
+/// Moves an entry even if it is a read-only folder: changing the parent of a folder updates its
+/// "..", which requires write permission on it.
 Result<void> moveEvenLocked(int from, int to, const char* name) {
     auto moved = moveToOurs(from, to, name);
     if (moved || moved.error().code != std::errc::permission_denied)
@@ -116,12 +117,12 @@ Result<TrashDirectory::Found> TrashDirectory::find(const std::string& name,
     return *isOurs ? Result<Found>(std::move(found)) : gone(name, record);
 }
 
-/// Fails where it cannot be told.
+/// Fails with withoutInfo if it cannot be decided.
 Result<bool> TrashDirectory::isOf(const std::string& name, const FileStatus& status,
                                   const std::optional<std::string>& infoText,
                                   const BinRecord& record) const {
     if (infoText && *infoText == infoOf(record).toText())
-        return true; // saves understanding it, nearly always
+        return true; // the usual case, without parsing
     const auto info = TrashInfo::fromText(infoText.value_or(std::string()));
     if (info && !names(*info, record.path))
         return false;
@@ -147,7 +148,7 @@ bool TrashDirectory::isInfoWrittenAt(const std::string& name, Date moment) const
                             std::floor(moment.unixSeconds())) <= kFileTimeTolerance;
 }
 
-/// A relative path has lost the links that its item was named through.
+/// Also resolves links in the original's parent folder: relative paths in an info file have none.
 bool TrashDirectory::names(const TrashInfo& info, const Path& original) const {
     const Path named = m_top / info.path;
     if (named == original || m_top.empty())
@@ -185,8 +186,8 @@ Result<void> TrashDirectory::takeOut(const Found& item) {
     return disposalError(DisposalError::replaced);
 }
 
-/// Whether the item's info file in that folder is still the one that was found. It is read again
-/// only where its status cannot tell.
+/// True if the item's info file in that folder is still the one that was found. Compares its status
+/// if that shows every change, otherwise its text.
 bool TrashDirectory::isInfoOf(const Found& item, int infoFolder) const {
     const std::string file = infoName(item.name);
     if (item.infoStatus)
@@ -197,7 +198,7 @@ bool TrashDirectory::isInfoOf(const Found& item, int infoFolder) const {
     return text ? item.infoText == *text : !item.infoText;
 }
 
-/// A number in the name needs an info file of that name; the one of the first name is another's.
+/// An item that gets a numbered name needs a copy of its info file under that name.
 Result<void> TrashDirectory::giveBack(const Found& item) {
     auto moved =
         moveWithoutReplacing(leaving(), item.name.c_str(), m_files.get(), item.name.c_str());
@@ -231,7 +232,8 @@ Result<bool> TrashDirectory::returnLeft(const std::string& name) {
         const auto status = fileStatus(leaving(), left.c_str());
         const auto other = fileStatus(m_files.get(), left.c_str());
         if (status && other && status->identity == other->identity) {
-            ::unlinkat(leaving(), left.c_str(), 0); // a second link of an item that came in
+            ::unlinkat(leaving(), left.c_str(),
+                       0); // a second hard link to an item that was moved back
             continue;
         }
         const auto text = infoText(left);
@@ -244,7 +246,7 @@ Result<bool> TrashDirectory::returnLeft(const std::string& name) {
     return wasThere;
 }
 
-/// One that belongs to an item in the Bin was about to be looked at.
+/// Moves an info file back if its item is in the Bin: it was taken out only to be checked.
 void TrashDirectory::returnLeftInfos() {
     for (const auto& file : namesIn(m_leaving->info())) {
         const auto stored =
@@ -267,8 +269,8 @@ Result<void> TrashDirectory::erase(const Found& item, WorkMeter* meter) {
     return removeInfo(item);
 }
 
-/// It too is taken out of the Bin before it is looked at: by now another program may have emptied
-/// the Bin and put an item of the same name there.
+/// Takes the info file out of the Bin before checking it, because another program may have emptied
+/// the Bin and added an item with the same name.
 Result<void> TrashDirectory::removeInfo(const Found& item) {
     m_sizes.remove(item.name);
     if (!item.infoText)

@@ -25,7 +25,8 @@ bool isMissing(const Error& error) {
     return error.code == std::errc::no_such_file_or_directory;
 }
 
-/// After the ordered names, which a hostile or huge Bin may hold all of, random ones.
+/// Returns ordered numbers first, then random ones, since a hostile or huge Bin may use all ordered
+/// names.
 unsigned nextNumber(unsigned attempt, unsigned first) {
     if (attempt < kNamesInOrder)
         return first + attempt;
@@ -48,7 +49,7 @@ Result<FileDescriptor> openOrMake(int directory, const char* name, bool make, co
     return folder;
 }
 
-/// The top folder of the volume whose Bin that is; none of a home Bin.
+/// Returns the top folder of the Bin's volume; empty for a home Bin.
 Path topOf(const Path& bin) {
     const Path parent = bin.parent_path();
     if (bin.filename().native().starts_with(".Trash-"))
@@ -56,8 +57,8 @@ Path topOf(const Path& bin) {
     return parent.filename() == ".Trash" ? parent.parent_path() : Path();
 }
 
-/// Why the folder at the top of a volume that others can write to is not ours; nullopt where it
-/// is. Its rights count only where the file system keeps any.
+/// Returns why the folder must not be used as the user's Bin; nullopt if it may be. Ignores
+/// permissions on file systems that do not store any.
 std::optional<Error> whyNotOwn(int folder, uid_t user) {
     const auto status = fileStatus(folder, "");
     if (!status)
@@ -100,7 +101,7 @@ Result<TrashDirectory> TrashDirectory::openOnVolume(const Path& top, uid_t user)
     return openOwn(topFolder->get(), name, top, top / name, user);
 }
 
-/// What was made and turns out not to be usable is removed again.
+/// Removes a folder that it has created if the folder is unusable.
 Result<TrashDirectory> TrashDirectory::openOwn(int parent, const std::string& name, const Path& top,
                                                const Path& path, uid_t user) {
     const bool isNew = ::faccessat(parent, name.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) != 0;
@@ -154,8 +155,8 @@ bool TrashDirectory::isOfVolume(const Path& place) {
     return !topOf(place.parent_path().parent_path()).empty();
 }
 
-/// Without its volume a mount point is a plain folder, or is gone with it. A home Bin may be a link
-/// to another volume, or lie with all other data on one.
+/// The mount point of a missing volume is a plain folder or does not exist. A home Bin may be a
+/// link to another volume, or be on one with all other data.
 bool TrashDirectory::isOnAbsentVolume(const Path& place) {
     const Path bin = place.parent_path().parent_path();
     const auto folder = fileStatus(bin / ".");
@@ -257,7 +258,7 @@ void TrashDirectory::removeIfNew() {
     LeavingFolder::remove(m_folder.get());
     for (const char* part : {"files", "info"})
         ::unlinkat(m_folder.get(), part, AT_REMOVEDIR);
-    ::rmdir(m_path.c_str()); // only where it is empty
+    ::rmdir(m_path.c_str()); // succeeds only if it is empty
 }
 
 TrashInfo TrashDirectory::infoOf(const BinRecord& record) const {
@@ -291,7 +292,8 @@ Result<void> TrashDirectory::writeInfo(const std::string& name, const std::strin
     const auto failure = [&] { return Error::fromErrno(errno, "write", m_path / "info" / file); };
     if (!info)
         return failure();
-    // What the umask takes from one it takes from all.
+    // The umask is the same for all info files: once it leaves the permissions intact, skip the
+    // check.
     if (struct stat made{}; !m_givesInfoRights && ::fstat(info.get(), &made) == 0) {
         if ((made.st_mode & kInfoRights) == kInfoRights)
             m_givesInfoRights = true;

@@ -13,116 +13,115 @@
 
 namespace vexmoor {
 
-/// An item as it lies in the Bin.
+/// An item in the Bin.
 struct BinnedItem {
     Path place;
     ItemFacts facts;
     FileStatus status;
 };
 
-/// One Bin on the disk: a folder with files/ and info/, held open. One thread.
+/// One Bin on the disk: an open folder with files/ and info/. Not thread-safe.
 class TrashDirectory {
   public:
-    /// Told the place in the Bin that is about to be taken; its failure keeps the item where it is.
+    /// Called with the path in the Bin before it is taken. If it fails, the item stays where it is.
     using PlaceObserver = std::function<Result<void>(const Path& place)>;
 
-    /// An item that was found in files/, and what its info file said.
+    /// An item found in files/, and the content of its info file.
     struct Found {
         std::string name;
         FileStatus status;
-        std::optional<std::string> infoText{}; ///< nullopt where there is no info file
-        /// Of the info file, if a change since would show in it; nullopt where only its text tells.
+        std::optional<std::string> infoText{}; ///< nullopt if there is no info file
+        /// The info file's status, if it shows every later change; nullopt if only the text does.
         std::optional<FileStatus> infoStatus{};
     };
 
-    /// The Bin at the path, made with rights 0700 where it is missing.
+    /// Opens the Bin at the path, and creates it with mode 0700 if it is missing.
     static Result<TrashDirectory> openHome(const Path& bin);
 
-    /// The user's Bin at the top of a volume: $top/.Trash/$uid where an administrator has set that
-    /// up (a real folder, sticky), else $top/.Trash-$uid. Fails with noBinOnVolume, whose
-    /// cause says why.
+    /// Opens or creates the user's Bin at the top of a volume: $top/.Trash/$uid if an administrator
+    /// has created a real, sticky $top/.Trash, otherwise $top/.Trash-$uid. Fails with noBinOnVolume
+    /// and a cause.
     static Result<TrashDirectory> openOnVolume(const Path& top, uid_t user);
 
-    /// The existing Bin that a binned item's place lies in. Fails with notInBin, with goneFromBin
-    /// where somebody deleted that Bin, and with volumeNotThere, where another than the named
-    /// volume is mounted there too.
+    /// Opens the existing Bin that contains the path of a binned item. Fails with notInBin, with
+    /// goneFromBin if that Bin was deleted, and with volumeNotThere if another volume than the
+    /// named one is mounted.
     static Result<TrashDirectory> openOfPlace(const Path& place, const std::string& volume);
 
-    /// Whether the place lies in the Bin at the top of a volume. Looks at nothing.
+    /// True if the path is in a Bin at the top of a volume. Does not access the file system.
     static bool isOfVolume(const Path& place);
 
-    /// Whether the place lies in the Bin of a volume that is not mounted now or does not answer, so
-    /// that nothing can be said of the item.
+    /// True if the path is in the Bin of a volume that is not mounted or does not answer, so that
+    /// the item's state is unknown.
     static bool isOnAbsentVolume(const Path& place);
 
-    /// Moves the item in: the info file is taken exclusively and written whole, then the item moved
-    /// without replacing anything; on failure the info file is removed again. Answers the place.
-    /// What lies there then is looked at: another program may have put another item under the name
-    /// in the meantime, and that one is in the Bin now. A Bin that was made for an item that could
-    /// not go is removed again.
+    /// Moves the item in and returns its path: creates the info file exclusively, writes it, then
+    /// moves the item without replacing anything. Removes the info file again on failure, and a Bin
+    /// that was created for the item. Returns the item that is at the path afterwards, because
+    /// another program may have replaced the item just before the move.
     Result<BinnedItem> take(const HeldItem& item, const TrashInfo& info,
                             const PlaceObserver& willTake);
 
-    /// A folder's allocated bytes go into directorysizes at the next flushSizes().
+    /// Records a folder's allocated bytes for directorysizes; written by flushSizes().
     void noteSize(const BinnedItem& folder, std::int64_t bytes);
 
-    /// The place that take() will most likely find for an item of that name, after those that were
-    /// expected for others before.
+    /// Returns the path that take() will probably use for an item of that name, taking earlier
+    /// results into account.
     Path expectedPlace(const std::string& name);
 
-    /// The item of that stored name, if it is still the one of the record: its info file says the
-    /// record's path, which is absolute there, and its date where the record has one; without an
-    /// info file the record's facts decide. Fails with goneFromBin where it is another or none,
-    /// with volumeNotThere where that may be because another volume is mounted, with withoutInfo
-    /// where it cannot be told.
+    /// Returns the item with that stored name if it is the record's: its info file must have the
+    /// record's path and date (if the record has one); without an info file the record's facts
+    /// decide. Fails with goneFromBin if it is another item or missing, with volumeNotThere if
+    /// another volume may be mounted, and with withoutInfo if it cannot be decided.
     [[nodiscard]] Result<Found> find(const std::string& name, const BinRecord& record) const;
 
-    /// Moves what was found out of files/ into the leaving folder and looks at it there; what is
-    /// not the same item goes back: replaced. From then on it is leaving() + its name.
+    /// Moves a found item from files/ into the leaving folder and checks it there. If it is not the
+    /// same item, moves it back and fails with replaced. Afterwards the item is in leaving() under
+    /// its name.
     Result<void> takeOut(const Found& item);
 
-    /// Gives a folder that has left the Bin the rights again which taking it out may have changed.
+    /// Restores the permissions of a folder that has left the Bin; moving it may have changed them.
     static void restoreRights(int folder, const char* name, const FileStatus& status);
 
-    /// Moves what was taken out back into files/, under the next free name where its own is taken.
+    /// Moves an item that was taken out back into files/, under the next free name if its own is
+    /// taken.
     Result<void> giveBack(const Found& item);
 
-    /// Brings back into files/ what a process that ended left in the leaving folder. Answers
-    /// whether the item of that name was among it.
+    /// Moves items left in the leaving folder by an interrupted process back into files/. Returns
+    /// whether the item of that name was one of them.
     Result<bool> returnLeft(const std::string& name);
 
-    /// Removes what was taken out beyond recovery; what of a folder cannot be removed is given
-    /// back.
+    /// Deletes an item that was taken out irrecoverably. Moves what remains of a folder back.
     Result<void> erase(const Found& item, WorkMeter* meter);
 
-    /// Removes the info file of an item that has left, and its line in directorysizes; only if it
-    /// is still that item's. That it is missing is no failure.
+    /// Removes the info file of an item that has left, and its line in directorysizes, if the info
+    /// file is still that item's. A missing file is no failure.
     Result<void> removeInfo(const Found& item);
 
-    /// Writes the info file of an item that lies in the Bin without one, or with an empty one.
-    /// Answers whether that was so.
+    /// Writes the info file of an item whose info file is missing or empty. Returns whether it was.
     Result<bool> repairInfo(const Found& item, const TrashInfo& info);
 
-    /// The whole info file of that stored name. `status` (optional) is how it was before that.
+    /// Returns the content of the info file of that stored name. `status` (optional) receives its
+    /// status before reading.
     [[nodiscard]] Result<std::string> infoText(const std::string& name,
                                                FileStatus* status = nullptr) const;
 
-    /// Whether such an info file is of an item that was at the absolute path.
+    /// True if the info file belongs to an item with that absolute original path.
     [[nodiscard]] bool names(const TrashInfo& info, const Path& original) const;
 
-    /// Writes what changed to directorysizes. It is a cache that others rebuild: failing to write
-    /// it costs time, nothing else, and is not told.
+    /// Writes the changes to directorysizes. Failures are ignored: it is a cache that other
+    /// programs rebuild.
     void flushSizes();
 
-    /// Whether the folders that are held are still the ones that the path leads to.
+    /// True if the path still leads to the open folders.
     [[nodiscard]] bool isInPlace() const;
 
     [[nodiscard]] const Path& path() const { return m_path; }
     [[nodiscard]] const Path& top() const { return m_top; }
     [[nodiscard]] int files() const { return m_files.get(); }
-    /// Where items are that were taken out; -1 before any was.
+    /// Returns the folder of the items that were taken out; -1 if none was.
     [[nodiscard]] int leaving() const { return m_leaving ? m_leaving->files() : -1; }
-    /// The info as it is written in this Bin: its path is relative in a volume's.
+    /// Returns the info file's content in this Bin; its path is relative in a volume's Bin.
     [[nodiscard]] TrashInfo infoOf(const BinRecord& record) const;
     [[nodiscard]] std::uint64_t mountId() const { return m_mountId; }
 
@@ -144,16 +143,16 @@ class TrashDirectory {
     void removeIfNew();
 
     Path m_path;
-    Path m_top; ///< what relative info paths are relative to; empty for the home Bin
+    Path m_top; ///< base of relative info paths; empty for the home Bin
     FileDescriptor m_folder;
     FileDescriptor m_files;
     FileDescriptor m_info;
     std::optional<LeavingFolder> m_leaving;
     std::uint64_t m_mountId = 0;
-    std::string m_volume; ///< name of a volume's file system
+    std::string m_volume; ///< name of the volume's file system
     bool m_hasStableInodes = false;
-    bool m_givesInfoRights = false; ///< info files are made with the rights that they need
-    bool m_isNew = false;           ///< made by us, and nothing is in it yet
+    bool m_givesInfoRights = false; ///< the umask does not affect new info files
+    bool m_isNew = false;           ///< created by this object and still empty
     DirectorySizes m_sizes;
     std::string m_lastClashName;
     unsigned m_lastClashNumber = 1;

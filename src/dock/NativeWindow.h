@@ -38,8 +38,8 @@ void ignoreInput(WId window);
 
 void raise(WId window);
 
-/// Whether the active window covers a whole screen and overlaps the rectangle, so that no other
-/// window is to lie above it there.
+/// True if the active window covers a whole screen and overlaps the rectangle. Other windows must
+/// then stay below it there.
 bool isFullscreenAt(const QRect& geometry);
 
 } // namespace vexmoor::native

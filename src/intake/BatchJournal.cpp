@@ -28,7 +28,7 @@ Result<void> BatchJournal::intendNow(const JournalEntry& entry) {
 
 void BatchJournal::begin(const Uuid& id) {
     m_writer->note(begunLine(id));
-    (void)m_writer->flush(); // only for the report after a kill
+    (void)m_writer->flush(); // only recovery after a crash needs it
 }
 
 void BatchJournal::conclude(const Uuid& id, const std::optional<Error>& failure) {
@@ -40,7 +40,7 @@ void BatchJournal::conclude(const Uuid& id, const std::optional<Error>& failure)
 std::optional<JournalMark> BatchJournal::end() {
     if (!m_writer)
         return std::nullopt;
-    // The last outcomes only save a look at the disk, should this process die before the commit.
+    // Outcomes only save recovery some work if this process dies before the commit.
     (void)m_writer->flush();
     return JournalMark{m_writer->number(), m_writer->end()};
 }

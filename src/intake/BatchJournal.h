@@ -4,29 +4,30 @@
 
 namespace vexmoor {
 
-/// The journal of one batch as its job uses it: begun with the first intent, so that a batch that
-/// does nothing leaves none. One thread.
+/// A job's journal. Begins the batch with its first intent, so that a batch that does nothing is
+/// not recorded. Not thread-safe.
 class BatchJournal {
   public:
     BatchJournal(Journal& journal, JournalKind kind, DisposeMode mode, const JournalStart& start)
         : m_journal(journal), m_kind(kind), m_mode(mode), m_start(start) {}
 
-    /// Gathers an intent; it counts when sync() puts it on the disk.
+    /// Collects an intent, which sync() writes to the disk.
     Result<void> intend(const JournalEntry& entry);
 
-    /// Without success nothing may be done to the items whose intents were gathered.
+    /// Writes and syncs the intents. If it fails, their items must not be touched.
     Result<void> sync();
 
-    /// Both for one more item, or for one that goes another way than was intended.
+    /// Like intend() and sync(), for one more item, or for one whose operation differs from its
+    /// intent.
     Result<void> intendNow(const JournalEntry& entry);
 
-    /// Work on an item has begun that may be cut off in its middle.
+    /// Records that an operation on an item has begun that a crash can interrupt halfway.
     void begin(const Uuid& id);
 
-    /// How an item ended whose intent was noted; ignored where none was.
+    /// Records the outcome of an item; ignored if there is no intent for it.
     void conclude(const Uuid& id, const std::optional<Error>& failure);
 
-    /// Writes the last outcomes; nullopt if none was begun.
+    /// Writes the last outcomes; returns nullopt if no batch was begun.
     std::optional<JournalMark> end();
 
   private:

@@ -40,7 +40,7 @@ std::optional<Failure> failureFromJson(const Json& json) {
     return failure;
 }
 
-/// `error` is what version 1 called the message first.
+/// `error` is the former name of `message`.
 Json failureJson(const Failure& failure) {
     Json json = {{"name", failure.name}};
     if (failure.path)
@@ -50,7 +50,7 @@ Json failureJson(const Failure& failure) {
     return json;
 }
 
-/// Reads a list where there is one; false where it or an element of it is something else.
+/// Reads an optional list. Returns false if it or an element has the wrong type.
 template <typename Element>
 bool readList(const Json& document, const char* key, std::vector<Element>& list,
               std::optional<Element> (*read)(const Json&)) {

@@ -10,28 +10,28 @@
 
 namespace vexmoor {
 
-/// A batch's result as the command line prints it and the session bus carries it.
+/// The result of a batch as printed by the command line and sent over D-Bus.
 struct BatchReport {
     std::vector<Sacrifice> done;
-    std::vector<StoredPath> landings; ///< of a put-back: where each of `done` is now
+    std::vector<StoredPath> landings; ///< put-back only: current paths of the items in `done`
     std::vector<Failure> failures;
     std::vector<StoredPath> untouched;
-    std::vector<std::string> unlocked; ///< ids of achievements
+    std::vector<std::string> unlocked; ///< ids of earned achievements
     bool declined = false;
     std::optional<Error> storeError;
 
     static BatchReport of(BatchResult result);
 
-    /// Whether the batch had nothing to do.
+    /// True if the batch had nothing to do.
     [[nodiscard]] bool isEmpty() const { return *this == BatchReport(); }
 
     bool operator==(const BatchReport&) const = default;
 };
 
-/// The JSON document (docs/command-line.md).
+/// Returns the JSON document (docs/command-line.md).
 nlohmann::ordered_json toJson(const BatchReport& report);
 
-/// Nothing where it is not such a document.
+/// Parses such a document; nullopt if it is not valid.
 std::optional<BatchReport> batchReportFromJson(const nlohmann::ordered_json& json);
 
 } // namespace vexmoor

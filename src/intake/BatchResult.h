@@ -9,18 +9,18 @@
 
 namespace vexmoor {
 
-/// What became of a batch.
+/// The result of a batch.
 struct BatchResult {
-    std::vector<Sacrifice> done;      ///< disposed of, put back or deleted, in order
-    std::vector<StoredPath> landings; ///< of a put-back: where each of `done` is now
+    std::vector<Sacrifice> done;      ///< items disposed of, put back or deleted, in order
+    std::vector<StoredPath> landings; ///< put-back only: current paths of the items in `done`
     std::vector<Failure> failures;
-    std::vector<StoredPath> untouched; ///< the batch was stopped before them
+    std::vector<StoredPath> untouched; ///< items left because the batch was stopped
     std::vector<Achievement> unlocked;
-    std::optional<Error> storeError; ///< done, but the stores could not be written
-    bool declined = false;           ///< the user said no
+    std::optional<Error> storeError; ///< why the stores could not be written
+    bool declined = false;           ///< the user answered no
 };
 
-/// Told once, on the main thread, when all of a batch is over.
+/// Called once on the main thread when the batch is finished.
 using BatchCompletion = std::function<void(BatchResult)>;
 
 } // namespace vexmoor

@@ -27,7 +27,7 @@ std::optional<LeavingItem> BinJob::prepare(std::size_t number) {
         m_output.result.failures.push_back(
             {record.name, disposalError(DisposalError::goneFromBin, *record.trashed),
              record.original});
-        return std::nullopt; // no loss: a batch before this one did it
+        return std::nullopt; // no failure: an earlier batch has put it back or deleted it
     }
     if (!m_volumes.answersFor(*record.trashed)) {
         fail(item, disposalError(DisposalError::volumeNotThere, *record.trashed));
@@ -49,7 +49,7 @@ std::optional<LeavingItem> BinJob::prepare(std::size_t number) {
     return item;
 }
 
-/// The path that is free now, most likely the one that it will get.
+/// Returns the first free path, which the item will probably get.
 std::optional<Path> BinJob::expectedLanding(const Path& original) {
     constexpr unsigned kTries = 64;
     const std::string name = lastComponent(original);
@@ -75,7 +75,7 @@ void BinJob::carryOut(LeavingItem& item) {
     m_output.done.insert(record.id);
 }
 
-/// Where the item is afterwards; of a deleted one, where it was.
+/// Returns the item's new path; for a deleted item, its former one.
 Result<Path> BinJob::act(LeavingItem& item) {
     const auto& sacrifice = *item.record;
     const Path place = *sacrifice.trashed;

@@ -13,22 +13,22 @@ namespace vexmoor {
 struct LeavingItem {
     const Sacrifice* record = nullptr;
     JournalEntry entry{};
-    bool isNoted = false; ///< else its intent is noted when it is seen to be there
+    bool isNoted = false; ///< false: note its intent when it is found in the Bin
 };
 
-/// The work-queue side of putting binned items back or deleting them from the Bin. One failure does
-/// not stop the rest.
+/// The work-queue part of putting binned items back or deleting them from the Bin. Continues after
+/// failures.
 class BinJob : private GroupedWork<LeavingItem> {
   public:
     struct Output {
         BatchResult result;
         std::set<Uuid> done;
-        std::set<Uuid> lost; ///< found gone from the Bin
+        std::set<Uuid> lost; ///< found missing from the Bin
         std::optional<JournalMark> journal;
     };
 
-    /// `items` outlive the job. `takenOut` are the items that batches before this one put back or
-    /// deleted; what this one does is added.
+    /// `items` must outlive the job. `takenOut` contains the items that earlier batches put back or
+    /// deleted; the job adds its own.
     BinJob(JournalKind kind, const UserDirectories& directories, Journal& journal, WorkMeter& meter,
            const JournalStart& start, const std::vector<Sacrifice>& items,
            std::set<Uuid>& takenOut);
@@ -49,7 +49,7 @@ class BinJob : private GroupedWork<LeavingItem> {
     std::set<Uuid>& m_takenOut;
     Disposer m_disposer;
     VolumeCheck m_volumes;
-    std::set<Path> m_expected; ///< landings of this batch
+    std::set<Path> m_expected; ///< expected landings of this batch
     Output m_output;
 };
 

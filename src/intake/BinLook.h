@@ -5,16 +5,16 @@
 
 namespace vexmoor {
 
-/// Looks for items in their Bins, and waits for no volume that does not answer. Serves one
-/// operation. One thread.
+/// Checks whether items are in their Bins, without waiting for volumes that do not answer. Use one
+/// instance per operation. Not thread-safe.
 class BinLook {
   public:
     explicit BinLook(std::shared_ptr<VolumeLooks> volumes) : m_volumes(std::move(volumes)) {}
 
-    /// Whether the item is there, or may be, as its volume has not answered yet.
+    /// True if the item is in the Bin, or may be because its volume has not answered yet.
     [[nodiscard]] bool isInBin(const Sacrifice& item);
 
-    /// Whether it is no longer there. On a volume that is not there it may still be in the Bin.
+    /// True if the item is no longer in the Bin; false if its volume is missing.
     [[nodiscard]] bool isGone(const Sacrifice& item);
 
   private:

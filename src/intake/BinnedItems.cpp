@@ -56,14 +56,14 @@ void BinnedItems::remove(const std::set<Uuid>& ids) {
     m_table.remove(std::move(keys));
 }
 
-/// The ledger knows more where the last batch could not be stored. A place in the Bin is its newest
-/// item's, whichever had it before.
+/// Prefers the ledger's records, which are newer if the last batch could not be stored. If several
+/// records have the same path in the Bin, only the newest counts.
 void BinnedItems::visit(const Filter& filter, const Visitor& visitor) const {
     std::map<std::string, const Sacrifice*> recent;
     for (const auto& item : m_ledger.recent.get())
         recent[idBytes(item.id)] = &item;
     std::set<std::string> places;
-    // A table that cannot be read has nothing to offer; the items stay in the Bin.
+    // If the table cannot be read, nothing is offered; the items stay in the Bin.
     (void)m_table.visit([&](const RecordTable::Record& record) {
         if (const auto look = filter(record); look != Look::take)
             return look == Look::pass;
@@ -143,7 +143,7 @@ std::vector<Sacrifice> BinnedItems::inVolumeBin(const Path& bin, std::size_t mos
                 return Look::pass;
             if (items.size() >= most || ++looks > records)
                 return Look::stop;
-            // Much cheaper than to understand it, which few need.
+            // Filters by text first, because parsing is much slower and few records match.
             return record.content.find("/.Trash") == std::string::npos ? Look::pass : Look::take;
         },
         [&](std::int64_t, const Sacrifice& item) {
@@ -201,7 +201,7 @@ std::vector<Sacrifice> BinnedItems::current(std::vector<Sacrifice> items) const 
         const auto known = wanted.find(record.id);
         if (known == wanted.end())
             return true;
-        if (recordText(*known->second) == record.content) // much cheaper than to understand it
+        if (recordText(*known->second) == record.content) // much faster than parsing
             left.emplace(record.id, *known->second);
         else if (auto item = itemOf(record))
             left.emplace(record.id, *std::move(item));

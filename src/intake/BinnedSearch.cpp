@@ -62,7 +62,7 @@ std::vector<Sacrifice> BinnedSearch::meant(const std::string& text) {
     return items;
 }
 
-/// Whether a text is the beginning of that id.
+/// True if one of the texts is a prefix of that id.
 bool BinnedSearch::hasBeginning(const std::string& bytes) const {
     if (m_beginnings.empty())
         return false;
@@ -86,7 +86,7 @@ std::vector<Sacrifice> BinnedSearch::called(const std::string& name) const {
     if (const auto found = m_byName.find(name); found != m_byName.end())
         for (const auto index : found->second)
             items.push_back(m_found[index]);
-    // The name itself counts before a text that lists show for another one.
+    // An exact match takes precedence over a match of the displayed form.
     if (std::ranges::any_of(items, [&](const auto& item) { return originalName(item) == name; }))
         std::erase_if(items, [&](const auto& item) { return originalName(item) != name; });
     return items;
@@ -98,7 +98,7 @@ std::vector<Sacrifice> BinnedSearch::atPath(const Path& path) const {
     return items;
 }
 
-/// Of each path the newest that is not gone; where all are gone, the newest.
+/// Returns the newest item of each path that is not gone; if all are gone, the newest.
 std::vector<Sacrifice> BinnedSearch::ofPaths(std::vector<Sacrifice> items) {
     if (items.empty())
         return items;

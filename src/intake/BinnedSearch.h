@@ -10,14 +10,14 @@
 
 namespace vexmoor {
 
-/// The id as the table of records has it.
+/// Returns the id in the table's format.
 std::string idBytes(const Uuid& id);
 
-/// The bytes that the binned item was called by.
+/// Returns the bytes of the binned item's original name.
 std::string originalName(const Sacrifice& item);
 
-/// Finds the binned items that texts mean (see BinnedItems::named), in one pass over the records:
-/// those that concern it are taken, newest first, before it is asked. One thread.
+/// Finds the items that texts match (see BinnedItems::named), in one pass over the records: take()
+/// must be called for all records concerned, newest first, before meant(). Not thread-safe.
 class BinnedSearch {
   public:
     BinnedSearch(const std::vector<std::string>& wanted, BinLook look);
@@ -25,7 +25,7 @@ class BinnedSearch {
     [[nodiscard]] bool concerns(const RecordTable::Record& record) const;
     void take(const Sacrifice& item);
 
-    /// The items that the text can mean, newest first, one for each path.
+    /// Returns the items that the text matches, newest first, one per path.
     [[nodiscard]] std::vector<Sacrifice> meant(const std::string& text);
 
   private:

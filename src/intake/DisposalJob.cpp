@@ -9,7 +9,7 @@ DisposalJob::DisposalJob(Input input, Surroundings surroundings)
       m_disposer(m_surroundings.directories, &m_surroundings.meter) {}
 
 DisposalJob::Output DisposalJob::run() {
-    m_output.result.done.reserve(m_input.items.size()); // growing would hold them twice
+    m_output.result.done.reserve(m_input.items.size()); // reallocation would need twice the memory
     m_output.offerings.reserve(m_input.items.size());
     work(m_input.items.size());
     m_output.journal = m_journal.end();
@@ -50,7 +50,7 @@ std::optional<FedItem> DisposalJob::prepare(std::size_t number) {
     return item;
 }
 
-/// With the place in the Bin that it will most likely take.
+/// Adds the path in the Bin that the item will probably get.
 Result<void> DisposalJob::intend(FedItem& item) {
     if (m_input.mode == DisposeMode::dissolve) {
         const auto& volume = m_disposer.volumeOf(item.held);
@@ -65,7 +65,7 @@ Result<void> DisposalJob::intend(FedItem& item) {
     return m_journal.intend(item.entry);
 }
 
-/// Each keeps a descriptor.
+/// Each held folder uses a descriptor.
 void DisposalJob::limitFolders(const HeldItem& item) {
     constexpr std::size_t kMostFolders = 64;
     if (m_lastFolder.lock() == item.parent)
@@ -75,7 +75,7 @@ void DisposalJob::limitFolders(const HeldItem& item) {
         endGroup();
 }
 
-/// Nothing but what the user said yes to.
+/// Fails if the file is not the one that the user confirmed.
 Result<HeldItem> DisposalJob::hold(const Path& path) {
     auto item = m_disposer.hold(path);
     if (!item || m_input.seen.empty())

@@ -10,7 +10,7 @@
 
 namespace vexmoor {
 
-/// What stood at paths when the user was asked.
+/// The files at the paths when the user was asked.
 using SeenItems = std::map<std::string, FileIdentity>;
 
 /// An item that is about to be disposed of.
@@ -20,16 +20,17 @@ struct FedItem {
     JournalEntry entry;
 };
 
-/// The work-queue side of one fed batch: pictures, measures and disposes of its items in order.
+/// The work-queue part of a fed batch: loads pictures of its items, measures and disposes of them
+/// in order.
 class DisposalJob : private GroupedWork<FedItem> {
   public:
-    /// Items of one batch that are pictured.
+    /// The maximum number of items with a picture.
     static constexpr std::size_t kPictured = 10;
 
     struct Input {
-        const std::vector<StoredPath>& items; ///< outlive the job
+        const std::vector<StoredPath>& items; ///< must outlive the job
         DisposeMode mode = DisposeMode::bin;
-        SeenItems seen;          ///< of all items, or empty where nobody was asked
+        SeenItems seen;          ///< of all items; empty if the user was not asked
         ItemPictures thumbnails; ///< of some
         JournalStart start{};
     };
@@ -48,7 +49,8 @@ class DisposalJob : private GroupedWork<FedItem> {
         Thumbnails& thumbnails;
         WorkMeter& meter;
         Clock clock;
-        /// Called once when kPictured items are pictured, so that a large batch burns early.
+        /// Called once when kPictured items have their pictures, so that a large batch starts
+        /// burning early.
         std::function<void(std::vector<PicturePointer>)> startAnimation;
     };
 
@@ -73,9 +75,9 @@ class DisposalJob : private GroupedWork<FedItem> {
     Surroundings m_surroundings;
     Disposer m_disposer;
     std::size_t m_picturesLoaded = 0;
-    std::size_t m_picturesAwaited = 0; ///< of items that are not carried out yet
+    std::size_t m_picturesAwaited = 0; ///< pictured items that are not carried out yet
     std::weak_ptr<const HeldFolder> m_lastFolder;
-    std::size_t m_foldersHeld = 0; ///< by the group
+    std::size_t m_foldersHeld = 0; ///< by the current group
     Output m_output;
 };
 

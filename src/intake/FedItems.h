@@ -8,19 +8,19 @@
 
 namespace vexmoor {
 
-/// The items of one fed batch: each once, with what stood at its path when the user was asked, and
-/// why others are refused before anything is asked.
+/// The items of one fed batch, without duplicates, with the files that were at their paths when the
+/// user was asked; and the items refused before asking.
 struct FedItems {
     std::vector<StoredPath> items;
     SeenItems seen;
     std::vector<Failure> refused;
 
-    /// `seen` belongs to `items` or is empty. What is in `inFlight` is left out, and a failure
-    /// where `tellsOfThoseOnTheWay`.
+    /// `seen` has one entry per item or is empty. Omits items in `inFlight`, and reports them as
+    /// failures if `tellsOfThoseOnTheWay`.
     static FedItems of(const std::vector<Path>& items, const std::vector<FileIdentity>& seen,
                        const std::set<std::string>& inFlight, bool tellsOfThoseOnTheWay);
 
-    /// Looks at what stands at the paths now, where that was not done before.
+    /// Records the files at the paths, if that has not been done.
     void look();
 };
 

@@ -8,9 +8,9 @@
 
 namespace vexmoor {
 
-/// The frame of a batch's file work. Items are taken in groups: first each is looked at and what
-/// will be done to it is noted, then the notes of the group go to the disk with one sync, then it
-/// is done. `Item` is what is known of an item between the two. Work queue.
+/// The control flow of a batch's file work. Processes items in groups: prepares each item and notes
+/// its intent, syncs the group's intents at once, then carries them out. `Item` is the state of an
+/// item between these steps. Work queue.
 template <typename Item>
 class GroupedWork {
   public:
@@ -25,17 +25,17 @@ class GroupedWork {
     GroupedWork(BatchJournal journal, WorkMeter& meter)
         : m_journal(std::move(journal)), m_meter(meter) {}
 
-    /// Looks at the item of that number and notes its intent. nullopt where nothing more is to be
-    /// done with it, as it failed, say.
+    /// Examines the item with that number and notes its intent. Returns nullopt if nothing remains
+    /// to be done with it, for example after a failure.
     virtual std::optional<Item> prepare(std::size_t number) = 0;
     virtual void carryOut(Item& item) = 0;
-    /// Its intent could not be noted.
+    /// Called if the item's intent could not be written.
     virtual void fail(const Item& item, const Error& error) = 0;
-    /// The batch was stopped before the item.
+    /// Called for an item that is left because the batch was stopped.
     virtual void leave(std::size_t number) = 0;
     virtual void leave(const Item& item) = 0;
 
-    /// Ends the group that is being prepared, before it takes too much.
+    /// Ends the group early, to limit its resources.
     void endGroup() { m_isGroupFull = true; }
 
     void work(std::size_t count) {

@@ -10,7 +10,7 @@ Path binOf(const Sacrifice& item) {
     return Path(*item.trashed).parent_path().parent_path();
 }
 
-/// Of another volume than home's.
+/// Returns the Bins on other volumes than the home Bin's.
 std::set<Path> volumeBinsOf(const std::vector<Sacrifice>& items) {
     std::set<Path> bins;
     std::string_view last;
@@ -19,7 +19,7 @@ std::set<Path> volumeBinsOf(const std::vector<Sacrifice>& items) {
             continue;
         const std::string_view place = item.trashed->native();
         const auto files = place.substr(0, place.rfind('/'));
-        if (files == last) // as for nearly all of a large batch
+        if (files == last) // the usual case in a large batch
             continue;
         last = files;
         if (TrashDirectory::isOfVolume(*item.trashed))
@@ -49,10 +49,10 @@ void VolumeInfoRepair::lookAfter(const std::vector<Sacrifice>& items, std::int64
         look(bin, batch);
 }
 
-/// Decides by the newest item that is there.
+/// Checks the newest existing item of the Bin; repairs the others only if it lacks its info file.
 void VolumeInfoRepair::look(const Path& bin, std::int64_t batch) {
     constexpr std::size_t kMostLooks = 16;
-    constexpr std::size_t kMostRecords = 2000; // going through them takes a small batch's time
+    constexpr std::size_t kMostRecords = 2000; // takes about as long as a small batch
     auto newest = m_parts.binnedItems.inVolumeBin(bin, kMostLooks, kMostRecords, batch);
     if (newest.empty())
         return;

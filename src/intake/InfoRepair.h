@@ -11,30 +11,30 @@ namespace vexmoor {
 
 class Disposer;
 
-// A power cut empties the info files that were written last, as their names reach the disk before
-// what is in them. They are written again from the records.
+// A power cut leaves the most recently written info files empty, because file systems write their
+// names before their data. They are rewritten from the records.
 
-/// Whether the item lies in its Bin with an info file that is missing or empty; nullopt if the item
-/// does not lie there.
+/// True if the item is in its Bin with a missing or empty info file; nullopt if the item is not
+/// there.
 [[nodiscard]] std::optional<bool> lacksInfo(const Sacrifice& item);
 
-/// Writes the info files of a Bin's items again that lack one. The items come newest first. One
-/// thread.
+/// Rewrites missing or empty info files of a Bin's items, which must be passed newest first. Not
+/// thread-safe.
 class InfoRepair {
   public:
     explicit InfoRepair(Disposer& disposer) : m_disposer(disposer) {}
 
-    /// Whether an older item may lack its info file too.
+    /// Returns whether older items may lack their info files too.
     bool repair(const Sacrifice& item);
 
   private:
     Disposer& m_disposer;
-    int m_whole = 0; ///< in a row
+    int m_whole = 0; ///< consecutive items with an info file
 };
 
-/// The same in the Bins of other volumes than home's. Recovery leaves them alone, as a volume may
-/// be away or hang, so each is looked at after a batch that used it. Main thread; the file work
-/// runs on `work`, whose jobs it must outlive.
+/// Repairs info files in the Bins of other volumes. Recovery skips these, because a volume may be
+/// missing or hang; each is checked after a batch that used it. Main thread; the file work runs on
+/// `work`. Must outlive its jobs.
 class VolumeInfoRepair {
   public:
     struct Parts {
@@ -42,13 +42,13 @@ class VolumeInfoRepair {
         UserDirectories directories;
         Executor& main;
         Executor& work;
-        RunningBatches& batches; ///< a repair is one more
+        RunningBatches& batches; ///< each repair counts as one
     };
 
     explicit VolumeInfoRepair(Parts parts) : m_parts(std::move(parts)) {}
 
-    /// Looks at the Bins of the volumes that these items lie in or have left. `batch` is the number
-    /// of theirs.
+    /// Checks the Bins of the volumes that these items are in or have left. `batch` is their
+    /// batch's number.
     void lookAfter(const std::vector<Sacrifice>& items, std::int64_t batch);
 
   private:

@@ -7,11 +7,11 @@
 
 namespace vexmoor {
 
-/// What every batch has.
+/// The common part of all batches.
 struct Intake::Batch {
     Dialogs& dialogs;
     BatchCompletion completion;
-    std::vector<Failure> missing{}; ///< items that failed before it began
+    std::vector<Failure> missing{}; ///< items that failed before the batch began
     RunningBatches::Meter meter{};
 };
 
@@ -21,12 +21,12 @@ struct Intake::FedBatch : Batch {
     bool fromFinder = false;
 };
 
-/// Items that are put back or deleted.
+/// A batch of items to put back or delete.
 struct Intake::BinBatch : Batch {
     JournalKind kind;
     std::vector<Sacrifice> items{};
-    /// What the batches that are not over have put back or deleted: the ledger, which this one's
-    /// items were looked up in, did not know it yet.
+    /// The items put back or deleted by unfinished batches. The ledger did not have these changes
+    /// yet when this batch looked up its items.
     std::shared_ptr<std::set<Uuid>> takenOut{};
 };
 
@@ -69,7 +69,7 @@ void Intake::consume(const std::vector<Path>& items, bool fromFinder, BatchCompl
             finish(batch->completion, {});
         return;
     }
-    for (const auto& item : batch->fed.items) // other batches may come while the user is asked
+    for (const auto& item : batch->fed.items) // other batches may begin while the user is asked
         m_inFlight.insert(item.native());
     if (batch->mode == DisposeMode::dissolve && m_parts.settings.confirmDissolve.get())
         askToDissolve(batch, options);
@@ -87,7 +87,7 @@ void Intake::askToDissolve(const std::shared_ptr<FedBatch>& batch, const BatchOp
                                beginFeed(batch, options);
                                return;
                            }
-                           disarm(batch->fromFinder); // what stays needs no undo
+                           disarm(batch->fromFinder); // items that stay need no undo
                            for (const auto& item : batch->fed.items)
                                m_inFlight.erase(item.native());
                            finishDeclined(batch->completion);
@@ -96,7 +96,7 @@ void Intake::askToDissolve(const std::shared_ptr<FedBatch>& batch, const BatchOp
 
 void Intake::beginFeed(const std::shared_ptr<FedBatch>& batch, const BatchOptions& options) {
     if (batch->mode == DisposeMode::dissolve)
-        disarm(batch->fromFinder); // what is dissolved can't be undone
+        disarm(batch->fromFinder); // dissolving cannot be undone
     batch->meter = m_batches.begin(options.meter);
     if (m_parts.settings.sound.get())
         m_parts.sizzle.play();
@@ -179,7 +179,7 @@ void Intake::deleteImmediately(std::vector<Sacrifice> items, BatchCompletion com
     });
 }
 
-/// What left the Bin while the user was asked is told as gone.
+/// Items that left the Bin while the user was asked are reported as gone.
 void Intake::beginDeletion(const std::vector<Sacrifice>& items, BatchCompletion completion,
                            BatchOptions options) {
     auto wanted = m_parts.binnedItems.current(items);
@@ -240,7 +240,7 @@ void Intake::mark(const BinJob::Output& output, bool isPutBack) {
     m_parts.binnedItems.remove(output.lost);
 }
 
-/// Reports what went wrong, announces what was earned, answers the caller.
+/// Reports failures, announces achievements and calls the completion.
 void Intake::conclude(Batch& batch, BatchResult result, Report reportOf) {
     result.failures.insert(result.failures.begin(), batch.missing.begin(), batch.missing.end());
     if (result.storeError)

@@ -19,24 +19,24 @@
 
 namespace vexmoor {
 
-/// How one batch is treated where that differs from the rest.
+/// Options of one batch.
 struct BatchOptions {
-    std::optional<DisposeMode> mode{};  ///< else that of the settings
-    Dialogs* dialogs = nullptr;         ///< who is asked and told, else the intake's; outlives it
-    std::shared_ptr<WorkMeter> meter{}; ///< counts its file work and stops it between two items
-    /// What stood at each item's path when the user was asked whether to dissolve it: nothing else
-    /// is dissolved. Empty where nobody was asked yet.
+    std::optional<DisposeMode> mode{};  ///< default: the setting
+    Dialogs* dialogs = nullptr;         ///< default: the intake's; must outlive the batch
+    std::shared_ptr<WorkMeter> meter{}; ///< counts the file work and stops it between two items
+    /// The files at the items' paths when the user was asked about dissolving; other files are not
+    /// dissolved. Empty if the user has not been asked.
     std::vector<FileIdentity> seen{};
-    bool tellsOfThoseOnTheWay = false; ///< items left out for that are failures
-    std::vector<Failure> missing{};    ///< binned items that were not found: told with the rest
+    bool tellsOfThoseOnTheWay = false; ///< report items already being fed as failures
+    std::vector<Failure> missing{};    ///< binned items that were not found, to be reported
 };
 
-/// The path that everything fed goes through, and what is done with binned items afterwards. The
-/// batches' file work runs on `work`, one batch after another; all else on the main thread, where
-/// this lives and is called. It must outlive the jobs that it posts.
+/// Runs all batches: feeding, putting back and deleting from the Bin. File work runs on `work`, one
+/// batch at a time; everything else runs on the main thread, where all functions must be called.
+/// Must outlive its jobs.
 class Intake {
   public:
-    /// What it works on and calls; all outlive it.
+    /// The intake's dependencies; all must outlive it.
     struct Parts {
         UserDirectories directories;
         UserDefaults& defaults;
@@ -45,7 +45,7 @@ class Intake {
         Progression& progression;
         BinnedItems binnedItems;
         Journal& journal;
-        UndoStack* undoStack; ///< none where nothing is ever undone
+        UndoStack* undoStack; ///< null if nothing can be undone
         Executor& main;
         Executor& work;
         Dialogs& dialogs;
@@ -60,35 +60,35 @@ class Intake {
     Intake(const Intake&) = delete;
     Intake& operator=(const Intake&) = delete;
 
-    /// Disposes of the items. An item that is being disposed of already, or comes twice, is left
-    /// out; without any left nothing happens.
+    /// Disposes of the items. Ignores duplicates and items that are already being fed; does nothing
+    /// if none remain.
     void consume(const std::vector<Path>& items, bool fromFinder, BatchCompletion completion = {},
                  const BatchOptions& options = {});
 
-    /// Puts back those that can be, after a look at what the ledger knows of them by now.
+    /// Puts back those of the items that can be put back, according to the current records.
     void restore(std::vector<Sacrifice> items, BatchCompletion completion = {},
                  const BatchOptions& options = {});
 
-    /// Deletes those that are still in the Bin, after asking.
+    /// Deletes those of the items that are still in the Bin, after asking.
     void deleteImmediately(std::vector<Sacrifice> items, BatchCompletion completion = {},
                            const BatchOptions& options = {});
 
-    /// Tries again to store what could not be stored, which was reported when it failed: until then
-    /// it is not known what the last batch is.
+    /// Retries storing changes whose failure was reported. Until it succeeds, the last batch is
+    /// unknown.
     void storeLeftOver() { m_settlement.storeLeftOver(); }
 
-    /// Leaves what has not begun untouched, of all batches that are there and that still come.
+    /// Stops all current and future batches; items that have not begun stay untouched.
     void stop() { m_batches.stop(); }
     [[nodiscard]] bool isStopped() const { return m_batches.isStopped(); }
 
-    /// How many batches are not over yet.
+    /// Returns the number of unfinished batches.
     [[nodiscard]] std::size_t batches() const { return m_batches.count(); }
-    /// Calls with the number of batches at once and whenever it changes.
+    /// Calls `subscriber` with the number of unfinished batches now and whenever it changes.
     Subscription subscribeToBatches(std::function<void(std::size_t)> subscriber) {
         return m_batches.subscribe(std::move(subscriber));
     }
 
-    /// The accepted items whose batches are not over.
+    /// Returns the items of unfinished batches.
     [[nodiscard]] const std::set<std::string>& inFlight() const { return m_inFlight; }
 
   private:
@@ -119,7 +119,7 @@ class Intake {
     RunningBatches m_batches;
     VolumeInfoRepair m_infoRepair;
     std::set<std::string> m_inFlight;
-    std::weak_ptr<std::set<Uuid>> m_takenOut; ///< see BinBatch; the work queue's own
+    std::weak_ptr<std::set<Uuid>> m_takenOut; ///< see BinBatch; only used on the work queue
 };
 
 } // namespace vexmoor

@@ -16,7 +16,7 @@ bool isGone(const Path& path) {
     return !status && status.error().code == std::errc::no_such_file_or_directory;
 }
 
-/// Whether another volume than the item's is mounted in its place.
+/// True if another volume is mounted in place of the item's.
 bool isOtherVolume(const JournalEntry& entry) {
     const auto top = openFolder(*entry.volume);
     return !entry.fileSystem.empty() && (!top || volumeName(top->get()) != entry.fileSystem);

@@ -6,17 +6,18 @@
 
 namespace vexmoor {
 
-/// Looks at the disk to see what became of the intents of a batch that was cut off. One thread.
+/// Determines from the disk which intents of an interrupted batch were carried out. Not
+/// thread-safe.
 class IntentCheck {
   public:
     explicit IntentCheck(Disposer& disposer) : m_disposer(disposer) {}
 
-    /// Whether it cannot be seen now what became of the item: its volume is not there, or does not
-    /// answer.
+    /// True if the outcome cannot be determined now, because the item's volume is missing or does
+    /// not answer.
     [[nodiscard]] bool mustWait(const JournalBatch& batch, const JournalEntry& entry);
 
-    /// Whether what was intended for the item took place. What was done may be undone by a power
-    /// cut, which can keep the note and lose the move.
+    /// True if the intent was carried out. A power cut can undo an operation whose outcome was
+    /// recorded.
     [[nodiscard]] bool happened(const JournalBatch& batch, const JournalEntry& entry);
 
   private:

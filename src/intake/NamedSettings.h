@@ -9,14 +9,14 @@
 
 namespace vexmoor {
 
-/// The settings and the skin as users write them: by name, with a text as value. Main thread only.
+/// The settings and the skin by name, with values as text. Main thread only.
 class NamedSettings {
   public:
-    /// Why a setting stays as it is.
+    /// Why a setting was not changed.
     struct Complaint {
         enum class Kind {
-            usage,   ///< there is no such setting, or it can't be that
-            refused, ///< it can't be that yet
+            usage,   ///< unknown name or invalid value
+            refused, ///< valid, but not available yet
         };
         Kind kind;
         std::string sentence;
@@ -25,17 +25,18 @@ class NamedSettings {
     NamedSettings(Settings& settings, Progression& progression)
         : m_settings(settings), m_progression(progression) {}
 
-    /// Nothing where the setting is the value now. The sentence is in the user's language.
+    /// Sets the setting; returns nullopt on success. The sentence is in the user's language.
     std::optional<Complaint> assign(const std::string& name, const std::string& value);
 
-    /// What assign() would complain about.
+    /// Returns the complaint that assign() would return.
     [[nodiscard]] std::optional<Complaint> complaintAbout(const std::string& name,
                                                           const std::string& value) const;
 
-    /// What a setting can be now, the usual spelling of each; empty if there is no such setting.
+    /// Returns the values currently available for a setting, the preferred spelling of each; empty
+    /// for an unknown name.
     [[nodiscard]] std::vector<std::string> choices(const std::string& name) const;
 
-    /// In the order of showing.
+    /// Returns all names in display order.
     static std::vector<std::string> names();
 
   private:

@@ -9,7 +9,7 @@ namespace {
 
 constexpr const char* kAdoptedKey = "records.adopted";
 
-/// What a closed journal says of its items, oldest first.
+/// Returns the items of a closed journal, oldest first.
 std::vector<Sacrifice> binnedBy(const OlderJournals& journals, std::int64_t number) {
     std::vector<Sacrifice> items;
     if (const auto batch = journals.read(number))
@@ -43,11 +43,11 @@ Result<void> adoptOlderRecords(OlderJournals& journals, UserDefaults& defaults,
         for (auto& item : items) {
             journaled.insert(item.id);
             if (const auto found = recent.find(item.id); found != recent.end())
-                item = found->second; // knows what became of it
+                item = found->second; // has the item's later fate
         }
         std::erase_if(items, [&](const Sacrifice& item) { return known.contains(item.id); });
     }
-    std::vector<Sacrifice> older; // each a batch of its own, as their journals are gone
+    std::vector<Sacrifice> older; // one batch each, because their journals are gone
     for (const auto& item : ledger.recent.get())
         if (!journaled.contains(item.id) && !known.contains(item.id))
             older.insert(older.begin(), item);

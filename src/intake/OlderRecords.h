@@ -7,20 +7,20 @@
 
 namespace vexmoor {
 
-/// Enters what earlier versions knew of binned items (in the ledger's recent records and the closed
-/// journals of the newest batches) into the table of the database, once, and removes the journals.
-/// Without success all stays as it is, for the next start.
+/// Adds the binned items of earlier versions (from the ledger's recent records and the closed
+/// journals) to the database's table, once, and removes the journals. On failure everything stays
+/// for the next start.
 Result<void> adoptOlderRecords(OlderJournals& journals, UserDefaults& defaults,
                                const Ledger& ledger, BinnedItems& binnedItems);
 
-/// Of a batch that an earlier version counted, the items in the Bin whose way back no table has
-/// yet; without those that are `open`, whose outcome is yet to be seen.
+/// Returns the items in the Bin that the table lacks, of a batch that an earlier version has
+/// counted. Omits those in `open`, whose outcome is unknown.
 std::vector<Sacrifice> binnedWithoutRecord(const JournalBatch& batch, const JournalBatch& open,
                                            const BinnedItems& binnedItems, Disposer& disposer);
 
-/// Of a batch that an earlier version counted, the entries that had to wait for their volumes, as
-/// far as the ledger knows. In the home Bin nothing had to: those items were counted, also where a
-/// power cut took the notes of it.
+/// Returns the entries of such a batch that were waiting for their volumes, according to the
+/// ledger. Items in the home Bin never waited: they were counted, even if a power cut has removed
+/// their outcomes from the journal.
 JournalBatch withoutKnown(JournalBatch batch, const Ledger& ledger,
                           const UserDirectories& directories);
 

@@ -17,7 +17,7 @@ void prefetchPictures(Thumbnails& thumbnails, const std::vector<Path>& items,
         }
     };
     const auto prefetch = std::make_shared<Prefetch>(
-        Prefetch{{}, items.size() + 1, std::move(done)}); // one for the asking itself
+        Prefetch{{}, items.size() + 1, std::move(done)}); // one for this function itself
     for (const auto& item : items)
         thumbnails.load(item, [prefetch, item](PicturePointer picture) {
             if (picture)

@@ -9,11 +9,11 @@
 
 namespace vexmoor {
 
-/// Pictures of items by their paths.
+/// Pictures by the paths of their items.
 using ItemPictures = std::map<std::string, PicturePointer>;
 
-/// Asks for a picture of each of these items, and calls `done` with those that came when all have
-/// been answered, which may be at once. Main thread.
+/// Requests a picture of each item. Calls `done` with the available ones when all requests are
+/// answered, possibly before it returns. Main thread.
 void prefetchPictures(Thumbnails& thumbnails, const std::vector<Path>& items,
                       std::function<void(ItemPictures)> done);
 

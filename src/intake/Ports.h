@@ -9,11 +9,11 @@
 #include <string>
 #include <vector>
 
-// What the intake asks of its surroundings. All are called on the main thread but where it is said.
+// Interfaces of the intake's environment. Called on the main thread except where noted.
 
 namespace vexmoor {
 
-/// A picture of an item; what it is made of is known to whoever makes and shows it.
+/// A picture of an item; only its creator and the animation know the concrete type.
 class Picture {
   public:
     virtual ~Picture() = default;
@@ -26,21 +26,21 @@ struct Question {
     std::string informative;
     std::string confirm;
     std::string cancel;
-    std::optional<std::string> suppression; ///< title of a check box, where there is one
-    std::string items{}; ///< what it is about, a line each, where the message does not name it
+    std::optional<std::string> suppression; ///< title of the check box, if any
+    std::string items{}; ///< the items concerned, one per line, if the message does not name them
 };
 
 struct Answer {
     bool confirmed = false;
-    bool suppressed = false; ///< the check box was on when the question closed
-    bool isGiven = false;    ///< by the user; false if the question was withdrawn
+    bool suppressed = false; ///< the check box was checked when the question closed
+    bool isGiven = false;    ///< false if the question was withdrawn
 };
 
-/// One item that an operation failed for; the name is text to show.
+/// An item for which an operation failed. The name is for display.
 struct Failure {
     std::string name;
     Error error;
-    std::optional<StoredPath> path{}; ///< where the item is or was, where that is known
+    std::optional<StoredPath> path{}; ///< current or last path of the item, if known
 
     bool operator==(const Failure&) const = default;
 };
@@ -54,13 +54,13 @@ struct FailureReport {
 class Dialogs {
   public:
     virtual ~Dialogs() = default;
-    /// Answers once, at once or later.
+    /// Calls `answered` exactly once, synchronously or later.
     virtual void ask(const Question& question, std::function<void(const Answer&)> answered) = 0;
     virtual void report(const FailureReport& report) = 0;
     virtual void beep() = 0;
 };
 
-/// Shows a batch going into the cauldron; absent pictures stand for items without one.
+/// Animates a batch; items without a picture have a null one.
 class BatchAnimation {
   public:
     virtual ~BatchAnimation() = default;
@@ -77,14 +77,15 @@ class Thumbnails {
   public:
     virtual ~Thumbnails() = default;
 
-    /// Answers once, on the main thread, at once or later; without a picture where there is none.
+    /// Calls `completion` exactly once on the main thread, synchronously or later; with null if
+    /// there is no picture.
     virtual void load(const Path& item, std::function<void(PicturePointer)> completion) = 0;
 
-    /// Called on the work queue; may block for a bounded time.
+    /// Called on the work queue; may block for a limited time.
     virtual PicturePointer loadNow(const Path& item) = 0;
 };
 
-/// The key that undoes in the file manager what was fed from it.
+/// The undo key in the file manager, for what was fed from there.
 class UndoKey {
   public:
     virtual ~UndoKey() = default;

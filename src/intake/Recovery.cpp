@@ -14,10 +14,11 @@ namespace {
 
 using Outcome = JournalEntry::Outcome;
 
-/// Batches with items on volumes that were not there, as lines of a journal.
+/// Key of the batches with items on missing volumes, stored as lines of a journal.
 constexpr const char* kWaitingKey = "journal.waiting";
 
-/// Whether a power cut emptied info files of the home Bin; other volumes may be gone, or hang.
+/// True if a power cut has emptied info files in the home Bin. Skips other volumes, which may be
+/// missing or hang.
 bool areInfosEmpty(const BinnedItems& binnedItems, const UserDirectories& directories) {
     constexpr int kMostLooks = 16;
     int looks = 0;
@@ -36,7 +37,7 @@ bool needsRecovery(const Journal& journal, const OlderJournals& older, const Use
            !older.open().empty() || areInfosEmpty(binnedItems, directories);
 }
 
-/// Goes through the batches and gathers what is to be stored.
+/// Processes the unrecorded batches and collects the changes to store.
 class Recoverer {
   public:
     Recoverer(Journal& journal, OlderJournals older, UserDefaults& defaults, Ledger& ledger,
@@ -58,7 +59,7 @@ class Recoverer {
             return std::move(m_report);
         if (const auto stored = m_defaults.transaction([this] { store(); }); !stored) {
             m_report.problems.push_back(stored.error());
-            return std::move(m_report); // all is there for the next start
+            return std::move(m_report); // everything is kept for the next start
         }
         for (const auto number : m_olderTaken)
             if (const auto removed = m_older.removeOpen(number); !removed)
@@ -66,7 +67,7 @@ class Recoverer {
         return std::move(m_report);
     }
 
-    /// Of the recorded items.
+    /// Repairs the info files of recorded items in the home Bin.
     void repairInfos() {
         InfoRepair infos(m_disposer);
         m_binnedItems.visit([&](const Sacrifice& item) {
@@ -75,9 +76,9 @@ class Recoverer {
     }
 
   private:
-    /// What happened of one batch.
+    /// The outcome of one batch.
     struct Recorded {
-        JournalBatch batch; ///< without the entries
+        JournalBatch batch; ///< without entries
         std::vector<Sacrifice> sacrifices;
         std::vector<Progression::Offering> offerings;
         std::set<Uuid> ids;
@@ -114,11 +115,12 @@ class Recoverer {
         }
     }
 
-    /// What to report of a journal that could not be read; only nonsense is set aside.
+    /// Returns the error to report for an unreadable journal. Renames the journal only if it cannot
+    /// be parsed.
     Error setAsideOlder(std::int64_t number, const Error& error) {
         if (error.code != std::errc::bad_message && error.code != std::errc::is_a_directory)
             return error;
-        m_mark.number = std::max(m_mark.number, number); // not given again
+        m_mark.number = std::max(m_mark.number, number); // must not be assigned again
         m_hasNews = true;
         const auto aside = m_older.setAside(number);
         return aside ? disposalError(DisposalError::journalSetAside, *aside) : aside.error();
@@ -158,7 +160,7 @@ class Recoverer {
             m_report.problems.push_back(aside.error());
     }
 
-    /// Decides what can be decided; the rest waits.
+    /// Decides the entries whose outcome can be determined; keeps the others for a later start.
     void take(const JournalBatch& batch, bool hasWaited) {
         Recorded recorded;
         recorded.batch = batch;
@@ -201,7 +203,8 @@ class Recoverer {
             reportFailure(batch, entry);
             return;
         }
-        // A power cut may have left it empty. Where it can't be mended, the record knows the way.
+        // A power cut may have emptied the info file. If the repair fails, the record still allows
+        // putting back.
         if (sacrifice.canRestore() && batch.kind == JournalKind::feed)
             (void)m_disposer.repairInfo(*sacrifice.trashed, sacrifice.binRecord());
         recorded.ids.insert(sacrifice.id);
@@ -212,7 +215,7 @@ class Recoverer {
             recorded.sacrifices.back().original.reset();
     }
 
-    /// An item that was on its way out of the Bin is in none of its places.
+    /// An item in the leaving folder is at neither of its paths, so move it back first.
     void returnLeaving(const JournalEntry& entry) {
         if (!entry.sacrifice.trashed)
             return;
@@ -232,14 +235,14 @@ class Recoverer {
                                          sacrifice.original});
     }
 
-    /// An item that was on its way when the batch was cut off may have left an info file alone.
+    /// An interrupted move may have left an info file without its item.
     void removeLeftInfo(const JournalBatch& batch, const JournalEntry& entry) {
         const auto& sacrifice = entry.sacrifice;
         if (batch.mode == DisposeMode::bin && sacrifice.trashed && sacrifice.original)
             m_disposer.removeLeftInfo(*sacrifice.trashed, *sacrifice.original);
     }
 
-    /// All that was gathered, in one transaction.
+    /// Stores all changes in one transaction.
     void store() {
         for (const auto& recorded : m_recorded) {
             const auto count = static_cast<std::int64_t>(recorded.ids.size());
@@ -290,7 +293,7 @@ class Recoverer {
     JournalMark m_mark;
     bool m_hasNews = false;
     std::vector<Recorded> m_recorded;
-    std::vector<std::pair<std::int64_t, std::vector<Sacrifice>>> m_counted; ///< by batches before
+    std::vector<std::pair<std::int64_t, std::vector<Sacrifice>>> m_counted; ///< by earlier versions
     std::string m_waiting;
     std::vector<std::int64_t> m_olderTaken;
     RecoveryReport m_report;
@@ -310,11 +313,10 @@ RecoveryReport recover(Journal& journal, UserDefaults& defaults, Ledger& ledger,
     const OlderJournals older(journal.folder());
     if (areOlderRecordsAdopted(older, defaults) &&
         !needsRecovery(journal, older, defaults, binnedItems, directories))
-        return {}; // nearly always: looking further would cost a small batch a good part of its
-                   // time
+        return {}; // the usual case; the checks below would slow down small batches
     Recoverer recoverer(journal, older, defaults, ledger, progression, binnedItems, directories);
     auto report = recoverer.run();
-    if (areInfosEmpty(binnedItems, directories)) // of what is in the Bin by now
+    if (areInfosEmpty(binnedItems, directories)) // check again: recovery may have changed the Bin
         recoverer.repairInfos();
     return report;
 }

@@ -10,26 +10,25 @@
 
 namespace vexmoor {
 
-/// What recover() found.
+/// The result of recover().
 struct RecoveryReport {
     std::int64_t disposed = 0; ///< items that reached the Bin or were dissolved, now recorded
     std::int64_t putBack = 0;
     std::int64_t deleted = 0;
-    std::vector<Failure> failures;     ///< items that failed, or were left half dissolved
-    std::vector<Achievement> unlocked; ///< earned by what is recorded now, to be announced
-    std::vector<Error> problems;       ///< of the journal and of volumes that are not there
+    std::vector<Failure> failures;     ///< items that failed or were partly dissolved
+    std::vector<Achievement> unlocked; ///< earned by the recorded items, to be announced
+    std::vector<Error> problems;       ///< errors of the journal and of missing volumes
 };
 
-/// Brings the stores up to what happened: goes through the batches of the journal that a kill or a
-/// power cut left unrecorded, looks at where their items are, and records each that did move, once.
-/// Info files that a power cut left empty are written again. What can't be seen now, as its volume
-/// is not there, waits for a later start. Nothing of the user's is moved or deleted. Main thread,
-/// under the writer's lock, before any batch.
+/// Updates the stores after a crash or a power cut: finds the items of unrecorded batches on the
+/// disk and records each operation that took place. Rewrites info files that a power cut has
+/// emptied. Items on a missing volume wait for a later start. Moves or deletes no user files. Main
+/// thread, with the writer lock, before any batch.
 RecoveryReport recover(Journal& journal, UserDefaults& defaults, Ledger& ledger,
                        Progression& progression, BinnedItems binnedItems,
                        const UserDirectories& directories);
 
-/// Whether recover() may find something. Cheap.
+/// True if recover() may find something. Cheap.
 bool needsRecovery(const Journal& journal, const UserDefaults& defaults,
                    const BinnedItems& binnedItems, const UserDirectories& directories);
 

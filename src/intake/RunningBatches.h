@@ -9,21 +9,21 @@
 
 namespace vexmoor {
 
-/// The batches that are not over, each with the meter that counts and stops its work. Main thread.
+/// The unfinished batches, each with the meter that counts and stops its work. Main thread.
 class RunningBatches {
   public:
     using Meter = std::shared_ptr<WorkMeter>;
 
-    /// Adds a batch with this meter, or with one of its own.
+    /// Adds a batch with this meter, or with a new one if it is null.
     Meter begin(Meter meter);
     void end(const Meter& meter);
 
-    /// Leaves what has not begun untouched, of all batches that are there and that still come.
+    /// Stops all current and future batches; items that have not begun stay untouched.
     void stop();
     [[nodiscard]] bool isStopped() const { return m_stopped; }
 
     [[nodiscard]] std::size_t count() const { return m_meters.get().size(); }
-    /// Calls with the count at once and whenever it changes.
+    /// Calls `subscriber` with the count now and whenever it changes.
     Subscription subscribe(std::function<void(std::size_t)> subscriber);
 
   private:

@@ -7,26 +7,25 @@
 
 namespace vexmoor {
 
-/// Stores what batches changed, each with its mark in the journal. Main thread.
+/// Stores the changes of batches, each with its position in the journal. Main thread.
 class Settlement {
   public:
-    /// Number of the newest batch that is in the stores, and where it ends in the journal.
+    /// Key of the number and the end position of the newest batch in the stores.
     static constexpr const char* kRecordedKey = "journal.recorded";
     static constexpr const char* kPositionKey = "journal.position";
 
     explicit Settlement(UserDefaults& defaults) : m_defaults(defaults) {}
 
-    /// One transaction for all that a batch changes, its mark included: from then on the journal
-    /// has nothing to add, nor for batches whose changes could not be stored before. Where it has
-    /// the batch, the transaction needs no sync.
+    /// Stores all changes of a batch, including its mark, in one transaction, together with earlier
+    /// batches that could not be stored. Does not sync if the journal has the batch.
     std::optional<Error> commit(const std::optional<JournalMark>& mark,
                                 const std::function<void()>& changes);
 
-    /// Tries again to store what could not be stored.
+    /// Retries storing what could not be stored.
     void storeLeftOver();
 
-    /// For the batch that begins next. The stores are brought to the disk where the journal is full
-    /// and can begin again.
+    /// Returns the state for the next batch. If the journal is full, syncs the stores first so that
+    /// it can start again.
     [[nodiscard]] JournalStart start();
 
     static JournalPosition position(const UserDefaults& defaults);

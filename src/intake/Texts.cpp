@@ -10,8 +10,8 @@ namespace vexmoor {
 
 namespace {
 
-/// A name as it is shown in a sentence: control characters, line ends among them, become their
-/// pictures, so that no name can pass for more of the text.
+/// Returns a name for use in a sentence. Replaces control characters, including line feeds, by
+/// visible symbols, so that a name cannot imitate other text.
 std::string inSentence(const std::string& name) {
     std::string shown;
     for (const char c : name) {
@@ -26,7 +26,7 @@ std::string inSentence(const std::string& name) {
     return shown;
 }
 
-/// The first lines, and how many there are more.
+/// Returns the first lines, and the number of further ones.
 std::string listed(std::size_t count, const std::vector<std::string>& lines) {
     std::string list;
     for (std::size_t i = 0; i < std::min(lines.size(), kListedFailures); ++i)

@@ -5,17 +5,17 @@
 
 #include <vector>
 
-// What the intake says to the user.
+// The intake's messages to the user.
 
 namespace vexmoor {
 
-/// Failures, or items, that are listed one by one; the rest are counted.
+/// The maximum number of failures or items listed; further ones are counted.
 inline constexpr std::size_t kListedFailures = 8;
 
-/// Names to show of the first items, as many as are listed.
+/// Returns the display names of the first items, up to the maximum listed.
 std::vector<std::string> firstNames(const std::vector<StoredPath>& items);
 
-/// `names` are those of the first items; kListedFailures of them are listed.
+/// `names` are those of the first items; at most kListedFailures are listed.
 Question dissolveQuestion(std::size_t count, const std::vector<std::string>& names = {});
 Question deleteQuestion(const std::vector<Sacrifice>& items);
 
@@ -23,32 +23,32 @@ FailureReport intakeFailures(std::vector<Failure> failures);
 FailureReport putBackFailures(std::vector<Failure> failures);
 FailureReport deleteFailures(std::vector<Failure> failures);
 
-/// A batch that was stopped: what it had not begun stays as it was.
+/// For a batch that was stopped: `count` items stay untouched.
 FailureReport stoppedReport(std::size_t count);
 
-/// Something that is not on this computer was named, beside items that were taken or alone.
+/// For items that are not on this computer, alone or among accepted ones.
 FailureReport foreignReport(bool tookOthers);
 
-/// Files were dropped, but the desktop did not hand over which.
+/// For a drop whose file list the desktop did not provide.
 FailureReport withheldReport();
 
-/// The compositor ended the connection that shows the tile, for a reason in the system's words.
+/// For a lost connection to the compositor, with the system's reason.
 FailureReport tileLostReport(const std::string& reason);
 
-/// Commands were not begun, and their callers do not wait for an answer.
+/// For commands that were not begun and whose callers no longer wait.
 FailureReport droppedCommands(std::size_t count);
 
-/// Failures that came while many others waited to be shown; `lines` are those of the first ones.
+/// For failures beyond the maximum shown; `lines` describe the first of them.
 FailureReport furtherReports(std::size_t count, const std::vector<std::string>& lines);
 
-/// The database could not be read and was set aside; a fresh one was begun.
+/// For an unreadable database that was set aside and replaced by an empty one.
 FailureReport damagedStore(const Path& aside);
 
-/// The items went where they should, but the stores could not be written.
+/// For a batch that was carried out but could not be stored.
 FailureReport storeFailure(const Error& error);
 FailureReport journalFailure(const Error& error);
 
-/// The name by which the Edit menu offers to undo a batch.
+/// Returns the name of the batch's undo action in the Edit menu.
 std::string sacrificeActionName(std::size_t count);
 
 } // namespace vexmoor

@@ -40,7 +40,7 @@ std::shared_ptr<VolumeLooks::Look> VolumeLooks::begin(const Path& folder) {
 
 VolumeLooks::Answer VolumeLooks::answer(const Path& folder) {
     auto& look = m_looks[folder];
-    if (!look || look->isOverBy({})) // an answer of a while ago says nothing of now
+    if (!look || look->isOverBy({})) // an older answer may be outdated
         look = begin(folder);
     const auto timeout = look->begun + kTimeout;
     if (look->isOverBy(std::min(Moments::now() + m_patience, timeout)))

@@ -8,18 +8,18 @@
 
 namespace vexmoor {
 
-/// Looks at folders, each time on a thread of its own, as a call that hangs can't be ended. A
-/// folder whose look has not ended is not looked at again. One thread.
+/// Checks folders, each on its own thread, because a hanging system call cannot be cancelled. Does
+/// not check a folder again before its last check has ended. Not thread-safe.
 class VolumeLooks {
   public:
     enum class Answer {
-        yes,    ///< the system says something of it, if only that it is not there
-        no,     ///< it has said nothing for kTimeout
-        notYet, ///< it has said nothing for as long as is waited for it
+        yes,    ///< the system answers, even if the folder does not exist
+        no,     ///< no answer within kTimeout
+        notYet, ///< no answer within the caller's timeout
     };
     static constexpr std::chrono::milliseconds kTimeout{2000};
 
-    /// `patience`: how long answer() waits at most.
+    /// `patience` is the maximum time that answer() waits.
     explicit VolumeLooks(std::chrono::milliseconds patience = kTimeout) : m_patience(patience) {}
 
     Answer answer(const Path& folder);
@@ -30,11 +30,11 @@ class VolumeLooks {
     static std::shared_ptr<Look> begin(const Path& folder);
 
     std::chrono::milliseconds m_patience;
-    std::map<Path, std::shared_ptr<Look>> m_looks; ///< the last one of each folder
+    std::map<Path, std::shared_ptr<Look>> m_looks; ///< the last check of each folder
 };
 
-/// Tells volumes that answer from those that hang, as a network's or a program's may, so that
-/// nothing waits for them: looks at each once. One thread.
+/// Detects volumes that hang, such as network or FUSE mounts. Checks each volume only once. Not
+/// thread-safe.
 class VolumeCheck {
   public:
     using Answer = VolumeLooks::Answer;
@@ -44,7 +44,7 @@ class VolumeCheck {
 
     Answer answer(const Path& folder);
 
-    /// The same of a place in a Bin; the home Bin is not asked.
+    /// Checks the volume of a path in a Bin; the home Bin is not checked.
     Answer answerFor(const Path& place);
 
     [[nodiscard]] bool answers(const Path& folder) { return answer(folder) == Answer::yes; }

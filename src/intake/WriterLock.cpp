@@ -26,7 +26,7 @@ Result<FileDescriptor> openLock(const Path& file) {
     return descriptor;
 }
 
-/// True when nobody had it in a way that rules this one out, and it is ours now.
+/// Returns true if the lock was acquired, false if another process holds it.
 Result<bool> lockNow(int descriptor, const Path& file, int kind) {
     if (::flock(descriptor, kind | LOCK_NB) == 0)
         return true;
@@ -57,8 +57,8 @@ Result<std::optional<WriterLock::Role>> WriterLock::holder(const Path& file) {
     if (!descriptor)
         return errno == ENOENT ? Result<std::optional<Role>>(std::optional<Role>())
                                : Error::fromErrno(errno, "open", file);
-    // Shared, so that two who look do not take each other for a holder; released with the
-    // descriptor.
+    // A shared lock, so that two concurrent queries do not see each other as holders; released with
+    // the descriptor.
     auto free = lockNow(descriptor.get(), file, LOCK_SH);
     if (!free)
         return std::move(free).error();

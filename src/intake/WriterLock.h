@@ -10,23 +10,23 @@
 namespace vexmoor {
 
 /// The right to change the stores and the user's files: an exclusive lock (flock) on a file beside
-/// the database, held by the desktop program as long as it runs, by a command as long as it works.
-/// The kernel takes it back from a process that dies.
+/// the database. The desktop program holds it while it runs, a command while it works. The kernel
+/// releases it when the process dies.
 class WriterLock {
   public:
     enum class Role { command, desktop };
 
-    /// Its file's name, in the folder of the program's own data.
+    /// The name of the lock file in the program's data folder.
     static constexpr const char* kFileName = "lock";
 
-    /// Takes the lock at once; nothing where somebody holds it.
+    /// Acquires the lock without waiting; nullopt if another process holds it.
     static Result<std::optional<WriterLock>> tryTake(const Path& file, Role role);
 
-    /// The role of whoever holds the lock, as told in the file; nothing where nobody does.
+    /// Returns the role of the lock's holder, as recorded in the file; nullopt if it is free.
     static Result<std::optional<Role>> holder(const Path& file);
 
-    /// Waits for other commands to end; nothing where the desktop program holds the lock, or
-    /// `stopsWaiting` said so. It is asked about 20 times a second.
+    /// Acquires the lock, waiting for other commands to end. Returns nullopt if the desktop program
+    /// holds it or `stopsWaiting` returns true, which is called about 20 times a second.
     static Result<std::optional<WriterLock>> take(const Path& file, Role role,
                                                   const std::function<bool()>& stopsWaiting);
 

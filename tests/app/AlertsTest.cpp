@@ -30,11 +30,11 @@ QMessageBox* shown() {
 }
 
 struct AlertsTest : testing::Test {
-    /// Asks, and keeps the answer.
+    /// Asks a question and records the answer.
     void ask(const Question& question) {
         alerts.ask(question, [this](const Answer& answer) { answers.push_back(answer); });
     }
-    /// Presses a key at the alert that is shown, and notes what it says.
+    /// Records the text of the shown alert and presses a key in it.
     void press(Qt::Key key) {
         ASSERT_NE(shown(), nullptr);
         passGuard();
@@ -45,7 +45,7 @@ struct AlertsTest : testing::Test {
         QEvent event(type);
         QApplication::sendEvent(shown(), &event);
     }
-    /// The alert has the focus, and the time has passed.
+    /// Gives the alert the focus and lets the guard's timer fire.
     void passGuard() {
         sendToAlert(QEvent::WindowActivate);
         for (test::ManualTimer* const timer : timers)
@@ -53,7 +53,7 @@ struct AlertsTest : testing::Test {
                 fire();
     }
 
-    std::vector<test::ManualTimer*> timers; ///< of the questions that are there
+    std::vector<test::ManualTimer*> timers; ///< of the existing questions
     Alerts alerts{[this] {
         struct Listed : test::ManualTimer {
             explicit Listed(std::vector<test::ManualTimer*>& all) : m_all(all) {
@@ -68,7 +68,7 @@ struct AlertsTest : testing::Test {
     std::vector<std::string> seen;
 };
 
-TEST_F(AlertsTest, TakesAYesAndThatItIsTheLastOne) {
+TEST_F(AlertsTest, RecordsAYesAndTheSuppression) {
     ask(kQuestion);
     ASSERT_NE(shown(), nullptr);
     passGuard();
@@ -81,12 +81,12 @@ TEST_F(AlertsTest, TakesAYesAndThatItIsTheLastOne) {
     EXPECT_EQ(shown(), nullptr);
 }
 
-TEST_F(AlertsTest, TakesTurnsInTheOrderInWhichTheyCame) {
+TEST_F(AlertsTest, ShowsAlertsInTheOrderOfTheCalls) {
     ask(kQuestion);
     alerts.report({"Rejected a", "", {}});
     ask({"Second?", "", "Yes", "No", std::nullopt});
     press(Qt::Key_Return);
-    ASSERT_EQ(answers.size(), 1U) << "no answer waits for those after it";
+    ASSERT_EQ(answers.size(), 1U) << "an answer does not wait for later alerts";
     EXPECT_TRUE(answers[0].confirmed);
     press(Qt::Key_Return);
     press(Qt::Key_Escape);
@@ -95,7 +95,7 @@ TEST_F(AlertsTest, TakesTurnsInTheOrderInWhichTheyCame) {
     EXPECT_THAT(seen, ElementsAre("Dissolve?", "Rejected a", "Second?"));
 }
 
-TEST_F(AlertsTest, CollectsReportsInOneAlertWhereManyWait) {
+TEST_F(AlertsTest, CollectsReportsInOneAlertIfManyWait) {
     constexpr auto kWaiting = static_cast<int>(Alerts::kMostTurns);
     const auto fill = [this] {
         for (int i = 0; i < kWaiting + 10; ++i)
@@ -118,7 +118,7 @@ TEST_F(AlertsTest, CollectsReportsInOneAlertWhereManyWait) {
     EXPECT_THAT(ended, testing::Contains("10 more failures"));
 }
 
-TEST_F(AlertsTest, IsNotAnsweredByWhatWasTypedForAnotherWindow) {
+TEST_F(AlertsTest, IgnoresKeysTypedForAnotherWindow) {
     ask(kQuestion);
     ASSERT_EQ(timers.size(), 1U);
     const auto type = [] {
@@ -133,7 +133,7 @@ TEST_F(AlertsTest, IsNotAnsweredByWhatWasTypedForAnotherWindow) {
     type();
     ASSERT_NE(shown(), nullptr);
     sendToAlert(QEvent::WindowDeactivate);
-    EXPECT_FALSE(timers[0]->fire) << "the focus went elsewhere before the time was over";
+    EXPECT_FALSE(timers[0]->fire) << "the alert lost the focus before the guard's time was over";
     sendToAlert(QEvent::WindowActivate);
     type();
     EXPECT_TRUE(answers.empty());
@@ -145,7 +145,7 @@ TEST_F(AlertsTest, IsNotAnsweredByWhatWasTypedForAnotherWindow) {
     EXPECT_FALSE(answers[0].suppressed);
 }
 
-TEST_F(AlertsTest, ListsTheItemsOfAQuestionAsText) {
+TEST_F(AlertsTest, ListsTheItemsOfAQuestionAsPlainText) {
     Question question = kQuestion;
     question.items = "<b>a</b>\nb\n…and 1 more.";
     ask(question);
@@ -159,7 +159,7 @@ TEST_F(AlertsTest, ListsTheItemsOfAQuestionAsText) {
     press(Qt::Key_Escape);
 }
 
-TEST_F(AlertsTest, NeverTakesANameForMarkup) {
+TEST_F(AlertsTest, NeverInterpretsANameAsMarkup) {
     const QString names = "<i><!--: gone\n<a href=\"https://elsewhere\">b</a>: gone";
     alerts.report({"The cauldron rejected 2 items", names.toStdString(), {}});
     ASSERT_NE(shown(), nullptr);
@@ -173,14 +173,14 @@ TEST_F(AlertsTest, NeverTakesANameForMarkup) {
     press(Qt::Key_Return);
 }
 
-TEST_F(AlertsTest, DoesNotGrowWiderThanTheScreenByALongName) {
+TEST_F(AlertsTest, IsNotWidenedBeyondTheScreenByALongName) {
     alerts.report({"The cauldron rejected " + std::string(255, 'W'), "x", {}});
     ASSERT_NE(shown(), nullptr);
     EXPECT_LT(shown()->sizeHint().width(), 760);
     shown()->accept();
 }
 
-TEST_F(AlertsTest, AnswersNoToAllWhenItIsClosed) {
+TEST_F(AlertsTest, AnswersAllQuestionsWithNoOnClose) {
     std::vector<std::string> told;
     ask(kQuestion);
     passGuard();
@@ -194,9 +194,9 @@ TEST_F(AlertsTest, AnswersNoToAllWhenItIsClosed) {
     ASSERT_EQ(answers.size(), 3U);
     for (const Answer& answer : answers) {
         EXPECT_FALSE(answer.confirmed);
-        EXPECT_FALSE(answer.suppressed) << "nobody said so";
+        EXPECT_FALSE(answer.suppressed) << "the user did not choose it";
     }
-    EXPECT_THAT(told, ElementsAre("Waiting", "Late")) << "a report that nobody saw is not lost";
+    EXPECT_THAT(told, ElementsAre("Waiting", "Late")) << "a report that was not shown is not lost";
 }
 
 } // namespace

@@ -11,7 +11,7 @@ namespace {
 using testing::ElementsAre;
 using testing::SizeIs;
 
-TEST(ApplicationServiceTest, KeepsEarlyOrdersUntilSomebodyCarriesThemOut) {
+TEST(ApplicationServiceTest, KeepsEarlyRequestsUntilTheyAreDelivered) {
     const test::PrivateBus bus;
     const auto connect = [&](const char* name) {
         return QDBusConnection::connectToBus(QString::fromStdString(bus.address()), name);
@@ -60,7 +60,7 @@ TEST(ApplicationServiceTest, KeepsEarlyOrdersUntilSomebodyCarriesThemOut) {
     QDBusConnection::disconnectFromBus("second");
 }
 
-TEST(ApplicationServiceTest, IsNothingWithoutABus) {
+TEST(ApplicationServiceTest, DoesNothingWithoutABus) {
     ApplicationService alone(QDBusConnection::connectToBus("unix:path=/nowhere", "none"));
     EXPECT_EQ(alone.claimName(), ApplicationService::Claim::impossible);
     EXPECT_EQ(alone.forwardProbe(), std::nullopt);

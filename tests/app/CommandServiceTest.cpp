@@ -15,7 +15,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// "name: sentence" of each failure.
+/// Returns "name: message" of each failure.
 std::vector<std::string> told(const BatchReport& report) {
     std::vector<std::string> lines;
     for (const auto& failure : report.failures)
@@ -26,7 +26,8 @@ std::vector<std::string> told(const BatchReport& report) {
 class CommandServiceTest : public ServedIntake {
   protected:
     using Arguments = QVariantList;
-    static constexpr std::size_t kRunning = 256; ///< calls, while more wait
+    static constexpr std::size_t kRunning =
+        256; ///< the number of running calls from which further ones wait
 
     void SetUp() override {
         ServedIntake::SetUp();
@@ -49,22 +50,22 @@ class CommandServiceTest : public ServedIntake {
         return end(begin("caller", method, arguments));
     }
 
-    /// Feeds an item and wants no answer.
+    /// Feeds an item without requesting a reply.
     void sendFeed(const char* caller, const Path& item) {
         auto message =
             QDBusMessage::createMethodCall(kName, kPath, "org.vexmoor.Commands1", "Feed");
         message.setArguments(feeding({item}, "", false));
         connection(caller).send(message);
     }
-    /// What the caller has sent is with the service afterwards.
+    /// Waits until the service has received all messages sent.
     void takeWhatIsSent() const {
         for (const char* const name :
-             {"caller", "desktop"}) // the bus answers after what came first
+             {"caller", "desktop"}) // the bus replies after the earlier messages
             EXPECT_TRUE(connection(name).interface()->serviceOwner(kName).isValid());
         QCoreApplication::processEvents();
     }
 
-    /// Ends that caller's connection, and waits until the bus says so.
+    /// Closes that caller's connection and waits until the bus reports it.
     void leave(const char* caller) const {
         const QString name = connection(caller).baseService();
         QDBusConnection::disconnectFromBus(caller);
@@ -100,7 +101,7 @@ class CommandServiceTest : public ServedIntake {
     }
 };
 
-TEST_F(CommandServiceTest, TellsItsCallerHowFarItIs) {
+TEST_F(CommandServiceTest, ReportsItsProgressToTheCaller) {
     const auto progressOf = [this](const char* caller) {
         const auto pending = begin(caller, "Progress", {});
         EXPECT_TRUE(eventuallyInLoop([&] { return pending.isFinished(); }));
@@ -117,10 +118,10 @@ TEST_F(CommandServiceTest, TellsItsCallerHowFarItIs) {
     const auto bytes = static_cast<qulonglong>(report.done[0].bytes + report.done[1].bytes);
     EXPECT_EQ(own, (QVariantList{2ULL, bytes, 2ULL}));
     EXPECT_EQ(ofAnother, none);
-    EXPECT_EQ(progressOf("caller"), none) << "it is over";
+    EXPECT_EQ(progressOf("caller"), none) << "the batch is finished";
 }
 
-TEST_F(CommandServiceTest, FeedsByBytesAndTellsWhatBecameOfIt) {
+TEST_F(CommandServiceTest, FeedsByBytesAndReportsTheResult) {
     auto items = make({"new\nline", "broken\xff"});
     items.push_back(home / "missing");
     const auto report = reportIn(call("Feed", feeding(items, "", false)));
@@ -131,7 +132,7 @@ TEST_F(CommandServiceTest, FeedsByBytesAndTellsWhatBecameOfIt) {
     EXPECT_THAT(told(report), ElementsAre("missing: No such file or directory."));
     EXPECT_THAT(report.unlocked, ElementsAre("first"));
     EXPECT_THAT(around.events, ElementsAre("sizzle", "burn 2", testing::StartsWith("notify")))
-        << "its caller tells of failures";
+        << "the caller reports failures";
 
     const auto back = reportIn(call("PutBack", {QStringList(), QVariant::fromValue(1ULL)}));
     EXPECT_EQ(back.landings, (std::vector<StoredPath>{items[1]}));
@@ -142,7 +143,7 @@ TEST_F(CommandServiceTest, FeedsByBytesAndTellsWhatBecameOfIt) {
     EXPECT_TRUE(reportIn(call("PutBack", {QStringList(), QVariant::fromValue(0ULL)})).isEmpty());
 }
 
-TEST_F(CommandServiceTest, AsksOnlyWhereItsCallerHasNot) {
+TEST_F(CommandServiceTest, AsksOnlyIfTheCallerHasNotAsked) {
     const auto items = make({"a", "b", "c"});
     around.answer = {false, false};
     EXPECT_TRUE(reportIn(call("Feed", feeding({items[0]}, "dissolve", true))).declined);
@@ -161,7 +162,7 @@ TEST_F(CommandServiceTest, AsksOnlyWhereItsCallerHasNot) {
                                            "report The cauldron rejected missing"));
 }
 
-TEST_F(CommandServiceTest, RefusesWhatCouldBeTakenForAnotherItem) {
+TEST_F(CommandServiceTest, RefusesAmbiguousArguments) {
     const auto items = make({"a"});
     const Path cut = items[0].native() + std::string("\0.txt", 5);
     for (const auto& arguments :
@@ -176,7 +177,7 @@ TEST_F(CommandServiceTest, RefusesWhatCouldBeTakenForAnotherItem) {
     EXPECT_THAT(around.events, IsEmpty());
 }
 
-TEST_F(CommandServiceTest, DissolvesOnlyWhatItsCallerHasSeen) {
+TEST_F(CommandServiceTest, DissolvesOnlyFilesThatTheCallerHasSeen) {
     const auto items = make({"a", "b"});
     const auto seen = identityAt(items[0]);
     const auto report =
@@ -186,7 +187,7 @@ TEST_F(CommandServiceTest, DissolvesOnlyWhatItsCallerHasSeen) {
     EXPECT_TRUE(exists(items[1]));
 }
 
-TEST_F(CommandServiceTest, SetsOrSaysWhyNot) {
+TEST_F(CommandServiceTest, AssignsSettingsOrReportsWhyNot) {
     EXPECT_EQ(call("Set", {"mode", "dissolve"}).type(), QDBusMessage::ReplyMessage);
     EXPECT_EQ(program->settings.mode.get(), DisposeMode::dissolve);
     for (const auto& [name, value, error] : {std::tuple("mode", "burn", "Usage"),
@@ -204,7 +205,7 @@ TEST_F(CommandServiceTest, SetsOrSaysWhyNot) {
               "The setting could not be saved: No space left on device (write /db).");
 }
 
-TEST_F(CommandServiceTest, TellsWhatIsOnItsWayAlready) {
+TEST_F(CommandServiceTest, ReportsItemsThatAreAlreadyBeingFed) {
     const auto items = make({"a", "b"});
     around.holdsThumbnails = true;
     const auto first = begin("caller", "Feed", feeding({items[0]}, "", false));
@@ -218,7 +219,7 @@ TEST_F(CommandServiceTest, TellsWhatIsOnItsWayAlready) {
     EXPECT_THAT(told(report), ElementsAre("a: It is already being fed to the cauldron."));
 }
 
-TEST_F(CommandServiceTest, StopsTheCallersOwnBatchesOnly) {
+TEST_F(CommandServiceTest, StopsOnlyTheCallersOwnBatches) {
     const auto items = make({"a", "b"});
     around.holdsThumbnails = true;
     const auto own = begin("caller", "Feed", feeding({items[0]}, "", false));
@@ -231,10 +232,10 @@ TEST_F(CommandServiceTest, StopsTheCallersOwnBatchesOnly) {
     EXPECT_TRUE(exists(items[0]));
     around.holdsThumbnails = false;
     EXPECT_EQ(reportIn(call("Feed", feeding({items[0]}, "", false))).done.size(), 1U)
-        << "what comes later is not stopped";
+        << "later batches are not stopped";
 }
 
-TEST_F(CommandServiceTest, WorksOnForACallerThatIsGoneAndTellsInItsPlace) {
+TEST_F(CommandServiceTest, ContinuesForADisconnectedCallerAndReportsItsFailures) {
     const auto items = make({"a"});
     around.holdsThumbnails = true;
     {
@@ -249,12 +250,12 @@ TEST_F(CommandServiceTest, WorksOnForACallerThatIsGoneAndTellsInItsPlace) {
     EXPECT_EQ(around.reports[0].message, "The cauldron rejected b");
 }
 
-TEST_F(CommandServiceTest, TellsInPlaceOfACallerThatWantsNoAnswer) {
+TEST_F(CommandServiceTest, ReportsFailuresOfCallsWithoutAReply) {
     sendFeed("caller", home / "b");
     EXPECT_TRUE(serveUntil([&] { return !around.reports.empty(); }));
 }
 
-TEST_F(CommandServiceTest, LetsCallsWaitTheirTurnAndDropsThoseOfCallersThatLeft) {
+TEST_F(CommandServiceTest, QueuesCallsAndDropsThoseOfDisconnectedCallers) {
     constexpr int kSent = 3000;
     const auto items = make(kSent + 1);
     around.holdsThumbnails = true;
@@ -263,14 +264,14 @@ TEST_F(CommandServiceTest, LetsCallsWaitTheirTurnAndDropsThoseOfCallersThatLeft)
     ASSERT_TRUE(serveUntil([&] { return around.held.size() == kRunning; }));
     EXPECT_EQ(errorOf(call("Feed", feeding({items.back()}, "", false))),
               "org.vexmoor.Error.Refused")
-        << "its memory is bounded";
+        << "memory is limited";
     EXPECT_EQ(program->intake.batches(), kRunning);
 
     leave("another");
     const auto honest = begin("caller", "Feed", feeding({items.back()}, "", false));
     around.holdsThumbnails = false;
     takeWhatIsSent();
-    EXPECT_TRUE(exists(items.back())) << "it waits";
+    EXPECT_TRUE(exists(items.back())) << "the call is waiting";
     around.answerThumbnails();
     EXPECT_EQ(reportIn(end(honest)).done.size(), 1U);
     for (std::size_t i = 0; i < kSent; ++i)
@@ -279,7 +280,7 @@ TEST_F(CommandServiceTest, LetsCallsWaitTheirTurnAndDropsThoseOfCallersThatLeft)
     EXPECT_EQ(around.reports[0].message, "2,744 commands were not carried out");
 }
 
-TEST_F(CommandServiceTest, AnswersCallsThatWaitWhenTheirCallerStopsOrItEnds) {
+TEST_F(CommandServiceTest, RepliesToWaitingCallsWhenStoppedOrEnding) {
     const auto items = make(kRunning + 2);
     around.holdsThumbnails = true;
     for (std::size_t i = 0; i < kRunning; ++i)
@@ -287,7 +288,8 @@ TEST_F(CommandServiceTest, AnswersCallsThatWaitWhenTheirCallerStopsOrItEnds) {
     ASSERT_TRUE(serveUntil([&] { return around.held.size() == kRunning; }));
     const auto stopped = begin("caller", "Feed", feeding({items[kRunning]}, "", false));
     call("Stop", {});
-    ASSERT_TRUE(serveUntil([&] { return around.held.size() == kRunning + 1; })) << "it has begun";
+    ASSERT_TRUE(serveUntil([&] { return around.held.size() == kRunning + 1; }))
+        << "the batch has begun";
     const auto waiting = begin("caller", "Feed", feeding({items.back()}, "", false));
     takeWhatIsSent();
     program->intake.stop();
@@ -298,7 +300,7 @@ TEST_F(CommandServiceTest, AnswersCallsThatWaitWhenTheirCallerStopsOrItEnds) {
     EXPECT_TRUE(exists(items.back()));
 }
 
-TEST_F(CommandServiceTest, TakesNothingMoreOnceAllIsStopped) {
+TEST_F(CommandServiceTest, RefusesCallsAfterTheIntakeIsStopped) {
     const auto items = make({"a", "b"});
     around.holdsThumbnails = true;
     const auto running = begin("caller", "Feed", feeding({items[0]}, "", false));
@@ -309,10 +311,11 @@ TEST_F(CommandServiceTest, TakesNothingMoreOnceAllIsStopped) {
     EXPECT_EQ(reportIn(end(running)).untouched.size(), 1U);
 }
 
-TEST_F(CommandServiceTest, AnswersWhatCameBeforeItGivesTheNameBack) {
+TEST_F(CommandServiceTest, RepliesToEarlierCallsBeforeItReleasesTheName) {
     const auto items = make({"a"});
     const auto call = begin("caller", "Feed", feeding(items, "", false));
-    ASSERT_TRUE(connection("caller").interface()->serviceOwner(kName).isValid()) << "it is sent";
+    ASSERT_TRUE(connection("caller").interface()->serviceOwner(kName).isValid())
+        << "the call has been sent";
     program->intake.stop();
     service->giveBack(kName);
     EXPECT_EQ(errorOf(end(call)), "org.vexmoor.Error.Ending");
@@ -320,7 +323,7 @@ TEST_F(CommandServiceTest, AnswersWhatCameBeforeItGivesTheNameBack) {
     EXPECT_TRUE(exists(items[0]));
 }
 
-TEST_F(CommandServiceTest, MayGoBeforeItsBatchesAreOver) {
+TEST_F(CommandServiceTest, CanBeDestroyedDuringBatches) {
     around.holdsThumbnails = true;
     const auto items = make({"a"});
     const auto call = begin("caller", "Feed", feeding(items, "", false));

@@ -9,7 +9,7 @@
 namespace vexmoor::test {
 namespace {
 
-TEST(EndRequestsTest, AreSignalsAndQuitEventsAndLeaveTheEventLoopToItsOwner) {
+TEST(EndRequestsTest, ReportsSignalsAndQuitEventsWithoutLeavingTheEventLoop) {
     constexpr int kOwnStatus = 7;
     const EndRequests ends;
     int requests = 0;

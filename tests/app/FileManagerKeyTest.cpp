@@ -10,7 +10,7 @@ using testing::Contains;
 
 using FileManagerKeyTest = WiredParts;
 
-TEST_F(FileManagerKeyTest, ReportsWhatFails) {
+TEST_F(FileManagerKeyTest, ReportsFailures) {
     home.write(".config/Thunar", "a file where a folder should be");
     key.automation().set(AutomationStatus::granted);
     beginWith({"thunar"});
@@ -29,13 +29,13 @@ TEST_F(FileManagerKeyTest, ReportsWhatFails) {
     EXPECT_EQ(around.events.back(), "beep");
 }
 
-TEST_F(FileManagerKeyTest, InstallsTheKeyByTheSettingAndTheConsent) {
+TEST_F(FileManagerKeyTest, InstallsTheKeyAccordingToSettingAndConsent) {
     const auto becomes = [this](AcceleratorStatus status) {
         return eventuallyInLoop(
             [&] { return key.outlook().states.value().front().status == status; });
     };
     beginWith({"nautilus"});
-    EXPECT_TRUE(becomes(AcceleratorStatus::notInstalled)) << "nobody was asked yet";
+    EXPECT_TRUE(becomes(AcceleratorStatus::notInstalled)) << "the user has not been asked yet";
     key.automation().set(AutomationStatus::granted);
     EXPECT_TRUE(becomes(AcceleratorStatus::installed));
     EXPECT_TRUE(key.hasMenuEntry());

@@ -12,7 +12,7 @@ namespace {
 
 using State = Permissions::FocusReports;
 
-TEST(FocusReportsTest, TurnsSupportOnAndBelievesItOnceTheKeyWorks) {
+TEST(FocusReportsTest, TurnsSupportOnAndTrustsItOnceTheKeyWorks) {
     const test::PrivateBus bus;
     const QString address = QString::fromStdString(bus.address());
     const auto server = QDBusConnection::connectToBus(address, "focus server");
@@ -30,7 +30,7 @@ TEST(FocusReportsTest, TurnsSupportOnAndBelievesItOnceTheKeyWorks) {
     EXPECT_EQ(reports.state(), State::present);
     reports.setMissing();
     reports.keyWorked();
-    EXPECT_EQ(reports.state(), State::missing) << "it worked in another file manager";
+    EXPECT_EQ(reports.state(), State::missing) << "the key worked in another file manager";
     reports.turnOn();
     EXPECT_TRUE(test::eventuallyInLoop([&reason] { return reason == "no"; }));
     EXPECT_EQ(reports.state(), State::missing);

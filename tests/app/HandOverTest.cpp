@@ -21,7 +21,7 @@ using testing::IsEmpty;
 using testing::Not;
 using testing::StartsWith;
 
-/// The built command line beside a desktop program, for which the test's process stands.
+/// Runs the built command line with a desktop program that the test's process simulates.
 class HandOverTest : public ServedIntake {
   protected:
     [[nodiscard]] Command vexmoor(std::vector<std::string> arguments) const {
@@ -34,7 +34,7 @@ class HandOverTest : public ServedIntake {
         return command;
     }
 
-    /// Runs it while the desktop works.
+    /// Runs the command while the desktop program's event loop runs.
     [[nodiscard]] Command::Result run(std::vector<std::string> arguments) const {
         auto command = vexmoor(std::move(arguments)).start();
         return end(command);
@@ -54,12 +54,12 @@ class HandOverTest : public ServedIntake {
         return result.get();
     }
 
-    /// How many are on the bus.
+    /// Returns the number of connections to the bus.
     [[nodiscard]] qsizetype present() const {
         return connection("another").interface()->registeredServiceNames().value().size();
     }
 
-    /// Starts it, and lets it come to the bus.
+    /// Starts the command and waits until it is connected to the bus.
     [[nodiscard]] Command::Running startAndMeet(std::vector<std::string> arguments) const {
         const auto before = present();
         auto command = vexmoor(std::move(arguments)).start();
@@ -69,14 +69,14 @@ class HandOverTest : public ServedIntake {
 
     void leaveBus() {
         service.reset();
-        around.held.clear(); // batches that are not over are connected too
+        around.held.clear(); // unfinished batches have connections too
         QDBusConnection::disconnectFromBus("desktop");
     }
 
     [[nodiscard]] bool isThere(const std::string& name) const { return exists(home / name); }
 };
 
-TEST_F(HandOverTest, EndsAsItDoesWithoutADesktop) {
+TEST_F(HandOverTest, ReturnsTheSameStatusAsWithoutADesktop) {
     make({"a", "b"});
     const struct {
         std::vector<std::string> arguments;
@@ -107,13 +107,13 @@ TEST_F(HandOverTest, EndsAsItDoesWithoutADesktop) {
         EXPECT_THAT(result.output, HasSubstr(output));
         EXPECT_THAT(result.errors, HasSubstr(errors));
     }
-    EXPECT_THAT(around.events, Contains("burn 2")) << "the desktop did it";
+    EXPECT_THAT(around.events, Contains("burn 2")) << "the desktop program ran the batch";
     EXPECT_FALSE(program->settings.sound.get());
     for (const auto& event : around.events)
         EXPECT_THAT(event, Not(testing::ContainsRegex("ask|report")));
 }
 
-TEST_F(HandOverTest, KeepsEveryByteOfANameAndPrintsTheDocument) {
+TEST_F(HandOverTest, PassesNamesByteForByteAndPrintsTheDocument) {
     const std::vector<std::string> names = {"new\nline", "broken\xff", "--json", " "};
     make(names);
     const auto fed = run({"feed", "--json", "--", names[0], names[1], names[2], names[3], "gone"});
@@ -154,13 +154,14 @@ TEST_F(HandOverTest, AsksOnItsOwnTerminalFirst) {
     EXPECT_FALSE(isThere("c"));
 }
 
-TEST_F(HandOverTest, DeletesNothingThatNobodyWasAskedAbout) {
+TEST_F(HandOverTest, DeletesOnlyItemsThatTheUserConfirmed) {
     make({"a", "b"});
     ASSERT_EQ(run({"feed", "a"}).status, 0);
     RawDatabase database(directories().ownData() / "defaults.db");
     database.run("CREATE TRIGGER refuse BEFORE INSERT ON defaults "
                  "BEGIN SELECT RAISE(ABORT, 'refused'); END");
-    ASSERT_EQ(run({"feed", "b"}).status, 1); // the desktop knows of it, the history does not
+    ASSERT_EQ(run({"feed", "b"}).status,
+              1); // in the desktop program's memory, but not in the history
     for (const auto& names : {std::vector<std::string>{"b"}, {"a", "b"}}) {
         std::vector<std::string> arguments{"delete", "--yes"};
         arguments.insert(arguments.end(), names.begin(), names.end());
@@ -173,7 +174,7 @@ TEST_F(HandOverTest, DeletesNothingThatNobodyWasAskedAbout) {
     EXPECT_TRUE(exists(*recent()[0].trashed));
 }
 
-TEST_F(HandOverTest, StopsTheBatchAndTellsWhatWasDone) {
+TEST_F(HandOverTest, StopsTheBatchAndReportsWhatWasDone) {
     make({"a", "b"});
     around.holdsThumbnails = true;
     auto command = vexmoor({"feed", "a", "b"}).start();
@@ -187,7 +188,7 @@ TEST_F(HandOverTest, StopsTheBatchAndTellsWhatWasDone) {
     EXPECT_TRUE(isThere("a"));
 }
 
-TEST_F(HandOverTest, LeavesTheTellingToTheDesktopWhenItsTerminalIsClosed) {
+TEST_F(HandOverTest, LeavesReportsToTheDesktopIfItsTerminalIsClosed) {
     make({"a"});
     around.holdsThumbnails = true;
     const auto before = present();
@@ -203,7 +204,7 @@ TEST_F(HandOverTest, LeavesTheTellingToTheDesktopWhenItsTerminalIsClosed) {
     EXPECT_THAT(around.events, Contains("report The cauldron rejected gone"));
 }
 
-TEST_F(HandOverTest, SaysThatItDoesNotKnowWhenTheDesktopEndsInTheMiddle) {
+TEST_F(HandOverTest, ReportsAnUnknownResultIfTheDesktopExitsInTheMiddle) {
     make({"a"});
     around.holdsThumbnails = true;
     auto command = vexmoor({"feed", "a"}).start();
@@ -215,7 +216,7 @@ TEST_F(HandOverTest, SaysThatItDoesNotKnowWhenTheDesktopEndsInTheMiddle) {
                                          "for what was done: vexmoor history."));
 }
 
-TEST_F(HandOverTest, DoesNotTakeNonsenseForAnAnswer) {
+TEST_F(HandOverTest, RejectsInvalidReplies) {
     make({"a"});
     leaveBus();
     NonsenseService nonsense;
@@ -227,7 +228,7 @@ TEST_F(HandOverTest, DoesNotTakeNonsenseForAnAnswer) {
     EXPECT_THAT(result.errors, HasSubstr("can't be understood"));
 }
 
-TEST_F(HandOverTest, ShowsOnATerminalHowFarTheDesktopIs) {
+TEST_F(HandOverTest, ShowsTheDesktopsProgressOnATerminal) {
     leaveBus();
     auto desktop = connection("desktop");
     SlowService slow(desktop);
@@ -238,7 +239,7 @@ TEST_F(HandOverTest, ShowsOnATerminalHowFarTheDesktopIs) {
     EXPECT_EQ(result.status, 0) << result.output;
 }
 
-TEST_F(HandOverTest, WaitsForADesktopThatIsComing) {
+TEST_F(HandOverTest, WaitsForADesktopThatIsStarting) {
     make({"a"});
     leaveBus();
     auto command = startAndMeet({"feed", "a"});
@@ -248,7 +249,7 @@ TEST_F(HandOverTest, WaitsForADesktopThatIsComing) {
     EXPECT_THAT(around.events, Contains("burn 1"));
 }
 
-TEST_F(HandOverTest, DoesTheWorkItselfAfterADesktopThatIsGoing) {
+TEST_F(HandOverTest, DoesTheWorkItselfIfTheDesktopIsQuitting) {
     make({"a"});
     leaveBus();
     auto command = startAndMeet({"feed", "a"});
@@ -259,7 +260,7 @@ TEST_F(HandOverTest, DoesTheWorkItselfAfterADesktopThatIsGoing) {
     EXPECT_FALSE(isThere("a"));
 }
 
-TEST_F(HandOverTest, CanBeInterruptedWhileItWaits) {
+TEST_F(HandOverTest, CanBeInterruptedWhileWaiting) {
     make({"a"});
     leaveBus();
     auto command = startAndMeet({"feed", "a"});
@@ -270,7 +271,7 @@ TEST_F(HandOverTest, CanBeInterruptedWhileItWaits) {
     EXPECT_TRUE(isThere("a"));
 }
 
-TEST_F(HandOverTest, TouchesNothingWhereItCannotReachTheDesktop) {
+TEST_F(HandOverTest, ChangesNothingIfItCannotReachTheDesktop) {
     make({"a"});
     const auto without =
         vexmoor({"feed", "a"})
@@ -287,7 +288,7 @@ TEST_F(HandOverTest, TouchesNothingWhereItCannotReachTheDesktop) {
     EXPECT_THAT(around.events, IsEmpty());
 }
 
-TEST_F(HandOverTest, LetsTheDesktopAskAndTellWhereAMenuCalls) {
+TEST_F(HandOverTest, LetsTheDesktopAskAndReportForMenuCommands) {
     make({"a"});
     ASSERT_EQ(run({"settings", "mode", "dissolve"}).status, 0);
     around.answer = {false, false};
@@ -301,7 +302,7 @@ TEST_F(HandOverTest, LetsTheDesktopAskAndTellWhereAMenuCalls) {
     EXPECT_FALSE(isThere("a"));
 }
 
-TEST_F(HandOverTest, TellsByNotificationsWhereAMenuCallsAndThereIsNoDesktop) {
+TEST_F(HandOverTest, ShowsNotificationsForMenuCommandsWithoutADesktop) {
     make({"a", "b"});
     leaveBus();
     lock.reset();

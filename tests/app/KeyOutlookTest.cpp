@@ -28,7 +28,7 @@ KeyState failed() {
     return state;
 }
 
-TEST(KeyOutlookTest, DecidesByTheSessionAndTheFileManagers) {
+TEST(KeyOutlookTest, DependsOnTheSessionAndTheFileManagers) {
     const KeyState caja = stateOf("caja", Status::unsupported);
     const KeyState thunar = stateOf("thunar", Status::notInstalled);
     const KeyState taken = stateOf("thunar", Status::taken);

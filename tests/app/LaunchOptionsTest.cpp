@@ -12,16 +12,16 @@ LaunchOptions parse(const std::vector<std::string>& arguments) {
     return LaunchOptions::fromArguments(arguments, "/here");
 }
 
-TEST(LaunchOptionsTest, TakesPathsAndUrisByteForByte) {
+TEST(LaunchOptionsTest, AcceptsPathsAndUrisByteForByte) {
     const auto options = parse({"a b", "/c/", "file:///tmp/%FE%0A", "x:y", "./", "sftp://host/f",
                                 "", "--", "", "-d", "http://e"});
     EXPECT_THAT(options.items, ElementsAre("/here/a b", "/c/", "/tmp/\xFE\n", "/here/x:y",
                                            "/here/./", "/here/-d", "/here/http://e"));
-    EXPECT_EQ(options.others, 1) << "what is elsewhere";
+    EXPECT_EQ(options.others, 1) << "the item that is not on this computer";
     EXPECT_EQ(options.unknown, "");
 }
 
-TEST(LaunchOptionsTest, KnowsItsOptionsAndNamesTheFirstThatItDoesNotKnow) {
+TEST(LaunchOptionsTest, ParsesOptionsAndReportsTheFirstUnknownOne) {
     EXPECT_TRUE(parse({"--probe"}).probe);
     EXPECT_TRUE(parse({"--version"}).version);
     EXPECT_TRUE(parse({"-h"}).help && parse({"--help"}).help);
@@ -30,7 +30,7 @@ TEST(LaunchOptionsTest, KnowsItsOptionsAndNamesTheFirstThatItDoesNotKnow) {
     EXPECT_EQ(options.unknown, "--delete");
 }
 
-TEST(LaunchOptionsTest, OpensNoWindowWhenASessionManagerRestoresIt) {
+TEST(LaunchOptionsTest, OpensNoWindowWhenRestoredByASessionManager) {
     const auto options = parse({"-session", "10a3", "--", "-session"});
     EXPECT_TRUE(options.background);
     EXPECT_THAT(options.items, ElementsAre("/here/-session"));

@@ -18,7 +18,7 @@ using testing::Each;
 using testing::HasSubstr;
 using testing::SizeIs;
 
-/// Both built programs in a home of their own, with real files and a real bus.
+/// Both built programs in a scratch home, with real files and a real bus.
 class OneWriterTest : public testing::Test {
   protected:
     OneWriterTest() {
@@ -26,7 +26,7 @@ class OneWriterTest : public testing::Test {
         std::filesystem::permissions(home() / "run", std::filesystem::perms::owner_all);
     }
     ~OneWriterTest() override {
-        if (takesCommands()) // the bus has started it, so that nobody else ends it
+        if (takesCommands()) // started by the bus, so no other object ends it
             kill(static_cast<pid_t>(bus().interface()->servicePid(ApplicationService::kName)),
                  SIGKILL);
         QDBusConnection::disconnectFromBus("test");
@@ -57,7 +57,7 @@ class OneWriterTest : public testing::Test {
         return program({VEXMOOR_DESKTOP, "--background"}).start();
     }
 
-    /// Starts as many commands at once, each with an item of its own.
+    /// Starts that many commands at once, each with its own item.
     void feed(int count) {
         for (int i = 0; i < count; ++i) {
             const auto name = "item " + std::to_string(m_feeds.size());
@@ -74,7 +74,7 @@ class OneWriterTest : public testing::Test {
     [[nodiscard]] QDBusConnection bus() const {
         return QDBusConnection::connectToBus(QString::fromStdString(m_bus.address()), "test");
     }
-    /// Whether the desktop program is there and has the lock; it need not have either for long.
+    /// True if the desktop program runs and holds the lock; it may exit at any time.
     [[nodiscard]] bool takesCommands() const {
         auto stop = QDBusMessage::createMethodCall(
             ApplicationService::kName, ApplicationService::kPath, "org.vexmoor.Commands1", "Stop");
@@ -82,7 +82,7 @@ class OneWriterTest : public testing::Test {
         return bus().call(stop).type() == QDBusMessage::ReplyMessage;
     }
 
-    /// How often each name stands in the history.
+    /// Returns how often each name is in the history.
     [[nodiscard]] std::map<std::string, int> history() const {
         std::map<std::string, int> counts;
         const auto result = vexmoor({"history", "--json"}).run();
@@ -96,7 +96,7 @@ class OneWriterTest : public testing::Test {
     std::vector<Command::Running> m_feeds;
 };
 
-TEST_F(OneWriterTest, WorksWhoeverComesFirst) {
+TEST_F(OneWriterTest, WorksInAnyStartOrder) {
     feed(10);
     auto desktop = startDesktop();
     feed(10);
@@ -119,7 +119,7 @@ TEST_F(OneWriterTest, WorksWhoeverComesFirst) {
         EXPECT_TRUE(std::filesystem::exists(file)) << file;
 }
 
-TEST_F(OneWriterTest, LosesNothingWhereTheDesktopEndsAmongCommands) {
+TEST_F(OneWriterTest, LosesNothingIfTheDesktopQuitsDuringCommands) {
     auto desktop = startDesktop();
     ASSERT_TRUE(eventually([&] { return takesCommands(); }));
     feed(12);
@@ -139,7 +139,7 @@ TEST_F(OneWriterTest, LosesNothingWhereTheDesktopEndsAmongCommands) {
     EXPECT_THAT(recorded, Each(testing::Pair(testing::_, 1)));
 }
 
-TEST_F(OneWriterTest, StartsWithAFileManagersMenuWhereTheBusKnowsHow) {
+TEST_F(OneWriterTest, IsStartedByAMenuCommandIfTheBusHasAServiceFile) {
     std::filesystem::create_directories(home() / "services");
     std::ofstream(home() / "services/org.vexmoor.Vexmoor.service")
         << "[D-BUS Service]\nName=org.vexmoor.Vexmoor\nExec=" VEXMOOR_DESKTOP " --background\n";

@@ -10,7 +10,7 @@
 
 namespace vexmoor::test {
 
-/// Counts what stops it.
+/// Counts the calls of Stop.
 class WatchedService : public CommandService {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.vexmoor.Commands1")
@@ -26,7 +26,7 @@ class WatchedService : public CommandService {
     }
 };
 
-/// Answers what is no report.
+/// Replies with an invalid report.
 class NonsenseService : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.vexmoor.Commands1")
@@ -37,7 +37,7 @@ class NonsenseService : public QObject {
     }
 };
 
-/// Works until it was asked for its progress for a while.
+/// Works until its progress has been requested several times.
 class SlowService : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.vexmoor.Commands1")
@@ -68,8 +68,8 @@ class SlowService : public QObject {
     int m_looks = 0;
 };
 
-/// An intake that takes commands on a bus of its own, while the test holds the writer's lock as the
-/// desktop program does.
+/// An intake that serves commands on a private bus. The test holds the writer lock, like the
+/// desktop program.
 class ServedIntake : public IntakeTest {
   protected:
     static constexpr const char* kName = "org.vexmoor.Vexmoor";
@@ -110,7 +110,7 @@ class ServedIntake : public IntakeTest {
         ASSERT_TRUE(desktop.registerService(kName));
     }
 
-    /// Works until the condition holds.
+    /// Runs both queues until the condition is true.
     bool serveUntil(const std::function<bool()>& condition) const {
         return eventuallyInLoop([&] {
             settle();
@@ -123,7 +123,7 @@ class ServedIntake : public IntakeTest {
     std::optional<WriterLock> lock;
     std::optional<WatchedService> service;
     std::optional<Error> storeFailure;
-    bool fedByKey = false; ///< whether a file manager's key causes its menu command
+    bool fedByKey = false; ///< returned by fedByMenuCommand
 };
 
 } // namespace vexmoor::test

@@ -20,7 +20,7 @@ QString spoken(QWidget& widget, QAccessible::Text text = QAccessible::Name) {
     return QAccessible::queryAccessibleInterface(&widget)->text(text);
 }
 
-/// The window on its settings tab.
+/// Shows the window on its settings tab.
 struct StatsWiringTest : WiredParts {
     OwnDock dock{[this] { return accessibility.answers(); }, [] { return std::nullopt; }};
     StatsWiring wiring{{program->ledger, program->settings, program->progression,
@@ -32,7 +32,7 @@ struct StatsWiringTest : WiredParts {
         window->view().setTab(StatsView::Tab::settings);
     }
     [[nodiscard]] SettingsTab& tab() const { return window->view().settingsTab(); }
-    /// Waits until a notice begins so, or none does.
+    /// Waits until a notice begins with that text, or until there is none.
     [[nodiscard]] bool complains(const QString& beginning, bool does = true) const {
         return eventuallyInLoop([&] {
             poll();
@@ -43,7 +43,7 @@ struct StatsWiringTest : WiredParts {
     }
 };
 
-TEST_F(StatsWiringTest, MendsWhatIsMissing) {
+TEST_F(StatsWiringTest, OffersToFixMissingRequirements) {
     const QString consent = "⌘⌫ needs permission to ask";
     beginWith({"nautilus"});
     show();
@@ -67,7 +67,7 @@ TEST_F(StatsWiringTest, MendsWhatIsMissing) {
     EXPECT_EQ(key.automation().status().get(), AutomationStatus::denied);
     pressButton(tab(), "Allow");
     EXPECT_TRUE(complains(consent, false));
-    EXPECT_EQ(around.asked.size(), 1U) << "it is asked once";
+    EXPECT_EQ(around.asked.size(), 1U) << "the user is asked only once";
 
     key.focusReports().setMissing();
     ASSERT_TRUE(complains("Ctrl+Backspace doesn't work in file managers"));
@@ -76,7 +76,7 @@ TEST_F(StatsWiringTest, MendsWhatIsMissing) {
     EXPECT_THAT(service.calls, testing::Contains(QStringLiteral("Set")));
 }
 
-TEST_F(StatsWiringTest, SaysWhereTheKeyDoesNotWork) {
+TEST_F(StatsWiringTest, ReportsWhereTheKeyDoesNotWork) {
     home.write(".config/Thunar/accels.scm", R"((gtk_accel_path "x" "<Ctrl>BackSpace"))");
     program->defaults->assign(Automation::kKey, std::string("granted"));
     key.automation().set(AutomationStatus::granted);
@@ -87,7 +87,7 @@ TEST_F(StatsWiringTest, SaysWhereTheKeyDoesNotWork) {
     EXPECT_TRUE(tab().findChildren<Switch*>().last()->isVisible());
 }
 
-TEST_F(StatsWiringTest, HasNoSwitchWhereNoFileManagerCanHaveTheKey) {
+TEST_F(StatsWiringTest, HasNoSwitchIfNoFileManagerSupportsTheKey) {
     beginWith({"caja"});
     show();
     poll();

@@ -22,7 +22,7 @@ struct SilentTile : Tile {
     SessionScreens m_screens;
 };
 
-TEST(TileReportsTest, ReportsWhatIsNotFedAndTheLossOfTheTile) {
+TEST(TileReportsTest, ReportsRejectedDropsAndTheLossOfTheTile) {
     test::Surroundings around;
     SilentTile tile;
     reportFailuresOf(tile, around);

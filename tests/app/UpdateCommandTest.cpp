@@ -36,7 +36,7 @@ struct UpdateCommandTest : testing::Test {
     UpdateCommand command{updater, alerts};
 };
 
-TEST_F(UpdateCommandTest, ReportsWhatCameOfIt) {
+TEST_F(UpdateCommandTest, ReportsTheResult) {
     command.checkForUpdates();
     EXPECT_TRUE(command.isChecking());
     ASSERT_TRUE(eventuallyInLoop([] { return shown<QMessageBox>() != nullptr; }));
@@ -46,7 +46,7 @@ TEST_F(UpdateCommandTest, ReportsWhatCameOfIt) {
     QTest::keyClick(shown<QMessageBox>(), Qt::Key_Escape);
 }
 
-TEST_F(UpdateCommandTest, ShowsThatItChecksUntilItIsCancelled) {
+TEST_F(UpdateCommandTest, ShowsAPanelUntilTheCheckIsCancelled) {
     const test::FakeService silent(connection("server"), "org.freedesktop.PackageKit",
                                    [](const QDBusMessage&) { return QDBusMessage(); });
     QList<bool> states;
@@ -55,11 +55,11 @@ TEST_F(UpdateCommandTest, ShowsThatItChecksUntilItIsCancelled) {
     for (int check = 0; check < 2; ++check) {
         command.checkForUpdates();
         ASSERT_TRUE(eventuallyInLoop([] { return shown<UpdatePanel>() != nullptr; }));
-        command.checkForUpdates(); // brings it to the front
+        command.checkForUpdates(); // raises the panel
         QTest::keyClick(shown<UpdatePanel>(), Qt::Key_Escape);
         EXPECT_FALSE(command.isChecking());
         EXPECT_EQ(shown<UpdatePanel>(), nullptr);
-        EXPECT_EQ(shown<QMessageBox>(), nullptr) << "nothing is reported";
+        EXPECT_EQ(shown<QMessageBox>(), nullptr) << "no result is reported";
     }
     EXPECT_EQ(states, QList<bool>({true, false, true, false}));
 }

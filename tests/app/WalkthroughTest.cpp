@@ -20,7 +20,7 @@ struct WalkthroughTest : WiredParts {
     void press(const std::string& source) const {
         pressButton(view(), QString::fromStdString(text(source)));
     }
-    /// Waits for a text on the page that begins so.
+    /// Waits for a text on the page that begins with this one.
     [[nodiscard]] bool says(const std::string& source) const {
         const QString beginning = QString::fromStdString(text(source));
         return eventuallyInLoop([&] {
@@ -32,7 +32,7 @@ struct WalkthroughTest : WiredParts {
     }
 };
 
-TEST_F(WalkthroughTest, FollowsTheSessionAndLeadsToItsSettings) {
+TEST_F(WalkthroughTest, FollowsTheSessionAndOpensItsSettings) {
     int settings = 0;
     QObject::connect(&walkthrough, &Walkthrough::settingsRequested, [&] { ++settings; });
     key.automation().set(AutomationStatus::denied);
@@ -58,12 +58,12 @@ TEST_F(WalkthroughTest, FollowsTheSessionAndLeadsToItsSettings) {
     press("Skip");
     EXPECT_TRUE(says(
         "Drop files on the Dock icon, or right-click them and choose Services > Feed to Vexmoor."))
-        << "as there is a menu";
+        << "there is a menu entry";
     press("Start Feeding");
     EXPECT_FALSE(walkthrough.comesFirst());
 }
 
-TEST_F(WalkthroughTest, KnowsWhereNoFileManagerCanHaveTheKey) {
+TEST_F(WalkthroughTest, ReportsIfNoFileManagerSupportsTheKey) {
     beginWith({"spacefm"});
     walkthrough.show();
     press("Continue");
@@ -71,7 +71,7 @@ TEST_F(WalkthroughTest, KnowsWhereNoFileManagerCanHaveTheKey) {
     EXPECT_TRUE(says("No installed file manager supports Ctrl+Backspace."));
 }
 
-TEST_F(WalkthroughTest, WearsTheSkinWhileItIsOpenAndBeginsAnewWhenItWasClosed) {
+TEST_F(WalkthroughTest, ShowsTheSkinAndStartsAgainAfterItWasClosed) {
     beginWith({});
     walkthrough.show();
     program->progression.unlockAll();
@@ -81,7 +81,7 @@ TEST_F(WalkthroughTest, WearsTheSkinWhileItIsOpenAndBeginsAnewWhenItWasClosed) {
     press("Continue");
     EXPECT_TRUE(walkthrough.comesFirst()) << "it is open";
     view().close();
-    EXPECT_FALSE(walkthrough.comesFirst()) << "this run has shown it";
+    EXPECT_FALSE(walkthrough.comesFirst()) << "already shown in this run";
     program->progression.select(Skin::iron());
     walkthrough.show();
     EXPECT_EQ(view().page(), Page::welcome);

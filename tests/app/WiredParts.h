@@ -17,8 +17,8 @@
 
 namespace vexmoor::test {
 
-/// What the windows are wired to, in a session that captures no keys and has neither an
-/// accessibility service nor programs, the file managers of the test aside.
+/// The dependencies of the windows, in a session without key capturing, accessibility service and
+/// programs, except for the test's file managers.
 class WiredParts : public IntakeTest {
   protected:
     WiredParts() { qputenv("PATH", QByteArray::fromStdString(home / "programs")); }
@@ -35,7 +35,7 @@ class WiredParts : public IntakeTest {
         std::filesystem::permissions(home.write(Path("programs") / name, "#!/bin/sh\n" + script),
                                      std::filesystem::perms::owner_all);
     }
-    /// Follows settings and consent, with these file managers installed.
+    /// Applies settings and consent, with these file managers installed.
     void beginWith(const std::vector<std::string>& managers) {
         for (const std::string& manager : managers)
             installProgram(manager, "exit 0\n");
@@ -43,7 +43,7 @@ class WiredParts : public IntakeTest {
         ASSERT_TRUE(eventuallyInLoop([this] { return key.outlook().states.has_value(); }));
     }
 
-    /// Timers that fire when the test says so.
+    /// Timers that the test fires.
     [[nodiscard]] MakeFrameTimer makeTimer() {
         return [this] {
             struct Listed : ManualTimer {
@@ -58,14 +58,14 @@ class WiredParts : public IntakeTest {
             return std::make_unique<Listed>(m_timers);
         };
     }
-    /// Lets the second pass after which windows ask the session again.
+    /// Fires the one-second timers by which windows query the session again.
     void poll() const {
         for (ManualTimer* const timer : std::vector(m_timers))
             if (timer->fire && timer->seconds == 1)
                 timer->fire();
     }
 
-    /// The window of that kind that is shown, or nothing.
+    /// Returns the shown window of that type; null if there is none.
     template <typename Window>
     [[nodiscard]] static Window* shown() {
         for (QWidget* const widget : QApplication::topLevelWidgets())
@@ -73,7 +73,7 @@ class WiredParts : public IntakeTest {
                 return window;
         return nullptr;
     }
-    /// Presses the button of that text as soon as it is shown.
+    /// Presses the button with that text as soon as it is shown.
     void pressButton(QWidget& in, const QString& text) const {
         AccentButton* button = nullptr;
         EXPECT_TRUE(eventuallyInLoop([&] {

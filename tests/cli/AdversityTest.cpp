@@ -24,7 +24,7 @@ using testing::Not;
 
 constexpr uid_t kNobody = 65534;
 
-/// What goes wrong around a command: signals, other commands, the disk.
+/// Commands under adverse conditions: signals, concurrent commands, unwritable or damaged stores.
 class AdversityTest : public CliTest {
   protected:
     static std::vector<std::string> feeding(std::vector<std::string> names) {
@@ -71,21 +71,22 @@ TEST_F(AdversityTest, StopsBetweenTwoItemsWhenInterrupted) {
     }
 }
 
-TEST_F(AdversityTest, RecordsWhatAKilledCommandHadDone) {
+TEST_F(AdversityTest, RecordsWhatAKilledCommandCompleted) {
     const auto names = makeItems(10);
     if (!vexmoor(feeding(names)).runUntilCall(SYS_renameat2, 3, SIGKILL))
         GTEST_SKIP() << "processes can't be traced here";
     EXPECT_THAT(binned(), testing::SizeIs(3));
     const auto next = run({"history"});
     EXPECT_THAT(next.errors, HasSubstr("3 disposed of"));
-    EXPECT_THAT(run({"history"}).errors, IsEmpty()) << "it is recorded and told once";
+    EXPECT_THAT(run({"history"}).errors, IsEmpty())
+        << "an interrupted batch is recorded and reported once";
     EXPECT_THAT(recorded(), ElementsAreArray({"item-000", "item-001", "item-002"}));
     EXPECT_EQ(json({"stats", "--json"})["count"], 3);
     EXPECT_EQ(run({"put-back"}).status, 0);
     EXPECT_THAT(namesIn(m_files), ElementsAreArray(names));
 }
 
-TEST_F(AdversityTest, SetsASettingAfterACommandWasKilled) {
+TEST_F(AdversityTest, ChangesASettingAfterACommandWasKilled) {
     if (!vexmoor(feeding(makeItems(3))).runUntilCall(SYS_renameat2, 1, SIGKILL))
         GTEST_SKIP() << "processes can't be traced here";
     const auto result = run({"settings", "sound", "off"});
@@ -93,7 +94,7 @@ TEST_F(AdversityTest, SetsASettingAfterACommandWasKilled) {
     EXPECT_THAT(result.errors, HasSubstr("1 disposed of"));
 }
 
-TEST_F(AdversityTest, LetsCommandsAtTheSameTimeWaitForEachOther) {
+TEST_F(AdversityTest, SerializesConcurrentCommands) {
     const auto names = makeItems(40);
     std::vector<Command::Running> running;
     for (auto name = names.begin(); name != names.end(); name += 10)
@@ -108,7 +109,7 @@ TEST_F(AdversityTest, LetsCommandsAtTheSameTimeWaitForEachOther) {
     EXPECT_EQ(json({"stats", "--json"})["count"], 40);
 }
 
-TEST_F(AdversityTest, CanBeInterruptedWhileItWaits) {
+TEST_F(AdversityTest, CanBeInterruptedWhileWaiting) {
     make("a");
     ASSERT_EQ(run({"settings", "sound", "off"}).status, 0);
     const int lock = ::open((m_data / "vexmoor/lock").c_str(), O_RDWR | O_CLOEXEC);
@@ -122,7 +123,7 @@ TEST_F(AdversityTest, CanBeInterruptedWhileItWaits) {
     EXPECT_TRUE(isThere("a"));
 }
 
-TEST_F(AdversityTest, SaysThatItWaitsForAnotherCommand) {
+TEST_F(AdversityTest, ReportsThatItWaitsForAnotherCommand) {
     make("a");
     ASSERT_EQ(run({"settings", "sound", "off"}).status, 0);
     FileDescriptor lock(::open((m_data / "vexmoor/lock").c_str(), O_RDWR | O_CLOEXEC));
@@ -136,7 +137,7 @@ TEST_F(AdversityTest, SaysThatItWaitsForAnotherCommand) {
     EXPECT_FALSE(isThere("a"));
 }
 
-TEST_F(AdversityTest, EndsInOneDocumentWhenACommandIsRefused) {
+TEST_F(AdversityTest, PrintsOneDocumentWhenACommandIsRefused) {
     make("a");
     ASSERT_EQ(run({"settings", "sound", "on"}).status, 0);
     RawDatabase(m_data / "vexmoor/defaults.db").run("PRAGMA user_version = 99"); // a newer one
@@ -160,7 +161,7 @@ TEST_F(AdversityTest, EndsInOneDocumentWhenACommandIsRefused) {
     EXPECT_TRUE(isThere("a"));
 }
 
-TEST_F(AdversityTest, SetsADamagedDatabaseAsideAndTellsOnce) {
+TEST_F(AdversityTest, SetsADamagedDatabaseAsideAndReportsItOnce) {
     make("a");
     make("b");
     m_scratch.write("home/data/vexmoor/defaults.db", std::string(8192, 'x'));
@@ -172,11 +173,11 @@ TEST_F(AdversityTest, SetsADamagedDatabaseAsideAndTellsOnce) {
     EXPECT_THAT(recorded(), ElementsAreArray({"a", "b"}));
 }
 
-TEST_F(AdversityTest, TouchesNothingWhereItCannotKeepARecord) {
+TEST_F(AdversityTest, ChangesNothingIfItCannotKeepARecord) {
     make("a");
     ASSERT_EQ(run({"settings", "sound", "off"}).status, 0);
     const bool isRoot = ::geteuid() == 0;
-    if (isRoot) { // to whom no folder is closed: another user runs it, who owns the files
+    if (isRoot) { // root can write to any folder: run as the unprivileged owner of the files
         std::filesystem::permissions(m_scratch.path(), std::filesystem::perms(0755));
         std::filesystem::copy_file(m_program, m_scratch / "vexmoor");
         m_program = m_scratch / "vexmoor";
@@ -204,7 +205,7 @@ TEST_F(AdversityTest, TouchesNothingWhereItCannotKeepARecord) {
     std::filesystem::permissions(m_data / "vexmoor", std::filesystem::perms::owner_all);
 }
 
-TEST_F(AdversityTest, LosesNothingWhereAnotherProgramLocksTheDatabase) {
+TEST_F(AdversityTest, LosesNothingIfAnotherProgramLocksTheDatabase) {
     make("a");
     ASSERT_EQ(run({"settings", "sound", "off"}).status, 0);
     sqlite3* database = nullptr;
@@ -221,7 +222,7 @@ TEST_F(AdversityTest, LosesNothingWhereAnotherProgramLocksTheDatabase) {
     EXPECT_TRUE(isThere("a"));
 }
 
-TEST_F(AdversityTest, NeverMistakesAnotherFolderForOneThatIsGone) {
+TEST_F(AdversityTest, NeverMistakesAnotherFolderForADeletedOne) {
     const Path gone = m_files / "gone";
     std::filesystem::create_directory(gone);
     make("a");
@@ -235,7 +236,7 @@ TEST_F(AdversityTest, NeverMistakesAnotherFolderForOneThatIsGone) {
     make("b");
     std::filesystem::create_directory(gone);
     const auto result = vexmoor({"feed", m_files / "b"}).in(gone).removingItsFolder().run();
-    EXPECT_EQ(result.status, 0) << "an absolute name needs no folder" << result.errors;
+    EXPECT_EQ(result.status, 0) << "an absolute path needs no working directory" << result.errors;
 }
 
 TEST_F(AdversityTest, ReportsAnItemThatHasLeftTheBin) {

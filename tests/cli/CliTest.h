@@ -14,27 +14,27 @@ namespace vexmoor::test {
 
 using Json = nlohmann::ordered_json;
 
-/// Runs the built program as a user with a home of their own.
+/// Runs the built program as a user with a scratch home.
 class CliTest : public testing::Test {
   protected:
     CliTest();
 
-    /// `vexmoor` with these arguments, in `files`.
+    /// Returns a command that runs `vexmoor` with these arguments in `files`.
     [[nodiscard]] Command vexmoor(std::vector<std::string> arguments) const;
     [[nodiscard]] Command::Result run(std::vector<std::string> arguments) const;
-    /// The JSON document that it prints; a failure of the test where it prints none.
+    /// Runs the command and returns its JSON document. The test fails if there is none.
     [[nodiscard]] Json json(std::vector<std::string> arguments) const;
 
-    /// Another program in the same surroundings.
+    /// Returns a command that runs another program in the same environment.
     [[nodiscard]] Command program(std::vector<std::string> arguments) const;
 
-    /// Makes a file in `files`.
+    /// Creates a file in `files`.
     Path make(const std::string& name, std::string_view bytes = "bytes") const;
-    /// As many files, "item-000" and on; their names.
+    /// Creates that many files, "item-000" and on, and returns their names.
     [[nodiscard]] std::vector<std::string> makeItems(std::size_t count) const;
 
     [[nodiscard]] bool isThere(const std::string& name) const;
-    /// What lies in the Bin, sorted.
+    /// Returns the names of the items in the Bin, sorted.
     [[nodiscard]] std::vector<std::string> binned() const;
 
     TemporaryDirectory m_scratch;
@@ -45,7 +45,7 @@ class CliTest : public testing::Test {
     Path m_program;
 };
 
-/// The names of the files in a folder, sorted; none where it is missing.
+/// Returns the names of the files in a folder, sorted; none if it does not exist.
 std::vector<std::string> namesIn(const Path& folder);
 
 } // namespace vexmoor::test

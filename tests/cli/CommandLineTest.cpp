@@ -21,7 +21,7 @@ ParsedCommandLine parse(std::vector<const char*> arguments) {
     return parseCommandLine(static_cast<int>(arguments.size()), arguments.data());
 }
 
-TEST(CommandLine, TakesNamesOfFilesAsTheyAre) {
+TEST(CommandLine, TakesFileNamesLiterally) {
     const auto parsed = parse({"feed", "--mode", "bin", "[a,b]", "{}", "{a,b}", "%%", "\x1a", "a b",
                                "stats", "--", "--json", "-x", "--", "[a]"});
     ASSERT_TRUE(parsed.invocation) << parsed.error;
@@ -39,7 +39,7 @@ TEST(CommandLine, TakesNamesOfFilesAsTheyAre) {
     EXPECT_THAT(item.invocation->items, ElementsAre("[a]"));
 }
 
-TEST(CommandLine, DecodesFileUrisOnlyOfWhatIsFed) {
+TEST(CommandLine, DecodesFileUrisOnlyForFeed) {
     const auto fed = parse({"feed", "file:///a%20b%0Ac", "file:///broken%zz", "sftp://host/a"});
     ASSERT_TRUE(fed.invocation) << fed.error;
     EXPECT_THAT(fed.invocation->items,
@@ -54,10 +54,10 @@ TEST(CommandLine, TakesOptionsInEveryForm) {
     ASSERT_TRUE(fed.invocation) << fed.error;
     EXPECT_THAT(fed.invocation->items, ElementsAre("a", "b"));
     EXPECT_TRUE(fed.invocation->force && fed.invocation->recursive && fed.invocation->quiet);
-    EXPECT_FALSE(fed.invocation->verbose) << "the last one of -v and -q counts";
+    EXPECT_FALSE(fed.invocation->verbose) << "the last of -v and -q takes effect";
     EXPECT_FALSE(parse({"feed", "-i", "-f", "a"}).invocation->asksEach);
     EXPECT_FALSE(parse({"feed", "-fi", "a"}).invocation->force);
-    EXPECT_TRUE(parse({"feed", "-f"}).invocation) << "as rm has it";
+    EXPECT_TRUE(parse({"feed", "-f"}).invocation) << "like rm";
     EXPECT_EQ(parse({"history", "-n5"}).invocation->number, 5U);
     EXPECT_EQ(parse({"history", "-n", "7", "--all"}).invocation->number, 7U);
     EXPECT_THAT(parse({"feed", "-"}).invocation->items, ElementsAre("-"));
@@ -66,7 +66,7 @@ TEST(CommandLine, TakesOptionsInEveryForm) {
     EXPECT_EQ(parse({}).invocation->command, Invocation::Command::open);
 }
 
-TEST(CommandLine, SaysWhatIsWrongAndWhereHelpIs) {
+TEST(CommandLine, ReportsUsageErrorsAndWhereHelpIs) {
     const std::string number = " takes a whole number of 1 or more.";
     const std::string tooLong(5000, 'x');
     const struct {
@@ -143,7 +143,7 @@ TEST(CommandLine, SaysWhatIsWrongAndWhereHelpIs) {
     }
 }
 
-TEST(CommandLine, SuggestsOnlyWhatIsNear) {
+TEST(CommandLine, SuggestsOnlyCloseMatches) {
     const std::vector<std::string> words = {"feed", "put-back", "history", "on", "off"};
     for (const auto& [typed, meant] : {std::pair("fed", "feed"),
                                        {"FEED", "feed"},
@@ -158,7 +158,7 @@ TEST(CommandLine, SuggestsOnlyWhatIsNear) {
         EXPECT_EQ(nearest(typed, words), meant) << typed;
 }
 
-TEST(CommandLine, HelpsInEveryWayItIsAskedFor) {
+TEST(CommandLine, PrintsHelpForEverySpelling) {
     const auto& program = programDescription();
     for (const auto& arguments : {std::vector<const char*>{"--help"}, {"-h"}, {"help"}})
         EXPECT_EQ(parse(arguments).output, helpText(program, 80)) << arguments.front();
@@ -174,7 +174,7 @@ TEST(CommandLine, HelpsInEveryWayItIsAskedFor) {
     EXPECT_THAT(parse({"-V"}).output, testing::StartsWith("vexmoor "));
 }
 
-TEST(CommandLine, HelpFitsIntoItsWidth) {
+TEST(CommandLine, WrapsHelpAtTheGivenWidth) {
     for (const auto& command : commandDescriptions())
         for (const std::size_t width : {60U, 80U, 100U}) {
             std::istringstream lines(helpText(command, width));

@@ -14,9 +14,9 @@ using testing::UnorderedElementsAreArray;
 
 const Path kShare = VEXMOOR_SHARE;
 
-/// The words of a line, of which the last is being typed, and what they can become. Options and
-/// values stand for all their kind; names of files are left to the shells. Newer versions of fish
-/// match in the middle of a word too, so the beginnings are long enough to mean one option.
+/// The words of a line, the last of which is being typed, and its completions. One option and one
+/// value represent all of their kind; the shells complete file names. Newer versions of fish match
+/// inside words too, so the prefixes are long enough to match one option.
 struct Case {
     std::vector<std::string> words;
     std::vector<std::string> candidates;
@@ -100,7 +100,7 @@ TEST_F(CompletionTest, BashCompletesCommandsOptionsAndValues) {
     EXPECT_THAT(bash({"feed", "--mode", "="}), UnorderedElementsAreArray({"bin", "dissolve"}));
     EXPECT_THAT(bash({"feed", "--mode", "=", "d"}), UnorderedElementsAreArray({"dissolve"}));
     make("some file");
-    EXPECT_THAT(bash({"feed", "so"}), IsEmpty()) << "left to readline";
+    EXPECT_THAT(bash({"feed", "so"}), IsEmpty()) << "readline completes file names";
 }
 
 TEST_F(CompletionTest, FishCompletesCommandsOptionsAndValues) {
@@ -117,8 +117,8 @@ TEST_F(CompletionTest, FishCompletesCommandsOptionsAndValues) {
     EXPECT_EQ(checked.status, 0) << checked.errors;
 }
 
-/// A shell starts the program by its name, so it must be on the search path.
-TEST_F(CompletionTest, OffersWhatCanBePutBack) {
+/// The shells start the program by name, so it must be on the search path.
+TEST_F(CompletionTest, OffersItemsThatCanBePutBack) {
     const std::vector<std::string> names = {"two words.txt", "$HOME",     "it's \"q\"", "two:parts",
                                             "-rf",           "new\nline", "tab\tulator"};
     std::vector<std::string> feed = {"feed", "--"};
@@ -143,7 +143,7 @@ TEST_F(CompletionTest, OffersWhatCanBePutBack) {
     EXPECT_THAT(run({"complete"}).output, HasSubstr("\ttab\\x09ulator, 4 KB, from "));
 }
 
-TEST_F(CompletionTest, ShellsQuoteTheNamesThatTheyOffer) {
+TEST_F(CompletionTest, ShellsQuoteOfferedNames) {
     make("two words.txt");
     make("it's $HOME");
     ASSERT_EQ(run({"feed", "two words.txt", "it's $HOME"}).status, 0);
@@ -156,7 +156,7 @@ TEST_F(CompletionTest, ShellsQuoteTheNamesThatTheyOffer) {
         EXPECT_THAT(fish({"put-back", "tw"}), UnorderedElementsAreArray({"two words.txt"}));
         EXPECT_THAT(fish({"delete", "it"}), UnorderedElementsAreArray({"it's $HOME"}));
     }
-    if (Command::exists("zsh")) { // whose compadd quotes
+    if (Command::exists("zsh")) { // compadd quotes
         const auto result =
             program({"zsh", "-f", "-c",
                      "path=(${2%/*} $path); compdef() {}; compadd() { print -rl -- $names }; "
@@ -167,7 +167,7 @@ TEST_F(CompletionTest, ShellsQuoteTheNamesThatTheyOffer) {
     }
 }
 
-TEST_F(CompletionTest, ZshTakesItsFunctionFromTheSearchPath) {
+TEST_F(CompletionTest, ZshFindsItsFunctionOnTheSearchPath) {
     if (!Command::exists("zsh"))
         GTEST_SKIP() << "zsh is not installed";
     const auto checked = program({"zsh", "-n", kShare / "zsh/site-functions/_vexmoor"}).run();
@@ -181,7 +181,7 @@ TEST_F(CompletionTest, ZshTakesItsFunctionFromTheSearchPath) {
     EXPECT_EQ(loaded.output, "_vexmoor\n1") << loaded.errors;
 }
 
-TEST_F(CompletionTest, TheManualPageIsCleanAndKnowsEveryCommand) {
+TEST_F(CompletionTest, TheManualPageIsCleanAndDescribesEveryCommand) {
     if (!Command::exists("mandoc"))
         GTEST_SKIP() << "mandoc is not installed";
     const Path page = kShare / "man/man1/vexmoor.1";

@@ -14,7 +14,7 @@ class DissolveTest : public CliTest {
 
 TEST_F(DissolveTest, NeedsATerminalOrYes) {
     const auto refused = vexmoor({"feed", "--mode", "dissolve", "folder"}).input("y\n").run();
-    EXPECT_EQ(refused.status, 3) << "what is typed before it asks is no answer";
+    EXPECT_EQ(refused.status, 3) << "input before the question is not an answer";
     EXPECT_THAT(refused.errors, HasSubstr("--yes"));
     EXPECT_TRUE(isThere("folder/file"));
     EXPECT_EQ(json({"stats", "--json"})["count"], 0);
@@ -28,7 +28,7 @@ TEST_F(DissolveTest, NeedsATerminalOrYes) {
     EXPECT_EQ(run({"put-back"}).status, 3);
 }
 
-TEST_F(DissolveTest, AsksOnATerminalAndHeedsTheAnswer) {
+TEST_F(DissolveTest, AsksOnATerminalAndObeysTheAnswer) {
     for (const char* const answer : {"n\n", "\n", "\x04", "yolo\n", "dissolve\n"}) {
         const auto declined =
             vexmoor({"feed", "--mode", "dissolve", "folder"}).runOnTerminal(answer);
@@ -42,7 +42,7 @@ TEST_F(DissolveTest, AsksOnATerminalAndHeedsTheAnswer) {
     EXPECT_FALSE(isThere("folder"));
 }
 
-TEST_F(DissolveTest, DoesNotAskWhereTheUserWantsNoQuestions) {
+TEST_F(DissolveTest, DoesNotAskIfTheSettingIsOff) {
     ASSERT_EQ(run({"settings", "confirmDissolve", "off"}).status, 0);
     ASSERT_EQ(run({"settings", "mode", "dissolve"}).status, 0);
     const auto result = vexmoor({"feed", "folder"}).runOnTerminal("");

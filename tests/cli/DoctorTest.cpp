@@ -12,7 +12,7 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-/// Runs the program with a desktop program beside it that the test answers for.
+/// Runs the program with a fake desktop program beside it.
 class DoctorTest : public CliTest {
   protected:
     DoctorTest() {
@@ -25,7 +25,7 @@ class DoctorTest : public CliTest {
     void installScript(const Path& file, const std::string& script) const {
         ::chmod(m_scratch.write(file, "#!/bin/sh\n" + script + "\n").c_str(), 0755);
     }
-    /// What the desktop program prints for --describe.
+    /// Sets the output of the desktop program for --describe.
     void describe(const std::string& answer) const {
         const Path text = m_scratch.write("answer", answer);
         installScript("bin/vexmoor-desktop",
@@ -54,7 +54,7 @@ const std::string kOnSway = R"({"version": "0.1.0", "qt": "6.4.2",
               "screens": [{"width": 2560, "height": 1440, "scale": 1.5}]},
   "tile": {"reason": "compositorHasLayers", "shown": true, "found": true}})";
 
-TEST_F(DoctorTest, TellsHowTheTileIsShownAndWhy) {
+TEST_F(DoctorTest, ReportsHowTheTileIsShownAndWhy) {
     struct Case {
         std::string answer;
         std::vector<std::string> lines;
@@ -86,7 +86,7 @@ TEST_F(DoctorTest, TellsHowTheTileIsShownAndWhy) {
                                     "found": true, "running": true})"));
 }
 
-TEST_F(DoctorTest, TellsTheWayOfTheKeyByFileManager) {
+TEST_F(DoctorTest, ReportsTheWayOfTheKeyByFileManager) {
     for (const char* const manager : {"thunar", "caja", "spacefm"})
         installScript(Path("managers") / manager, "exit 0");
     const auto ways = [this] {
@@ -107,7 +107,7 @@ TEST_F(DoctorTest, TellsTheWayOfTheKeyByFileManager) {
     EXPECT_EQ(ways(), (Ways{{"thunar", "accelerator"}, {"caja", "menu"}, {"spacefm", "none"}}));
 }
 
-TEST_F(DoctorTest, TellsWhetherRecordsAndBinAgree) {
+TEST_F(DoctorTest, ReportsWhetherRecordsAndBinAgree) {
     make("kept");
     make("taken away");
     EXPECT_EQ(report()["records"]["canBePutBack"], 0);
@@ -125,7 +125,7 @@ TEST_F(DoctorTest, TellsWhetherRecordsAndBinAgree) {
     EXPECT_EQ(report()["records"]["readable"], false);
 }
 
-TEST_F(DoctorTest, TellsWhatTheSessionOffers) {
+TEST_F(DoctorTest, ReportsTheServicesOfTheSession) {
     const auto without = report({{"XDG_RUNTIME_DIR", m_scratch / "empty"}});
     EXPECT_EQ(without["session"]["bus"], false);
     EXPECT_EQ(without["services"]["accessibility"], "missing");
@@ -134,12 +134,12 @@ TEST_F(DoctorTest, TellsWhatTheSessionOffers) {
     const auto with = report({{"DBUS_SESSION_BUS_ADDRESS", bus.address()}});
     EXPECT_EQ(with["session"]["bus"], true);
     EXPECT_EQ(with["services"]["notifications"], "missing");
-    const Path sound = bus.folder() / "bus"; // any socket that answers
+    const Path sound = bus.folder() / "bus"; // any socket that accepts connections
     EXPECT_EQ(report({{"PULSE_SERVER", "unix:" + sound.native()}})["services"]["sound"],
               "pulseaudio");
 }
 
-TEST_F(DoctorTest, WaitsForNoVolumeThatDoesNotAnswer) {
+TEST_F(DoctorTest, DoesNotWaitForAHangingVolume) {
     const Path folder = m_home / "usb";
     std::filesystem::create_directory(folder);
     const DeadVolume volume(folder);
@@ -152,7 +152,7 @@ TEST_F(DoctorTest, WaitsForNoVolumeThatDoesNotAnswer) {
                           [](const Json& bin) { return bin["place"]; }, Json("~"))));
 }
 
-TEST_F(DoctorTest, KeepsToItselfWhatIsPrivate) {
+TEST_F(DoctorTest, OmitsPrivateData) {
     make("secret plans.txt");
     ASSERT_EQ(run({"feed", "secret plans.txt"}).status, 0);
     describe(kOnSway);

@@ -14,7 +14,7 @@ using testing::Not;
 
 class FeedTest : public CliTest {
   protected:
-    /// What changes from run to run is checked for its form and replaced by a word.
+    /// Checks the format of values that change from run to run and replaces them by placeholders.
     static Json steady(Json document) {
         if (document.is_array() || document.is_object())
             for (auto& [key, value] : document.items())
@@ -44,7 +44,7 @@ class FeedTest : public CliTest {
     }
 };
 
-TEST_F(FeedTest, TellsEachStageOfAnItemInItsDocuments) {
+TEST_F(FeedTest, ReportsEachStageOfAnItemInItsDocuments) {
     make("a");
     const Json none = Json::array();
     EXPECT_EQ(steady(json({"feed", "--json", "a", "missing"})),
@@ -83,7 +83,7 @@ TEST_F(FeedTest, TellsEachStageOfAnItemInItsDocuments) {
     EXPECT_THAT(binned(), IsEmpty());
 }
 
-TEST_F(FeedTest, EndsWithTheStatusThatTheManualPromises) {
+TEST_F(FeedTest, ReturnsTheDocumentedExitStatus) {
     make("a");
     make("b");
     const struct {
@@ -134,28 +134,28 @@ TEST_F(FeedTest, PutsBackTheNewestOrTheWholeLastBatch) {
 
     EXPECT_EQ(run({"put-back", "--last", "2"}).status, 0);
     EXPECT_THAT(namesIn(m_files), ElementsAre("item-298", "item-299"));
-    EXPECT_EQ(run({"put-back", "item-007"}).status, 0) << "it has left the history";
+    EXPECT_EQ(run({"put-back", "item-007"}).status, 0) << "item-007 is no longer in the history";
     EXPECT_EQ(run({"put-back"}).status, 0);
     EXPECT_THAT(namesIn(m_files), ElementsAreArray(names));
     EXPECT_THAT(namesIn(m_data / "Trash/info"), IsEmpty());
     EXPECT_EQ(run({"put-back"}).status, 3);
 }
 
-TEST_F(FeedTest, FindsAnItemByWhatTheHistoryShows) {
+TEST_F(FeedTest, FindsAnItemByNamePathOrId) {
     make("a");
     make("b");
     ASSERT_EQ(run({"feed", "a", "b"}).status, 0);
     const std::string listed = run({"history", "-n", "1"}).output;
     const std::string id = json({"history", "--json"})[0]["id"];
     ASSERT_THAT(listed, testing::StartsWith(id.substr(0, 8)));
-    EXPECT_EQ(run({"put-back", id.substr(0, 7)}).status, 1) << "too little to be sure";
+    EXPECT_EQ(run({"put-back", id.substr(0, 7)}).status, 1) << "the prefix is too short";
     const auto back = run({"put-back", id.substr(0, 8), "b", id});
-    EXPECT_EQ(back.status, 0) << back.errors << "all three are the same item";
+    EXPECT_EQ(back.status, 0) << back.errors << "all three mean the same item";
     EXPECT_THAT(namesIn(m_files), ElementsAre("b"));
     EXPECT_FALSE(json({"history", "--json"})[0].contains("lost"));
 }
 
-TEST_F(FeedTest, KeepsWhatStandsInThePlaceOfAnItemThatComesBack) {
+TEST_F(FeedTest, KeepsAFileInThePlaceOfAnItemThatIsPutBack) {
     make("a", "old");
     ASSERT_EQ(run({"feed", "a"}).status, 0);
     make("a", "new");
@@ -183,7 +183,7 @@ TEST_F(FeedTest, CountsEveryItemInTheStats) {
     EXPECT_THAT(run({"stats"}).output, HasSubstr("2 sacrifices"));
 }
 
-TEST_F(FeedTest, TreatsHostileNamesAsNames) {
+TEST_F(FeedTest, AcceptsHostileNames) {
     const std::vector<std::string> names = {
         "new\nline", "-rf", "--json", "\x1b[31mred\x07",    "broken\xff\xfe", "[a]", " ",
         "feed",      "%%",  "--",     std::string(255, 'x')};
@@ -218,7 +218,7 @@ TEST_F(FeedTest, TreatsHostileNamesAsNames) {
     EXPECT_THAT(usage.errors, Not(HasSubstr("\x1b")));
 }
 
-TEST_F(FeedTest, StandsInForRm) {
+TEST_F(FeedTest, ReplacesRm) {
     const auto names = makeItems(12);
     auto feed = names;
     feed.insert(feed.begin(), {"feed", "-rfv", "missing"});
@@ -264,7 +264,7 @@ TEST_F(FeedTest, UsesColoursAndAnnouncesAchievementsOnlyOnATerminal) {
     EXPECT_THAT(run({"history"}).output, HasSubstr("  Deleted from the Bin "));
 }
 
-TEST_F(FeedTest, TellsWhenItsOutputCannotBeWritten) {
+TEST_F(FeedTest, ReportsThatItsOutputCannotBeWritten) {
     const auto result =
         program({"/bin/sh", "-c", m_program.native() + " history >/dev/full"}).run();
     EXPECT_EQ(result.status, 1);

@@ -8,8 +8,8 @@ namespace {
 using testing::HasSubstr;
 using testing::MatchesRegex;
 
-/// Runs the program in German: in a locale that the test makes where it can, else in the language
-/// alone, which needs no locale.
+/// Runs the program in German: in a locale that the test creates if possible, otherwise by the
+/// LANGUAGE variable, which needs no locale.
 struct GermanTest : CliTest {
     [[nodiscard]] Command german(const std::vector<std::string>& arguments) const {
         auto command = vexmoor(arguments);
@@ -17,7 +17,7 @@ struct GermanTest : CliTest {
         return command;
     }
 
-    /// Whether it could be made.
+    /// True if the locale could be created.
     [[nodiscard]] bool makeLocale() const {
         if (!Command::exists("localedef"))
             return false;
@@ -28,7 +28,7 @@ struct GermanTest : CliTest {
     }
 };
 
-TEST_F(GermanTest, SpeaksWhereTheLocaleIsMissingToo) {
+TEST_F(GermanTest, TranslatesWithoutTheLocale) {
     make("notizen.txt", std::string(1'300'000, 'x'));
     const auto fed = german({"feed", "notizen.txt", "nichts"}).run();
     EXPECT_EQ(fed.output, "In den Papierkorb: notizen.txt (1,3 MB)\n");
@@ -36,13 +36,14 @@ TEST_F(GermanTest, SpeaksWhereTheLocaleIsMissingToo) {
     EXPECT_THAT(german({"history"}).run().output,
                 MatchesRegex("[0-9A-F]+  [0-9.]+ [0-9:]+  Im Papierkorb +1,3 MB  notizen.txt  aus "
                              ".*/files\n"));
-    EXPECT_THAT(run({"history"}).output, HasSubstr("In the Bin")) << "others read English";
+    EXPECT_THAT(run({"history"}).output, HasSubstr("In the Bin"))
+        << "other languages fall back to English";
     auto english = vexmoor({"history"});
     english.with("LANG", "en_GB.UTF-8").with("LC_ALL", "").with("LANGUAGE", "en:de");
     EXPECT_EQ(english.run().output, run({"history"}).output);
 }
 
-TEST_F(GermanTest, WritesNumbersAndDatesAsTheLocaleHasThem) {
+TEST_F(GermanTest, FormatsNumbersAndDatesByTheLocale) {
     if (!makeLocale())
         GTEST_SKIP() << "the German locale can't be made here";
     make("a", std::string(1'300'000, 'x'));

@@ -43,7 +43,7 @@ class IntegrateTest : public CliTest {
         return vexmoor(std::move(arguments)).with("PATH", managers).run();
     }
 
-    /// Whether a key waits depends on the file managers that run on this machine; left out.
+    /// Removes the key's "waits", which depends on the file managers running on this machine.
     [[nodiscard]] Json json(std::vector<std::string> arguments) const {
         const auto result = run(std::move(arguments));
         auto document = Json::parse(result.output, nullptr, false);
@@ -55,7 +55,7 @@ class IntegrateTest : public CliTest {
         return document;
     }
 
-    /// Of the menu entries there are for the file managers, and of autostart.
+    /// Returns the statuses of autostart and of the menu entries.
     [[nodiscard]] std::map<std::string, std::string> statuses() const {
         std::map<std::string, std::string> result;
         const Json document = json({"integrate", "--json"});
@@ -66,7 +66,8 @@ class IntegrateTest : public CliTest {
         return result;
     }
 
-    /// The program, and one in place of the desktop's, in a folder with this name.
+    /// Installs the program, and a placeholder for the desktop application, in a folder with this
+    /// name.
     void installPrograms(const std::string& folder) {
         const Path programs = m_scratch / folder;
         std::filesystem::create_directories(programs);
@@ -80,7 +81,7 @@ class IntegrateTest : public CliTest {
         ::chmod(file.c_str(), 0755);
     }
 
-    /// All files and folders of the home but for the program's own data.
+    /// Returns all files and folders of the home except the program's own data.
     [[nodiscard]] std::set<std::string> tree() const {
         std::set<std::string> all;
         for (const auto& entry : std::filesystem::recursive_directory_iterator(m_home))
@@ -91,7 +92,7 @@ class IntegrateTest : public CliTest {
     }
 };
 
-TEST_F(IntegrateTest, InstallsReportsAndRemovesWhatTheManagersThereTake) {
+TEST_F(IntegrateTest, InstallsReportsAndRemovesWhatTheInstalledManagersSupport) {
     installPrograms("bin");
     std::filesystem::create_directories(m_data);
     const auto before = tree();
@@ -120,10 +121,10 @@ TEST_F(IntegrateTest, InstallsReportsAndRemovesWhatTheManagersThereTake) {
         HasSubstr("\nExec=" + (m_scratch / "bin/vexmoor-desktop").native() + " --background\n"));
     EXPECT_EQ(run({"integrate", "remove"}).status, 0);
     EXPECT_EQ(tree(), before);
-    EXPECT_EQ(run({"integrate", "remove"}).status, 0) << "there is nothing more to do";
+    EXPECT_EQ(run({"integrate", "remove"}).status, 0) << "there is nothing left to remove";
 }
 
-TEST_F(IntegrateTest, TakesTheNamesOfManagers) {
+TEST_F(IntegrateTest, AcceptsNamesOfManagers) {
     installPrograms("bin");
     const auto idsOf = [](const Json& document) {
         std::vector<std::string> ids;
@@ -133,7 +134,7 @@ TEST_F(IntegrateTest, TakesTheNamesOfManagers) {
     };
     EXPECT_THAT(idsOf(json({"integrate", "install", "--json", "krusader", "kio"})),
                 ElementsAre("dolphin", "krusader"))
-        << "krusader is not there, kio was dolphin's former name";
+        << "krusader is not installed, kio is Dolphin's former id";
     EXPECT_EQ(statuses()["dolphin"], "installed");
     EXPECT_EQ(statuses()["nautilus"], "not installed");
     EXPECT_THAT(idsOf(json({"integrate", "remove", "--json", "autostart"})),
@@ -145,7 +146,7 @@ TEST_F(IntegrateTest, TakesTheNamesOfManagers) {
     EXPECT_EQ(statuses()["nautilus"], "not installed");
 }
 
-TEST_F(IntegrateTest, InstallsNoKeyWhereItsSettingIsOff) {
+TEST_F(IntegrateTest, InstallsNoKeyIfItsSettingIsOff) {
     installPrograms("bin");
     ASSERT_EQ(run({"settings", "captureFinderDelete", "off"}).status, 0);
     EXPECT_EQ(run({"integrate", "install"}).status, 0);
@@ -159,7 +160,7 @@ TEST_F(IntegrateTest, InstallsNoKeyWhereItsSettingIsOff) {
         EXPECT_TRUE(std::filesystem::exists(file)) << id;
 }
 
-TEST_F(IntegrateTest, SaysInWordsWhatKeepsTheKeyFromWorking) {
+TEST_F(IntegrateTest, ExplainsWhatKeepsTheKeyFromWorking) {
     installPrograms("bin");
     m_scratch.write("home/config/nautilus/scripts-accels", "F4 Feed to Vexmoor\n");
     m_scratch.write("home/config/Thunar/accels.scm",
@@ -174,10 +175,10 @@ TEST_F(IntegrateTest, SaysInWordsWhatKeepsTheKeyFromWorking) {
           "\n  Ctrl+Backspace: captured on X11; nothing on Wayland"})
         EXPECT_THAT(result.output, HasSubstr(words));
     EXPECT_THAT(result.errors, HasSubstr("nemo does not report its version"));
-    EXPECT_EQ(statuses()["nemo"], "installed") << "the menu's entry does not depend on it";
+    EXPECT_EQ(statuses()["nemo"], "installed") << "the menu entry does not depend on the key";
 }
 
-TEST_F(IntegrateTest, LeavesFilesAloneThatAreNotOurs) {
+TEST_F(IntegrateTest, KeepsForeignFiles) {
     installPrograms("bin");
     for (const auto& [id, file] : places())
         m_scratch.write(file.lexically_relative(m_scratch.path()), "mine");
@@ -195,7 +196,7 @@ TEST_F(IntegrateTest, LeavesFilesAloneThatAreNotOurs) {
     }
 }
 
-TEST_F(IntegrateTest, BringsItsOwnFilesUpToDate) {
+TEST_F(IntegrateTest, UpdatesItsOwnFiles) {
     installPrograms("bin");
     ASSERT_EQ(run({"integrate", "install"}).status, 0);
     installPrograms("moved here");
@@ -203,13 +204,15 @@ TEST_F(IntegrateTest, BringsItsOwnFilesUpToDate) {
     ASSERT_EQ(run({"integrate", "install"}).status, 0);
     EXPECT_THAT(statuses(), testing::Each(testing::Pair(testing::_, "installed")));
     ::chmod(places()["nautilus"].c_str(), 0644);
-    EXPECT_EQ(statuses()["nautilus"], "differs") << "a script that can't be run is none";
+    EXPECT_EQ(statuses()["nautilus"], "differs")
+        << "a script without the execute bit does not count";
     std::filesystem::remove(m_scratch / "moved here/vexmoor-desktop");
     EXPECT_EQ(statuses()["autostart"], "differs");
     EXPECT_EQ(run({"integrate", "remove"}).status, 0);
     EXPECT_FALSE(std::filesystem::exists(places()["autostart"]));
     EXPECT_EQ(run({"integrate", "install"}).status, 0);
-    EXPECT_FALSE(std::filesystem::exists(places()["autostart"])) << "it would start nothing";
+    EXPECT_FALSE(std::filesystem::exists(places()["autostart"]))
+        << "the desktop application is not installed";
 }
 
 TEST_F(IntegrateTest, SharesThunarsFileWithTheUser) {
@@ -217,9 +220,10 @@ TEST_F(IntegrateTest, SharesThunarsFileWithTheUser) {
     m_scratch.write("home/system/Thunar/uca.xml", system);
     ASSERT_EQ(run({"integrate", "install"}).status, 0);
     EXPECT_THAT(contents(places()["thunar"]), HasSubstr("Terminal"))
-        << "a file of the user's own hides the system's";
+        << "the user's file hides the system's";
     ASSERT_EQ(run({"integrate", "remove"}).status, 0);
-    EXPECT_FALSE(std::filesystem::exists(places()["thunar"])) << "the system's shows again";
+    EXPECT_FALSE(std::filesystem::exists(places()["thunar"]))
+        << "the system's file takes effect again";
 
     const Path real = m_scratch.write("dotfiles/uca.xml", "<actions> </actions>");
     std::filesystem::create_directories(places()["thunar"].parent_path());
@@ -234,7 +238,7 @@ TEST_F(IntegrateTest, SharesThunarsFileWithTheUser) {
     EXPECT_EQ(contents(real), "<actions> </actions>");
 }
 
-TEST_F(IntegrateTest, ScriptsFeedAnyNameWhereverTheProgramLies) {
+TEST_F(IntegrateTest, ScriptsFeedAnyNameFromAnyInstallationFolder) {
     installPrograms("it's \"50%\" $HOME `x` \\n");
     ASSERT_EQ(run({"integrate", "install"}).status, 0);
     const std::vector<std::string> names = {
@@ -252,7 +256,7 @@ TEST_F(IntegrateTest, ScriptsFeedAnyNameWhereverTheProgramLies) {
         EXPECT_THAT(binned(), UnorderedElementsAreArray(names));
         ASSERT_EQ(run({"put-back"}).status, 0);
         const auto byName = program({places()[id], "--", "-rf"}).run();
-        EXPECT_EQ(byName.status, 1) << "there is no file called --";
+        EXPECT_EQ(byName.status, 1) << "there is no file named --";
         EXPECT_THAT(binned(), ElementsAre("-rf"));
         ASSERT_EQ(run({"put-back"}).status, 0);
     }

@@ -22,7 +22,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-/// Answers on the bus as Dolphin with one window does.
+/// Answers on the bus like Dolphin with one window.
 class FakeDolphin {
   public:
     FakeDolphin(const std::string& address, pid_t process, std::set<std::string> open)
@@ -78,7 +78,8 @@ class MenuSelectionTest : public CliTest {
         make("other/inside");
     }
 
-    /// What the file manager of that name gets of us. It calls when there is a file "go".
+    /// Runs the program as a child of the named file manager, which starts it when a file "go"
+    /// exists.
     [[nodiscard]] Command::Running callFrom(const std::string& manager,
                                             const std::string& item) const {
         const Path program = m_scratch / manager;
@@ -96,7 +97,7 @@ class MenuSelectionTest : public CliTest {
     PrivateBus m_bus;
 };
 
-TEST_F(MenuSelectionTest, NoPathIsNoSelection) {
+TEST_F(MenuSelectionTest, NoPathMeansNoSelection) {
     for (const auto& arguments :
          {std::vector<std::string>{"feed", "--from-menu"}, {"feed", "--from-menu", "--"}}) {
         const auto result = run(arguments);
@@ -104,10 +105,10 @@ TEST_F(MenuSelectionTest, NoPathIsNoSelection) {
         EXPECT_EQ(result.output + result.errors, "");
     }
     EXPECT_EQ(run({"feed", "--"}).status, 2);
-    EXPECT_EQ(run({"feed", "--from-menu", ""}).status, 2) << "a variable that was not set";
+    EXPECT_EQ(run({"feed", "--from-menu", ""}).status, 2) << "an unset variable";
 }
 
-TEST_F(MenuSelectionTest, TheWorkingDirectoryIsOnViewAndNotSelected) {
+TEST_F(MenuSelectionTest, TheWorkingDirectoryIsDisplayedAndNotSelected) {
     std::filesystem::create_directory_symlink(m_files / "folder", m_home / "by-link");
     for (const auto& path : {m_files / "folder", m_files / "folder/", m_home / "by-link"}) {
         const auto result =
@@ -122,12 +123,12 @@ TEST_F(MenuSelectionTest, TheWorkingDirectoryIsOnViewAndNotSelected) {
                           .in(m_files / "folder")
                           .run();
     EXPECT_EQ(link.status, 0);
-    EXPECT_THAT(binned(), ElementsAre("here")) << "a link to the folder was selected in it";
+    EXPECT_THAT(binned(), ElementsAre("here")) << "a link to the folder, selected inside it";
     EXPECT_EQ(run({"feed", "--from-menu", "--", m_files / "folder"}).status, 0);
-    EXPECT_THAT(binned(), ElementsAre("folder", "here")) << "a folder selected in its parent";
+    EXPECT_THAT(binned(), ElementsAre("folder", "here")) << "a folder, selected in its parent";
 }
 
-TEST_F(MenuSelectionTest, DolphinIsAskedWhetherTheFolderIsOnView) {
+TEST_F(MenuSelectionTest, AsksDolphinForItsDisplayedFolder) {
     const std::string odd = "odd #%+ ";
     make(odd + "/inside");
     const struct {
@@ -159,11 +160,11 @@ TEST_F(MenuSelectionTest, FeedsNothingIfDolphinDoesNotAnswer) {
     EXPECT_THAT(result.errors, HasSubstr("Nothing was touched."));
     EXPECT_TRUE(isThere("folder"));
     EXPECT_EQ(callFrom("nautilus", m_files / "folder").wait().status, 0);
-    EXPECT_THAT(binned(), ElementsAre("folder")) << "others are not asked";
+    EXPECT_THAT(binned(), ElementsAre("folder")) << "other file managers are not asked";
 }
 
-TEST_F(MenuSelectionTest, AFolderThatPcmanfmQtFollowsIsOnView) {
-    const FileDescriptor watch(::inotify_init1(0)); // inherited, as if it were its own
+TEST_F(MenuSelectionTest, AFolderWatchedByPcmanfmQtIsDisplayed) {
+    const FileDescriptor watch(::inotify_init1(0)); // inherited by the file manager
     ASSERT_GE(::inotify_add_watch(watch.get(), (m_files / "folder").c_str(), IN_CREATE), 0);
     std::filesystem::copy_file("/bin/sleep", m_scratch / "pcmanfm-qt");
     const BackgroundProgram manager({m_scratch / "pcmanfm-qt", "1000"}, {.keepOpen = watch.get()});

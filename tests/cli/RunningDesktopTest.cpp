@@ -13,7 +13,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A bus on which nobody has the desktop's name.
+/// A session bus on which no process owns the desktop application's name.
 class RunningDesktopTest : public testing::Test {
   protected:
     RunningDesktopTest() { reach(m_bus.address()); }
@@ -37,7 +37,7 @@ class RunningDesktopTest : public testing::Test {
     std::optional<WriterLock> m_lock;
 };
 
-TEST_F(RunningDesktopTest, IsWaitedForAsLongAsItHoldsTheLock) {
+TEST_F(RunningDesktopTest, IsWaitedForWhileItHoldsTheLock) {
     take(WriterLock::Role::desktop);
     const auto answer = call(RunningDesktop::Start::never);
     ASSERT_TRUE(answer);
@@ -46,18 +46,18 @@ TEST_F(RunningDesktopTest, IsWaitedForAsLongAsItHoldsTheLock) {
               "The desktop application is running, but does not answer. Nothing was touched.");
 }
 
-TEST_F(RunningDesktopTest, IsNotWaitedForWhereItDoesNotRun) {
+TEST_F(RunningDesktopTest, IsNotWaitedForIfItDoesNotRun) {
     using Role = WriterLock::Role;
     using Start = RunningDesktop::Start;
     EXPECT_FALSE(call(Start::never));
-    EXPECT_FALSE(call(Start::ifNeeded)) << "the bus knows no service of that name";
+    EXPECT_FALSE(call(Start::ifNeeded)) << "the bus has no service file with that name";
     take(Role::command);
     EXPECT_FALSE(call(Start::never));
     reach("unix:path=/nowhere");
     EXPECT_FALSE(call(Start::never));
     EXPECT_FALSE(call(Start::ifNeeded));
     m_lock.reset();
-    EXPECT_FALSE(call(Start::never)) << "the lock's last holder is nobody's business";
+    EXPECT_FALSE(call(Start::never)) << "a previous holder of the lock does not count";
 }
 
 } // namespace

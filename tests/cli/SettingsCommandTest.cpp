@@ -35,7 +35,7 @@ TEST_F(SettingsCommandTest, ListsReadsAndSets) {
     EXPECT_THAT(run({"settings"}).output, HasSubstr("mode = dissolve\n"));
 }
 
-TEST_F(SettingsCommandTest, RefusesWhatASettingCannotBe) {
+TEST_F(SettingsCommandTest, RejectsInvalidValues) {
     const auto before = json({"settings", "--json"});
     const struct {
         std::vector<std::string> arguments;
@@ -59,8 +59,8 @@ TEST_F(SettingsCommandTest, RefusesWhatASettingCannotBe) {
     EXPECT_EQ(json({"settings", "--json"}), before);
 }
 
-/// The descriptions feed the completions and the manual; a setting's values must be true.
-TEST_F(SettingsCommandTest, TakesEveryValueOfItsDescriptions) {
+/// The completions and the manual use the descriptions, so each described value must be accepted.
+TEST_F(SettingsCommandTest, AcceptsEveryDescribedValue) {
     std::vector<std::string> names;
     const Json document = json({"settings", "--json"});
     for (const auto& [name, value] : document.items())

@@ -42,7 +42,7 @@ std::vector<AccessibleElement> AccessibleTree::elementsOf(const std::string& pro
     return all;
 }
 
-/// An element that went meanwhile has nothing more to tell.
+/// An element that was removed in the meantime returns no properties.
 QList<QVariant> AccessibleTree::ask(const Reference& element, const QString& interface,
                                     const QString& method, const QList<QVariant>& arguments) const {
     auto message = QDBusMessage::createMethodCall(element.service, element.path, interface, method);

@@ -8,18 +8,18 @@
 
 namespace vexmoor::test {
 
-/// What a screen reader knows of one element of a program.
+/// An element of a program as seen by a screen reader.
 struct AccessibleElement {
-    QString role; ///< as AT-SPI names it: "push button"
+    QString role; ///< AT-SPI role name: "push button"
     std::string name;
     std::string description;
-    QRect place; ///< on the screen, in what the program takes for pixels
+    QRect place; ///< on the screen, in the program's pixels
     bool isShowing = false;
     bool isEnabled = false;
     bool isChecked = false;
 };
 
-/// Reads programs as a screen reader does, over the accessibility bus of a session.
+/// Reads programs like a screen reader, over the accessibility bus of a session.
 class AccessibleTree {
   public:
     explicit AccessibleTree(const QDBusConnection& session);
@@ -27,8 +27,8 @@ class AccessibleTree {
     AccessibleTree(const AccessibleTree&) = delete;
     AccessibleTree& operator=(const AccessibleTree&) = delete;
 
-    /// All elements of the program, each before its children; none where no such program shows
-    /// itself.
+    /// Returns all elements of the program, each before its children; none if the program is
+    /// not accessible.
     [[nodiscard]] std::vector<AccessibleElement> elementsOf(const std::string& program) const;
 
   private:

@@ -10,7 +10,7 @@ using namespace test;
 
 const char* const kOne = "Dissolve this item forever?";
 
-/// The program dissolves, and asks before it does.
+/// The program in dissolve mode, which asks first.
 struct AlertTest : DesktopTest {
     void SetUp() override {
         DesktopTest::SetUp();
@@ -20,7 +20,7 @@ struct AlertTest : DesktopTest {
         item = session->write("old.iso", "nobody needs it");
         session->run({VEXMOOR_PROGRAM, "settings", "mode", "dissolve"});
     }
-    /// Answers what is asked by that key.
+    /// Answers the alert by that key.
     void answer(const std::string& sentence, const std::string& key) {
         ASSERT_TRUE(cauldron->alerts(sentence)) << sentence;
         session->press(key);
@@ -50,14 +50,14 @@ TEST_F(AlertTest, IsAnsweredByReturnAndEscape) {
     EXPECT_FALSE(std::filesystem::exists(session->home() / ".local/share/Trash/files/old.iso"));
 }
 
-TEST_F(AlertTest, SpeaksTheLanguageOfItsUser) {
+TEST_F(AlertTest, UsesTheUsersLanguage) {
     start({"--background"}, {{"LANGUAGE", "de"}});
     ASSERT_EQ(cauldron->feed({item}), 0);
     answer("Dieses Objekt für immer auflösen?", "Escape");
     EXPECT_TRUE(nothingIsAsked());
 }
 
-TEST_F(AlertTest, IsNotShownAgainEvenWhereTheAnswerWasCancel) {
+TEST_F(AlertTest, IsSuppressedEvenIfTheAnswerWasCancel) {
     start();
     ASSERT_EQ(cauldron->feed({item}), 0);
     ASSERT_TRUE(cauldron->alerts(kOne));
@@ -76,7 +76,7 @@ TEST_F(AlertTest, IsNotShownAgainEvenWhereTheAnswerWasCancel) {
     EXPECT_FALSE(cauldron->isAlerting());
 }
 
-TEST_F(AlertTest, IsTakenForANoWhenTheProgramIsToEnd) {
+TEST_F(AlertTest, CountsAsNoWhenTheProgramIsAskedToQuit) {
     start();
     ASSERT_EQ(cauldron->feed({item}), 0);
     ASSERT_TRUE(cauldron->alerts(kOne));
@@ -85,7 +85,7 @@ TEST_F(AlertTest, IsTakenForANoWhenTheProgramIsToEnd) {
     EXPECT_EQ(cauldron->history().size(), 0U);
 }
 
-TEST_F(AlertTest, LeavesNoFailureUntoldWhenTheProgramIsToEnd) {
+TEST_F(AlertTest, ReportsAllFailuresWhenTheProgramIsAskedToQuit) {
     session->run({VEXMOOR_PROGRAM, "settings", "confirmDissolve", "off"});
     start();
     for (const char* name : {"seen", "waiting", "last"}) { // one batch is over before the next
@@ -100,7 +100,7 @@ TEST_F(AlertTest, LeavesNoFailureUntoldWhenTheProgramIsToEnd) {
                                               testing::StartsWith("The cauldron rejected last")));
 }
 
-TEST_F(AlertTest, LogsFailuresWhenTheProgramIsToEndWhereThereAreNoNotifications) {
+TEST_F(AlertTest, LogsFailuresOnQuitIfThereAreNoNotifications) {
     session->endNotifications();
     session->run({VEXMOOR_PROGRAM, "settings", "confirmDissolve", "off"});
     const Path log = session->home() / "log";
@@ -118,7 +118,7 @@ TEST_F(AlertTest, LogsFailuresWhenTheProgramIsToEndWhereThereAreNoNotifications)
                 testing::HasSubstr("vexmoor-desktop: The cauldron rejected waiting"));
 }
 
-TEST_F(AlertTest, ComesOnTopOnTheWorkspaceThatTheUserWorksOn) {
+TEST_F(AlertTest, OpensOnTopOnTheCurrentWorkspace) {
     start({});
     ASSERT_TRUE(eventually([&] { return cauldron->statsWindow().has_value(); }));
     session->xdotool("set_num_desktops 2 set_desktop 1");
@@ -135,7 +135,7 @@ TEST_F(AlertTest, ComesOnTopOnTheWorkspaceThatTheUserWorksOn) {
     EXPECT_TRUE(nothingIsAsked());
 }
 
-TEST_F(AlertTest, LetsTheTileTakeMoreAndAsksForThatInItsTurn) {
+TEST_F(AlertTest, AllowsFurtherDropsAndAsksAboutThemInTurn) {
     const Path things = session->home() / "Things";
     session->write("Things/one", "1");
     session->write("Things/two", "2");

@@ -50,7 +50,7 @@ std::optional<SeenWindow> Cauldron::flames() const {
 }
 
 bool Cauldron::burns() const {
-    constexpr int kFlame = 20; // pixels of the canvas
+    constexpr int kFlame = 20; // canvas pixels
     const QRect place = tile().value().frame;
     const int cell = place.width() / 34;
     const QRect above = place.translated(0, -place.height());
@@ -137,7 +137,7 @@ void Cauldron::feedSelection() const {
     const QPoint place = middle();
     m_session.xdotool("mousemove " + std::to_string(place.x()) + " " + std::to_string(place.y()) +
                       " click 3");
-    eventually([this] { return flames().has_value(); }); // the menu is of the same kind
+    eventually([this] { return flames().has_value(); }); // the menu has the same window type
     m_session.press("Down Return");
 }
 

@@ -15,45 +15,46 @@ class Cauldron {
   public:
     static constexpr const char* kName = "org.vexmoor.Vexmoor";
 
-    /// Waits until the tile stands on the screen; throws where it does not. `changes` to the
+    /// Waits until the tile is shown; throws if it does not appear. `changes` are applied to the
     /// environment.
     explicit Cauldron(DesktopSession& session,
                       const std::vector<std::string>& arguments = {"--background"},
                       const BackgroundProgram::Environment& changes = {});
 
     static BusObject application();
-    /// Words that start it.
+    /// Returns the command that starts it.
     static std::vector<std::string> words(const std::vector<std::string>& arguments);
 
     [[nodiscard]] std::optional<SeenWindow> tile() const;
     [[nodiscard]] QPoint middle() const { return tile().value().frame.center(); }
-    /// The window in which flames rise, while they do.
+    /// Returns the flame window while it is shown.
     [[nodiscard]] std::optional<SeenWindow> flames() const;
-    /// Waits until acid burns above the tile.
+    /// Waits until flames are shown above the tile.
     [[nodiscard]] bool burns() const;
     [[nodiscard]] std::optional<SeenWindow> statsWindow() const;
 
-    /// Waits for an alert with that sentence to which keys go.
+    /// Waits for an alert with that sentence and keyboard focus.
     [[nodiscard]] bool alerts(const std::string& sentence) const;
-    /// Whether an alert is on the screen.
+    /// True if an alert is shown.
     [[nodiscard]] bool isAlerting() const;
-    /// What its alerts and windows say to a screen reader.
+    /// Returns the elements of its windows and alerts as seen by a screen reader.
     [[nodiscard]] std::vector<AccessibleElement> elements() const;
-    /// Waits for an element that is shown and whose name begins so; nothing where none comes.
+    /// Waits for a visible element whose name begins with the text; nullopt if there is none.
     [[nodiscard]] std::optional<AccessibleElement> element(const std::string& beginning) const;
 
-    /// The history as the command line has it, newest first.
+    /// Returns the history as JSON from the command line, newest first.
     [[nodiscard]] nlohmann::json history() const;
-    /// A setting as the command line prints it.
+    /// Returns a setting as printed by the command line.
     [[nodiscard]] std::string setting(const std::string& name) const;
-    /// A second start with these files, which the first carries out; its exit status.
+    /// Starts the program again with these files, which the first instance feeds; returns the exit
+    /// status.
     [[nodiscard]] int feed(const std::vector<Path>& items) const;
-    /// Waits until the history has so many entries whose `fate` key is set or, without one, at all.
+    /// Waits until the history has that many entries, or that many with the key `fate`.
     [[nodiscard]] bool records(std::size_t count, const char* fate = nullptr) const;
 
-    /// By the action of its desktop entry.
+    /// Uses the action of the desktop entry.
     void putBack() const;
-    /// By the first entry of the tile's menu.
+    /// Uses the first entry of the tile's menu.
     void feedSelection() const;
 
     BackgroundProgram& program() { return m_program; }

@@ -18,7 +18,7 @@ namespace {
 
 constexpr const char* kNotifications = "org.freedesktop.Notifications";
 
-/// What the session's programs find; nothing else of the test's own environment reaches them.
+/// The complete environment of the session's programs, independent of the test's own.
 BackgroundProgram::Environment surroundings(const Path& home, double scale) {
     BackgroundProgram::Environment result{
         {"HOME", home},
@@ -29,7 +29,7 @@ BackgroundProgram::Environment surroundings(const Path& home, double scale) {
         {"QT_SCALE_FACTOR", std::to_string(scale)},
         {"GSETTINGS_BACKEND", "memory"},
         {"GVFS_DISABLE_FUSE", "1"},
-        {"GIO_USE_VOLUME_MONITOR", "unix"}, // no system bus to ask for volumes
+        {"GIO_USE_VOLUME_MONITOR", "unix"}, // there is no system bus to list volumes
     };
     for (const char* name : {"PATH", "ASAN_OPTIONS", "LSAN_OPTIONS", "TSAN_OPTIONS"})
         if (const char* const value = std::getenv(name))
@@ -92,7 +92,7 @@ DesktopSession::~DesktopSession() {
     QDBusConnection::disconnectFromBus(m_busName);
 }
 
-/// The session's bus starts these and no others.
+/// The session's bus can start only these services.
 void DesktopSession::chooseServices(bool thumbnails) const {
     const Path installed = "/usr/share/dbus-1/services";
     const Path chosen = home() / "services";
@@ -107,7 +107,7 @@ void DesktopSession::chooseServices(bool thumbnails) const {
             std::filesystem::create_symlink(entry.path(), chosen / name);
     }
     std::string own = contents(Path(VEXMOOR_PACKAGING) / "org.vexmoor.Vexmoor.service");
-    const auto program = own.find("Exec=") + 5; // where it will be installed
+    const auto program = own.find("Exec=") + 5; // the path after installation
     own.replace(program, own.find('\n', program) - program, VEXMOOR_DESKTOP_PROGRAM);
     write("services/org.vexmoor.Vexmoor.service", own);
 }
@@ -176,7 +176,7 @@ void DesktopSession::drag(QPoint from, QPoint to) const {
 
 void DesktopSession::addMonitor(const std::string& name, const QRect& part) {
     const auto side = [](int pixels) {
-        return std::to_string(pixels) + "/" + std::to_string(pixels / 4); // in millimetres
+        return std::to_string(pixels) + "/" + std::to_string(pixels / 4); // the size in millimetres
     };
     run({"xrandr", "--setmonitor", name,
          side(part.width()) + "x" + side(part.height()) + "+" + std::to_string(part.x()) + "+" +
@@ -202,7 +202,7 @@ bool DesktopSession::hasService(const std::string& name) const {
 std::vector<std::string> DesktopSession::notifications() const {
     const BusObject daemon{kNotifications, "/org/freedesktop/Notifications",
                            "org.dunstproject.cmd0"};
-    call(daemon, "NotificationCloseAll"); // what is shown is not in the history yet
+    call(daemon, "NotificationCloseAll"); // shown notifications are not in the history yet
     const auto all = qdbus_cast<QList<QVariantMap>>(
         call(daemon, "NotificationListHistory").at(0).value<QDBusArgument>());
     std::vector<std::string> result;

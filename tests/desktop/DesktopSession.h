@@ -27,9 +27,9 @@ struct BusObject {
     QString interface;
 };
 
-/// A whole desktop of the test's own, with a home, in which the built programs run: a display with
-/// a window manager, a session bus with the accessibility service, a sound server, notifications.
-/// Nothing of the user's own session is in it; all of it ends with it.
+/// A private desktop session with a scratch home, in which the built programs run: a display with a
+/// window manager, a session bus with the accessibility service, a sound server, notifications.
+/// Uses nothing of the user's session. The destructor ends all its processes.
 class DesktopSession {
   public:
     struct Setting {
@@ -39,11 +39,11 @@ class DesktopSession {
         bool notifications = true;
         bool thumbnails = true;
         bool onboarded = true; ///< false: the first start shows the walkthrough
-        double scale = 1;      ///< physical pixels a point, for what Qt draws
+        double scale = 1;      ///< physical pixels per point, for Qt programs
         QColor background = QColor(0x3b, 0x4a, 0x5e);
     };
 
-    /// What must be installed for it and is not; nothing where all is there.
+    /// Returns the name of a required program that is not installed; nullopt if all are.
     static std::optional<std::string> missing();
 
     explicit DesktopSession(const Setting& setting);
@@ -52,25 +52,25 @@ class DesktopSession {
     DesktopSession& operator=(const DesktopSession&) = delete;
 
     [[nodiscard]] const Path& home() const { return m_home.path(); }
-    /// A file of the home, its folders made where they are missing.
+    /// Writes a file in the home folder and creates missing folders.
     Path write(const Path& name, std::string_view bytes) const { return m_home.write(name, bytes); }
 
-    /// A program that runs beside the test, in this session; `changes` to its environment.
+    /// Starts a program in this session; `changes` are applied to its environment.
     [[nodiscard]] BackgroundProgram start(const std::vector<std::string>& words,
                                           const BackgroundProgram::Environment& changes = {}) const;
-    /// One that the test waits for.
+    /// Returns a command in this session.
     [[nodiscard]] Command command(std::vector<std::string> words) const;
-    /// Runs a tool and hands out what it prints; throws where it fails.
+    /// Runs a tool and returns its output; throws if it fails.
     std::string run(std::vector<std::string> words) const;
 
-    /// Gives orders to mouse and keyboard.
+    /// Simulates mouse and keyboard.
     void xdotool(const std::string& orders) const;
     void press(const std::string& keys) const { xdotool("key " + keys); }
     void click(QPoint point) const;
-    /// Drags from one point to another as a hand does, slowly enough for programs to follow.
+    /// Drags between two points at a user's speed, so that programs can follow.
     void drag(QPoint from, QPoint to) const;
 
-    /// A monitor that shows a part of the screen. The first one takes the place of the whole.
+    /// Adds a monitor that shows a part of the screen. The first one replaces the default monitor.
     void addMonitor(const std::string& name, const QRect& part);
     void removeMonitor(const std::string& name) const { run({"xrandr", "--delmonitor", name}); }
 
@@ -78,16 +78,16 @@ class DesktopSession {
     XDisplay& display() { return *m_display; }
     SoundServer& sound() { return *m_sound; }
     [[nodiscard]] QDBusConnection bus() const { return QDBusConnection(m_busName); }
-    /// Calls a method on the session's bus and waits for its answer; throws where it fails.
+    /// Calls a method on the session's bus and waits for the reply; throws if it fails.
     QList<QVariant> call(const BusObject& object, const char* method,
                          const QList<QVariant>& arguments = {}) const;
     [[nodiscard]] bool hasService(const std::string& name) const;
-    /// What notifications have said, oldest first: "summary: body".
+    /// Returns the notifications, oldest first: "summary: body".
     [[nodiscard]] std::vector<std::string> notifications() const;
 
     void endBus() { m_bus->die(); }
     void endNotifications() { m_notifications->kill(); }
-    /// Sends a signal to the program that has that name on the bus.
+    /// Sends a signal to the process that owns the name on the bus.
     void signal(const std::string& name, int number) const;
 
   private:
@@ -96,7 +96,7 @@ class DesktopSession {
     void switchAccessibilityOn() const;
 
     TemporaryDirectory m_home;
-    Descendants m_descendants; ///< services of the bus among them
+    Descendants m_descendants; ///< including services started by the bus
     BackgroundProgram::Environment m_environment;
     std::optional<SoundServer> m_sound;
     std::optional<XDisplay> m_display;

@@ -8,7 +8,7 @@ namespace vexmoor::test {
 namespace {
 
 [[maybe_unused]] const auto* const kApplication = testing::AddGlobalTestEnvironment(
-    new ApplicationEnvironment<QCoreApplication>); // for what is asked over the bus
+    new ApplicationEnvironment<QCoreApplication>); // for D-Bus calls
 
 } // namespace
 

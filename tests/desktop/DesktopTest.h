@@ -10,11 +10,11 @@
 
 namespace vexmoor::test {
 
-/// Paths within a folder, and the bytes of those that are files.
+/// Maps paths in a folder to the contents of the files.
 using Tree = std::map<std::string, std::string>;
 Tree treeOf(const Path& folder);
 
-/// A session, and mostly the program in it.
+/// A session and usually the program in it.
 class DesktopTest : public testing::Test {
   protected:
     void SetUp() override {
@@ -29,7 +29,7 @@ class DesktopTest : public testing::Test {
                const BackgroundProgram::Environment& changes = {}) {
         cauldron = std::make_unique<Cauldron>(*session, arguments, changes);
     }
-    /// Asks the program to end; its exit status.
+    /// Asks the program to quit; returns its exit status.
     std::optional<int> quit() {
         cauldron->program().signal(SIGTERM);
         return cauldron->program().end();

@@ -34,7 +34,8 @@ struct DropCase {
     const char* name;
     const DrivenFileManager& manager;
     bool compositor;
-    bool byKey; ///< put back by Ctrl+Z in the program's window, or by the action of its entry
+    bool byKey; ///< put back by Ctrl+Z in the program's window, otherwise by the action of its
+                ///< desktop entry
 
     friend void PrintTo(const DropCase& drop, std::ostream* out) { *out << drop.name; }
 };
@@ -70,7 +71,7 @@ struct FileManagerDropTest : DropTest, testing::WithParamInterface<DropCase> {
     }
 };
 
-TEST_P(FileManagerDropTest, GoesUpInFlamesToTheBinAndComesBackByteForByte) {
+TEST_P(FileManagerDropTest, BurnsItemsIntoTheBinAndPutsThemBackByteForByte) {
     openSession({.compositor = GetParam().compositor});
     session->write(things / "notes.txt", "Eye of newt\n");
     session->write(things / "ünïcode & 100%25 +.bin", std::string("\0\xff\n\r[x]", 7));
@@ -101,7 +102,7 @@ INSTANTIATE_TEST_SUITE_P(
                     DropCase{"pcmanfm-qt", DrivenFileManager::kPcmanfmQt, true, false}),
     [](const auto& drop) { return std::string(drop.param.compositor ? "PcmanfmQt" : "Thunar"); });
 
-TEST_F(DropTest, SwarmsAroundTheTileAndComesBackAsOneBatchHoweverManyItAre) {
+TEST_F(DropTest, ShowsASwarmAndPutsBackTheWholeBatchAtAnySize) {
     constexpr std::size_t kMany = 500;
     openSession();
     for (std::size_t i = 0; i < kMany; ++i)
@@ -116,12 +117,12 @@ TEST_F(DropTest, SwarmsAroundTheTileAndComesBackAsOneBatchHoweverManyItAre) {
     EXPECT_TRUE(cauldron->burns());
     keepPictureOfTile("swarm");
     EXPECT_TRUE(eventually([&] { return treeOf(session->home() / things).empty(); }));
-    ASSERT_TRUE(cauldron->records(40)) << "as many as the history keeps";
+    ASSERT_TRUE(cauldron->records(40)) << "the history's maximum";
     cauldron->putBack();
     EXPECT_TRUE(eventually([&] { return treeOf(session->home() / things) == before; }));
 }
 
-TEST_F(DropTest, RefusesWhatIsNotOnThisComputerWithASentence) {
+TEST_F(DropTest, RejectsItemsThatAreNotLocalWithAMessage) {
     openSession();
     session->write("notes.txt", "in the Bin already");
     start();

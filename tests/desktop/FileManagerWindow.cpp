@@ -7,7 +7,7 @@
 namespace vexmoor::test {
 namespace {
 
-/// The first pixels side by side, so many at least, that have the colour.
+/// Returns the first horizontal run of at least that many pixels in the colour.
 std::optional<QRect> firstRun(const QImage& picture, QRgb colour, int shortest) {
     for (int y = 0; y < picture.height(); ++y) {
         int length = 0;
@@ -43,7 +43,7 @@ FileManagerWindow::FileManagerWindow(DesktopSession& session, const DrivenFileMa
         m_program.reset(new BackgroundProgram(session.start({manager.program, folder}, changes)));
         return eventually([this] { return window().has_value(); });
     };
-    // One start in hundreds never comes to a window, and it is not the file manager that is tested.
+    // Start it twice: rarely a file manager shows no window, which these tests are not about.
     if (!shows() && !shows()) {
         session.screen().keepPicture(std::string("without-") + manager.program);
         throw std::runtime_error(std::string(manager.program) + " shows no window");
@@ -57,7 +57,7 @@ bool FileManagerWindow::selectAll(std::size_t count) {
         const auto active = m_session.screen().active();
         if (!active || active->className != m_manager.className)
             return false;
-        m_session.xdotool("key ctrl+a sleep 0.1 key ctrl+c sleep 0.1"); // as fast as a hand
+        m_session.xdotool("key ctrl+a sleep 0.1 key ctrl+c sleep 0.1"); // a user's speed
         return copiedItems() == count;
     });
     if (!areSelected)
@@ -66,7 +66,8 @@ bool FileManagerWindow::selectAll(std::size_t count) {
 }
 
 bool FileManagerWindow::dragSelection(QPoint to) {
-    std::optional<QPoint> from; // what moved a moment ago may be painted where it was
+    std::optional<QPoint>
+        from; // items that have just moved may still be painted at their old position
     const auto staysThere = [&] {
         const auto before = std::exchange(from, selectedPoint());
         return from && from == before;
@@ -83,7 +84,7 @@ std::optional<SeenWindow> FileManagerWindow::window() const {
     });
 }
 
-/// How many items it put on the clipboard.
+/// Returns the number of items that the file manager put on the clipboard.
 std::size_t FileManagerWindow::copiedItems() const {
     const auto uris =
         m_session.command({"xclip", "-out", "-selection", "clipboard", "-target", "text/uri-list"})
@@ -93,8 +94,8 @@ std::size_t FileManagerWindow::copiedItems() const {
     return static_cast<std::size_t>(lines) + (endsWithin ? 1 : 0);
 }
 
-/// The middle of what is painted in its colour of selection, from the first run of it on that is
-/// wide enough for no letter.
+/// Returns the centre of the area in the selection colour that starts with the first run wider than
+/// a letter.
 std::optional<QPoint> FileManagerWindow::selectedPoint() const {
     constexpr int kRun = 20;
     const QRect frame = window().value().frame;

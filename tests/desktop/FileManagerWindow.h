@@ -7,13 +7,13 @@
 
 namespace vexmoor::test {
 
-/// A file manager of the desktop, as a program that the tests can drive.
+/// A file manager that the tests can control.
 struct DrivenFileManager {
     const char* program;
     const char* className;
-    QRgb selection;     ///< what it paints behind what is selected; of those that drag
-    const char* rename; ///< keys that begin to rename the selected file
-    const char* search; ///< keys that begin a search
+    QRgb selection;     ///< its selection colour; only for drags
+    const char* rename; ///< keys that start renaming the selected file
+    const char* search; ///< keys that start a search
 
     static const DrivenFileManager kThunar;
     static const DrivenFileManager kPcmanfmQt;
@@ -27,20 +27,20 @@ struct DrivenFileManager {
     }
 };
 
-/// A window of a file manager on a folder. The file manager ends with it.
+/// A window of a file manager that shows a folder. The destructor ends the file manager.
 class FileManagerWindow {
   public:
-    /// In the corner of the screen. `folder` is a path or a URI; `changes` to the environment.
-    /// Throws where no window comes.
+    /// Opens the window in the corner of the screen. `folder` is a path or a URI; `changes` are
+    /// applied to the environment. Throws if no window appears.
     FileManagerWindow(DesktopSession& session, const DrivenFileManager& manager,
                       const std::string& folder,
                       const BackgroundProgram::Environment& changes = {});
 
-    /// Selects all items as soon as there are so many; false where there never are.
+    /// Selects all items when that many are shown; false if that never happens.
     [[nodiscard]] bool selectAll(std::size_t count);
     [[nodiscard]] xcb_window_t id() const { return window().value().id; }
     [[nodiscard]] QPoint middle() const { return window().value().frame.center(); }
-    /// Drags by the mouse what is selected. False where nothing of it can be seen.
+    /// Drags the selection with the mouse. Returns false if no selected item is visible.
     [[nodiscard]] bool dragSelection(QPoint to);
 
   private:

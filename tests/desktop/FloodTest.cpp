@@ -11,14 +11,14 @@ namespace {
 
 using namespace test;
 
-/// The most memory that the process has had so far, in mebibytes.
+/// Returns the process's peak memory use in mebibytes.
 int peakMemory(unsigned process) {
     std::ifstream status("/proc/" + std::to_string(process) + "/status");
     const std::string key = "VmHWM:";
     for (std::string word; status >> word;)
         if (int kibibytes = 0; word == key && status >> kibibytes)
             return kibibytes / 1024;
-    ADD_FAILURE() << "it does not run";
+    ADD_FAILURE() << "the process does not run";
     return 0;
 }
 
@@ -27,14 +27,15 @@ QVariantList feeding(const Path& item) {
             QVariant::fromValue(QList<qulonglong>())};
 }
 
-TEST_F(DesktopTest, NeedsLittleMemoryForAFloodOfCallsWhoseCallersLeave) {
+TEST_F(DesktopTest, UsesLittleMemoryForAFloodOfCallsWithoutReceivers) {
     constexpr int kCallers = 20;
     constexpr int kCallsEach = 5000;
     constexpr int kMostMebibytes = 128;
     const BusObject commands{Cauldron::kName, "/org/vexmoor/Vexmoor", "org.vexmoor.Commands1"};
     openSession();
-    const auto program = session->start({"sh", "-c", "exec \"$0\" --background 2>/dev/null",
-                                         VEXMOOR_DESKTOP_PROGRAM}); // it prints each failure there
+    const auto program =
+        session->start({"sh", "-c", "exec \"$0\" --background 2>/dev/null",
+                        VEXMOOR_DESKTOP_PROGRAM}); // its output contains each failure
     ASSERT_TRUE(eventually([&] { return session->hasService(Cauldron::kName); }));
     const auto progress = QDBusMessage::createMethodCall(commands.service, commands.path,
                                                          commands.interface, "Progress");
@@ -54,12 +55,13 @@ TEST_F(DesktopTest, NeedsLittleMemoryForAFloodOfCallsWhoseCallersLeave) {
                 message.setArguments(feeding(item));
                 bus.send(message);
             }
-            EXPECT_TRUE(bus.interface()->serviceOwner(commands.service).isValid()) << "all is sent";
+            EXPECT_TRUE(bus.interface()->serviceOwner(commands.service).isValid())
+                << "all calls have been sent";
         }
         QDBusConnection::disconnectFromBus(name);
     }
     const Path item = session->write("item", "x");
-    session->call(commands, "Feed", feeding(item)); // comes after all of them
+    session->call(commands, "Feed", feeding(item)); // arrives after all of them
     EXPECT_FALSE(std::filesystem::exists(item));
     EXPECT_LT(peakMemory(process) - before, kMostMebibytes);
 }

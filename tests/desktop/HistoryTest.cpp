@@ -10,7 +10,7 @@ namespace {
 
 using namespace test;
 
-/// The stats window, open at the right of the screen.
+/// The stats window at the right edge of the screen.
 struct HistoryTest : DesktopTest {
     void SetUp() override {
         DesktopTest::SetUp();
@@ -23,7 +23,7 @@ struct HistoryTest : DesktopTest {
         session->xdotool("windowmove --sync " + id + " 860 0 windowactivate --sync " + id);
     }
 
-    /// Waits for an element that can be seen whose name begins so.
+    /// Waits for a visible element whose name begins with the text.
     [[nodiscard]] std::optional<AccessibleElement> element(const std::string& beginning) const {
         const auto found = cauldron->element(beginning);
         EXPECT_TRUE(found) << beginning;
@@ -36,7 +36,7 @@ struct HistoryTest : DesktopTest {
     const Path bin = ".local/share/Trash/files";
 };
 
-TEST_F(HistoryTest, ListsWhatIsFedAtOnceAndPutsBackAndDeletesByKeyboard) {
+TEST_F(HistoryTest, ListsFedItemsAtOnceAndPutsBackAndDeletesByKeyboard) {
     EXPECT_TRUE(shows("Nothing has been sacrificed yet."));
     const Path notes = session->write("notes.txt", "Eye of newt\n");
     ASSERT_EQ(cauldron->feed({notes}), 0);
@@ -74,12 +74,12 @@ TEST_F(HistoryTest, TestsTheFlamesAndOpensTheSettingsByItsButtons) {
     EXPECT_EQ(cauldron->history().size(), 1U);
 
     session->click(element("Dissolving forever").value().place.center());
-    ASSERT_TRUE(shows("Dissolve forever")) << "in the settings tab";
+    ASSERT_TRUE(shows("Dissolve forever")) << "the settings tab is shown";
     session->click(element("Dissolve forever").value().place.center());
     EXPECT_TRUE(eventually([&] { return cauldron->setting("mode") == "bin"; }));
 }
 
-TEST_F(HistoryTest, ShowsThePreviewsOfPictures) {
+TEST_F(HistoryTest, ShowsThumbnailsOfPictures) {
     constexpr QRgb kMagenta = qRgb(255, 0, 255);
     const Path file = session->write("picture.png", "");
     QImage image(256, 256, QImage::Format_RGB32);
@@ -93,7 +93,7 @@ TEST_F(HistoryTest, ShowsThePreviewsOfPictures) {
     session->screen().keepPicture("history-preview");
 }
 
-TEST_F(HistoryTest, FindsItemsThatTheHistoryDroppedByTheirNames) {
+TEST_F(HistoryTest, FindsOlderItemsByName) {
     ASSERT_EQ(cauldron->feed({session->write("oldest.txt", "x")}), 0);
     ASSERT_TRUE(cauldron->records(1));
     std::vector<Path> items;
@@ -108,7 +108,7 @@ TEST_F(HistoryTest, FindsItemsThatTheHistoryDroppedByTheirNames) {
     EXPECT_TRUE(shows("item 39, In the Bin · "));
 }
 
-TEST_F(HistoryTest, TakesDropsAndGivesCopiesOfWhatIsInTheBin) {
+TEST_F(HistoryTest, AcceptsDropsAndOffersCopiesOfBinnedItems) {
     session->write("Things/notes.txt", "Eye of newt\n");
     FileManagerWindow manager(*session, DrivenFileManager::kThunar, session->home() / "Things");
     ASSERT_TRUE(manager.selectAll(1));
@@ -121,7 +121,7 @@ TEST_F(HistoryTest, TakesDropsAndGivesCopiesOfWhatIsInTheBin) {
         return treeOf(session->home() / "Things") == Tree{{"notes.txt", "Eye of newt\n"}};
     }));
     EXPECT_EQ(contents(session->home() / bin / "notes.txt"), "Eye of newt\n");
-    EXPECT_TRUE(shows("notes.txt, In the Bin · ")) << "a copy changes nothing in the history";
+    EXPECT_TRUE(shows("notes.txt, In the Bin · ")) << "copying does not change the history";
 }
 
 } // namespace

@@ -13,7 +13,7 @@ namespace {
 
 using namespace test;
 
-/// Ctrl+Backspace in a file manager that shows a folder of files.
+/// Ctrl+Backspace in a file manager that shows a folder with files.
 struct KeyTest : DesktopTest {
     void openDesk(const char* consent = "granted") {
         openSession({.sound = false});
@@ -31,10 +31,10 @@ struct KeyTest : DesktopTest {
         defaults.value()->assign(key, value);
     }
     void openFileManager(const DrivenFileManager& kind) {
-        manager.reset(); // or it would take the second start
+        manager.reset(); // otherwise it would handle the second start
         manager = std::make_unique<FileManagerWindow>(*session, kind, session->home() / things);
     }
-    /// The program's window takes the focus from it at the start.
+    /// Opens the file manager before the program, whose window then takes the focus.
     void openFirst(const DrivenFileManager& kind) {
         openFileManager(kind);
         start({});
@@ -46,7 +46,8 @@ struct KeyTest : DesktopTest {
     void feedByKey() { keyboard->press({"Control_L", "BackSpace"}); }
     void undoByKey() { keyboard->press({"Control_L", "z"}); }
 
-    /// Something else is fed by the key after all: what was pressed before is over by then.
+    /// Expects the key to feed another item, which shows that earlier key presses have been
+    /// handled.
     void expectTheKeyToFeedNow(std::size_t recordsAfterwards) {
         session->write(things / "last.txt", "3");
         ASSERT_TRUE(manager->selectAll(treeOf(session->home() / things).size()));
@@ -74,7 +75,8 @@ struct KeyCase {
     const DrivenFileManager* manager;
     enum class Way {
         captured,
-        capturedAsItRunsAlready, ///< and binds the key itself only from its next start on
+        capturedAsItRunsAlready, ///< runs before the program, so it binds the key only at its next
+                                 ///< start
         bound,
     } way;
 
@@ -105,7 +107,7 @@ struct FileManagerKeyTest : KeyTest, testing::WithParamInterface<KeyCase> {
     }
 };
 
-TEST_P(FileManagerKeyTest, FeedsTheSelectionAndCtrlZNextPutsItBack) {
+TEST_P(FileManagerKeyTest, FeedsTheSelectionAndCtrlZPutsItBack) {
     const Tree before = tree();
     open();
     ASSERT_TRUE(manager->selectAll(2));
@@ -126,7 +128,7 @@ TEST_P(FileManagerKeyTest, LeavesTheKeyToTextFields) {
     open();
     for (const char* keys : {GetParam().manager->rename, "ctrl+l", GetParam().manager->search}) {
         ASSERT_TRUE(manager->selectAll(2));
-        // As slowly as a hand: what a key offers follows the selection a little later.
+        // At a user's speed: text fields get the key shortly after the selection has changed.
         session->xdotool(std::string("key Escape Home sleep 0.2 key ") + keys + " sleep 0.5");
         feedByKey();
         session->press("Escape Escape");
@@ -140,7 +142,7 @@ constexpr KeyCase kAlways[] = {
     {"Thunar", &DrivenFileManager::kThunar, KeyCase::Way::bound},
     {"PcmanfmQt", &DrivenFileManager::kPcmanfmQt, KeyCase::Way::captured},
 };
-/// Run by `./test all`, which installs them.
+/// Run by `./test all`, which installs these file managers.
 constexpr KeyCase kMore[] = {
     {"NautilusThatRunsAlready", &DrivenFileManager::kNautilus,
      KeyCase::Way::capturedAsItRunsAlready},
@@ -161,12 +163,12 @@ struct KeyRulesTest : KeyTest {
         start();
         openFileManager(DrivenFileManager::kPcmanfmQt);
     }
-    /// Where Thunar's key is bound.
+    /// Returns the file in which Thunar's key is bound.
     [[nodiscard]] Path boundKey() const { return session->home() / ".config/Thunar/accels.scm"; }
     [[nodiscard]] bool isBound(bool expected) const {
         return eventually([&] { return std::filesystem::exists(boundKey()) == expected; });
     }
-    /// An alert takes no key in its first moments.
+    /// Repeats the key, because alerts ignore keys at first.
     void answer(const char* key) const {
         EXPECT_TRUE(eventually([&] {
             session->press(key);
@@ -175,25 +177,25 @@ struct KeyRulesTest : KeyTest {
     }
 };
 
-TEST_F(KeyRulesTest, FeedsAHeldKeyOnceAndNothingWhereNothingIsSelected) {
+TEST_F(KeyRulesTest, FeedsOnceForAHeldKeyAndNothingWithoutASelection) {
     open();
     session->click(manager->middle());
     feedByKey();
-    session->press("ctrl+a ctrl+c"); // the user's own copy, while the selection is asked for
+    session->press("ctrl+a ctrl+c"); // the user copies while the program queries the selection
     ASSERT_TRUE(manager->selectAll(2));
     EXPECT_EQ(tree().size(), 2u);
     keyboard->hold("Control_L");
     keyboard->hold("BackSpace");
     ASSERT_TRUE(cauldron->records(2));
     session->write(things / "next.txt", "after the selection");
-    session->xdotool("sleep 1"); // the server repeats the key 25 times in a second
+    session->xdotool("sleep 1"); // the X server repeats the key 25 times per second
     keyboard->release("BackSpace");
     keyboard->release("Control_L");
     EXPECT_EQ(tree().size(), 1u);
     expectTheKeyToFeedNow(4);
 }
 
-TEST_F(KeyRulesTest, BeepsAtCtrlZWhileThereIsNothingToPutBackYet) {
+TEST_F(KeyRulesTest, BeepsAtCtrlZWhileNothingCanBePutBackYet) {
     open();
     session->run({VEXMOOR_PROGRAM, "settings", "mode", "dissolve"});
     ASSERT_TRUE(manager->selectAll(2));
@@ -217,7 +219,7 @@ TEST_F(KeyRulesTest, LeavesCtrlZToTheFileManagerAfterAClick) {
     EXPECT_TRUE(cauldron->records(0, "restored"));
 }
 
-TEST_F(KeyRulesTest, LeavesTheKeyToOtherProgramsAndReleasesItWhenItIsKilled) {
+TEST_F(KeyRulesTest, LeavesTheKeyToOtherProgramsAndReleasesItWhenKilled) {
     open();
     const Path log = session->home() / "typed";
     const auto keyReaches = [&](std::size_t times) {
@@ -242,14 +244,14 @@ TEST_F(KeyRulesTest, LeavesTheKeyToOtherProgramsAndReleasesItWhenItIsKilled) {
     session->xdotool("windowactivate --sync " + std::to_string(manager->id()));
     ASSERT_TRUE(manager->selectAll(2));
     cauldron->program().kill();
-    session->press("F2"); // a field to type in
+    session->press("F2"); // opens a text field
     keyboard->press({"Control_L", "BackSpace"});
     EXPECT_EQ(tree().size(), 2u);
     session->xdotool("search --name Tester windowactivate --sync");
     EXPECT_TRUE(keyReaches(4));
 }
 
-TEST_F(KeyRulesTest, GivesTheClipboardBackWithAllItsTargetsAndLongOnes) {
+TEST_F(KeyRulesTest, RestoresTheClipboardWithAllTargetsAndLongContents) {
     open();
     std::string picture = "\x89PNG\r\n";
     for (int i = 0; picture.size() < 3'000'000; ++i)
@@ -262,7 +264,7 @@ TEST_F(KeyRulesTest, GivesTheClipboardBackWithAllItsTargetsAndLongOnes) {
     EXPECT_EQ(clipboard("x-kde-passwordManagerHint"), "secret");
 }
 
-TEST_F(KeyRulesTest, AsksForConsentOnceAndExplainsItselfOnceWhereItIsRefused) {
+TEST_F(KeyRulesTest, AsksForConsentOnceAndExplainsOnceAfterADenial) {
     openDesk(nullptr);
     start();
     openFileManager(DrivenFileManager::kPcmanfmQt);
@@ -273,7 +275,7 @@ TEST_F(KeyRulesTest, AsksForConsentOnceAndExplainsItselfOnceWhereItIsRefused) {
     EXPECT_FALSE(std::filesystem::exists(boundKey()));
     answer("Return");
     EXPECT_TRUE(isBound(true));
-    EXPECT_TRUE(cauldron->records(2)) << "allowed by Return, the selection is fed";
+    EXPECT_TRUE(cauldron->records(2)) << "Return allows it, and the selection is fed";
 
     quit();
     store(Automation::kKey, std::string("denied"));
@@ -300,7 +302,7 @@ TEST_F(KeyRulesTest, AsksForConsentOnceAndExplainsItselfOnceWhereItIsRefused) {
     EXPECT_TRUE(isBound(true));
 }
 
-TEST_F(KeyRulesTest, FollowsTheSettingAndFeedsTheSelectionFromTheTilesMenuToo) {
+TEST_F(KeyRulesTest, FollowsTheSettingAndFeedsTheSelectionFromTheTilesMenu) {
     open();
     EXPECT_TRUE(isBound(true));
     session->run({VEXMOOR_PROGRAM, "settings", "captureFinderDelete", "off"});
@@ -315,7 +317,7 @@ TEST_F(KeyRulesTest, FollowsTheSettingAndFeedsTheSelectionFromTheTilesMenuToo) {
     expectTheKeyToFeedNow(3);
 }
 
-TEST_F(KeyRulesTest, ReportsAFileManagerThatShowsNoFocus) {
+TEST_F(KeyRulesTest, ReportsAFileManagerThatReportsNoFocus) {
     openDesk();
     openFileManager(DrivenFileManager::kPcmanfmQt);
     start();
@@ -329,7 +331,7 @@ TEST_F(KeyRulesTest, ReportsAFileManagerThatShowsNoFocus) {
     EXPECT_EQ(tree().size(), 2u);
 }
 
-TEST_F(KeyRulesTest, ReportsThatAnotherProgramHoldsTheKey) {
+TEST_F(KeyRulesTest, ReportsThatAnotherProgramHasGrabbedTheKey) {
     openDesk();
     const auto other = x11::XConnection::open(session->display().name().c_str());
     xcb_grab_key(other->get(), 0, other->root(), XCB_MOD_MASK_CONTROL, XCB_GRAB_ANY,
@@ -344,23 +346,23 @@ TEST_F(KeyRulesTest, ReportsThatAnotherProgramHoldsTheKey) {
     }));
 }
 
-TEST_F(KeyRulesTest, FindsTheFocusOfAFileManagerThatHadItBeforeTheStart) {
+TEST_F(KeyRulesTest, FindsTheFocusOfAFileManagerThatWasFocusedBeforeTheStart) {
     openDesk();
     openFileManager(DrivenFileManager::kThunar);
     ASSERT_TRUE(manager->selectAll(2));
     start();
     const auto isFed = [this] { return cauldron->history().size() == 2; };
     EXPECT_TRUE(eventually([&] {
-        feedByKey(); // until the focus is found, it goes to the file manager
+        feedByKey(); // the file manager gets the key until the focus is found
         constexpr int kLooks = 20;
         return std::ranges::any_of(std::views::iota(0, kLooks), [&](int) { return isFed(); });
     }));
 }
 
-/// Without Latin letters on the keyboard no key gives the "c" of a copy.
+/// On a keyboard without Latin letters no key produces the "c" of the copy command.
 struct LayoutKeyTest : KeyTest, testing::WithParamInterface<const DrivenFileManager*> {};
 
-TEST_P(LayoutKeyTest, FeedsTheSelectionWithAKeyboardWithoutLatinLetters) {
+TEST_P(LayoutKeyTest, FeedsTheSelectionWithoutLatinLettersOnTheKeyboard) {
     openDesk();
     start();
     openFileManager(*GetParam());

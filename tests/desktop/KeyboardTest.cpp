@@ -7,7 +7,7 @@ using namespace test;
 
 using KeyboardTest = DesktopTest;
 
-TEST_F(KeyboardTest, ReachesTheTilesMenuThroughTheWindow) {
+TEST_F(KeyboardTest, OpensTheTilesMenuInTheWindow) {
     openSession();
     start({});
     const auto hasFocus = [&](auto isIt) {
@@ -25,7 +25,7 @@ TEST_F(KeyboardTest, ReachesTheTilesMenuThroughTheWindow) {
     };
     ASSERT_TRUE(eventually([&] { return menu().has_value(); }));
     session->screen().keepPicture("menu-by-key");
-    session->press("Down Down Down Down Down Return"); // what cannot be chosen is passed over
+    session->press("Down Down Down Down Down Return"); // disabled entries are skipped
     EXPECT_TRUE(eventually([&] { return cauldron->setting("mode") == "dissolve"; }));
 }
 

@@ -14,7 +14,7 @@ struct Look {
 
 struct LookTest : DesktopTest, testing::WithParamInterface<Look> {};
 
-/// The pictures are for people to look at.
+/// The pictures are kept for people to look at.
 TEST_P(LookTest, ShowsWindowTileAndFlamesAtItsScale) {
     openSession(GetParam().setting);
     start({});

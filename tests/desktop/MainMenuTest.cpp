@@ -10,14 +10,14 @@ namespace {
 
 using namespace test;
 
-/// The main menu of the built program by its keys.
+/// The main menu of the built program, by keyboard.
 struct MainMenuTest : DesktopTest {
     void SetUp() override {
         DesktopTest::SetUp();
         if (!IsSkipped())
             openSession({.sound = false});
     }
-    /// Has the keys sent to a window of that title as soon as it is the active one.
+    /// Sends the keys to the window with that title when it is active.
     void pressIn(const std::string& title, const std::string& keys) const {
         ASSERT_TRUE(eventually([&] {
             const auto active = session->screen().active();
@@ -39,10 +39,10 @@ struct MainMenuTest : DesktopTest {
         });
         return menu.has_value();
     }
-    /// Opens a menu by its letter and chooses its item of that place.
+    /// Opens a menu by its letter and selects the entry at that index.
     void choose(const std::string& letter, int place) const {
         ASSERT_TRUE(eventually([&] {
-            // Again, as a user would: a window that has just come may not have the keyboard yet.
+            // Press again if needed: a new window may not have the keyboard focus yet.
             pressIn("Vexmoor", "alt+" + letter);
             constexpr int kLooks = 200;
             return std::ranges::any_of(std::views::iota(0, kLooks), [&](int) { return hasMenu(); });
@@ -54,7 +54,7 @@ struct MainMenuTest : DesktopTest {
     }
 };
 
-TEST_F(MainMenuTest, WorksInItsWindows) {
+TEST_F(MainMenuTest, WorksInAllItsWindows) {
     start({});
     choose("v", 0);
     ASSERT_TRUE(isOpen("About Vexmoor"));
@@ -68,7 +68,7 @@ TEST_F(MainMenuTest, WorksInItsWindows) {
     EXPECT_TRUE(isOpen("About Vexmoor", false));
     ASSERT_EQ(cauldron->feed({}), 0);
     choose("v", 0);
-    EXPECT_TRUE(isOpen("About Vexmoor")) << "again";
+    EXPECT_TRUE(isOpen("About Vexmoor")) << "opens again";
     pressIn("About Vexmoor", "ctrl+w");
     EXPECT_TRUE(isOpen("About Vexmoor", false));
     choose("v", 3);
@@ -83,7 +83,7 @@ TEST_F(MainMenuTest, WorksInItsWindows) {
     EXPECT_EQ(cauldron->program().end(), 0);
 }
 
-TEST_F(MainMenuTest, UndoesWhatWasFed) {
+TEST_F(MainMenuTest, UndoesAFedBatch) {
     const Path item = session->write("one", "1");
     start({});
     ASSERT_EQ(cauldron->feed({item}), 0);
@@ -93,7 +93,7 @@ TEST_F(MainMenuTest, UndoesWhatWasFed) {
     EXPECT_TRUE(std::filesystem::exists(item));
 }
 
-TEST_F(MainMenuTest, HasADebugMenuWhereItIsSwitchedOn) {
+TEST_F(MainMenuTest, HasADebugMenuIfEnabled) {
     const Path data = session->home() / ".local/share/vexmoor";
     std::filesystem::create_directories(data);
     {

@@ -26,7 +26,7 @@ struct MonitorTest : DesktopTest {
     const QRect right{800, 0, 800, 800};
 };
 
-TEST_F(MonitorTest, KeepsTheTileWhereItWasDraggedForTheNextStart) {
+TEST_F(MonitorTest, KeepsTheTilesPlaceForTheNextStart) {
     ASSERT_TRUE(isOn(left));
     session->drag(cauldron->middle(), {1300, 790});
     const auto isWhereItWasDragged = [&] {
@@ -36,13 +36,13 @@ TEST_F(MonitorTest, KeepsTheTileWhereItWasDraggedForTheNextStart) {
         });
     };
     EXPECT_TRUE(isWhereItWasDragged());
-    ASSERT_FALSE(cauldron->statsWindow()) << "a drag is no click";
+    ASSERT_FALSE(cauldron->statsWindow()) << "a drag is not a click";
     ASSERT_EQ(quit(), 0);
     start();
     EXPECT_TRUE(isWhereItWasDragged());
 }
 
-TEST_F(MonitorTest, BringsTheTileBackFromAMonitorThatIsTakenAway) {
+TEST_F(MonitorTest, MovesTheTileFromADisconnectedMonitorAndBack) {
     session->drag(cauldron->middle(), {1590, 300});
     ASSERT_TRUE(isOn(right));
     const QRect place = cauldron->tile().value().frame;
@@ -54,11 +54,11 @@ TEST_F(MonitorTest, BringsTheTileBackFromAMonitorThatIsTakenAway) {
     EXPECT_TRUE(eventually([&] {
         const auto flames = cauldron->flames();
         return flames && left.contains(flames->frame);
-    })) << "the flames follow it";
+    })) << "the flames follow the tile";
     EXPECT_TRUE(isGone(item));
     session->addMonitor("right", right);
     EXPECT_TRUE(eventually([&] { return cauldron->tile().value().frame == place; }))
-        << "it goes home";
+        << "the tile returns";
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 
 #include "support/PaintRoot.h"
 
-#define explicit explicit_ // a member of that header
+#define explicit explicit_ // a member name in the header
 #include <xcb/xkb.h>
 #undef explicit
 
@@ -24,7 +24,7 @@ std::unique_ptr<T, Free> owned(T* reply) {
     return std::unique_ptr<T, Free>(reply);
 }
 
-/// The values of a property of 32-bit numbers.
+/// Returns the values of a property of 32-bit numbers.
 std::vector<std::uint32_t> numbersIn(const std::string& bytes) {
     std::vector<std::uint32_t> numbers(bytes.size() / sizeof(std::uint32_t));
     if (!numbers.empty())
@@ -126,7 +126,7 @@ void Screen::readEvents() {
     while (const auto event = owned(xcb_poll_for_event(m_x))) {
         const auto* const message =
             reinterpret_cast<const xcb_client_message_event_t*>(event.get());
-        const int kind = event->response_type & 0x7f; // without the mark of what clients send
+        const int kind = event->response_type & 0x7f; // without the flag for events sent by clients
         if (kind == XCB_CLIENT_MESSAGE && message->format == 8)
             m_launchMessages.append(reinterpret_cast<const char*>(message->data.data8),
                                     sizeof message->data.data8);
@@ -151,7 +151,7 @@ std::string Screen::property(xcb_window_t window, const char* name) const {
             static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))};
 }
 
-/// Nothing where the window went meanwhile, or is not shown, or is the window manager's.
+/// Returns nullopt if the window is gone, hidden, or the window manager's own.
 std::optional<SeenWindow> Screen::seen(xcb_window_t window, bool isManaged) const {
     const auto attributes = owned(
         xcb_get_window_attributes_reply(m_x, xcb_get_window_attributes(m_x, window), nullptr));
@@ -165,9 +165,9 @@ std::optional<SeenWindow> Screen::seen(xcb_window_t window, bool isManaged) cons
     SeenWindow result;
     result.id = window;
     result.title = property(window, "_NET_WM_NAME");
-    const std::string names = property(window, "WM_CLASS"); // two, each with a zero behind it
+    const std::string names = property(window, "WM_CLASS"); // two names, each followed by a zero
     const auto first = names.find('\0');
-    if (first == std::string::npos) // a frame
+    if (first == std::string::npos) // a frame of the window manager
         return std::nullopt;
     result.className = names.c_str() + first + 1;
     result.frame = {corner->dst_x, corner->dst_y, geometry->width, geometry->height};

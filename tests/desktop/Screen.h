@@ -13,18 +13,18 @@
 
 namespace vexmoor::test {
 
-/// A window that can be seen: one that the window manager has, or one that went around it.
+/// A visible window, managed by the window manager or not.
 struct SeenWindow {
     xcb_window_t id = 0;
     std::string title;
     std::string className;
-    QRect frame; ///< without what the window manager puts around it
+    QRect frame; ///< without the window manager's frame
     bool isManaged = false;
     bool isDock = false;
     bool isDialog = false;
 };
 
-/// The X display as somebody before it sees it. In physical pixels.
+/// The X display as a user sees it, in physical pixels.
 class Screen {
   public:
     explicit Screen(const std::string& display);
@@ -32,26 +32,26 @@ class Screen {
     Screen(const Screen&) = delete;
     Screen& operator=(const Screen&) = delete;
 
-    /// Paints the desktop behind all windows.
+    /// Fills the background of the desktop.
     void fill(QColor colour);
 
     [[nodiscard]] QImage picture() const;
-    /// Keeps a part of the screen, or the whole, for people to look at.
+    /// Saves a picture of a part of the screen, or of all of it, for people to look at.
     void keepPicture(const std::string& name, const QRect& part = {}) const;
 
     [[nodiscard]] std::vector<SeenWindow> windows() const;
     [[nodiscard]] std::optional<SeenWindow>
     find(const std::function<bool(const SeenWindow&)>& isWanted) const;
-    /// From now on, what launchers are told (Startup Notification Protocol).
+    /// Starts recording the messages to launchers (Startup Notification Protocol).
     void watchLaunches();
     [[nodiscard]] std::string launchMessages();
 
-    /// From now on, the beeps of programs.
+    /// Starts watching for beeps.
     void watchBells();
-    /// Whether one has beeped since then.
+    /// True if a program has beeped since then.
     [[nodiscard]] bool hasBeeped();
 
-    /// The window that keys go to.
+    /// Returns the window with the keyboard focus.
     [[nodiscard]] std::optional<SeenWindow> active() const;
 
   private:
@@ -63,11 +63,11 @@ class Screen {
     xcb_connection_t* m_x;
     const xcb_screen_t* m_screen;
     std::string m_launchMessages;
-    int m_bellEvent = 0; ///< the number of the keyboard extension's events
+    int m_bellEvent = 0; ///< event number of the keyboard extension
     bool m_hasBeeped = false;
 };
 
-/// How many pixels of the picture have one of the colours.
+/// Returns the number of pixels that have one of the colours.
 int countOf(const QImage& picture, const std::vector<QRgb>& colours);
 
 } // namespace vexmoor::test

@@ -20,12 +20,13 @@
 
 namespace vexmoor::test {
 
-/// The libraries are used by its thread alone once that runs.
+/// Once its thread runs, only that thread uses the libraries.
 class SessionManager::Server {
   public:
     Server() {
         std::array<char, 256> problem{};
-        IceSetIOErrorHandler([](IceConn) {}); // or the test would end with its client
+        IceSetIOErrorHandler(
+            [](IceConn) {}); // the default handler would exit when a client disconnects
         if (SmsInitialize("Test", "1", &Server::clientCame, this, &Server::letIn, problem.size(),
                           problem.data()) == 0 ||
             IceListenForConnections(&m_listenerCount, &m_listeners, problem.size(),

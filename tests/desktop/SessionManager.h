@@ -5,17 +5,17 @@
 
 namespace vexmoor::test {
 
-/// A session manager that speaks XSMP to those who connect to it, on a thread of its own.
+/// An XSMP session manager on its own thread.
 class SessionManager {
   public:
-    /// Throws if it can't listen.
+    /// Throws if it cannot listen.
     SessionManager();
     ~SessionManager();
 
-    /// What SESSION_MANAGER must be for its clients.
+    /// Returns the value of SESSION_MANAGER for clients.
     [[nodiscard]] const std::string& address() const;
 
-    /// Ends the session: has all clients save themselves, and each die that has.
+    /// Ends the session: asks all clients to save themselves, then sends "die" to each.
     void endSession();
 
   private:

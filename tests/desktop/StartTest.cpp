@@ -24,14 +24,14 @@ struct StartTest : DesktopTest {
         for (const char* name : {"one", "two ü", "three"})
             items.push_back(session->write(name, name));
     }
-    /// No window of the program's is there, the tile aside.
+    /// True if the program shows no window except the tile.
     [[nodiscard]] bool hasOnlyTheTile() const {
         return cauldron->tile() && !cauldron->statsWindow() && !cauldron->isAlerting();
     }
     std::vector<Path> items;
 };
 
-TEST_F(StartTest, HandsASecondStartsOrderToTheFirst) {
+TEST_F(StartTest, ForwardsASecondStartToTheFirst) {
     start();
     EXPECT_EQ(cauldron->feed({items[0], items[1]}), 0);
     EXPECT_TRUE(cauldron->records(2));
@@ -48,7 +48,7 @@ TEST_F(StartTest, HandsASecondStartsOrderToTheFirst) {
     EXPECT_FALSE(session->hasService(Cauldron::kName));
 }
 
-TEST_F(StartTest, AnswersTheLauncherOfASecondStart) {
+TEST_F(StartTest, NotifiesTheLauncherOfASecondStart) {
     start();
     session->screen().watchLaunches();
     const auto launch = [&](const std::string& id, const std::vector<std::string>& arguments) {
@@ -67,17 +67,17 @@ TEST_F(StartTest, AnswersTheLauncherOfASecondStart) {
                 testing::HasSubstr("launcher/2_TIME2000"));
 }
 
-TEST_F(StartTest, FeedsWhatItIsStartedWithAndOpensNoWindow) {
+TEST_F(StartTest, FeedsItsArgumentsAndOpensNoWindow) {
     start({items[0], "file://" + items[2].string()});
     EXPECT_TRUE(cauldron->records(2));
     EXPECT_TRUE(hasOnlyTheTile());
     EXPECT_EQ(quit(), 0);
     start({});
     EXPECT_TRUE(eventually([&] { return cauldron->statsWindow().has_value(); }));
-    EXPECT_EQ(cauldron->history().size(), 2U) << "it was kept";
+    EXPECT_EQ(cauldron->history().size(), 2U) << "the request was kept";
 }
 
-TEST_F(StartTest, LosesNoOrderThatComesWhileTheFirstEnds) {
+TEST_F(StartTest, LosesNoRequestWhileTheFirstInstanceQuits) {
     std::size_t left = 0;
     for (const Path& item : items) {
         start();
@@ -92,7 +92,8 @@ TEST_F(StartTest, LosesNoOrderThatComesWhileTheFirstEnds) {
         cauldron->program().signal(SIGCONT);
         EXPECT_EQ(cauldron->program().end(), 0);
         EXPECT_TRUE(eventually([&] {
-            const auto told = session->notifications(); // by the first, that it left it
+            const auto told =
+                session->notifications(); // the first instance reports items that it left
             return !std::filesystem::exists(item) ||
                    static_cast<std::size_t>(
                        std::count_if(told.begin(), told.end(), [](const std::string& text) {
@@ -102,7 +103,8 @@ TEST_F(StartTest, LosesNoOrderThatComesWhileTheFirstEnds) {
         left += std::filesystem::exists(item) ? 1 : 0;
         second.signal(SIGTERM);
         EXPECT_TRUE(second.end());
-        ASSERT_TRUE(eventually([&] { return !cauldron->tile(); })) << "to be taken for the next";
+        ASSERT_TRUE(eventually([&] { return !cauldron->tile(); }))
+            << "otherwise the next start would find it";
     }
 }
 
@@ -121,7 +123,7 @@ TEST_F(StartTest, IsStartedByTheBusToOpenFiles) {
     }));
 }
 
-TEST_F(StartTest, IsKnownToTheDesktopByItsEntryAndHasAnIcon) {
+TEST_F(StartTest, HasADesktopEntryAndAnIcon) {
     start({});
     ASSERT_TRUE(eventually([&] { return cauldron->statsWindow().has_value(); }));
     const std::string id = std::to_string(cauldron->statsWindow()->id);
@@ -131,7 +133,7 @@ TEST_F(StartTest, IsKnownToTheDesktopByItsEntryAndHasAnIcon) {
         testing::HasSubstr("\nStartupWMClass=" + cauldron->tile().value().className + "\n"));
 }
 
-/// Starts that end or wait before there is a tile.
+/// Starts that fail or wait before the tile is shown.
 struct RefusedStartTest : StartTest {
     [[nodiscard]] bool shows(const std::string& sentence) const {
         return eventuallyInLoop([&] {
@@ -147,7 +149,7 @@ struct RefusedStartTest : StartTest {
     void begin() {
         program.reset(new BackgroundProgram(session->start(Cauldron::words({items[0]}))));
     }
-    /// Presses the key at the dialog with that sentence; the start then ends.
+    /// Presses the key in the dialog with that sentence, which ends the start.
     void expectRefusal(const std::string& sentence, const char* key = "Return") {
         ASSERT_TRUE(shows(sentence)) << sentence;
         session->press(key);
@@ -159,7 +161,7 @@ struct RefusedStartTest : StartTest {
     std::unique_ptr<BackgroundProgram> program;
 };
 
-TEST_F(RefusedStartTest, SaysThatItCannotOpenTheHistory) {
+TEST_F(RefusedStartTest, ReportsThatTheHistoryCannotBeOpened) {
     RawDatabase(session->home() / data / "defaults.db").run("PRAGMA user_version = 99");
     begin();
     expectRefusal("Vexmoor can't open its history");
@@ -179,13 +181,13 @@ TEST_F(RefusedStartTest, WaitsForACommandUntilItIsCancelled) {
     EXPECT_TRUE(isGone(items[0]));
 }
 
-TEST_F(RefusedStartTest, SaysThatItRunsInAnotherSession) {
+TEST_F(RefusedStartTest, ReportsThatItRunsInAnotherSession) {
     start({"--background"}, {{"DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere"}});
     begin();
     expectRefusal("Vexmoor is running already");
 }
 
-TEST_F(RefusedStartTest, SaysThatTheRunningProgramDoesNotAnswer) {
+TEST_F(RefusedStartTest, ReportsThatTheRunningProgramDoesNotAnswer) {
     const FakeService running(session->bus(), Cauldron::kName, [](const QDBusMessage& call) {
         return call.createErrorReply(QDBusError::InternalError, "broken");
     });
@@ -193,13 +195,13 @@ TEST_F(RefusedStartTest, SaysThatTheRunningProgramDoesNotAnswer) {
     expectRefusal("But it does not answer.");
 }
 
-TEST_F(RefusedStartTest, TakesThePlaceOfAProgramThatIsQuitting) {
+TEST_F(RefusedStartTest, ReplacesAProgramThatIsQuitting) {
     auto ending = std::make_unique<FakeService>(
         session->bus(), Cauldron::kName, [](const QDBusMessage& call) {
             return call.createErrorReply(QStringLiteral("org.vexmoor.Error.Ending"), "ending");
         });
     begin();
-    ASSERT_TRUE(eventuallyInLoop([&] { // it waits, and asks us again and again
+    ASSERT_TRUE(eventuallyInLoop([&] { // the start shows its dialog and keeps calling the service
         const auto active = session->screen().active();
         return active && active->isDialog;
     }));
@@ -217,7 +219,7 @@ struct EndCase {
 
 class EndTest : public StartTest, public testing::WithParamInterface<EndCase> {};
 
-TEST_P(EndTest, InTheMiddleOfABatchLeavesAllThatWasDoneOnRecord) {
+TEST_P(EndTest, DuringABatchKeepsEverythingOnRecord) {
     constexpr int kMany = 20000;
     const Path bin = session->home() / ".local/share/Trash/files";
     std::vector<std::string> words;

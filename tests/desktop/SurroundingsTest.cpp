@@ -14,7 +14,7 @@ using namespace test;
 
 const BackgroundProgram::Environment kNoBus{{"DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere"}};
 
-/// What the program works with is missing, or goes away while it runs.
+/// Services that the program uses are missing, or exit while it runs.
 struct SurroundingsTest : DesktopTest {
     Path picture(const std::string& name) {
         const Path file = session->write(name, "");
@@ -23,13 +23,13 @@ struct SurroundingsTest : DesktopTest {
         image.save(QString::fromStdString(file), "png");
         return file;
     }
-    /// Feeds a picture by a second start; whether it went and is on record.
+    /// Feeds a picture by a second start; true if it is gone and recorded.
     [[nodiscard]] bool feeds(const std::string& name) {
         const auto before = cauldron->history().size();
         const Path item = picture(name);
         return cauldron->feed({item}) == 0 && isGone(item) && cauldron->records(before + 1);
     }
-    /// Whether the same is seen at every look, for longer than the pot rests between two frames.
+    /// True if the screen does not change for longer than the pot's frame interval.
     [[nodiscard]] bool standsStill() const {
         constexpr auto kLong = std::chrono::milliseconds(500);
         const QImage first = session->screen().picture();
@@ -49,7 +49,7 @@ struct SurroundingsTest : DesktopTest {
     static constexpr const char* kScreenSaver = "org.freedesktop.ScreenSaver";
 };
 
-TEST_F(SurroundingsTest, TakesItemsWithoutSoundNotificationsAndPreviews) {
+TEST_F(SurroundingsTest, FeedsWithoutSoundNotificationsAndThumbnails) {
     openSession({.sound = false, .notifications = false, .thumbnails = false});
     start();
     EXPECT_TRUE(feeds("one.png"));
@@ -57,7 +57,7 @@ TEST_F(SurroundingsTest, TakesItemsWithoutSoundNotificationsAndPreviews) {
     EXPECT_EQ(quit(), 0);
 }
 
-TEST_F(SurroundingsTest, TakesItemsWithoutASessionBus) {
+TEST_F(SurroundingsTest, FeedsWithoutASessionBus) {
     openSession();
     const Path item = picture("one.png");
     start({item}, kNoBus);
@@ -67,7 +67,7 @@ TEST_F(SurroundingsTest, TakesItemsWithoutASessionBus) {
     EXPECT_EQ(quit(), 0);
 }
 
-TEST_F(SurroundingsTest, WaitsForNoSoundServerThatHangs) {
+TEST_F(SurroundingsTest, DoesNotWaitForAHangingSoundServer) {
     openSession();
     start();
     session->sound().stop();
@@ -76,9 +76,9 @@ TEST_F(SurroundingsTest, WaitsForNoSoundServerThatHangs) {
     EXPECT_EQ(quit(), 0);
 }
 
-TEST_F(SurroundingsTest, StandsStillWhileTheScreenIsLocked) {
+TEST_F(SurroundingsTest, StopsAnimatingWhileTheScreenIsLocked) {
     openSession({.onboarded = false});
-    start({}); // the walkthrough moves, beside the tile
+    start({}); // the walkthrough is animated too
     ASSERT_TRUE(eventually([&] { return cauldron->statsWindow().has_value(); }));
     session->bus().registerService(kScreenSaver);
     EXPECT_FALSE(standsStill());
@@ -88,7 +88,7 @@ TEST_F(SurroundingsTest, StandsStillWhileTheScreenIsLocked) {
     EXPECT_TRUE(eventually([&] { return !standsStill(); }));
 }
 
-TEST_F(SurroundingsTest, GoesOnWhenOneAfterTheOtherDies) {
+TEST_F(SurroundingsTest, ContinuesWhenServicesExitOneAfterAnother) {
     constexpr const char* kThumbnailer = "org.freedesktop.thumbnails.Thumbnailer1";
     openSession();
     start();
@@ -97,14 +97,15 @@ TEST_F(SurroundingsTest, GoesOnWhenOneAfterTheOtherDies) {
     EXPECT_TRUE(feeds("no-notifications.png"));
     const auto thumbnailerRuns = [&] {
         return eventually([&] {
-            session->bus().interface()->startService(kThumbnailer); // where it ended again at once
+            session->bus().interface()->startService(
+                kThumbnailer); // the service may have exited again immediately
             return session->hasService(kThumbnailer);
         });
     };
     ASSERT_TRUE(thumbnailerRuns());
     session->signal(kThumbnailer, SIGKILL);
     EXPECT_TRUE(feeds("new-thumbnailer.png"));
-    ASSERT_TRUE(thumbnailerRuns()) << "a burdened machine takes longer to start it than we wait";
+    ASSERT_TRUE(thumbnailerRuns()) << "a busy machine may start it too late";
     session->signal(kThumbnailer, SIGSTOP);
     EXPECT_TRUE(feeds("no-answer.png"));
     session->sound().die();

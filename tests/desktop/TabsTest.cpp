@@ -9,14 +9,14 @@ namespace {
 
 using namespace test;
 
-/// The window's tabs, by mouse and keyboard. It is high enough for all of a tab to be seen.
+/// The window's tabs, by mouse and keyboard. The window is high enough to show each tab completely.
 struct TabsTest : DesktopTest {
     void SetUp() override {
         DesktopTest::SetUp();
         if (!IsSkipped())
             openSession({.size = "1280x1000"});
     }
-    /// Starts the program, whose window comes, on that tab.
+    /// Starts the program and selects that tab in its window.
     void startOn(const std::string& keys) {
         start({});
         ASSERT_TRUE(eventually([&] {
@@ -33,7 +33,7 @@ struct TabsTest : DesktopTest {
                                      SqliteUserDefaults::Access::readWrite, [](const Error&) {});
         defaults.value()->assign(key, value);
     }
-    /// The switch or skin of that name, as soon as it is as wanted; nothing where it never is.
+    /// Waits for the switch or skin of that name to be as wanted; nullopt if it never is.
     [[nodiscard]] std::optional<AccessibleElement>
     control(const std::string& name,
             const std::function<bool(const AccessibleElement&)>& isWanted = {}) const {
@@ -64,7 +64,7 @@ struct TabsTest : DesktopTest {
     }
 };
 
-TEST_F(TabsTest, EachSwitchChangesWhatItSaysAfterARestartToo) {
+TEST_F(TabsTest, EachSwitchHasItsEffectAfterARestartToo) {
     struct Switch {
         const char* label;
         const char* setting;
@@ -105,10 +105,10 @@ TEST_F(TabsTest, EachSwitchChangesWhatItSaysAfterARestartToo) {
 
     startOn("ctrl+4");
     ASSERT_TRUE(session->sound().recordsAnother(0.1));
-    EXPECT_TRUE(tileShows(qRgb(0xE5, 0x48, 0x4D))) << "the badge";
+    EXPECT_TRUE(tileShows(qRgb(0xE5, 0x48, 0x4D))) << "the badge is shown";
     const Path item = session->write("item", "x");
     ASSERT_EQ(cauldron->feed({item}), 0);
-    EXPECT_TRUE(isGone(item)) << "without a question";
+    EXPECT_TRUE(isGone(item)) << "no question was asked";
     ASSERT_TRUE(cauldron->records(1));
     EXPECT_EQ(cauldron->history()[0]["mode"], "dissolve");
     ASSERT_TRUE(session->sound().recordsAnother(1));
@@ -120,7 +120,7 @@ TEST_F(TabsTest, EachSwitchChangesWhatItSaysAfterARestartToo) {
     EXPECT_TRUE(keyIsBound(true));
 }
 
-TEST_F(TabsTest, OffersTheSkinsThatAreUnlockedAndSaysHowTheOthersAre) {
+TEST_F(TabsTest, OffersUnlockedSkinsAndExplainsTheLockedOnes) {
     const Pixel body = Skin::copper().bodyColour;
     startOn("ctrl+3");
     const auto copper = control("Copper");
@@ -133,7 +133,7 @@ TEST_F(TabsTest, OffersTheSkinsThatAreUnlockedAndSaysHowTheOthersAre) {
         items.push_back(session->write("item " + std::to_string(i), "x"));
     ASSERT_EQ(cauldron->feed(items), 0);
     EXPECT_TRUE(control("Copper", [](const auto& one) { return one.isEnabled; }));
-    EXPECT_EQ(cauldron->setting("skin"), "iron") << "a locked one is not chosen";
+    EXPECT_EQ(cauldron->setting("skin"), "iron") << "a locked skin cannot be selected";
     session->screen().keepPicture("skins");
     click("Copper");
     EXPECT_TRUE(becomes("skin", "copper"));

@@ -36,7 +36,7 @@ constexpr const char* kConfiguration = R"(<?xml version="1.0" encoding="UTF-8"?>
 BackgroundProgram startPanel(DesktopSession& session, bool isDark) {
     session.write(".config/xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml",
                   QString(kConfiguration).arg(isDark ? "true" : "false").toStdString());
-    if (session.hasService("org.xfce.Xfconf")) // which has read the file
+    if (session.hasService("org.xfce.Xfconf")) // the service has already read the file
         session.run({"xfconf-query", "--channel", "xfce4-panel", "--property", "/panels/dark-mode",
                      "--set", isDark ? "true" : "false"});
     return session.start({"xfce4-panel"});
@@ -48,7 +48,7 @@ QVariant property(const DesktopSession& session, BusObject object, const char* n
     return session.call(object, "Get", {interface, name}).at(0).value<QDBusVariant>().variant();
 }
 
-/// From (ia{sv}av).
+/// Parses (ia{sv}av).
 Tray::Item readItem(const QDBusArgument& argument) {
     Tray::Item item;
     QVariantMap properties;

@@ -9,33 +9,33 @@
 
 namespace vexmoor::test {
 
-/// A panel with a tray of status icons, and the menus that it shows of them.
+/// A panel with a tray of status icons and their menus.
 class Tray {
   public:
-    /// An item of a menu as the program hands it over.
+    /// A menu item as exported by the program.
     struct Item {
         int id = 0;
-        std::string label; ///< empty for a line
+        std::string label; ///< empty for a separator
         std::optional<bool> checked{};
         bool isEnabled = true;
         bool hasIcon = false;
         std::vector<Item> children{};
     };
 
-    /// What must be installed for it and is not.
+    /// Returns the name of a required program that is not installed.
     static std::optional<std::string> missing();
 
-    /// Starts the panel along the bottom of the screen.
+    /// Starts the panel at the bottom of the screen.
     Tray(DesktopSession& session, bool isDark);
 
-    /// How many icons there are.
+    /// Returns the number of icons.
     [[nodiscard]] int icons() const;
-    /// Where the panel is on the screen.
+    /// Returns the panel's rectangle on the screen.
     [[nodiscard]] std::optional<QRect> place() const;
 
-    /// The menu of the first icon as it is when it opens.
+    /// Returns the first icon's menu in its state when opened.
     [[nodiscard]] std::vector<Item> menu() const;
-    /// Its item of that label, among those of its submenus too; throws where there is none.
+    /// Returns the item with that label, also from submenus; throws if there is none.
     [[nodiscard]] Item item(const std::string& label) const;
     [[nodiscard]] bool has(const std::string& label) const;
     void choose(const std::string& label) const;

@@ -27,7 +27,7 @@ struct TrayTest : DesktopTest {
     [[nodiscard]] bool hasIcons(int count) const {
         return eventually([&] { return tray->icons() == count; });
     }
-    /// The pot's silhouette, filled with that colour.
+    /// True if the panel shows the pot's silhouette in that colour.
     [[nodiscard]] bool showsPot(QRgb colour = kForLight) const {
         return eventuallyInLoop([&] {
             const QRect place = tray->place().value_or(QRect());
@@ -45,7 +45,7 @@ struct TrayTest : DesktopTest {
             return !window.isManaged && !window.isDock && window.className == Cauldron::kName;
         });
     }
-    /// Starts the program where these scripts pass for programs of the system.
+    /// Starts the program with these scripts in place of system programs.
     void startWith(const std::map<std::string, std::string>& scripts) {
         for (const auto& [name, script] : scripts)
             std::filesystem::permissions(session->write("bin/" + name, "#!/bin/sh\n" + script),
@@ -59,12 +59,12 @@ struct TrayTest : DesktopTest {
     std::unique_ptr<Tray> tray;
 };
 
-TEST_F(TrayTest, ShowsItsIconWheneverThereIsATrayAndItIsWanted) {
+TEST_F(TrayTest, ShowsItsIconInAnyTrayIfEnabled) {
     for (const bool isDark : {true, false}) {
         if (isDark)
             start();
         openTray(isDark);
-        EXPECT_TRUE(hasIcons(1)) << "in a tray that came late, or came back";
+        EXPECT_TRUE(hasIcons(1)) << "in a tray that started late or again";
         EXPECT_TRUE(showsPot());
         session->screen().keepPicture(isDark ? "tray-dark" : "tray-light", *tray->place());
         set("showMenuBarIcon", "off");
@@ -86,7 +86,7 @@ TEST_F(TrayTest, ShowsItsIconWheneverThereIsATrayAndItIsWanted) {
     EXPECT_EQ(tray->icons(), 0);
 }
 
-TEST_F(TrayTest, ColoursItsIconByTheDesktopsChoiceOfLightAndDark) {
+TEST_F(TrayTest, ColoursItsIconForLightAndDarkThemes) {
     const QString appearance = "org.freedesktop.appearance";
     FakeSettingsPortal portal(session->bus(), {{appearance, {{"color-scheme", 1U}}}});
     start();
@@ -98,19 +98,19 @@ TEST_F(TrayTest, ColoursItsIconByTheDesktopsChoiceOfLightAndDark) {
     EXPECT_TRUE(showsPot(kForDark));
 }
 
-TEST_F(TrayTest, OpensItsPopupByAClickAndWorksByKeys) {
+TEST_F(TrayTest, OpensItsPopupOnClickAndWorksByKeyboard) {
     start();
     openTray();
     ASSERT_TRUE(hasIcons(1) && showsPot());
     session->click(tray->place().value().topLeft() + QPoint(15, 15));
     ASSERT_TRUE(eventually([&] { return popup().has_value(); }));
     session->screen().keepPicture("tray-popup");
-    session->press("Down Down Down Down Down Return"); // what cannot be chosen is passed over
+    session->press("Down Down Down Down Down Return"); // disabled entries are skipped
     EXPECT_TRUE(becomes("mode", "dissolve"));
     EXPECT_TRUE(eventually([&] { return !popup().has_value(); }));
 }
 
-TEST_F(TrayTest, HandsTheTrayAMenuThatFollows) {
+TEST_F(TrayTest, ExportsAMenuThatIsUpdated) {
     const Path item = session->write("one & two_three", "1");
     start();
     openTray();
@@ -136,7 +136,7 @@ TEST_F(TrayTest, HandsTheTrayAMenuThatFollows) {
     EXPECT_EQ(tray->item("Iron").checked, true);
 }
 
-TEST_F(TrayTest, DoesWhatIsChosen) {
+TEST_F(TrayTest, RunsTheChosenCommands) {
     const Path item = session->write("one", "1");
     start();
     ASSERT_EQ(cauldron->feed({item}), 0);
@@ -146,7 +146,7 @@ TEST_F(TrayTest, DoesWhatIsChosen) {
     openTray();
     ASSERT_TRUE(hasIcons(1));
     tray->choose("Put Back Last Sacrifice");
-    EXPECT_TRUE(cauldron->records(1, "restored")) << "of an earlier run";
+    EXPECT_TRUE(cauldron->records(1, "restored")) << "from an earlier run";
     tray->choose("Test the Flames");
     EXPECT_TRUE(cauldron->burns());
     tray->choose("Open the Bin");
@@ -164,7 +164,7 @@ TEST_F(TrayTest, DoesWhatIsChosen) {
     EXPECT_EQ(cauldron->program().end(), 0);
 }
 
-TEST_F(TrayTest, SaysThatItChecksForUpdatesUntilThatIsCancelled) {
+TEST_F(TrayTest, ShowsTheUpdateCheckUntilItIsCancelled) {
     const FakeService packages(session->bus(), "org.freedesktop.PackageKit",
                                [](const QDBusMessage&) { return QDBusMessage(); });
     start({}, {{"DBUS_SYSTEM_BUS_ADDRESS", session->bus().name().toStdString()}});
@@ -196,7 +196,7 @@ TEST_F(TrayTest, SaysThatItChecksForUpdatesUntilThatIsCancelled) {
     EXPECT_FALSE(window("Check for Updates").has_value());
 }
 
-TEST_F(TrayTest, ReportsThatNoProgramShowsTheBin) {
+TEST_F(TrayTest, ReportsThatNoProgramOpensTheBin) {
     startWith({{"gio", "echo nothing takes $2 >&2; exit 2"},
                {"kde-open", "exit 1"},
                {"kde-open5", "exit 1"},

@@ -23,7 +23,7 @@ struct WalkthroughTest : DesktopTest {
                    window.isManaged && !window.isDock && !window.isDialog;
         });
     }
-    /// Waits for an element of that name that can be used.
+    /// Waits for an enabled element of that name.
     [[nodiscard]] bool shows(const std::string& name) const {
         return eventually([&] {
             const auto all = cauldron->elements();
@@ -38,7 +38,7 @@ struct WalkthroughTest : DesktopTest {
             return active && active->title == "Welcome to Vexmoor";
         });
     }
-    /// Presses the keys on the page of that title.
+    /// Presses the keys on the page with that title.
     void pressOn(const std::string& title, const std::string& keys) const {
         ASSERT_TRUE(shows(title)) << title;
         ASSERT_TRUE(hasKeyboard()) << title;
@@ -54,7 +54,7 @@ struct WalkthroughTest : DesktopTest {
     static constexpr const char* kFolders = "Let Vexmoor see your files";
 };
 
-TEST_F(WalkthroughTest, LeadsFromTheFirstStartToTheStatsWindowByReturnAlone) {
+TEST_F(WalkthroughTest, LeadsFromTheFirstStartToTheStatsWindowByReturn) {
     openSession({.onboarded = false});
     session->write("Documents/letter", "");
     session->write("Downloads/film", "");
@@ -66,7 +66,7 @@ TEST_F(WalkthroughTest, LeadsFromTheFirstStartToTheStatsWindowByReturnAlone) {
     EXPECT_TRUE(shows("Allowed")) << "the session has an accessibility bus";
     pressOn(kFlames, "Return");
     pressOn(kKey, "Return");
-    ASSERT_TRUE(shows("Allow")) << "it is asked";
+    ASSERT_TRUE(shows("Allow")) << "consent is requested";
     session->press("Return");
     EXPECT_TRUE(shows("Allowed"));
     pressOn(kKey, "Return");
@@ -80,10 +80,10 @@ TEST_F(WalkthroughTest, LeadsFromTheFirstStartToTheStatsWindowByReturnAlone) {
     EXPECT_TRUE(statsComesAlone());
     EXPECT_EQ(quit(), 0);
     start({});
-    EXPECT_TRUE(statsComesAlone()) << "it was finished";
+    EXPECT_TRUE(statsComesAlone()) << "the walkthrough is finished";
 }
 
-TEST_F(WalkthroughTest, AnswersTheLauncherWhereItComesFirst) {
+TEST_F(WalkthroughTest, NotifiesTheLauncherIfItIsShownFirst) {
     openSession({.onboarded = false});
     start();
     auto second = session->command(Cauldron::words({}));
@@ -94,13 +94,13 @@ TEST_F(WalkthroughTest, AnswersTheLauncherWhereItComesFirst) {
         testing::HasSubstr("launcher/1_TIME1000"));
 }
 
-TEST_F(WalkthroughTest, LeadsToTheSettingsWhereTheConsentWasRefused) {
+TEST_F(WalkthroughTest, LeadsToTheSettingsAfterADenial) {
     openSession({.onboarded = false});
     start({});
     pressOn(kWelcome, "Return");
     pressOn(kFlames, "Return");
     pressOn(kKey, "Return");
-    ASSERT_TRUE(shows("Allow")) << "it is asked";
+    ASSERT_TRUE(shows("Allow")) << "consent is requested";
     session->press("Escape");
     pressOn(kKey, "Return");
     EXPECT_TRUE(shows("Dissolve forever"));
@@ -113,15 +113,15 @@ TEST_F(WalkthroughTest, CanBeSkippedByKeyboard) {
     pressOn(kFlames, "Return");
     pressOn(kKey, "Tab space");
     pressOn(kFolders, "Tab space");
-    EXPECT_TRUE(shows("Drop files on the cauldron.")) << "nothing else works yet";
+    EXPECT_TRUE(shows("Drop files on the cauldron.")) << "only dropping works so far";
     pressOn("Ready", "Return");
     EXPECT_TRUE(statsComesAlone());
 }
 
-TEST_F(WalkthroughTest, ComesAgainUntilItIsFinishedButNotUnasked) {
+TEST_F(WalkthroughTest, IsShownAgainUntilFinishedButNotInTheBackground) {
     openSession({.onboarded = false});
     start();
-    EXPECT_FALSE(walkthrough()) << "a start in the background";
+    EXPECT_FALSE(walkthrough()) << "started in the background";
     EXPECT_EQ(cauldron->feed({}), 0);
     ASSERT_TRUE(hasKeyboard());
     cauldron->program().signal(SIGKILL);
@@ -140,7 +140,7 @@ TEST_F(WalkthroughTest, ComesAgainUntilItIsFinishedButNotUnasked) {
     EXPECT_TRUE(hasKeyboard());
 }
 
-TEST_F(WalkthroughTest, ComesFromTheMenuAndShowsThenWhatWasFound) {
+TEST_F(WalkthroughTest, OpensFromTheMenuAndShowsTheCurrentState) {
     openSession();
     start({});
     ASSERT_TRUE(statsComesAlone());
@@ -149,7 +149,7 @@ TEST_F(WalkthroughTest, ComesFromTheMenuAndShowsThenWhatWasFound) {
             const auto active = session->screen().active();
             return active && active->title == "Vexmoor";
         }));
-        ASSERT_TRUE(eventually([&] { // the first press may come before the window has the keyboard
+        ASSERT_TRUE(eventually([&] { // the window may not have the keyboard focus yet
             session->press("alt+v");
             return std::ranges::any_of(cauldron->elements(), [](const AccessibleElement& element) {
                 return element.isShowing && element.name == "Set Up Permissions…";
@@ -172,7 +172,7 @@ TEST_F(WalkthroughTest, ComesFromTheMenuAndShowsThenWhatWasFound) {
     }
 }
 
-TEST_F(WalkthroughTest, ShowsThePropertiesOfAFolderThatCannotBeRead) {
+TEST_F(WalkthroughTest, ShowsThePropertiesOfAnUnreadableFolder) {
     openSession({.onboarded = false});
     FakeService manager(session->bus(), "org.freedesktop.FileManager1",
                         [](const QDBusMessage& call) { return call.createReply(); });
@@ -187,7 +187,7 @@ TEST_F(WalkthroughTest, ShowsThePropertiesOfAFolderThatCannotBeRead) {
     EXPECT_TRUE(eventuallyInLoop([&] { return manager.calls.contains("ShowItemProperties"); }));
 }
 
-TEST_F(WalkthroughTest, FollowsTheDesktopsChoiceOfLightAndDark) {
+TEST_F(WalkthroughTest, FollowsTheLightOrDarkTheme) {
     const QString appearance = "org.freedesktop.appearance";
     openSession();
     FakeSettingsPortal portal(session->bus(), {{appearance, {{"color-scheme", 1U}}}});

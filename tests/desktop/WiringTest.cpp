@@ -15,8 +15,7 @@
 #include <chrono>
 #include <unistd.h>
 
-// What the program's parts mean to each other: each test fails if one of the connections between
-// them is missing.
+// Connections between the program's parts: each test fails if one of them is missing.
 
 namespace vexmoor {
 namespace {
@@ -33,7 +32,7 @@ struct WiringTest : DesktopTest {
         if (!IsSkipped())
             openSession();
     }
-    /// Sets it by the command line, which the running program carries out.
+    /// Changes a setting by the command line, which the running program carries out.
     void set(const std::string& setting, const std::string& value) const {
         session->run({VEXMOOR_PROGRAM, "settings", setting, value});
     }
@@ -59,7 +58,7 @@ struct WiringTest : DesktopTest {
     }
 };
 
-TEST_F(WiringTest, FollowsTheSettingsAtOnceAndAfterARestart) {
+TEST_F(WiringTest, AppliesSettingsAtOnceAndAfterARestart) {
     const std::vector<QRgb> badge{qRgb(0xE5, 0x48, 0x4D)};
     start();
     ASSERT_TRUE(tileShows(badge, false));
@@ -76,7 +75,7 @@ TEST_F(WiringTest, FollowsTheSettingsAtOnceAndAfterARestart) {
     EXPECT_TRUE(tileShows(badge, false));
 }
 
-TEST_F(WiringTest, KeepsFlamesAndSoundAsTheirSettingsSay) {
+TEST_F(WiringTest, AppliesTheSettingsOfFlamesAndSound) {
     const Pixel acid = Skin::iron().acidLight;
     const std::vector<QRgb> light{qRgb(acid.r, acid.g, acid.b)};
     const Samples sizzle = samplesOf(SizzleRenderer::render(), 0.6);
@@ -87,7 +86,8 @@ TEST_F(WiringTest, KeepsFlamesAndSoundAsTheirSettingsSay) {
     const int idle = onTheTile(light);
     ASSERT_TRUE(feeds("quiet"));
     act("test-flames");
-    EXPECT_TRUE(eventually([&] { return onTheTile(light) > idle + 120; })) << "burns inside";
+    EXPECT_TRUE(eventually([&] { return onTheTile(light) > idle + 120; }))
+        << "burns inside the tile";
     EXPECT_FALSE(cauldron->flames());
     ASSERT_TRUE(session->sound().recordsAnother(1));
     EXPECT_THAT(session->sound().recorded(), Each(0));
@@ -101,7 +101,7 @@ TEST_F(WiringTest, KeepsFlamesAndSoundAsTheirSettingsSay) {
         eventually([&] { return beginning(session->sound().recorded(), sizzle).has_value(); }));
 }
 
-TEST_F(WiringTest, WearsTheChosenSkinAtOnceAndAfterARestart) {
+TEST_F(WiringTest, ShowsTheSelectedSkinAtOnceAndAfterARestart) {
     const Pixel body = Skin::copper().bodyColour;
     const std::vector<QRgb> copper{qRgb(body.r, body.g, body.b)};
     start();
@@ -130,7 +130,7 @@ TEST_F(WiringTest, OpensTheBinForALauncher) {
     EXPECT_TRUE(statsWindowComes());
 }
 
-TEST_F(WiringTest, PutsBackTheNewestThatIsStillInTheBin) {
+TEST_F(WiringTest, PutsBackTheNewestBatchThatIsStillInTheBin) {
     start();
     ASSERT_TRUE(feeds("old") && cauldron->records(1));
     EXPECT_EQ(quit(), 0);
@@ -139,10 +139,10 @@ TEST_F(WiringTest, PutsBackTheNewestThatIsStillInTheBin) {
     session->run({VEXMOOR_PROGRAM, "put-back", cauldron->history()[0]["id"]});
     ASSERT_TRUE(cauldron->records(1, "restored"));
     cauldron->putBack();
-    EXPECT_TRUE(cauldron->records(2, "restored")) << "of an earlier run";
+    EXPECT_TRUE(cauldron->records(2, "restored")) << "from an earlier run";
 }
 
-TEST_F(WiringTest, BringsItsWindowToTheFrontAndIntoTheScreen) {
+TEST_F(WiringTest, RaisesItsWindowAndMovesItIntoTheScreen) {
     start({});
     ASSERT_TRUE(statsWindowComes());
     const std::string id = std::to_string(cauldron->statsWindow()->id);
@@ -164,7 +164,7 @@ TEST_F(WiringTest, BringsItsWindowToTheFrontAndIntoTheScreen) {
         [&] { return QRect(0, 0, 1280, 800).contains(cauldron->statsWindow()->frame); }));
 }
 
-TEST_F(WiringTest, RecordsAndReportsAtItsStartWhatAKillCutOff) {
+TEST_F(WiringTest, RecordsAndReportsAnInterruptedBatchAtItsStart) {
     std::vector<std::string> words;
     for (const char* const name : {"one", "two", "three"})
         words.push_back(session->write(name, name));
@@ -209,7 +209,7 @@ TEST_F(WiringTest, ReportsAStoreThatCannotBeReadOrWritten) {
     };
     ASSERT_EQ(cauldron->feed({}), 0);
     ASSERT_TRUE(statsWindowComes());
-    ASSERT_TRUE(isReported()) << "the place of the window is stored";
+    ASSERT_TRUE(isReported()) << "the window's position is stored";
     const auto set = session->command({VEXMOOR_PROGRAM, "settings", "sound", "off"}).run();
     EXPECT_NE(set.status, 0);
     EXPECT_THAT(set.errors, HasSubstr("The setting could not be saved"));
@@ -224,7 +224,7 @@ TEST_F(WiringTest, ReportsAStoreThatCannotBeReadOrWritten) {
     EXPECT_TRUE(std::filesystem::exists(session->home() / "unrecorded"));
 }
 
-TEST_F(WiringTest, ReportsAtItsStartWhatWasLeftHalfDissolvedAndADamagedJournal) {
+TEST_F(WiringTest, ReportsPartialDissolvesAndADamagedJournalAtItsStart) {
     set("mode", "dissolve");
     set("confirmDissolve", "off");
     for (const char* const name : {"Things/one", "Things/two", "Things/three"})
@@ -242,7 +242,7 @@ TEST_F(WiringTest, ReportsAtItsStartWhatWasLeftHalfDissolvedAndADamagedJournal) 
     EXPECT_TRUE(cauldron->alerts("The journal of an earlier batch couldn't be settled"));
 }
 
-TEST_F(WiringTest, OpensTheWindowWhereItWasByAClickOnANotification) {
+TEST_F(WiringTest, ReopensTheWindowAtItsPositionByAClickOnANotification) {
     start({});
     ASSERT_TRUE(statsWindowComes());
     const std::string window = std::to_string(cauldron->statsWindow()->id);
@@ -290,7 +290,7 @@ TEST_F(WiringTest, PassesTheTokenOfAClickedNotificationToItsWindow) {
                 HasSubstr("notification/1_TIME1000"));
 }
 
-TEST_F(WiringTest, StandsStillWhileTheDesktopWantsLessMotion) {
+TEST_F(WiringTest, StopsAnimatingIfTheDesktopReducesMotion) {
     const QString group = "org.gnome.desktop.interface";
     FakeSettingsPortal portal(session->bus(), {{group, {{"enable-animations", false}}}});
     start();
@@ -312,7 +312,7 @@ TEST_F(WiringTest, StandsStillWhileTheDesktopWantsLessMotion) {
     EXPECT_TRUE(eventuallyInLoop([&] { return !moves(); }));
 }
 
-TEST_F(WiringTest, EndsBeforeTheSystemShutsDownAndDelaysThatWhileItWorks) {
+TEST_F(WiringTest, QuitsBeforeAShutdownAndDelaysItWhileWorking) {
     int inhibited = 0;
     FakeService login(session->bus(), QStringLiteral("org.freedesktop.login1"),
                       [&](const QDBusMessage& call) {

@@ -39,7 +39,7 @@ BatchResult everything() {
     return result;
 }
 
-TEST(BatchReport, ComesBackFromItsTextAsItWas) {
+TEST(BatchReport, RoundTripsThroughItsText) {
     BatchResult declined;
     declined.declined = true;
     for (const auto& result : {everything(), declined, BatchResult()}) {
@@ -53,7 +53,7 @@ TEST(BatchReport, ComesBackFromItsTextAsItWas) {
     EXPECT_TRUE(BatchReport::of({}).isEmpty());
 }
 
-TEST(BatchReport, NamesTheCodeAndThePathOfEachFailure) {
+TEST(BatchReport, ContainsTheCodeAndThePathOfEachFailure) {
     const auto json = toJson(BatchReport::of(everything()));
     const auto& failures = json["failures"];
     EXPECT_EQ(jsonText(failures[0]),
@@ -69,7 +69,7 @@ TEST(BatchReport, NamesTheCodeAndThePathOfEachFailure) {
     EXPECT_EQ(json["storeFailure"]["code"], "ENOSPC");
 }
 
-TEST(BatchReport, KeepsTheSentenceOfACodeThatItDoesNotKnow) {
+TEST(BatchReport, KeepsTheMessageOfAnUnknownCode) {
     auto json = toJson(BatchReport::of(everything()));
     json["failures"][0]["code"] = "ofTheFuture";
     const auto report = batchReportFromJson(json);
@@ -77,7 +77,7 @@ TEST(BatchReport, KeepsTheSentenceOfACodeThatItDoesNotKnow) {
     EXPECT_EQ(describe(report->failures[0].error), "b is no longer in the Bin.");
 }
 
-TEST(BatchReport, IsNotMadeOfAnythingElse) {
+TEST(BatchReport, RejectsOtherDocuments) {
     const std::string whole = jsonText(toJson(BatchReport::of(everything())));
     EXPECT_FALSE(batchReportFromJson(parsedJson(whole.substr(0, whole.size() - 1))));
     for (const char* const change :

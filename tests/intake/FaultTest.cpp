@@ -11,8 +11,8 @@ namespace vexmoor::test {
 
 namespace {
 
-/// Fails each call of the system in turn while a batch is fed and put back, and looks whether disk
-/// and ledger agree, at once or at the latest after the next start.
+/// Makes each system call fail in turn while a batch is fed and put back. Disk and ledger must
+/// agree, at the latest after the next start.
 class FaultTest : public IntakeTest,
                   public testing::WithParamInterface<std::pair<int, Faults::NoReplace>> {
   protected:
@@ -25,9 +25,10 @@ class FaultTest : public IntakeTest,
             std::distance(std::filesystem::directory_iterator(folder, code), {}));
     }
 
-    /// Every item is at its place or in the Bin, whole, and the ledger knows which.
+    /// Expects every item complete, either at its path or in the Bin, and in the ledger
+    /// accordingly.
     void checkAgreement(const std::vector<Path>& items) {
-        start(); // what could not be recorded is now
+        start(); // records what could not be recorded before
         std::map<Path, const Sacrifice*> binned;
         for (const auto& record : recent())
             if (record.canRestore() && exists(*record.trashed))
@@ -92,13 +93,13 @@ TEST_F(FaultTest, SyncsTheIntentsOfAGroupOnce) {
         settle();
     };
     EXPECT_EQ(syncsOf(putBackLast), 1);
-    constexpr int kSlowMachine = 40; // groups end after some time too
+    constexpr int kSlowMachine = 40; // groups are also limited in time
     EXPECT_LE(syncsOf([&] { feed(many); }), kSlowMachine);
     EXPECT_LE(syncsOf(putBackLast), kSlowMachine);
     EXPECT_TRUE(exists(many.back()));
 }
 
-TEST_F(FaultTest, CountsSizesThatMakeNoSense) {
+TEST_F(FaultTest, SaturatesInvalidSizes) {
     constexpr auto kMost = std::numeric_limits<std::int64_t>::max();
     for (const std::uint64_t blocks : {~std::uint64_t{0}, std::uint64_t{1} << 54}) {
         const Faults::Blocks nonsense(blocks);

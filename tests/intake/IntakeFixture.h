@@ -18,13 +18,13 @@
 
 namespace vexmoor::test {
 
-/// A picture that remembers whose it is.
+/// A picture that stores the item's name.
 struct NamedPicture : Picture {
     explicit NamedPicture(std::string pictured) : name(std::move(pictured)) {}
     std::string name;
 };
 
-/// The intake's surroundings, noting what is asked of them in one list of events.
+/// Fakes of the intake's ports, which record all calls in one list of events.
 class Surroundings : public Dialogs,
                      public BatchAnimation,
                      public SizzlePlayer,
@@ -82,8 +82,8 @@ class Surroundings : public Dialogs,
     std::vector<PicturePointer> burned;
     Answer answer{true, false};
     bool holdsQuestions = false;
-    std::vector<std::function<void(const Answer&)>> questions; ///< that wait for their answers
-    std::function<void()> whileBurning; ///< happens once, when the items are gone
+    std::vector<std::function<void(const Answer&)>> questions; ///< waiting for an answer
+    std::function<void()> whileBurning;                        ///< called once by play()
     bool hasPictures = true;
     bool holdsThumbnails = false;
     std::vector<std::function<void()>> held;
@@ -91,7 +91,8 @@ class Surroundings : public Dialogs,
     int synchronousLoads = 0;
 };
 
-/// A scratch home with its stores, as one start of a program has them. start() again is a restart.
+/// A scratch home with its stores and one running program. Calling start() again simulates a
+/// restart.
 class IntakeTest : public testing::Test {
   protected:
     IntakeTest() { start(); }
@@ -105,7 +106,7 @@ class IntakeTest : public testing::Test {
         return {home.path(), home / ".local/share", geteuid()};
     }
 
-    /// Makes files of these names at home; their bytes are their names.
+    /// Creates files with these names in the home folder; their content is their name.
     std::vector<Path> make(const std::vector<std::string>& names) const {
         std::vector<Path> paths;
         for (const auto& name : names)
@@ -149,13 +150,13 @@ class IntakeTest : public testing::Test {
         Intake intake;
     };
 
-    /// Runs both queues until nothing is left to do.
+    /// Runs both queues until they are empty.
     void settle() const {
         while (program->work.runOne() || program->main.runOne()) {
         }
     }
 
-    /// Feeds and waits; answers what the completion was told.
+    /// Feeds the items, waits, and returns the result passed to the completion.
     BatchResult feed(const std::vector<Path>& items, bool fromFinder = false) const {
         BatchResult result;
         program->intake.consume(items, fromFinder,
@@ -164,8 +165,9 @@ class IntakeTest : public testing::Test {
         return result;
     }
 
-    /// Where a file was that lies in the Bin of a volume ("usb", at home) and in the ledger.
-    /// Renaming that folder unplugs it: what is no mount point is no volume.
+    /// Adds a file to the Bin of a volume ("usb", in the home folder) and to the ledger; returns
+    /// its original path. Renaming that folder simulates unplugging, because a folder that is no
+    /// mount point is no volume.
     [[nodiscard]] Path fedToVolume(const std::string& name) const {
         const Path bin = Path("usb") / (".Trash-" + std::to_string(geteuid()));
         Sacrifice item;

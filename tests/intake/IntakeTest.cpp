@@ -22,7 +22,7 @@ std::vector<std::string> names(const std::vector<Sacrifice>& items) {
     return result;
 }
 
-TEST_F(IntakeTest, RecordsABatchAndTellsEveryoneInOrder) {
+TEST_F(IntakeTest, RecordsABatchAndNotifiesAllPortsInOrder) {
     auto items = make({"a.txt", "b.txt"});
     items.push_back(home / "folder");
     home.write("folder/inside", "x");
@@ -44,10 +44,10 @@ TEST_F(IntakeTest, RecordsABatchAndTellsEveryoneInOrder) {
     EXPECT_EQ(program->undoStack.undoMenuItemTitle(), "Undo Sacrifice of 3 Items");
     start();
     EXPECT_EQ(program->ledger.count.get(), 3);
-    EXPECT_EQ(program->recovery.disposed, 0) << "a batch that was recorded is not recorded again";
+    EXPECT_EQ(program->recovery.disposed, 0) << "a recorded batch is not recorded again";
 }
 
-TEST_F(IntakeTest, TakesAnItemOnceHoweverOftenItComes) {
+TEST_F(IntakeTest, FeedsAnItemOnceDespiteDuplicates) {
     const Path a = make({"a"}).front();
     home.write("folder/other", "x");
     program->intake.consume({a, a, home / "./a", home / "folder/../a"}, false);
@@ -68,7 +68,7 @@ TEST_F(IntakeTest, BurnsALargeBatchAsSoonAsTenItemsAreDone) {
     ASSERT_TRUE(program->work.runOne());
     ASSERT_TRUE(program->main.runOne());
     EXPECT_THAT(around.events, ElementsAre("sizzle", "burn 10"));
-    EXPECT_EQ(program->ledger.count.get(), 0) << "the ledger is told once, at the end";
+    EXPECT_EQ(program->ledger.count.get(), 0) << "the ledger is updated once, at the end";
     settle();
     EXPECT_EQ(program->ledger.count.get(), 25);
     EXPECT_EQ(std::ranges::count(around.events, "burn 10"), 1);
@@ -77,7 +77,7 @@ TEST_F(IntakeTest, BurnsALargeBatchAsSoonAsTenItemsAreDone) {
     EXPECT_EQ(std::static_pointer_cast<const NamedPicture>(around.burned.back())->name, "item 9");
 }
 
-TEST_F(IntakeTest, PicturesItemsThatThePrefetchHadNoneOf) {
+TEST_F(IntakeTest, LoadsPicturesThatThePrefetchDidNotFind) {
     around.hasPictures = false;
     auto items = make(15);
     items.insert(items.begin(), home / "missing");
@@ -100,7 +100,7 @@ TEST_F(IntakeTest, WaitsForTheThumbnailsAndKeepsBatchesInOrder) {
     EXPECT_THAT(names(recent()), ElementsAre("slow", "quick"));
 }
 
-TEST_F(IntakeTest, ReportsABatchInWhichEverythingFails) {
+TEST_F(IntakeTest, ReportsABatchInWhichAllItemsFail) {
     std::vector<Path> missing;
     for (int i = 0; i < 9; ++i)
         missing.push_back(home / ("missing " + std::to_string(i)));
@@ -116,7 +116,7 @@ TEST_F(IntakeTest, ReportsABatchInWhichEverythingFails) {
     EXPECT_FALSE(program->undoStack.canUndo());
 }
 
-TEST_F(IntakeTest, RejectsDotsButTakesTheRest) {
+TEST_F(IntakeTest, RejectsDotsAndFeedsTheRest) {
     const auto good = make({"good"}).front();
     feed({home / ".", good, home / "x/.."});
     EXPECT_EQ(program->ledger.count.get(), 1);
@@ -127,7 +127,7 @@ TEST_F(IntakeTest, RejectsDotsButTakesTheRest) {
     EXPECT_EQ(around.reports.back().informative, describe(disposalError(DisposalError::isDots)));
 }
 
-TEST_F(IntakeTest, AsksBeforeDissolvingUntilToldNotTo) {
+TEST_F(IntakeTest, AsksBeforeDissolvingUntilSuppressed) {
     program->settings.mode.set(DisposeMode::dissolve);
     const auto items = make({"a", "b"});
     around.answer = {false, true};
@@ -150,7 +150,7 @@ TEST_F(IntakeTest, AsksBeforeDissolvingUntilToldNotTo) {
     EXPECT_EQ(dissolveQuestion(1).message, "Dissolve this item forever?");
 }
 
-TEST_F(IntakeTest, ListsTheFirstItemsThatAreToBeDissolved) {
+TEST_F(IntakeTest, ListsTheFirstItemsInTheQuestion) {
     const auto listOf = [](const std::vector<StoredPath>& items) {
         return dissolveQuestion(items.size(), firstNames(items)).items;
     };
@@ -164,7 +164,7 @@ TEST_F(IntakeTest, ListsTheFirstItemsThatAreToBeDissolved) {
     EXPECT_EQ(around.asked[0].informative, "Dissolve mode skips the Bin. There is no Put Back.");
 }
 
-TEST_F(IntakeTest, UndoesABatchAndNamesWhatIsGoneFromTheBin) {
+TEST_F(IntakeTest, UndoesABatchAndReportsItemsGoneFromTheBin) {
     const auto items = make({"a", "b", "c"});
     feed(items, true);
     EXPECT_EQ(std::ranges::count(around.events, "disarm"), 0);
@@ -205,9 +205,9 @@ TEST_F(IntakeTest, DeletesFromTheBinAfterAsking) {
     EXPECT_EQ(program->ledger.count.get(), 2) << "counts only grow";
 }
 
-TEST_F(IntakeTest, LeavesAnItemAloneThatTookThePlaceOfARecordsItem) {
+TEST_F(IntakeTest, KeepsAnItemThatReplacedARecordsItem) {
     const auto fed = feed(make({"a", "b"})).done;
-    for (const auto& item : fed) { // another program empties the Bin and bins items of its own
+    for (const auto& item : fed) { // another program empties the Bin and adds its own items
         std::ofstream(Path(*item.trashed)) << "theirs";
         std::ofstream(directories().dataHome / "Trash/info" / (item.name + ".trashinfo"))
             << "[Trash Info]\nPath=/theirs/" + item.name + "\nDeletionDate=2024-03-31T12:00:00\n";
@@ -227,7 +227,7 @@ TEST_F(IntakeTest, LeavesAnItemAloneThatTookThePlaceOfARecordsItem) {
     EXPECT_FALSE(exists(home / "a"));
 }
 
-TEST_F(IntakeTest, GivesNothingUpWhoseVolumeIsNotThere) {
+TEST_F(IntakeTest, KeepsRecordsOfItemsOnAMissingVolume) {
     const auto volume = [&](const char* state) { return home / state; };
     const Path item = fedToVolume("a");
     std::filesystem::rename(volume("usb"), volume("unplugged"));
@@ -253,7 +253,7 @@ TEST_F(IntakeTest, GivesNothingUpWhoseVolumeIsNotThere) {
     EXPECT_EQ(contents(item), "a");
 }
 
-TEST_F(IntakeTest, TellsAHomeBinThatWasDeletedFromOneThatIsElsewhere) {
+TEST_F(IntakeTest, DistinguishesADeletedHomeBinFromAMissingOne) {
     const Path bin = directories().dataHome / "Trash";
     struct Case {
         std::function<void()> happening;
@@ -279,7 +279,7 @@ TEST_F(IntakeTest, TellsAHomeBinThatWasDeletedFromOneThatIsElsewhere) {
     }
 }
 
-TEST_F(IntakeTest, DeletesNothingThatCameToThePlaceWhileTheQuestionStood) {
+TEST_F(IntakeTest, DoesNotDeleteAnItemThatArrivedDuringTheQuestion) {
     feed(make({"a"}));
     around.holdsQuestions = true;
     BatchResult result;
@@ -296,13 +296,13 @@ TEST_F(IntakeTest, DeletesNothingThatCameToThePlaceWhileTheQuestionStood) {
     EXPECT_FALSE(recent()[1].lost) << "it was put back";
 }
 
-TEST_F(IntakeTest, TakesAnItemOutOnceHoweverManyOrdersWait) {
+TEST_F(IntakeTest, TakesAnItemOutOnceDespiteSeveralRequests) {
     const Path a = make({"a"}).front();
     feed({a});
     const auto old = recent();
     make({"a"});
     program->intake.deleteImmediately(old);
-    program->intake.consume({a}, false); // takes the same place in the Bin in the same second
+    program->intake.consume({a}, false); // gets the same path in the Bin in the same second
     program->intake.deleteImmediately(old);
     program->intake.restore(old);
     settle();
@@ -314,7 +314,7 @@ TEST_F(IntakeTest, TakesAnItemOutOnceHoweverManyOrdersWait) {
     EXPECT_FALSE(recent()[1].lost);
 }
 
-TEST_F(IntakeTest, TellsOfBinnedItemsThatWereNotFoundWithTheRest) {
+TEST_F(IntakeTest, ReportsBinnedItemsThatWereNotFound) {
     feed(make({"a"}));
     around.events.clear();
     const BinnedItems& binned = program->binnedItems;
@@ -327,7 +327,7 @@ TEST_F(IntakeTest, TellsOfBinnedItemsThatWereNotFoundWithTheRest) {
         program->intake.restore(std::move(items), [&](const BatchResult& ended) { result = ended; },
                                 {.missing = std::move(missing)});
         settle();
-        EXPECT_EQ(result.done.size(), isAlone ? 0U : 1U) << "named twice, it is one item";
+        EXPECT_EQ(result.done.size(), isAlone ? 0U : 1U) << "duplicates count once";
         ASSERT_EQ(result.failures.size(), 1U);
         EXPECT_EQ(describe(result.failures[0].error), "b is no longer in the Bin.");
     }
@@ -335,7 +335,7 @@ TEST_F(IntakeTest, TellsOfBinnedItemsThatWereNotFoundWithTheRest) {
     EXPECT_EQ(around.events, (std::vector<std::string>{told, "disarm", told}));
 }
 
-TEST_F(IntakeTest, StopsOneBatchBetweenItemsAndLeavesTheOthersAlone) {
+TEST_F(IntakeTest, StopsOneBatchBetweenItemsAndNoOther) {
     const auto items = make(5);
     const auto meter = std::make_shared<WorkMeter>();
     meter->stop = true;
@@ -348,7 +348,7 @@ TEST_F(IntakeTest, StopsOneBatchBetweenItemsAndLeavesTheOthersAlone) {
     EXPECT_EQ(feed(items).done.size(), 5U);
 }
 
-TEST_F(IntakeTest, LeavesUntouchedWhatHasNotBegunWhenAllIsStopped) {
+TEST_F(IntakeTest, LeavesItemsThatHaveNotBegunUntouchedOnStop) {
     std::vector<std::size_t> counts;
     const auto watch =
         program->intake.subscribeToBatches([&](std::size_t batches) { counts.push_back(batches); });
@@ -359,7 +359,7 @@ TEST_F(IntakeTest, LeavesUntouchedWhatHasNotBegunWhenAllIsStopped) {
     EXPECT_THAT(counts, ElementsAre(0, 1, 2, 1, 0));
 }
 
-TEST_F(IntakeTest, RecordsWhatCouldNotBeSavedTogetherWithWhatIsDoneNext) {
+TEST_F(IntakeTest, StoresAnUnsavedBatchTogetherWithTheNextOne) {
     const auto items = make({"a", "b"});
     const auto first = feed({items[0]}).done;
     {
@@ -380,7 +380,7 @@ TEST_F(IntakeTest, RecordsWhatCouldNotBeSavedTogetherWithWhatIsDoneNext) {
     EXPECT_THAT(names(program->binnedItems.lastBatch()), ElementsAre("b"));
 }
 
-TEST_F(IntakeTest, BeginsWhatWasSaidYesToWhileOtherQuestionsWait) {
+TEST_F(IntakeTest, StartsAConfirmedBatchWhileOtherQuestionsWait) {
     const auto items = make({"a", "b", "c"});
     program->settings.mode.set(DisposeMode::dissolve);
     around.holdsQuestions = true;
@@ -389,20 +389,20 @@ TEST_F(IntakeTest, BeginsWhatWasSaidYesToWhileOtherQuestionsWait) {
                             [&](const BatchResult& result) { declined = result.declined; });
     program->intake.consume({items[1]}, false);
     program->settings.mode.set(DisposeMode::bin);
-    EXPECT_EQ(feed({items[0], items[1]}).done.size(), 0U) << "taken already";
+    EXPECT_EQ(feed({items[0], items[1]}).done.size(), 0U) << "already being fed";
     ASSERT_EQ(around.questions.size(), 2U);
     around.questions[1]({true, false});
     settle();
     EXPECT_FALSE(exists(items[1]));
     EXPECT_TRUE(exists(items[0]));
-    EXPECT_EQ(recent().at(0).mode, DisposeMode::dissolve) << "as it was asked";
+    EXPECT_EQ(recent().at(0).mode, DisposeMode::dissolve) << "as confirmed";
     around.questions[0]({false, false});
     EXPECT_TRUE(declined);
-    EXPECT_EQ(feed({items[0], items[2]}).done.size(), 2U) << "free again";
+    EXPECT_EQ(feed({items[0], items[2]}).done.size(), 2U) << "no longer being fed";
     EXPECT_THAT(around.reports, testing::IsEmpty());
 }
 
-TEST_F(IntakeTest, DissolvesNothingButWhatStoodThereWhenTheUserWasAsked) {
+TEST_F(IntakeTest, DissolvesOnlyTheFilesTheUserConfirmed) {
     const auto items = make({"kept", "replaced", "folder/inside"});
     program->settings.mode.set(DisposeMode::dissolve);
     around.holdsQuestions = true;
@@ -421,7 +421,7 @@ TEST_F(IntakeTest, DissolvesNothingButWhatStoodThereWhenTheUserWasAsked) {
     EXPECT_TRUE(exists(items[1]) && exists(home / "new"));
 }
 
-TEST_F(IntakeTest, AsksAndTellsWhomTheBatchNames) {
+TEST_F(IntakeTest, UsesTheDialogsOfTheBatch) {
     Surroundings terminal;
     terminal.answer = {false, false};
     bool declined = false;
@@ -436,7 +436,7 @@ TEST_F(IntakeTest, AsksAndTellsWhomTheBatchNames) {
     EXPECT_THAT(around.reports, testing::IsEmpty());
 }
 
-TEST_F(IntakeTest, TakesNamesAsBytesAndGuessesNothing) {
+TEST_F(IntakeTest, MatchesNamesAsBytesAndRejectsAmbiguousOnes) {
     const auto items = make({"caf\xe8.txt", "one/same", "two/same", "report.pdf"});
     const auto done = feed(items).done;
     make({"report.pdf"});
@@ -469,7 +469,7 @@ TEST_F(IntakeTest, TakesNamesAsBytesAndGuessesNothing) {
         EXPECT_THAT(told, testing::HasSubstr(item.native()));
 }
 
-TEST_F(IntakeTest, FindsBinnedItemsByTheirNamesNewestFirst) {
+TEST_F(IntakeTest, FindsBinnedItemsByNameNewestFirst) {
     feed(make({"a.txt", "b.png"}));
     const auto newest = feed(make({"c.txt", "d.txt"})).done;
     const auto isText = [](const std::string& name) { return name.ends_with(".txt"); };
@@ -488,7 +488,7 @@ TEST_F(IntakeTest, SkipsUndoActionsThatHaveNothingLeft) {
     settle();
     EXPECT_EQ(program->undoStack.undoMenuItemTitle(), "Undo Sacrifice");
     feed({home / "b"});
-    std::filesystem::remove(*recent()[0].trashed); // another program empties the Bin of it
+    std::filesystem::remove(*recent()[0].trashed); // another program removes it from the Bin
     program->undoStack.undo();
     settle();
     EXPECT_TRUE(exists(home / "a"));

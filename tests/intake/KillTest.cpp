@@ -18,15 +18,15 @@ namespace {
 constexpr int kFiles = 2000;
 constexpr int kKills = 200;
 constexpr std::size_t kHistory = 40;
-constexpr int kRoundRuns = 40; ///< by then a round is over, or what is left has no journal any more
+constexpr int kRoundRuns = 40; ///< enough to finish a round
 constexpr unsigned kSeed = 20240331;
 
-/// What moves and notes each item, and what stores the batch.
+/// The system calls that move and record each item, and those that store the batch.
 constexpr const char* kItemCalls[] = {"openat", "write", "renameat2", "unlinkat"};
 constexpr const char* kBatchCalls[] = {"pwrite", "pwrite64", "fdatasync", "close"};
 constexpr int kBatchCallsMade = 5;
 
-/// The built program, killed again and again.
+/// Kills the built program repeatedly.
 class KillTest : public testing::Test {
   protected:
     KillTest() {
@@ -61,8 +61,8 @@ class KillTest : public testing::Test {
         return result;
     }
 
-    /// Feeds what is at its place, or puts back what is in the Bin, and is killed as it comes back
-    /// from that many of those calls of the system. False where it was over before.
+    /// Feeds the items in their folder, or puts back those in the Bin, and kills the program after
+    /// that number of calls. Returns false if it finished before.
     [[nodiscard]] bool runAndKill(bool feeding, const std::string& moment) const {
         std::vector<std::string> arguments = {"put-back", "--last", std::to_string(kFiles)};
         if (feeding) {
@@ -78,7 +78,7 @@ class KillTest : public testing::Test {
         return result.signal == SIGKILL;
     }
 
-    /// What was fed more batches ago than there are journals is put back by hand.
+    /// Moves everything out of the Bin by hand, including items that are too old to be put back.
     void takeOut() {
         for (const auto& name : list(bin("files"))) {
             std::filesystem::rename(bin("files") / name, things() / name);
@@ -87,9 +87,9 @@ class KillTest : public testing::Test {
         lastBinned.clear();
     }
 
-    /// What the disk and the records must agree on after the next start.
+    /// Expects disk and records to agree after the next start.
     void check() {
-        const auto stats = answer({"stats"}); // the restart that recovers
+        const auto stats = answer({"stats"}); // this start recovers
         const auto atPlace = list(things());
         const auto binned = list(bin("files"));
         const auto infos = list(bin("info"));
@@ -105,7 +105,7 @@ class KillTest : public testing::Test {
             lastFed += lastBinned.contains(name) ? 0 : 1;
         lastBinned = binned;
         everBinned += static_cast<std::int64_t>(lastFed);
-        EXPECT_EQ(stats["count"], everBinned) << "each item counts once for each time it was fed";
+        EXPECT_EQ(stats["count"], everBinned) << "each item counts once per time it was fed";
         std::size_t inBin = 0;
         for (const auto& record : answer({"history"}))
             inBin += !record.contains("restored") &&
@@ -126,7 +126,7 @@ TEST_F(KillTest, LosesNothingAtTwoHundredRandomMoments) {
     bool feeding = true;
     int kills = 0;
     for (int run = 0; kills < kKills && !HasFailure(); ++run) {
-        ASSERT_LT(run, 3 * kKills) << "nothing is killed here";
+        ASSERT_LT(run, 3 * kKills) << "no run was killed";
         const auto left = feeding ? list(things()).size() : list(bin("files")).size();
         const bool isOfItem = random() % 5 > 0;
         const char* const* const calls = isOfItem ? kItemCalls : kBatchCalls;

@@ -23,7 +23,7 @@ class NamedSettingsTest : public testing::Test, NotificationPort {
     NamedSettings m_named{m_settings, m_progression};
 };
 
-TEST_F(NamedSettingsTest, AssignsEachByItsName) {
+TEST_F(NamedSettingsTest, AssignsEachSettingByName) {
     EXPECT_EQ(m_named.assign("mode", "dissolve"), std::nullopt);
     EXPECT_EQ(m_settings.mode.get(), DisposeMode::dissolve);
     for (const auto& [name, setting] : Settings::switches())
@@ -37,7 +37,7 @@ TEST_F(NamedSettingsTest, AssignsEachByItsName) {
     EXPECT_EQ(m_progression.progress().skin, "void");
 }
 
-TEST_F(NamedSettingsTest, SaysWhatASettingCannotBeAndLeavesAllAsItWas) {
+TEST_F(NamedSettingsTest, RejectsInvalidValuesWithoutChanges) {
     const auto before = m_defaults.stored();
     const struct {
         const char* name;

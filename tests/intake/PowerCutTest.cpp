@@ -26,22 +26,22 @@ namespace vexmoor::test {
 
 namespace {
 
-constexpr int kFiles = 700; ///< more than a group
+constexpr int kFiles = 700; ///< more than one group
 constexpr int kRounds = 12;
 
-/// Of the moments; other ones by the environment variable POWER_CUT_SEED.
+/// Seed of the random moments; can be set by the environment variable POWER_CUT_SEED.
 unsigned seed() {
     constexpr unsigned kUsual = 4711;
     const char* const wanted = std::getenv("POWER_CUT_SEED");
     return wanted == nullptr ? kUsual : static_cast<unsigned>(std::strtoul(wanted, nullptr, 10));
 }
 
-/// A file system of its own on a loop device, seen by this process and its children only.
+/// A file system on a loop device, visible only to this process and its children.
 class Disk {
   public:
     explicit Disk(const std::string& kind, const Path& folder)
         : m_kind(kind), m_image(folder / "image"), m_top(folder / "disk") {
-        constexpr std::int64_t kSize = std::int64_t{400} << 20; ///< sparse; xfs takes no less
+        constexpr std::int64_t kSize = std::int64_t{400} << 20; ///< sparse; the minimum for xfs
         std::filesystem::create_directory(m_top);
         std::ofstream(m_image).close();
         std::filesystem::resize_file(m_image, kSize);
@@ -50,7 +50,7 @@ class Disk {
     Disk(const Disk&) = delete;
     Disk& operator=(const Disk&) = delete;
 
-    /// Why there can be none, if so.
+    /// Creates and mounts it. Returns the reason if that is impossible, otherwise an empty text.
     [[nodiscard]] std::string make() const {
         if (::geteuid() != 0)
             return "only root mounts file systems";
@@ -83,14 +83,13 @@ class Disk {
         const FileDescriptor top(::open(m_top.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
         ASSERT_EQ(::syncfs(top.get()), 0);
     }
-    /// Brings names and moves to the disk, as the file system does by itself after some seconds,
-    /// but not what was written to files.
+    /// Syncs names and moves but not file contents, as file systems do after some seconds.
     void syncNames() const {
         const FileDescriptor file(
             ::open((m_top / "another").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
         ASSERT_EQ(::fsync(file.get()), 0);
     }
-    /// Leaves no room.
+    /// Uses up the free space.
     void fill() const {
         int number = 0;
         for (off_t size = off_t{256} << 20; size >= 1024; size /= 2)
@@ -153,7 +152,7 @@ class PowerCutTest : public testing::TestWithParam<const char*> {
             words.push_back("file " + std::to_string(i));
         return words;
     }
-    /// Runs it, and cuts the power as it comes back from that call; afterwards where it made fewer.
+    /// Runs the program and cuts the power after that call, or at the end if it makes fewer calls.
     void runAndCut(std::vector<std::string> arguments, const std::string& moment,
                    bool hasSyncedNames) const {
         const auto result = vexmoor(std::move(arguments))
@@ -172,7 +171,7 @@ class PowerCutTest : public testing::TestWithParam<const char*> {
         ASSERT_EQ(disk.mount(), "");
     }
 
-    /// Each file is where it was, or in the Bin with an info file, and counted.
+    /// Expects each file at its path, or in the Bin with an info file, and counted.
     void check(int counted) const {
         const auto stats = vexmoor({"stats", "--json"}).run();
         ASSERT_EQ(stats.status, 0) << stats.errors;
@@ -203,7 +202,7 @@ class PowerCutTest : public testing::TestWithParam<const char*> {
     Disk disk{GetParam(), folder.path()};
 };
 
-TEST_P(PowerCutTest, LosesNoFileNorItsWayBack) {
+TEST_P(PowerCutTest, LosesNoFileAndKeepsAllRestorable) {
     std::mt19937 random(seed());
     for (int round = 0; round < kRounds && !HasFailure(); ++round) {
         if (const auto reason = disk.make(); !reason.empty())
@@ -224,7 +223,7 @@ TEST_P(PowerCutTest, LosesNoFileNorItsWayBack) {
         runAndCut(feeding(), moment, hasSyncedNames);
         check(0);
         disk.syncAll();
-        if (list(bin("files")).empty()) { // the cut undid all moves
+        if (list(bin("files")).empty()) { // the power cut reverted all moves
             ASSERT_EQ(vexmoor(feeding()).run().status, 0);
         }
         runAndCut({"put-back", "--last", std::to_string(2 * kFiles)}, moment, hasSyncedNames);
@@ -234,7 +233,7 @@ TEST_P(PowerCutTest, LosesNoFileNorItsWayBack) {
     }
 }
 
-TEST_P(PowerCutTest, RepairsTheBinOfAnotherVolumeThanHomes) {
+TEST_P(PowerCutTest, RepairsTheBinOfAnotherVolume) {
     if (const auto reason = disk.make(); !reason.empty())
         GTEST_SKIP() << "The power can't be cut: " << reason;
     const Path home = folder / "home";
@@ -284,7 +283,8 @@ TEST_P(PowerCutTest, DeletesDissolvesAndPutsBackOnAFullDisk) {
         const auto result = vexmoor(order).run();
         EXPECT_EQ(result.status, 0) << order[0] << ": " << result.errors;
         disk.makeRoom();
-        ASSERT_EQ(vexmoor({"settings", "sound", "off"}).run().status, 0); // the next start
+        ASSERT_EQ(vexmoor({"settings", "sound", "off"}).run().status,
+                  0); // starts the program again
     }
     for (int i = 0; i < kFiles; ++i)
         EXPECT_EQ(fileStatus(thing(i)).ok(), i != 7) << i;

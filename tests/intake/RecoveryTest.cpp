@@ -14,8 +14,7 @@ namespace vexmoor::test {
 
 namespace {
 
-/// Journals as a process leaves them that died before it could record its batch: the work was done,
-/// the main thread never heard of it.
+/// Journals of a process that died after the work was done but before the batch was recorded.
 class RecoveryTest : public IntakeTest {
   protected:
     void feedAndDie(const std::vector<Path>& items) {
@@ -25,7 +24,7 @@ class RecoveryTest : public IntakeTest {
         start();
     }
 
-    /// An item at the path, and the place in the Bin that it is about to take or leave.
+    /// Returns an entry for the item at the path, with the path in the Bin that it gets or leaves.
     [[nodiscard]] JournalEntry entryFor(const Path& item, const Path& place) const {
         JournalEntry entry;
         entry.sacrifice.id = Uuid::generate();
@@ -37,7 +36,7 @@ class RecoveryTest : public IntakeTest {
         return entry;
     }
 
-    /// As a process does it that dies then.
+    /// Writes intents like a process that dies immediately afterwards.
     void noteIntents(JournalKind kind, const std::vector<JournalEntry>& entries,
                      DisposeMode mode = DisposeMode::bin) const {
         const auto writer =
@@ -49,7 +48,7 @@ class RecoveryTest : public IntakeTest {
     }
 };
 
-TEST_F(RecoveryTest, RecordsOnceWhatACutOffBatchHadDone) {
+TEST_F(RecoveryTest, RecordsAnInterruptedBatchOnce) {
     feed(make({"before"}));
     const auto items = make({"a", "b"});
     feedAndDie(items);
@@ -65,7 +64,7 @@ TEST_F(RecoveryTest, RecordsOnceWhatACutOffBatchHadDone) {
         EXPECT_TRUE(exists(item)) << item;
 }
 
-TEST_F(RecoveryTest, RecordsCutOffDissolvesPutBacksAndDeletions) {
+TEST_F(RecoveryTest, RecordsInterruptedDissolvesPutBacksAndDeletions) {
     feed(make({"a", "b"}));
     program->intake.restore({recent()[0]});
     while (program->work.runOne()) {
@@ -89,14 +88,14 @@ TEST_F(RecoveryTest, RecordsCutOffDissolvesPutBacksAndDeletions) {
               std::string::npos);
 }
 
-TEST_F(RecoveryTest, LooksAtTheDiskForIntentsWithoutAnOutcome) {
+TEST_F(RecoveryTest, ChecksTheDiskForIntentsWithoutAnOutcome) {
     const auto items = make({"moved", "not moved", "never tried"});
     const Path bin = directories().dataHome / "Trash";
     std::vector<JournalEntry> entries;
     for (const auto& item : items)
         entries.push_back(entryFor(item, bin / "files" / item.filename()));
     noteIntents(JournalKind::feed, entries);
-    // As if the batch were cut off at its second item: info written, nothing moved.
+    // As if interrupted at the second item: the info file is written, nothing is moved.
     for (const char* const name : {"moved", "not moved"})
         home.write(Path(".local/share/Trash/info") / (std::string(name) + ".trashinfo"),
                    TrashInfo{home / name, clock.now}.toText());
@@ -114,7 +113,7 @@ TEST_F(RecoveryTest, LooksAtTheDiskForIntentsWithoutAnOutcome) {
     EXPECT_EQ(contents(items[0]), "moved");
 }
 
-TEST_F(RecoveryTest, DecidesNothingOfAVolumeThatIsNotThere) {
+TEST_F(RecoveryTest, KeepsItemsOnAMissingVolumeUndecided) {
     using Kind = JournalKind;
     for (const auto kind : {Kind::feed, Kind::putBack, Kind::erase})
         for (const bool happened : {true, false}) {
@@ -125,7 +124,7 @@ TEST_F(RecoveryTest, DecidesNothingOfAVolumeThatIsNotThere) {
             const Path place = *entry.sacrifice.trashed;
             entry.inode = fileStatus(place)->identity.inode;
             if (kind == Kind::feed)
-                entry.sacrifice.id = Uuid::generate(); // the ledger has yet to hear of it
+                entry.sacrifice.id = Uuid::generate(); // not in the ledger yet
             if (kind == Kind::putBack)
                 entry.destination = original;
             noteIntents(kind, {entry});
@@ -140,7 +139,7 @@ TEST_F(RecoveryTest, DecidesNothingOfAVolumeThatIsNotThere) {
                       "a is in the Bin of a volume that is not available.");
             feed(make({"another batch"}));
             start();
-            EXPECT_TRUE(program->recovery.problems.empty()) << "told once";
+            EXPECT_TRUE(program->recovery.problems.empty()) << "reported once";
             EXPECT_TRUE(recent()[1].canRestore());
             EXPECT_EQ(program->ledger.count.get(), count + 1);
             EXPECT_TRUE(needsRecovery());
@@ -160,7 +159,7 @@ TEST_F(RecoveryTest, DecidesNothingOfAVolumeThatIsNotThere) {
         }
 }
 
-TEST_F(RecoveryTest, WaitsForNoVolumeThatDoesNotAnswer) {
+TEST_F(RecoveryTest, DoesNotWaitForAHangingVolume) {
     const auto near = feed(make({"near"})).done;
     const Path original = fedToVolume("away");
     const auto away = recent()[0];
@@ -190,12 +189,12 @@ TEST_F(RecoveryTest, WaitsForNoVolumeThatDoesNotAnswer) {
         }
         noteIntents(JournalKind::feed, {entry});
         start();
-        EXPECT_TRUE(needsRecovery()) << "it waits";
+        EXPECT_TRUE(needsRecovery()) << "the item is waiting";
         EXPECT_EQ(program->ledger.count.get(), 2);
     }
 }
 
-TEST_F(RecoveryTest, FindsTheWholeLastBatchHoweverLargeAfterARestart) {
+TEST_F(RecoveryTest, PutsBackTheWholeLastBatchAfterARestartAtAnySize) {
     feed(make(90));
     feed(make({"newer"}));
     start();
@@ -215,7 +214,7 @@ TEST_F(RecoveryTest, FindsTheWholeLastBatchHoweverLargeAfterARestart) {
     EXPECT_TRUE(binned.named({"item 3"}).items.empty());
 }
 
-TEST_F(RecoveryTest, WritesInfoFilesAgainThatAPowerCutEmptied) {
+TEST_F(RecoveryTest, RewritesInfoFilesEmptiedByAPowerCut) {
     const auto items = make({"a", "b", "c"});
     feed(items);
     const auto infoOf = [&](const char* name) {
@@ -231,7 +230,7 @@ TEST_F(RecoveryTest, WritesInfoFilesAgainThatAPowerCutEmptied) {
     EXPECT_FALSE(needsRecovery());
 }
 
-TEST_F(RecoveryTest, WritesInfoFilesOfAVolumeAgainWhenABatchUsesItsBin) {
+TEST_F(RecoveryTest, RewritesInfoFilesOfAVolumeWhenABatchUsesItsBin) {
     for (const char* const name : {"a", "b", "c", "d"})
         (void)fedToVolume(name);
     const auto items = recent();
@@ -242,7 +241,7 @@ TEST_F(RecoveryTest, WritesInfoFilesOfAVolumeAgainWhenABatchUsesItsBin) {
     for (const auto& item : {items[1], items[3]})
         std::filesystem::resize_file(infoOf(item), 0);
     start();
-    EXPECT_EQ(contents(infoOf(items[1])), "") << "the volume may be away";
+    EXPECT_EQ(contents(infoOf(items[1])), "") << "the volume may be missing";
     program->intake.restore({items[0]});
     settle();
     EXPECT_EQ(contents(infoOf(items[1])), whole);
@@ -250,7 +249,7 @@ TEST_F(RecoveryTest, WritesInfoFilesOfAVolumeAgainWhenABatchUsesItsBin) {
     EXPECT_EQ(program->intake.batches(), 0U);
 }
 
-TEST_F(RecoveryTest, PutsBackBatchByBatchHoweverLongAgo) {
+TEST_F(RecoveryTest, PutsBackBatchByBatchAtAnyAge) {
     constexpr int kBatches = 60;
     for (int i = 0; i < kBatches; ++i)
         feed(make({"a " + std::to_string(i), "b " + std::to_string(i)}));
@@ -268,7 +267,7 @@ TEST_F(RecoveryTest, PutsBackBatchByBatchHoweverLongAgo) {
     EXPECT_TRUE(exists(home / "a 0"));
 }
 
-TEST_F(RecoveryTest, SettlesAJournalThatWasCutOffBeforeItsFirstIntent) {
+TEST_F(RecoveryTest, RecoversAJournalInterruptedBeforeItsFirstIntent) {
     for (const char* text : {"", "{\"journal\":1,\"ki"}) {
         program.reset();
         home.write(".local/share/vexmoor/journal/7.open", text);
@@ -279,7 +278,7 @@ TEST_F(RecoveryTest, SettlesAJournalThatWasCutOffBeforeItsFirstIntent) {
     EXPECT_EQ(program->ledger.count.get(), 0);
 }
 
-TEST_F(RecoveryTest, LeavesTheJournalOfANewerVersionToThatVersion) {
+TEST_F(RecoveryTest, KeepsTheJournalOfANewerVersion) {
     program.reset();
     const Path open =
         home.write(".local/share/vexmoor/journal/7.open", "{\"journal\":3,\"kind\":\"new\"}\n");
@@ -292,7 +291,7 @@ TEST_F(RecoveryTest, LeavesTheJournalOfANewerVersionToThatVersion) {
     EXPECT_EQ(program->ledger.count.get(), 1);
 }
 
-TEST_F(RecoveryTest, SetsAJournalAsideThatMakesNoSenseAndTellsOfItOnce) {
+TEST_F(RecoveryTest, SetsAnInvalidJournalAsideAndReportsItOnce) {
     const Path folder = directories().ownData() / "journal";
     const Path file = make({"a"}).front();
     const auto journal = [](const std::string& kind, const std::string& rest) {
@@ -337,11 +336,11 @@ TEST_F(RecoveryTest, SetsAJournalAsideThatMakesNoSenseAndTellsOfItOnce) {
     EXPECT_EQ(contents(file), "a");
     feed({file});
     EXPECT_EQ(program->defaults->integer(Settlement::kRecordedKey), number + 1)
-        << "its number is not given again";
+        << "its number is not assigned again";
 }
 
-/// As version 1 left them: records in the history only, and a file for each batch.
-TEST_F(RecoveryTest, AdoptsTheWaysBackThatAnEarlierVersionKept) {
+/// Version 1 stored records in the history only, and one journal file per batch.
+TEST_F(RecoveryTest, AdoptsRecordsOfAnEarlierVersion) {
     const auto older = feed(make({"older"})).done.at(0);
     const auto batch = feed(make({"a", "b", "c"})).done;
     const Path folder = directories().ownData() / "journal";
@@ -372,14 +371,15 @@ TEST_F(RecoveryTest, AdoptsTheWaysBackThatAnEarlierVersionKept) {
     EXPECT_EQ(program->ledger.count.get(), 4);
 }
 
-TEST_F(RecoveryTest, CountsNothingTwiceOfABatchThatAnEarlierVersionCounted) {
-    constexpr int kItems = 45; // more than the history keeps
+TEST_F(RecoveryTest, CountsABatchOfAnEarlierVersionOnce) {
+    constexpr int kItems = 45; // more than the history's maximum
     std::string text = "{\"journal\":1,\"kind\":\"feed\",\"mode\":\"bin\"}\n";
     const auto items = make(kItems);
     std::map<Path, std::uint64_t> inodes;
     for (const auto& item : items)
         inodes[item] = identityAt(item).inode;
-    for (const auto& item : feed(items).done) { // a power cut took the outcomes, not the count
+    for (const auto& item :
+         feed(items).done) { // a power cut removed the outcomes, but not the count
         auto entry = entryFor(*item.original, *item.trashed);
         entry.sacrifice = item;
         entry.inode = inodes[*item.original];
@@ -400,7 +400,7 @@ TEST_F(RecoveryTest, CountsNothingTwiceOfABatchThatAnEarlierVersionCounted) {
     }
 }
 
-TEST_F(RecoveryTest, ReportsAJournalThatShouldHoldSomething) {
+TEST_F(RecoveryTest, ReportsAMissingOrEmptyJournal) {
     feed(make({"a"}));
     const Path file = directories().ownData() / "journal/current";
     const auto whole = contents(file);
@@ -416,14 +416,14 @@ TEST_F(RecoveryTest, ReportsAJournalThatShouldHoldSomething) {
         ASSERT_FALSE(program->recovery.problems.empty());
         EXPECT_EQ(program->recovery.problems[0].code, make_error_code(DisposalError::journalLost));
         start();
-        EXPECT_TRUE(program->recovery.problems.empty()) << "told once";
+        EXPECT_TRUE(program->recovery.problems.empty()) << "reported once";
         EXPECT_EQ(feed(make({"next"})).done.size(), 1U);
         start();
         EXPECT_TRUE(program->recovery.problems.empty());
     }
 }
 
-TEST_F(RecoveryTest, WaitsForNothingInPlaceOfTheJournal) {
+TEST_F(RecoveryTest, AcceptsAnyTypeOfFileInPlaceOfTheJournal) {
     const Path file = directories().ownData() / "journal/current";
     const std::pair<const char*, std::function<void()>> cases[] = {
         {"a pipe", [&] { ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0); }},
@@ -447,13 +447,13 @@ TEST_F(RecoveryTest, WaitsForNothingInPlaceOfTheJournal) {
         EXPECT_EQ(next.done.size(), 1U)
             << (next.failures.empty() ? "" : describe(next.failures[0].error));
         start();
-        EXPECT_TRUE(program->recovery.problems.empty()) << "told once";
+        EXPECT_TRUE(program->recovery.problems.empty()) << "reported once";
         std::filesystem::remove_all(file);
         program->defaults->assign(Settlement::kPositionKey, std::nullopt);
     }
 }
 
-TEST_F(RecoveryTest, RecordsWhatCanBeReadOfADamagedJournal) {
+TEST_F(RecoveryTest, RecordsTheReadablePartOfADamagedJournal) {
     const auto items = make({"first", "second"});
     feed(make({"warm"}));
     const Path files = directories().dataHome / "Trash/files";
@@ -478,7 +478,8 @@ TEST_F(RecoveryTest, RecordsWhatCanBeReadOfADamagedJournal) {
     EXPECT_EQ(program->recovery.problems[0].code, make_error_code(DisposalError::journalSetAside));
     EXPECT_TRUE(exists(directories().ownData() / "journal/1.damaged"));
 
-    // One that was being written when all ended is no damage: nothing of it was done.
+    // A block that was being written during the crash is no damage: none of its intents was carried
+    // out.
     noteIntents(JournalKind::feed, {entryFor(make({"third"}).front(), files / "third")});
     text = contents(journal);
     program.reset();
@@ -489,7 +490,7 @@ TEST_F(RecoveryTest, RecordsWhatCanBeReadOfADamagedJournal) {
     EXPECT_TRUE(exists(home / "third"));
 }
 
-TEST_F(RecoveryTest, ReportsWhatFailedAndWhatIsHalfDissolvedAndWaitsForVolumes) {
+TEST_F(RecoveryTest, ReportsFailuresAndPartialDissolvesAndWaitsForVolumes) {
     home.write("folder/left", "x");
     std::vector<JournalEntry> entries;
     for (const char* const name : {"folder", "failed", "gone", "usb/away", "swapped"}) {
@@ -498,7 +499,7 @@ TEST_F(RecoveryTest, ReportsWhatFailedAndWhatIsHalfDissolvedAndWaitsForVolumes) 
         entries.back().sacrifice.trashed.reset();
     }
     entries[3].volume = home / "usb"; // no mount point
-    entries[4].volume = "/proc";      // where another volume was
+    entries[4].volume = "/proc";      // another volume is mounted there
     entries[4].fileSystem = "uuid:other";
     {
         const auto writer = program->journal.begin(JournalKind::feed, DisposeMode::dissolve,
@@ -524,12 +525,12 @@ TEST_F(RecoveryTest, ReportsWhatFailedAndWhatIsHalfDissolvedAndWaitsForVolumes) 
     ASSERT_EQ(program->recovery.problems.size(), 1U);
     EXPECT_EQ(describe(program->recovery.problems[0]),
               "away was being dissolved on a volume that is not available.");
-    EXPECT_FALSE(program->recovery.unlocked.empty()) << "the first offering";
+    EXPECT_FALSE(program->recovery.unlocked.empty()) << "the first achievement";
     EXPECT_EQ(*program->progression.progress().lastDay,
               Calendar().startOfDay(entries[2].sacrifice.date));
     start();
     EXPECT_TRUE(needsRecovery());
-    EXPECT_TRUE(program->recovery.problems.empty()) << "told once";
+    EXPECT_TRUE(program->recovery.problems.empty()) << "reported once";
     EXPECT_EQ(program->ledger.count.get(), 1);
 }
 

@@ -11,7 +11,7 @@ namespace vexmoor::test {
 
 namespace {
 
-TEST(WriterLock, HasOneHolderAndTellsWhoItIs) {
+TEST(WriterLock, HasOneHolderAndReportsItsRole) {
     const TemporaryDirectory folder;
     const Path file = folder / "data/lock";
     EXPECT_EQ(*WriterLock::holder(file), std::nullopt);
@@ -25,12 +25,12 @@ TEST(WriterLock, HasOneHolderAndTellsWhoItIs) {
             WriterLock::take(file, WriterLock::Role::command, [&] { return ++asked == 2; });
         EXPECT_FALSE(waited->has_value());
         EXPECT_EQ(asked, role == WriterLock::Role::desktop ? 0 : 2)
-            << "nobody waits for the desktop";
+            << "no process waits for the desktop application";
     }
     EXPECT_EQ(*WriterLock::holder(file), std::nullopt);
 }
 
-TEST(WriterLock, IsHeldByNobodyWhoOnlyLooks) {
+TEST(WriterLock, IsNotHeldByQueries) {
     const TemporaryDirectory folder;
     const Path file = folder.write("lock", "D");
     const FileDescriptor looking(::open(file.c_str(), O_RDONLY | O_CLOEXEC));

@@ -29,7 +29,7 @@ PixelCanvas icon() {
     return CauldronArt::idle(20, false, 0, Skin::iron()).crop(0, 20, 34, 34);
 }
 
-/// Canvas pixels that are opaque but not shown as one square of their colour.
+/// Returns the number of opaque canvas pixels that are not shown as a square of one colour.
 int blurredPixels(const QImage& screen, QPoint corner, const PixelCanvas& canvas, int cell) {
     int blurred = 0;
     for (int y = 0; y < canvas.height(); ++y) {
@@ -46,7 +46,7 @@ int blurredPixels(const QImage& screen, QPoint corner, const PixelCanvas& canvas
     return blurred;
 }
 
-/// As slow as a hand, while the tile's events are handled.
+/// Waits at a user's pace and processes the tile's events in the meantime.
 void pause(int milliseconds) {
     QEventLoop loop;
     QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
@@ -79,12 +79,12 @@ struct LayerTileTest : testing::Test {
         ASSERT_TRUE(eventuallyInLoop([this] { return tile->isVisible(); }));
     }
     [[nodiscard]] QPoint middle() const { return tile->frame().value().center().toPoint(); }
-    /// Whether the pot is on the output, every canvas pixel a square.
+    /// True if the output shows the pot with every canvas pixel as a square.
     [[nodiscard]] bool isDrawnAt(QPoint corner, int cell) const {
         return eventuallyInLoop(
             [&] { return blurredPixels(sway->picture(), corner, icon(), cell) == 0; });
     }
-    /// The same at scale 1 under the pointer, whose arrow hides a part.
+    /// Like isDrawnAt(), at scale 1 and with a part hidden by the cursor.
     [[nodiscard]] bool isUnderPointerAt(QPoint corner,
                                         const std::string& output = "HEADLESS-1") const {
         constexpr int kArrow = 90;
@@ -148,12 +148,12 @@ INSTANTIATE_TEST_SUITE_P(, ScaledLayerTileTest,
                              return std::to_string(std::lround(one.param.scale * 100));
                          });
 
-TEST_F(LayerTileTest, IsFoundThroughItsOwnDockAndBurnsAbove) {
+TEST_F(LayerTileTest, IsFoundThroughItsOwnDockAndShowsFlamesAbove) {
     open();
     const OwnDock dock([] { return true; }, [&] { return tile->frame(); });
     const auto frame = DockTile(dock, tile->screens()).frame();
     ASSERT_TRUE(frame);
-    EXPECT_EQ(frame->y, 0) << "it stands on the bottom edge";
+    EXPECT_EQ(frame->y, 0) << "the tile is at the bottom edge";
     EXPECT_EQ(frame->width, 102);
     EXPECT_NEAR(frame->x, (1280 - 102) * 0.96, 1);
 
@@ -167,14 +167,14 @@ TEST_F(LayerTileTest, IsFoundThroughItsOwnDockAndBurnsAbove) {
     window->showFlame(flame, above);
     const QRect expected(static_cast<int>(frame->x), 800 - 102 + 21 - 81, 102, 81);
     EXPECT_TRUE(eventuallyInLoop([&] { return acid(expected) == 102 * 81; }));
-    EXPECT_EQ(acid(expected.adjusted(-5, -5, 5, 0)), 102 * 81) << "and nowhere else";
+    EXPECT_EQ(acid(expected.adjusted(-5, -5, 5, 0)), 102 * 81) << "no flames elsewhere";
     pointer->click(middle());
     EXPECT_TRUE(eventuallyInLoop([&] { return clicks == 1; }));
     window->orderOut();
     EXPECT_TRUE(eventuallyInLoop([&] { return acid(expected) < 102 * 21; }));
 }
 
-TEST_F(LayerTileTest, IsClickedAndOpensItsMenuWhereThePointerIs) {
+TEST_F(LayerTileTest, AcceptsClicksAndOpensItsMenuAtThePointer) {
     open();
     QPoint asked;
     QMenu menu;
@@ -188,22 +188,23 @@ TEST_F(LayerTileTest, IsClickedAndOpensItsMenuWhereThePointerIs) {
     pointer->click(middle() + QPoint(20, 10), VirtualPointer::Button::right);
     ASSERT_TRUE(eventuallyInLoop([&] { return menu.isVisible(); }));
     EXPECT_EQ(clicks, 1);
-    EXPECT_LE(menu.geometry().bottom(), 800 - 102) << "the tile would lie over it";
+    EXPECT_LE(menu.geometry().bottom(), 800 - 102) << "the tile would cover the menu";
     pointer->click({300, 300});
-    EXPECT_TRUE(eventuallyInLoop([&] { return !menu.isVisible(); })) << "pressed elsewhere";
+    EXPECT_TRUE(eventuallyInLoop([&] { return !menu.isVisible(); }))
+        << "a press outside the menu closes it";
     pointer->click(middle());
-    EXPECT_TRUE(eventuallyInLoop([&] { return clicks == 2; })) << "nothing lies over it any more";
+    EXPECT_TRUE(eventuallyInLoop([&] { return clicks == 2; })) << "the curtain is gone";
 }
 
-TEST_F(LayerTileTest, IsDraggedToAnotherEdgeAndOutputAndComesBackToItsPlace) {
+TEST_F(LayerTileTest, CanBeDraggedToAnotherEdgeAndOutputAndRestoresItsPlace) {
     open({"resolution 1280x800 position 0 0", "resolution 1000x800 position 1280 0"}, {2280, 800});
     const QPoint before = middle();
     pointer->dragTo(before, {60, 300});
-    EXPECT_TRUE(isUnderPointerAt({0, 300 - 51})) << "seen while it is dragged";
+    EXPECT_TRUE(isUnderPointerAt({0, 300 - 51})) << "visible during the drag";
     pointer->release();
     EXPECT_TRUE(eventuallyInLoop([&] { return tile->frame()->center().toPoint() != before; }));
     EXPECT_EQ(tile->frame()->topLeft(), QPointF(0, 249));
-    EXPECT_EQ(clicks, 0) << "a drag is no click";
+    EXPECT_EQ(clicks, 0) << "a drag is not a click";
 
     pointer->dragTo(middle(), {1800, 790});
     pointer->release();
@@ -214,7 +215,7 @@ TEST_F(LayerTileTest, IsDraggedToAnotherEdgeAndOutputAndComesBackToItsPlace) {
     EXPECT_TRUE(isUnderPointerAt({1800 - 1280 - 51, 800 - 102}, "HEADLESS-2"));
 }
 
-TEST_F(LayerTileTest, ReportsThatTheCompositorWent) {
+TEST_F(LayerTileTest, ReportsALostConnection) {
     open();
     QString reason;
     QObject::connect(tile.get(), &Tile::lost, [&](const QString& text) { reason = text; });

@@ -22,7 +22,7 @@ namespace {
 using namespace test;
 using testing::HasSubstr;
 
-/// A hand is as slow.
+/// Waits at a user's pace.
 void pause(int milliseconds) {
     std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
@@ -35,7 +35,7 @@ int countOf(const QImage& picture, QRgb colour) {
     return count;
 }
 
-/// The first pixel, from the top, that is not white.
+/// Returns the topmost pixel that is not white.
 std::optional<QPoint> firstInk(const QImage& picture) {
     for (int y = 0; y < picture.height(); ++y)
         for (int x = 0; x < picture.width(); ++x)
@@ -113,7 +113,8 @@ struct ProgramOnSwayTest : testing::Test {
             words, BackgroundProgram::Setting{.environment = all, .hasOnlyEnvironment = true});
     }
 
-    /// The tile as the program's probe has it, in pixels with y down; nothing before it is shown.
+    /// Returns the tile's frame as reported by --probe, in pixels, y down; nullopt until it is
+    /// shown.
     [[nodiscard]] std::optional<QRect> tile() const {
         const std::string text = run({VEXMOOR_DESKTOP_PROGRAM, "--probe"});
         const auto at = text.find("tile");
@@ -131,11 +132,13 @@ struct ProgramOnSwayTest : testing::Test {
     }
     void startProgram(const BackgroundProgram::Environment& changes = {}) {
         program = start({VEXMOOR_DESKTOP_PROGRAM, "--background"}, changes);
-        ASSERT_TRUE(eventually([this] { return tile().has_value(); })) << "no tile comes";
+        ASSERT_TRUE(eventually([this] { return tile().has_value(); }))
+            << "the tile does not appear";
     }
-    /// A native Thunar with the only file of a folder; where that is to be dragged from.
+    /// Opens a native Thunar on a folder with one file. Returns the point where a drag of the file
+    /// starts.
     [[nodiscard]] QPoint showThunar() {
-        const QRect files(200, 150, 300, 200); // within its view of the folder
+        const QRect files(200, 150, 300, 200); // within its folder view
         thunar = start({"thunar", home / "Things"});
         std::optional<QPoint> file;
         const auto isShown = [&] {
@@ -144,7 +147,7 @@ struct ProgramOnSwayTest : testing::Test {
             constexpr int kMostOfIt = 50000;
             return file && file == before && countOf(picture, 0xffffffff) > kMostOfIt;
         };
-        EXPECT_TRUE(eventually(isShown)) << "Thunar shows no file";
+        EXPECT_TRUE(eventually(isShown)) << "Thunar does not show the file";
         return files.topLeft() + file.value_or(QPoint()) + QPoint(10, 20);
     }
     [[nodiscard]] bool burnsAbove(const QRect& place) const {
@@ -164,14 +167,15 @@ struct ProgramOnSwayTest : testing::Test {
     std::unique_ptr<BackgroundProgram> thunar;
 };
 
-TEST_F(ProgramOnSwayTest, BurnsWhatANativeFileManagerDropsAndLiesUnderFullscreenWindows) {
+TEST_F(ProgramOnSwayTest, BurnsDropsOfANativeFileManagerAndStaysBelowFullscreenWindows) {
     const Path file = home.write("Things/Eye of newt ü.txt", "boiling");
     startProgram();
     const QRect place = tile().value();
     const QPoint from = showThunar();
     const QImage before = sway->picture().copy(place);
     pointer->dragTo(from, place.center());
-    EXPECT_TRUE(eventually([&] { return sway->picture().copy(place) != before; })) << "no ring";
+    EXPECT_TRUE(eventually([&] { return sway->picture().copy(place) != before; }))
+        << "the tile shows no drop ring";
     sway->keepPicture("sway-hover", place.adjusted(-100, -100, 40, 0));
     pointer->release();
     EXPECT_TRUE(burnsAbove(place));
@@ -185,7 +189,7 @@ TEST_F(ProgramOnSwayTest, BurnsWhatANativeFileManagerDropsAndLiesUnderFullscreen
     };
     EXPECT_GT(brew(), 0);
     sway->order("[app_id=\"(?i)thunar\"] fullscreen enable");
-    EXPECT_TRUE(eventually([&] { return brew() == 0; })) << "it is above a fullscreen window";
+    EXPECT_TRUE(eventually([&] { return brew() == 0; })) << "the tile is above a fullscreen window";
     sway->keepPicture("sway-fullscreen");
 }
 
@@ -207,7 +211,7 @@ TEST_F(ProgramOnSwayTest, OpensItsMenuAtThePointerAndItsWindowByAClick) {
     sway->keepPicture("sway-window");
 }
 
-TEST_F(ProgramOnSwayTest, SaysWhatIsMissingWithoutXwayland) {
+TEST_F(ProgramOnSwayTest, ReportsAMissingXwayland) {
     const auto result =
         command({VEXMOOR_DESKTOP_PROGRAM, "--background"}, {{"DISPLAY", ":987"}}).run();
     EXPECT_EQ(result.status, 3);

@@ -13,26 +13,26 @@
 
 namespace vexmoor::test {
 
-/// A sway of the test's own, without a screen. It does not run as root: its rights are dropped.
+/// A headless sway that belongs to the test. Drops root privileges.
 class Sway {
   public:
-    /// What must be installed for it and is not; nothing if all is there.
+    /// Returns the name of a required program that is not installed; nullopt if all are.
     static std::optional<std::string> missing();
 
-    /// `outputs` are the configuration's words for each, after its name: "resolution 1280x800".
+    /// `outputs` are the configuration commands of each output: "resolution 1280x800".
     explicit Sway(const std::vector<std::string>& outputs = {"resolution 1280x800"});
 
-    /// WAYLAND_DISPLAY and DISPLAY for its clients.
+    /// Returns WAYLAND_DISPLAY and DISPLAY for clients.
     [[nodiscard]] const BackgroundProgram::Environment& environment() const {
         return m_environment;
     }
     [[nodiscard]] std::string display() const { return m_environment.at("WAYLAND_DISPLAY"); }
 
-    /// Carries out a command of its own; throws if it fails.
+    /// Runs a sway command; throws if it fails.
     std::string order(const std::string& command) const;
-    /// What it shows, as JSON.
+    /// Returns the tree of windows as JSON.
     [[nodiscard]] std::string tree() const { return run({"swaymsg", "-t", "get_tree"}); }
-    /// An output as it looks, in physical pixels.
+    /// Returns a screenshot of an output, in physical pixels.
     [[nodiscard]] QImage picture(const std::string& output = "HEADLESS-1") const;
     void keepPicture(const std::string& name, const QRect& part = {},
                      const std::string& output = "HEADLESS-1") const;

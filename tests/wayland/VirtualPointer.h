@@ -9,11 +9,11 @@
 
 namespace vexmoor::test {
 
-/// A pointer that the compositor takes for a mouse. In logical pixels of all outputs together.
+/// A virtual pointer device. Positions are in logical pixels of the compositor's space.
 class VirtualPointer {
   public:
-    /// `pause` waits for so many milliseconds between two movements, as a hand does. Throws if the
-    /// compositor has no such pointers.
+    /// `pause` waits that many milliseconds between two movements, so that they resemble a user's.
+    /// Throws if the compositor does not support virtual pointers.
     VirtualPointer(const std::string& display, QSize outputs, std::function<void(int)> pause);
     ~VirtualPointer();
     VirtualPointer(const VirtualPointer&) = delete;
@@ -25,7 +25,7 @@ class VirtualPointer {
     void press(Button button = Button::left);
     void release(Button button = Button::left);
     void click(QPoint at, Button button = Button::left);
-    /// Slowly enough for a file manager to see that it is a drag. It is not released.
+    /// Drags slowly enough for a file manager to start a drag. Does not release the button.
     void dragTo(QPoint from, QPoint to);
 
   private:

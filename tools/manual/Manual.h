@@ -7,14 +7,14 @@
 
 namespace vexmoor {
 
-/// The options of all commands that take a value, as "<command> <option>".
+/// Returns the options with a value of all commands, as "<command> <option>".
 std::vector<std::string> optionsWithValue();
 
-/// A sentence that opens each file.
+/// The sentence at the start of each generated file.
 inline constexpr const char* kGeneratedNote =
     "Made from the program's own description of its commands.";
 
-// One function for each kind of file; each answers the whole text.
+// Each function returns the complete text of one kind of file.
 std::string bashCompletion();
 std::string zshCompletion();
 std::string fishCompletion();

@@ -69,7 +69,7 @@ std::string parameters(const CommandDescription& command) {
     return items.empty() ? "" : ".Bl -tag -width Ds\n" + items + ".El\n";
 }
 
-/// Paragraphs with an empty line between two.
+/// Formats paragraphs that are separated by empty lines.
 std::string paragraphs(const std::string& text) {
     std::string result;
     std::istringstream lines(text);

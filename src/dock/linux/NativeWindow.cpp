@@ -54,7 +54,7 @@ QByteArray property(xcb_window_t window, const char* name, xcb_atom_t type) {
             xcb_get_property_value_length(reply.get())};
 }
 
-/// The values of a property of 32-bit numbers.
+/// Returns the values of a property of 32-bit numbers.
 std::vector<std::uint32_t> numbers(const QByteArray& bytes) {
     std::vector<std::uint32_t> values(static_cast<std::size_t>(bytes.size()) /
                                       sizeof(std::uint32_t));

@@ -89,7 +89,7 @@ void DropTarget::drop() {
     wl_data_offer_receive(offer->proxy.get(), kUriList, pipe[1]);
     m_connection.flush();
     close(pipe[1]);
-    if (m_reader) // its sender still writes, and the user drops again
+    if (m_reader) // the previous sender has not finished
         finish(std::nullopt);
     m_dropped = std::move(offer);
     m_reader = std::make_unique<PipeReader>(pipe[0]);

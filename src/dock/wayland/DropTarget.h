@@ -13,8 +13,8 @@
 
 namespace vexmoor::wayland {
 
-/// What is dragged over our own surfaces and dropped there. Takes lists of URIs, always as a copy:
-/// the sender must not delete what it gave. Main thread; the connection must outlive it.
+/// Receives drags and drops on the program's own surfaces. Accepts URI lists, always as a copy, so
+/// that the sender does not delete the files. Main thread; the connection must outlive it.
 class DropTarget : public QObject {
     Q_OBJECT
 
@@ -23,17 +23,17 @@ class DropTarget : public QObject {
     ~DropTarget() override;
 
   signals:
-    /// Something that can be taken is over the surface, or over none of ours any more (null).
+    /// Emitted when an acceptable drag enters a surface, and with null when it leaves.
     void hovered(wl_surface* surface);
-    /// What was dropped; nothing if the sender did not hand it over to its end.
+    /// Emitted with the dropped list; nullopt if the sender did not write it completely.
     void dropped(const std::optional<QByteArray>& uriList);
 
   private:
-    /// What a drag, or the clipboard, has to give.
+    /// A data offer of a drag or the clipboard.
     struct Offer {
         Owned<wl_data_offer> proxy;
         bool hasUris = false;
-        std::uint32_t action = 0; ///< as the compositor chose it
+        std::uint32_t action = 0; ///< selected by the compositor
     };
 
     void enter(std::uint32_t serial, wl_surface* surface, wl_data_offer* offer);
@@ -46,9 +46,9 @@ class DropTarget : public QObject {
 
     WaylandConnection& m_connection;
     Owned<wl_data_device> m_device;
-    std::unique_ptr<Offer> m_announced; ///< what it is for comes with the next event
+    std::unique_ptr<Offer> m_announced; ///< the next event reports its purpose
     std::unique_ptr<Offer> m_dragged;
-    std::unique_ptr<Offer> m_dropped; ///< is being read
+    std::unique_ptr<Offer> m_dropped; ///< the offer being read
     std::unique_ptr<PipeReader> m_reader;
 };
 

@@ -9,7 +9,7 @@ namespace {
 
 using Edge = TilePlace::Edge;
 
-/// The corner at the tile's edge that is nearer to it.
+/// Returns the corner nearest to the tile along its edge.
 LayerSurface::Corner cornerOf(const TilePlace& place) {
     constexpr double kMiddle = 0.5;
     const bool isFar = place.fraction > kMiddle;
@@ -104,7 +104,7 @@ void EdgeSurface::rebuild() {
                                          layOut();
                                          m_changed();
                                      },
-                                 .closed = // the output goes, which is reported too
+                                 .closed = // the removal of the output is reported too
                                  [this] {
                                      QMetaObject::invokeMethod(
                                          this, [this] { leave(m_output); }, Qt::QueuedConnection);
@@ -128,7 +128,7 @@ void EdgeSurface::layOut() {
     const int side = grid.around({0, 0, pixels, pixels}).width();
     QRect rect = m_place.rect(screenOf(*m_output, m_area), side);
     rect.translate(-m_outputRect.topLeft());
-    // Along the edge it is moved onto the grid; across, it lies on the edge itself.
+    // Along the edge, align the surface to the grid. Across, keep it at the edge.
     const bool isUpright = m_place.edge == Edge::left || m_place.edge == Edge::right;
     if (isUpright)
         rect.moveTop(grid.lineBefore(rect.top()));

@@ -12,43 +12,43 @@
 
 namespace vexmoor::wayland {
 
-/// The tile's picture on a surface at an edge of an output. Main thread; the connection must
-/// outlive it.
+/// A surface at an edge of an output that shows the tile's picture. Main thread; the connection
+/// must outlive it.
 class EdgeSurface : private QObject {
   public:
     using Corner = LayerSurface::Corner;
 
-    /// Where the surface and the picture in it are.
+    /// The position of the surface and of the picture in it.
     struct Geometry {
         const WaylandOutput* output = nullptr;
-        QRect rect; ///< the surface in the output's area, in logical pixels
+        QRect rect; ///< the surface, relative to the output, in logical pixels
         Corner corner;
-        QPoint picture; ///< from the surface's corner, in physical pixels
-        int cell = 1;   ///< physical pixels a canvas pixel
+        QPoint picture; ///< offset in the surface, in physical pixels
+        int cell = 1;   ///< physical pixels per canvas pixel
         PixelGrid grid{1};
 
-        /// The picture's rectangle among the outputs, in logical pixels.
+        /// Returns the picture's rectangle in the compositor's space, in logical pixels.
         [[nodiscard]] QRectF frame() const;
     };
 
-    /// `changed` is called when the surface appeared, moved or vanished.
+    /// `changed` is called when the surface appears, moves or disappears.
     EdgeSurface(WaylandConnection& connection, LayerSurface::Input input,
                 std::function<void()> changed);
 
-    /// Puts it there; on the first output if there is none of that name.
+    /// Moves the surface to the place; to the first output if the place's output does not exist.
     void stand(const TilePlace& place);
     void show(const TilePicture& picture);
 
-    /// The outputs are others now.
+    /// Must be called when the outputs change.
     void outputsChanged();
-    /// Leaves an output that is about to go.
+    /// Destroys the surface if it is on an output that is about to be removed.
     void leave(const WaylandOutput* output);
 
-    /// Nothing while it is not shown.
+    /// Returns nullopt while the surface is not shown.
     [[nodiscard]] std::optional<Geometry> geometry() const;
-    /// Whether no panels make the area smaller than the output.
+    /// True if no panel reduces the area of the output.
     [[nodiscard]] bool fillsOutput() const { return m_area == m_outputRect.size(); }
-    /// Another number for each surface that it had.
+    /// Returns a number that changes whenever the surface is created or destroyed.
     [[nodiscard]] int generation() const { return m_generation; }
     [[nodiscard]] wl_surface* surface() const { return m_surface ? m_surface->surface() : nullptr; }
 
@@ -64,15 +64,15 @@ class EdgeSurface : private QObject {
     TilePicture m_picture;
     std::unique_ptr<LayerSurface> m_surface;
     const WaylandOutput* m_output = nullptr;
-    QRect m_outputRect; ///< as it was when the surface was made
+    QRect m_outputRect; ///< when the surface was created
     double m_scale = 1;
     QSize m_area;
     Geometry m_geometry;
-    QImage m_image; ///< as last shown
+    QImage m_image; ///< the last picture shown
     int m_generation = 0;
 };
 
-/// The output in the words of TilePlace, in logical pixels; `area` is its part without panels.
+/// Converts an output for TilePlace, in logical pixels. `area` is the size without panels.
 PhysicalScreen screenOf(const WaylandOutput& output, QSize area = {});
 std::vector<PhysicalScreen> screensOf(const WaylandConnection& connection);
 

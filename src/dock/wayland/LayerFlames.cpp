@@ -21,11 +21,11 @@ struct LayerFlames::Part {
         wl_surface_set_input_region(surface.get(), nothing.get());
     }
 
-    int generation; ///< of the tile's surface
+    int generation; ///< of the tile's surface when this was created
     ShmBuffers buffers;
     Owned<wl_surface> surface;
     Owned<wp_viewport> viewport;
-    Owned<wl_subsurface> place; // goes before the surface
+    Owned<wl_subsurface> place; // must be destroyed before the surface
     QRect rect;
 };
 
@@ -41,7 +41,8 @@ DeskRect LayerScreens::deskFrame(const QRectF& logical) const {
     return deskRect(logical, outputs.empty() ? QRectF() : outputs.front()->logical());
 }
 
-/// In whole canvas pixels from the tile's corner: so both have the same grid.
+/// Positions the flame in whole canvas pixels from the tile's corner, so that both share one pixel
+/// grid.
 void LayerFlames::showFlame(const PixelCanvas& flame, const DeskRect& frame) {
     const auto tile = m_tile.geometry();
     if (!tile) {
@@ -66,14 +67,14 @@ void LayerFlames::showFlame(const PixelCanvas& flame, const DeskRect& frame) {
     show(image, logical);
 }
 
-/// `rect` is in logical pixels from the tile's corner.
+/// `rect` is relative to the tile's corner, in logical pixels.
 void LayerFlames::show(const QImage& image, const QRect& rect) {
     if (!m_part || m_part->generation != m_tile.generation()) {
         orderOut();
         m_part = std::make_shared<Part>(m_connection, m_tile);
     }
     wl_buffer* const buffer = m_part->buffers.show(image);
-    if (buffer == nullptr) // the compositor has them all: the next frame comes soon
+    if (buffer == nullptr) // all buffers are in use: skip this frame
         return;
     wl_surface* const surface = m_part->surface.get();
     const bool isMoved = std::exchange(m_part->rect, rect) != rect;
@@ -84,7 +85,7 @@ void LayerFlames::show(const QImage& image, const QRect& rect) {
     wl_surface_attach(surface, buffer, 0, 0);
     wl_surface_damage_buffer(surface, 0, 0, image.width(), image.height());
     wl_surface_commit(surface);
-    if (isMoved) // a part's place takes effect with the whole
+    if (isMoved) // a subsurface's position takes effect when its parent is committed
         wl_surface_commit(m_tile.surface());
     m_connection.flush();
 }

@@ -9,8 +9,8 @@
 
 namespace vexmoor::wayland {
 
-/// The surface in which the flames rise: a part of the tile's own, before it and above it, that
-/// takes no input. Main thread; the connection and the tile must outlive it.
+/// The flames above the tile, as a subsurface of the tile's surface. Accepts no input. Main thread;
+/// the connection and the tile must outlive it.
 class LayerFlames : public FlameWindow {
   public:
     LayerFlames(WaylandConnection& connection, const EdgeSurface& tile)
@@ -27,16 +27,15 @@ class LayerFlames : public FlameWindow {
 
     WaylandConnection& m_connection;
     const EdgeSurface& m_tile;
-    std::shared_ptr<Part> m_part; ///< shared: its type is known in the source only
+    std::shared_ptr<Part> m_part; ///< shared_ptr, because Part is incomplete here
 };
 
-/// The outputs as the desk's screens, the first one as the primary one. The connection must
-/// outlive it.
+/// The outputs as screens; the first one is the primary one. The connection must outlive it.
 class LayerScreens : public Screens {
   public:
     explicit LayerScreens(const WaylandConnection& connection) : m_connection(connection) {}
     [[nodiscard]] std::vector<DeskRect> frames() const override;
-    /// A rectangle among the outputs, in logical pixels, on the desk.
+    /// Converts a rectangle in the compositor's space, in logical pixels.
     [[nodiscard]] DeskRect deskFrame(const QRectF& logical) const;
 
   private:

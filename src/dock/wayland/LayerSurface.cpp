@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::uint32_t kAllEdges = 15;
 constexpr double kScaleSteps = 120;
-constexpr const char* kScope = "dock"; ///< KWin gives the focus to what has another name
+constexpr const char* kScope = "dock"; ///< KWin gives the focus to layers with other names
 
 } // namespace
 
@@ -49,7 +49,7 @@ LayerSurface::LayerSurface(WaylandConnection& connection, wl_output* output, Inp
         const Owned<wl_region> nothing(wl_compositor_create_region(connection.compositor()));
         wl_surface_set_input_region(m_surface.get(), nothing.get());
     }
-    // Stretched to all edges, it is told how large the area is.
+    // Anchored to all edges, the surface receives the size of the area.
     zwlr_layer_surface_v1_set_size(m_layer.get(), 0, 0);
     zwlr_layer_surface_v1_set_anchor(m_layer.get(), kAllEdges);
     zwlr_layer_surface_v1_set_exclusive_zone(m_layer.get(), area == Area::whole ? -1 : 0);

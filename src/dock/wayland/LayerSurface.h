@@ -11,23 +11,23 @@
 
 namespace vexmoor::wayland {
 
-/// A surface on the layer above windows and below fullscreen ones. It never has the keyboard's
-/// focus. Made, it is not shown yet. Main thread; the connection must outlive it.
+/// A surface on the layer between windows and fullscreen windows. It never receives keyboard focus,
+/// and is not shown before the first show(). Main thread; the connection must outlive it.
 class LayerSurface {
   public:
     enum class Input {
-        all,  ///< takes the pointer and drops
-        none, ///< lets them through
+        all,  ///< receives pointer events and drops
+        none, ///< passes them to the window below
     };
-    /// What it is placed in: the output without its panels, or the whole of it.
+    /// Whether the surface avoids panels or covers the whole output.
     enum class Area { withoutPanels, whole };
 
     struct Events {
-        /// It can be shown now: the size of the area, in logical pixels. Once.
+        /// Called once, when the surface can be shown, with the area's size in logical pixels.
         std::function<void(QSize area)> ready;
-        /// The compositor took it away: the owner has to destroy it, later.
+        /// Called when the compositor closes the surface. The owner must destroy it after the call.
         std::function<void()> closed;
-        /// The compositor prefers so many physical pixels a logical one.
+        /// Called with the compositor's preferred scale, in physical pixels per logical pixel.
         std::function<void(double scale)> scaled;
     };
 
@@ -37,16 +37,17 @@ class LayerSurface {
     LayerSurface(const LayerSurface&) = delete;
     LayerSurface& operator=(const LayerSurface&) = delete;
 
-    /// The corner of the area that it is fixed to, where panels come and go.
+    /// The corner of the area to which the surface is anchored when panels change the area.
     struct Corner {
         bool right = false;
         bool bottom = false;
     };
-    /// Where it is in the area from the next picture on, in logical pixels; may reach out of it.
+    /// Sets the rectangle in the area, in logical pixels, from the next picture on. It may extend
+    /// beyond the area.
     void place(const QRect& rect, Corner corner);
 
-    /// Shows a picture, of as many pixels as its place has physical ones, at its place; all over
-    /// the area without one.
+    /// Shows a picture in the rectangle, or in the whole area if there is none. The picture must
+    /// have as many pixels as the rectangle has physical pixels.
     void show(const QImage& image);
 
     [[nodiscard]] wl_surface* surface() const { return m_surface.get(); }
@@ -65,12 +66,12 @@ class LayerSurface {
     Owned<wl_surface> m_surface;
     Owned<wp_viewport> m_viewport;
     Owned<wp_fractional_scale_v1> m_scale;
-    Owned<zwlr_layer_surface_v1> m_layer; // goes before the surface
+    Owned<zwlr_layer_surface_v1> m_layer; // must be destroyed before the surface
     std::optional<QSize> m_area;
     QRect m_rect;
     Corner m_corner;
     bool m_isPlaceNew = false;
-    std::optional<QImage> m_next; ///< waits until it can be shown
+    std::optional<QImage> m_next; ///< pending until the surface can be shown
 };
 
 } // namespace vexmoor::wayland

@@ -18,7 +18,8 @@ QRectF unionOf(const std::vector<PhysicalScreen>& screens) {
     return all;
 }
 
-/// The X server shows the outputs in the same arrangement, on some compositors larger.
+/// Converts a position to Qt's coordinates. The X server has the same arrangement of outputs, but
+/// scaled up on some compositors.
 QPoint pointOfQt(QPointF logical, const WaylandConnection& connection) {
     const std::vector<PhysicalScreen> own = PhysicalScreen::all();
     const QRectF outputs = unionOf(screensOf(connection));
@@ -89,7 +90,7 @@ std::unique_ptr<FlameWindow> LayerTile::makeFlames() {
     return std::make_unique<LayerFlames>(*m_connection, m_tile);
 }
 
-/// Some compositors show the X server's menu below the tile: it opens beside it.
+/// Opens the menu beside the tile: some compositors show X11 windows below the tile.
 void LayerTile::openMenu(QPointF at) {
     emit menuRequested(pointOfQt(at, *m_connection));
     QWidget* const menu = QApplication::activePopupWidget();

@@ -14,12 +14,12 @@
 
 namespace vexmoor::wayland {
 
-/// The tile as a surface of a Wayland compositor's layers. Main thread.
+/// The tile as a layer surface of a Wayland compositor. Main thread.
 class LayerTile : public Tile {
     Q_OBJECT
 
   public:
-    /// The connection can show a tile. The defaults must outlive it.
+    /// The connection must be able to show a tile. The defaults must outlive it.
     LayerTile(UserDefaults& defaults, std::unique_ptr<WaylandConnection> connection);
     ~LayerTile() override;
 
@@ -40,7 +40,7 @@ class LayerTile : public Tile {
     void release(Pointer::Button button);
     void dragTo(QPointF at);
     void endConnection(const QString& reason);
-    /// From a place in the tile's surface to one among the outputs.
+    /// Converts a position in the tile's surface to the compositor's space.
     [[nodiscard]] QPointF global(QPointF at) const;
 
     UserDefaults& m_defaults;
@@ -50,8 +50,8 @@ class LayerTile : public Tile {
     DropTarget m_drops;
     MenuCurtain m_curtain;
     EdgeSurface m_tile;
-    /// What is seen while the tile is dragged. The tile itself stays where it was pressed, as
-    /// compositors differ in where the pointer is in a surface that moves under it.
+    /// The surface shown while the tile is dragged. The tile's own surface does not move during the
+    /// drag, because compositors differ in the pointer coordinates of a moving surface.
     std::unique_ptr<EdgeSurface> m_dragged;
     TilePicture m_picture;
     TilePlace m_place;

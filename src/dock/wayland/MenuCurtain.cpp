@@ -12,7 +12,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kWait = 150ms; ///< some compositors put the curtain behind the tile
+constexpr auto kWait =
+    150ms; ///< some compositors put the curtain below the tile, where it gets no pointer events
 
 } // namespace
 
@@ -62,7 +63,7 @@ void MenuCurtain::enter(wl_surface* surface, QPointF at) {
         open(QPointF(piece->output->logical().topLeft()) + at);
 }
 
-/// The menu closes by an action, by the pointer or by a key; the curtain goes in each case.
+/// Opens the menu. The curtain is removed when the menu closes.
 void MenuCurtain::open(QPointF at) {
     m_wait.stop();
     emit lowered(at);

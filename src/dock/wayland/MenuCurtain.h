@@ -11,26 +11,26 @@
 
 namespace vexmoor::wayland {
 
-/// What lies invisibly over the outputs while the tile's menu is open. The menu is a window of the
-/// X server, which hears of the pointer only over windows of its own: so the curtain says where the
-/// pointer is, for the menu's place, and closes the menu when the user presses elsewhere. Main
-/// thread; connection and pointer must outlive it.
+/// Transparent surfaces over all outputs while the tile's menu is open. The menu is an X11 window,
+/// and the X server sees the pointer only over its own windows; these surfaces report the pointer's
+/// position, at which the menu opens, and close the menu on a press outside it. Main thread; the
+/// connection and the pointer must outlive it.
 class MenuCurtain : public QObject {
     Q_OBJECT
 
   public:
     MenuCurtain(WaylandConnection& connection, Pointer& pointer);
 
-    /// Covers the outputs. `expected` is where the pointer is among the outputs, in logical pixels;
-    /// it is better known in a moment unless that `isExact`.
+    /// Covers the outputs and waits for the pointer's position, unless `expected` is exact.
+    /// `expected` is in the compositor's space, in logical pixels.
     void lower(QPointF expected, bool isExact);
     [[nodiscard]] bool isLowered() const { return !m_pieces.empty(); }
-    /// The user pressed a button elsewhere than in the menu.
+    /// Handles a button press outside the menu.
     void press();
     void raise();
 
   signals:
-    /// The pointer is there; the menu opens now or never.
+    /// Emitted with the pointer's position. A slot must open the menu synchronously.
     void lowered(QPointF at);
 
   private:
@@ -44,7 +44,7 @@ class MenuCurtain : public QObject {
 
     WaylandConnection& m_connection;
     std::vector<Piece> m_pieces;
-    QTimer m_wait; ///< for the pointer
+    QTimer m_wait; ///< timeout for the pointer's position
     QPointF m_expected;
     bool m_isPointerOver = false;
 };

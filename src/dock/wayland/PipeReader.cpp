@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kTimeout = 10s; ///< without a byte
+constexpr auto kTimeout = 10s; ///< maximum time without new bytes
 constexpr qsizetype kMost = qsizetype{256} << 20;
 
 } // namespace

@@ -9,18 +9,18 @@
 
 namespace vexmoor::wayland {
 
-/// Reads what another program writes into a pipe, without waiting for it. Main thread.
+/// Reads asynchronously what another program writes into a pipe. Main thread.
 class PipeReader : public QObject {
     Q_OBJECT
 
   public:
-    /// Takes the reading end, which it closes.
+    /// Takes ownership of the read end.
     explicit PipeReader(int file);
     ~PipeReader() override;
 
   signals:
-    /// All that was written; nothing if it could not be read to its end. Once; the reader may be
-    /// deleted later.
+    /// Emitted once with all bytes; nullopt if they could not be read completely. The reader may
+    /// then be deleted with deleteLater().
     void finished(const std::optional<QByteArray>& bytes);
 
   private:

@@ -7,7 +7,8 @@ namespace vexmoor::wayland {
 namespace {
 
 constexpr int kParts = 120;
-constexpr int kLongestStep = 30; ///< a coarser grid moves the tile more than blur would be seen
+constexpr int kLongestStep =
+    30; ///< in logical pixels: a coarser grid would displace the tile visibly
 
 int stepOf(double scale) {
     const int step = kParts / std::gcd(static_cast<int>(std::lround(scale * kParts)), kParts);
@@ -23,7 +24,7 @@ int PixelGrid::lineBefore(int logical) const {
 }
 
 QRect PixelGrid::around(const QRect& physical) const {
-    const double cell = m_step * m_scale; // physical pixels a step
+    const double cell = m_step * m_scale; // physical pixels per step
     const double slack = 1e-6;
     const auto before = [&](int position) {
         return static_cast<int>(std::floor(position / cell + slack)) * m_step;

@@ -4,23 +4,22 @@
 
 namespace vexmoor::wayland {
 
-/// Where logical and physical pixels meet: at fractional scales only every few logical pixels is
-/// there a whole physical one. A surface that begins and ends on the grid is not resampled. A
-/// value.
+/// The positions at which a logical pixel boundary is also a physical one: at fractional scales
+/// only every few logical pixels. A surface that starts and ends on this grid is not resampled.
 class PixelGrid {
   public:
-    /// Physical pixels a logical one, in 120th parts.
+    /// `scale` is in physical pixels per logical pixel and is rounded to 1/120.
     explicit PixelGrid(double scale);
 
     [[nodiscard]] double scale() const { return m_scale; }
-    /// Logical pixels from one line of the grid to the next.
+    /// Returns the distance of the grid lines in logical pixels.
     [[nodiscard]] int step() const { return m_step; }
 
-    /// The line at or before a logical position.
+    /// Returns the grid line at or before a logical position.
     [[nodiscard]] int lineBefore(int logical) const;
-    /// The smallest logical rectangle on the grid that covers a physical one.
+    /// Returns the smallest logical rectangle on the grid that covers a physical one.
     [[nodiscard]] QRect around(const QRect& physical) const;
-    /// The physical rectangle of a logical one; exact on the grid.
+    /// Converts a logical rectangle to physical pixels; exact on the grid.
     [[nodiscard]] QRect physical(const QRect& logical) const;
 
   private:

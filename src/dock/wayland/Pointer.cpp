@@ -16,7 +16,7 @@ QPointF point(wl_fixed_t x, wl_fixed_t y) {
     return {wl_fixed_to_double(x), wl_fixed_to_double(y)};
 }
 
-/// As the kernel numbers them.
+/// Converts a Linux input event code.
 Pointer::Button buttonOf(std::uint32_t code) {
     constexpr std::uint32_t kLeft = 0x110;
     constexpr std::uint32_t kRight = 0x111;
@@ -76,7 +76,7 @@ void Pointer::setScale(double scale) {
     m_theme.reset();
 }
 
-/// Without one of ours the pointer keeps the cursor of the program that it came from.
+/// Sets the cursor. Without one, the pointer would keep the cursor of the previous program.
 void Pointer::showCursor(std::uint32_t serial) {
     if (!m_theme) {
         const int size = qEnvironmentVariableIntValue("XCURSOR_SIZE");

@@ -9,8 +9,8 @@
 
 namespace vexmoor::wayland {
 
-/// The seat's pointer over our own surfaces, with the desktop's arrow as its cursor. Main thread;
-/// the connection must outlive it.
+/// The seat's pointer over the program's own surfaces. Shows the default cursor. Main thread; the
+/// connection must outlive it.
 class Pointer : public QObject {
     Q_OBJECT
 
@@ -18,14 +18,14 @@ class Pointer : public QObject {
     explicit Pointer(WaylandConnection& connection);
     ~Pointer() override;
 
-    /// Physical pixels a logical one of the output that it is on, for the cursor.
+    /// Sets the scale of the cursor: physical pixels per logical pixel of the pointer's output.
     void setScale(double scale);
 
     enum class Button { left, right, other };
 
   signals:
-    /// At a place in a surface, in logical pixels. While a button is down, the surface in which it
-    /// was pressed keeps the pointer.
+    /// Positions are relative to the surface, in logical pixels. While a button is down, the
+    /// surface in which it was pressed receives all events.
     void entered(wl_surface* surface, QPointF at);
     void moved(QPointF at);
     void left(wl_surface* surface);
@@ -45,7 +45,7 @@ class Pointer : public QObject {
     WaylandConnection& m_connection;
     Owned<wl_pointer> m_pointer;
     Owned<wl_surface> m_cursor;
-    std::unique_ptr<wl_cursor_theme, DestroyTheme> m_theme; ///< loaded when it is first needed
+    std::unique_ptr<wl_cursor_theme, DestroyTheme> m_theme; ///< loaded on first use
     int m_scale = 1;
 };
 

@@ -10,7 +10,7 @@
 namespace vexmoor::wayland {
 namespace {
 
-constexpr std::size_t kMost = 3; ///< one shown, one that waits to be, one to draw into
+constexpr std::size_t kMost = 3; ///< one shown, one pending, one to draw into
 constexpr int kBytesPerPixel = 4;
 
 } // namespace

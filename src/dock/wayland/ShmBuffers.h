@@ -9,14 +9,14 @@
 
 namespace vexmoor::wayland {
 
-/// Memory shared with the compositor that pictures are drawn into: a few buffers of one size, each
-/// the compositor's until it releases it. Main thread.
+/// A few shared-memory buffers of one size. The compositor owns a buffer from show() until it
+/// releases it. Main thread.
 class ShmBuffers {
   public:
     explicit ShmBuffers(wl_shm* shm) : m_shm(shm) {}
 
-    /// A buffer that shows the picture, the compositor's from now on; null while it has them all,
-    /// or if there is no memory. `released` is called at the next release then.
+    /// Copies the picture into a free buffer and passes it to the compositor. Returns null if no
+    /// buffer is free or memory is exhausted; `released` is then called at the next release.
     wl_buffer* show(const QImage& image);
     std::function<void()> released;
 

@@ -43,7 +43,7 @@ std::unique_ptr<WaylandConnection> WaylandConnection::open() {
         return nullptr;
     std::unique_ptr<WaylandConnection> made(new WaylandConnection(std::move(display)));
     wl_display* const raw = made->m_display.get();
-    // The first answer names what there is, the second describes the outputs.
+    // The first roundtrip lists the globals, the second one describes the outputs.
     if (wl_display_roundtrip(raw) < 0)
         return nullptr;
     for (const auto& output : made->m_outputs)
@@ -132,7 +132,7 @@ void WaylandConnection::read() {
     flush();
 }
 
-/// What does not fit into the socket goes with the next events.
+/// Requests that do not fit into the socket's buffer are sent after the next events.
 void WaylandConnection::flush() {
     if (wl_display_flush(m_display.get()) < 0 && errno != EAGAIN)
         fail();

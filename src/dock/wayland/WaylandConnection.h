@@ -12,22 +12,22 @@
 
 namespace vexmoor::wayland {
 
-/// Our own connection to the session's compositor, beside the one that Qt has to the X server.
-/// Main thread; its events come from the application's loop.
+/// The program's own connection to the compositor, independent of Qt's X11 connection. Main thread;
+/// its events are dispatched by the application's event loop.
 class WaylandConnection : public QObject {
     Q_OBJECT
 
   public:
-    /// Null if there is no compositor.
+    /// Returns null if there is no compositor.
     static std::unique_ptr<WaylandConnection> open();
     ~WaylandConnection() override;
 
-    /// Whether it has what a tile of our own needs: layers, viewports, shared memory and a drop.
+    /// True if the compositor supports layer surfaces, viewports, shared memory and drops.
     [[nodiscard]] bool canShowTile() const;
 
-    /// Reads events from the application's loop from now on.
+    /// Starts dispatching events in the application's event loop.
     void listen();
-    /// Sends what was asked for.
+    /// Sends the pending requests.
     void flush();
 
     [[nodiscard]] wl_compositor* compositor() const { return m_compositor.get(); }
@@ -37,22 +37,22 @@ class WaylandConnection : public QObject {
     [[nodiscard]] wl_data_device_manager* dataDevices() const { return m_dataDevices.get(); }
     [[nodiscard]] zwlr_layer_shell_v1* layers() const { return m_layers.get(); }
     [[nodiscard]] wp_viewporter* viewporter() const { return m_viewporter.get(); }
-    /// Null if the compositor has none.
+    /// Null if the compositor does not support fractional scales.
     [[nodiscard]] wp_fractional_scale_manager_v1* scales() const { return m_scales.get(); }
 
-    /// Whether the seat has a pointer at the moment.
+    /// True if the seat currently has a pointer.
     [[nodiscard]] bool hasPointer() const { return m_hasPointer; }
 
     using Outputs = std::list<std::unique_ptr<WaylandOutput>>;
-    /// Those that are described; the first one is the primary one.
+    /// Returns the outputs that are completely described; the first one is the primary one.
     [[nodiscard]] std::vector<const WaylandOutput*> outputs() const;
 
   signals:
     void pointerChanged();
     void outputsChanged();
-    /// An output is about to go: nothing may be on it any more.
+    /// Emitted before an output is destroyed. Surfaces on it must be destroyed.
     void outputRemoved(const vexmoor::wayland::WaylandOutput* output);
-    /// The compositor ended the connection. Nothing can be shown on it any more.
+    /// Emitted when the connection has failed. Nothing can be shown on it any more.
     void lost(const QString& reason);
 
   private:
@@ -65,7 +65,7 @@ class WaylandConnection : public QObject {
     static const wl_registry_listener kRegistryListener;
     static const wl_seat_listener kSeatListener;
 
-    Owned<wl_display> m_display; // before all that lives on it
+    Owned<wl_display> m_display; // must be destroyed last
     Owned<wl_registry> m_registry;
     Owned<wl_compositor> m_compositor;
     Owned<wl_subcompositor> m_subcompositor;

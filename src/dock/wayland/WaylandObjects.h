@@ -11,9 +11,9 @@
 
 #include <memory>
 
-Q_DECLARE_OPAQUE_POINTER(wl_surface*) // an argument of signals
+Q_DECLARE_OPAQUE_POINTER(wl_surface*) // used in signals
 
-// The objects of a Wayland connection as owning pointers.
+// Owning pointers for Wayland objects.
 
 namespace vexmoor::wayland {
 

@@ -75,7 +75,7 @@ QRect WaylandOutput::logical() const {
 }
 
 double WaylandOutput::scale() const {
-    constexpr double kSteps = 120; // as the protocol of fractional scales counts
+    constexpr double kSteps = 120; // the unit of the fractional-scale protocol
     const int physical = m_isTurned ? m_mode.height() : m_mode.width();
     const int points = logical().width();
     if (physical <= 0 || points <= 0)

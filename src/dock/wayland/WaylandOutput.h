@@ -10,24 +10,24 @@
 
 namespace vexmoor::wayland {
 
-/// An output of the compositor, as it describes it. Main thread.
+/// An output, as described by the compositor. Main thread.
 class WaylandOutput {
   public:
-    /// `changed` is called when a description is complete, and at each change.
+    /// `changed` is called when a description is complete, and again when it changes.
     WaylandOutput(std::uint32_t id, Owned<wl_output> output, std::function<void()> changed);
     WaylandOutput(const WaylandOutput&) = delete;
     WaylandOutput& operator=(const WaylandOutput&) = delete;
 
-    /// Asks for the exact logical size and, on older compositors, for the name.
+    /// Requests the exact logical size and, from older compositors, the name.
     void describeBy(zxdg_output_manager_v1* manager);
 
-    /// By which the registry names it.
+    /// Returns the output's name in the registry.
     [[nodiscard]] std::uint32_t id() const { return m_id; }
     [[nodiscard]] wl_output* proxy() const { return m_output.get(); }
     [[nodiscard]] const QString& name() const { return m_name; }
-    /// Where it is among the outputs, in the compositor's logical pixels.
+    /// Returns the rectangle in the compositor's space, in logical pixels.
     [[nodiscard]] QRect logical() const;
-    /// Physical pixels a logical one, to the 120th part.
+    /// Returns the physical pixels per logical pixel, rounded to 1/120.
     [[nodiscard]] double scale() const;
     [[nodiscard]] bool isDescribed() const { return m_isDescribed; }
 
@@ -41,10 +41,10 @@ class WaylandOutput {
     std::function<void()> m_changed;
     QString m_name;
     QPoint m_position;
-    QSize m_logicalSize; ///< empty until it is told
+    QSize m_logicalSize; ///< empty until reported
     QSize m_mode;
     int m_wholeScale = 1;
-    bool m_isTurned = false; ///< by a quarter
+    bool m_isTurned = false; ///< rotated by 90 or 270 degrees
     bool m_isDescribed = false;
 };
 
