@@ -234,20 +234,14 @@ void AppDelegate::act(const QString& action) {
 
 /// Puts back the newest batch, of this run or of an earlier one.
 void AppDelegate::putBackLast() {
-    m_undoStack.refresh();
-    if (m_undoStack.canUndo())
-        m_undoStack.undo();
-    else {
-        m_intake.storeLeftOver();
-        m_intake.restore(m_binnedItems.lastBatch());
-    }
+    if (m_undoStack.undo())
+        return;
+    m_intake.storeLeftOver();
+    m_intake.restore(m_binnedItems.lastBatch());
 }
 
 void AppDelegate::undo() {
-    m_undoStack.refresh();
-    if (m_undoStack.canUndo())
-        m_undoStack.undo();
-    else
+    if (!m_undoStack.undo())
         m_alerts.beep();
 }
 

@@ -49,7 +49,8 @@ PackageTransaction::PackageTransaction(const QDBusConnection& bus, const QString
     : QObject(parent), m_bus(bus) {
     const auto created = [this, method, arguments](const QDBusMessage& answer) {
         if (isAnswer(answer)) {
-            m_service = answer.service();
+            // Newer versions of Qt do not report the sender of every reply.
+            m_service = answer.service().isEmpty() ? kService : answer.service();
             m_path = answer.arguments().value(0).value<QDBusObjectPath>().path();
             begin(method, arguments);
         } else if (isMissing(answer)) {

@@ -21,14 +21,15 @@ void UndoStack::refresh() {
         publish();
 }
 
-void UndoStack::undo() {
+bool UndoStack::undo() {
     refresh();
     if (m_actions.empty())
-        return;
+        return false;
     const auto run = std::move(m_actions.back().run);
     m_actions.pop_back();
     publish();
     run();
+    return true;
 }
 
 void UndoStack::publish() {

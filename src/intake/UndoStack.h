@@ -16,9 +16,9 @@ class UndoStack {
     /// `isLeft` returns whether the action still has something to do.
     void push(std::string name, std::function<void()> action, std::function<bool()> isLeft);
 
-    /// Removes and runs the newest action, skipping actions that have nothing left to do. Does
-    /// nothing if the stack is empty.
-    void undo();
+    /// Removes and runs the newest action that has something left to do. Returns false if there is
+    /// none.
+    bool undo();
 
     /// Removes the newest actions that have nothing left to do.
     void refresh();

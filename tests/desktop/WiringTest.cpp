@@ -58,6 +58,12 @@ struct WiringTest : DesktopTest {
     }
 };
 
+TEST_F(WiringTest, ReportsItemsThatAreNotOnThisComputer) {
+    start({"--background", session->write("local", "local"), "https://example.org/"});
+    EXPECT_TRUE(cauldron->alerts("The cauldron did not take everything"));
+    EXPECT_TRUE(cauldron->records(1)) << "the local item is fed";
+}
+
 TEST_F(WiringTest, AppliesSettingsAtOnceAndAfterARestart) {
     const std::vector<QRgb> badge{qRgb(0xE5, 0x48, 0x4D)};
     start();
