@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <ranges>
+#include <utility>
 
 namespace vexmoor {
 namespace {
@@ -39,18 +40,23 @@ struct MainMenuTest : DesktopTest {
         });
         return menu.has_value();
     }
+    static constexpr int kLooks = 600; ///< a key pressed again too early closes the menu
     /// Opens a menu by its letter and selects the entry at that index.
     void choose(const std::string& letter, int place) const {
         ASSERT_TRUE(eventually([&] {
             // Press again if needed: a new window may not have the keyboard focus yet.
             pressIn("Vexmoor", "alt+" + letter);
-            constexpr int kLooks = 200;
             return std::ranges::any_of(std::views::iota(0, kLooks), [&](int) { return hasMenu(); });
         }));
         std::string keys;
         for (int i = 0; i < place; ++i)
             keys += "Down ";
-        session->press(keys + "Return");
+        ASSERT_TRUE(eventually([&] {
+            // Press again if needed: a new menu may not have grabbed the keyboard yet.
+            session->press(std::exchange(keys, {}) + "Return");
+            return std::ranges::any_of(std::views::iota(0, kLooks),
+                                       [&](int) { return !hasMenu(); });
+        }));
     }
 };
 
